@@ -1,0 +1,36 @@
+# One interface target holds what every target of the project shares: the language standard, the
+# warnings (all of them errors), the strict Qt settings and the sanitizers of the chosen preset.
+
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+set(PLURIMO_SANITIZE "" CACHE STRING "Sanitizers of this build, as the compiler's -fsanitize takes them")
+
+add_library(plurimo_common INTERFACE)
+target_compile_features(plurimo_common INTERFACE cxx_std_20)
+target_compile_options(plurimo_common INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # GCC 12 sees overlaps in std::string's operator+ that cannot be (GCC bug 105651).
+  target_compile_options(plurimo_common INTERFACE -Wno-restrict)
+endif()
+target_compile_definitions(plurimo_common INTERFACE
+  _FILE_OFFSET_BITS=64
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS QT_USE_QSTRINGBUILDER QT_NO_FOREACH
+  QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(PLURIMO_SANITIZE)
+  target_compile_options(plurimo_common INTERFACE
+    -fsanitize=${PLURIMO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(plurimo_common INTERFACE -fsanitize=${PLURIMO_SANITIZE})
+endif()
+
+# A build folder belongs to one compiler; the version is told to the code once.
+target_compile_definitions(plurimo_common INTERFACE PLURIMO_VERSION="${PROJECT_VERSION}")
