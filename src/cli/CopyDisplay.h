@@ -1,0 +1,38 @@
+#pragma once
+
+#include "cli/CopyProgress.h"
+#include "cli/ExitStatus.h"
+#include "duplicate/CopyJob.h"
+
+#include <memory>
+#include <string>
+
+namespace orvana::cli
+{
+
+class Terminal;
+
+/// How a run looks from outside: lines that change, plain lines, or JSON. `message` and `problem` come from
+/// the copy thread, the rest from the main thread.
+class CopyDisplay
+{
+public:
+    virtual ~CopyDisplay() = default;
+
+    virtual void started(const CopyJob &job, const CopyCensus &census, const std::string &log) = 0;
+    virtual void message(const std::string &text) = 0;
+    virtual void problem(const Json &problem) = 0;
+
+    /// Called five times a second.
+    virtual void progress(const CopyProgress &progress, RunReport &report) = 0;
+    virtual void ended(ExitStatus status, const CopyProgress &progress, RunReport &report,
+                       const std::string &log) = 0;
+};
+
+/// A problem of the run report on one line, for people.
+std::string problemText(const Json &problem);
+
+std::unique_ptr<CopyDisplay> makeTextDisplay(Terminal &terminal);
+std::unique_ptr<CopyDisplay> makeJsonDisplay(Terminal &terminal);
+
+} // namespace orvana::cli

@@ -1,0 +1,163 @@
+#include "cli/DevicesText.h"
+
+#include "discovery/ORVScanDevice.h"
+#include "foundation/DisplayPath.h"
+#include "foundation/SizeText.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+
+namespace orvana::cli
+{
+
+namespace
+{
+
+constexpr std::int64_t BlockBytes = 512;
+
+using Row = std::array<std::string, 5>;
+
+std::string shown(const std::optional<std::string> &text)
+{
+    return text ? displayPath(*text) : "-";
+}
+
+std::string sizeOf(const std::optional<std::int64_t> &bytes)
+{
+    return bytes && *bytes >= 0 ? sizeText(static_cast<std::uint64_t>(*bytes)) : "-";
+}
+
+bool isStartupDisk(const ORVHddInfo &disk)
+{
+    const auto &volumes = disk.bsdPathArray();
+    return std::any_of(volumes.begin(), volumes.end(), [](const auto &volume) {
+        return volume->mountPoint() && *volume->mountPoint() == "/";
+    });
+}
+
+std::string stateOf(const ORVHddInfo &disk)
+{
+    if (isStartupDisk(disk))
+        return "start-up disk";
+    if (disk.isRaidFormated())
+        return "RAID set";
+    return disk.isUnFormated() ? "unformatted" : "";
+}
+
+void addRows(std::vector<Row> &rows, const ORVHddInfo &disk, const std::string &place)
+{
+    rows.push_back(
+        {place, shown(disk.hddModel()), shown(disk.hddSN()), sizeOf(disk.diskSize()), stateOf(disk)});
+    for (const auto &volume : disk.bsdPathArray()) {
+        if (!volume->mountPoint())
+            continue;
+        const auto free = volume->availableSize().value_or(0) * BlockBytes;
+        const auto all = volume->capacitySize().value_or(0) * BlockBytes;
+        rows.push_back(
+            {"", "  " + displayPath(*volume->mountPoint()), "", sizeOf(all), sizeOf(free) + " free"});
+    }
+}
+
+std::size_t widthOf(const std::string &text)
+{
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
+}
+
+std::vector<std::string> aligned(const std::vector<Row> &rows)
+{
+    std::array<std::size_t, 5> widths{};
+    for (const auto &row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], widthOf(row[i]));
+    }
+    std::vector<std::string> lines;
+    for (const auto &row : rows) {
+        std::string line = " ";
+        for (std::size_t i = 0; i < row.size(); ++i)
+            line += " " + row[i] + std::string(widths[i] - widthOf(row[i]) + 1, ' ');
+        line.erase(line.find_last_not_of(' ') + 1);
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+void putText(Json &object, const char *key, const std::optional<std::string> &text)
+{
+    if (text)
+        putPath(object, key, *text);
+    else
+        object[key] = nullptr;
+}
+
+Json diskJson(const ORVHddInfo &disk)
+{
+    Json json = Json::object();
+    putText(json, "bay", disk.slotPath());
+    putText(json, "model", disk.hddModel());
+    putText(json, "serial", disk.hddSN());
+    putText(json, "device", disk.devPath());
+    json["size"] = disk.diskSize() ? Json(*disk.diskSize()) : Json();
+    json["raid"] = disk.isRaidFormated();
+    json["unformatted"] = disk.isUnFormated();
+    json["startup"] = isStartupDisk(disk);
+    json["volumes"] = Json::array();
+    for (const auto &volume : disk.bsdPathArray()) {
+        Json entry = Json::object();
+        putText(entry, "device", volume->devPath());
+        putText(entry, "mountPoint",
+                volume->mountPoint() ? std::optional(*volume->mountPoint()) : std::nullopt);
+        entry["capacity"] = volume->capacitySize() ? Json(*volume->capacitySize() * BlockBytes) : Json();
+        entry["free"] = volume->availableSize() ? Json(*volume->availableSize() * BlockBytes) : Json();
+        json["volumes"].push_back(std::move(entry));
+    }
+    return json;
+}
+
+} // namespace
+
+std::vector<std::string> devicesText(const ORVScanDevice &scanner)
+{
+    std::vector<std::string> lines;
+    const auto append = [&](const std::vector<Row> &rows) {
+        const auto more = aligned(rows);
+        lines.insert(lines.end(), more.begin(), more.end());
+    };
+    std::size_t number = 0;
+    for (const auto &enclosure : scanner.tbArray()) {
+        lines.push_back("Enclosure " + std::to_string(++number) + ": " + shown(enclosure->moduleName()));
+        std::vector<Row> rows;
+        for (const auto &disk : enclosure->hddArray())
+            addRows(rows, *disk, disk->slotPath().value_or("no bay"));
+        append(rows);
+    }
+    if (scanner.tbArray().empty())
+        lines.emplace_back("No enclosure");
+    if (!scanner.otherDiskArray().empty())
+        lines.emplace_back("Other disks");
+    std::vector<Row> rows;
+    for (const auto &disk : scanner.otherDiskArray())
+        addRows(rows, *disk, "");
+    append(rows);
+    return lines;
+}
+
+Json devicesJson(const ORVScanDevice &scanner)
+{
+    Json json = {{"enclosures", Json::array()}, {"otherDisks", Json::array()}};
+    for (const auto &enclosure : scanner.tbArray()) {
+        Json entry = Json::object();
+        putText(entry, "name", enclosure->moduleName());
+        entry["uid"] = enclosure->uid() ? Json(*enclosure->uid()) : Json();
+        entry["disks"] = Json::array();
+        for (const auto &disk : enclosure->hddArray())
+            entry["disks"].push_back(diskJson(*disk));
+        json["enclosures"].push_back(std::move(entry));
+    }
+    for (const auto &disk : scanner.otherDiskArray())
+        json["otherDisks"].push_back(diskJson(*disk));
+    return json;
+}
+
+} // namespace orvana::cli

@@ -1,0 +1,40 @@
+#include "cli/HostChoice.h"
+
+#include "platform/HostFactory.h"
+
+#include <filesystem>
+#include <unistd.h>
+
+namespace orvana::cli
+{
+
+tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice)
+{
+    if (choice.simulatorFile)
+        return std::filesystem::absolute(*choice.simulatorFile).native();
+    if (!choice.demo && !choice.demoFolder)
+        return tl::unexpected(
+            Refusal{WrongUsage, "name a simulated machine with --simulator FILE, or --demo"});
+    const auto temporary =
+        std::filesystem::temp_directory_path() / ("orvana-demo-" + std::to_string(::getuid()));
+    auto file = platform::prepareDemo(
+        choice.demoFolder ? std::filesystem::absolute(*choice.demoFolder).native() : temporary.native());
+    if (!file)
+        return tl::unexpected(Refusal{NotThere, file.error()});
+    return *file;
+}
+
+tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue)
+{
+    if (!choice.simulatorFile && !choice.demo && !choice.demoFolder)
+        return platform::makeMachineHost();
+    const auto file = simulatorFileOf(choice);
+    if (!file)
+        return tl::unexpected(file.error());
+    auto host = platform::makeSimulatorHost(*file, queue);
+    if (!host)
+        return tl::unexpected(Refusal{NotThere, host.error()});
+    return std::move(*host);
+}
+
+} // namespace orvana::cli

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cli/ExitStatus.h"
+#include "platform/Host.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <tl/expected.hpp>
+
+namespace orvana
+{
+class MainQueue;
+}
+
+namespace orvana::cli
+{
+
+/// On which machine a command works.
+struct HostChoice
+{
+    std::optional<std::string> simulatorFile;
+    bool demo = false;
+    std::optional<std::string> demoFolder; ///< instead of one in the temporary folder
+};
+
+/// Makes the host; `queue` is where it tells changes, if the command watches for them.
+tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue);
+
+/// The file of the simulated machine that is meant; the demo machine is made when it is missing.
+tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice);
+
+} // namespace orvana::cli

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+/// A path whose identity counts: two objects with the same text are not the same path. Null is missing.
+using PathObject = std::shared_ptr<const std::string>;
+
+/// A usable volume: a partition, or the whole disk of a RAID set.
+class ORVBsdInfo
+{
+public:
+    /// Device node, "/dev/" and the media's name; empty for media without a name.
+    const std::string &devPath() const { return m_devPath; }
+    void setDevPath(std::string path) { m_devPath = std::move(path); }
+
+    /// Where it is mounted; null until a listing named it.
+    const PathObject &mountPoint() const { return m_mountPoint; }
+    void setMountPoint(PathObject path) { m_mountPoint = std::move(path); }
+
+    /// Total and free size in blocks of 512 bytes, as the listing has them.
+    const std::optional<std::int64_t> &capacitySize() const { return m_capacitySize; }
+    void setCapacitySize(std::optional<std::int64_t> blocks) { m_capacitySize = blocks; }
+    const std::optional<std::int64_t> &availableSize() const { return m_availableSize; }
+    void setAvailableSize(std::optional<std::int64_t> blocks) { m_availableSize = blocks; }
+
+private:
+    std::string m_devPath;
+    PathObject m_mountPoint;
+    std::optional<std::int64_t> m_capacitySize;
+    std::optional<std::int64_t> m_availableSize;
+};
+
+/// A physical disk.
+class ORVHddInfo
+{
+public:
+    using Volumes = std::vector<std::shared_ptr<ORVBsdInfo>>;
+
+    /// Model and serial number without blanks at their ends.
+    const std::optional<std::string> &hddModel() const { return m_hddModel; }
+    void setHddModel(std::optional<std::string> model) { m_hddModel = std::move(model); }
+    const std::optional<std::string> &hddSN() const { return m_hddSN; }
+    void setHddSN(std::optional<std::string> serial) { m_hddSN = std::move(serial); }
+
+    /// Device node of the whole disk.
+    const std::optional<std::string> &devPath() const { return m_devPath; }
+    void setDevPath(std::optional<std::string> path) { m_devPath = std::move(path); }
+
+    /// "Slot-A" to "Slot-D" in a four-bay enclosure; nothing elsewhere, or where no bay rule fits.
+    const std::optional<std::string> &slotPath() const { return m_slotPath; }
+    void setSlotPath(std::optional<std::string> slot) { m_slotPath = std::move(slot); }
+
+    bool isUnFormated() const { return m_isUnFormated; }
+    void setIsUnFormated(bool unformatted) { m_isUnFormated = unformatted; }
+    bool isRaidFormated() const { return m_isRaidFormated; }
+    void setIsRaidFormated(bool raid) { m_isRaidFormated = raid; }
+
+    /// Bytes.
+    const std::optional<std::int64_t> &diskSize() const { return m_diskSize; }
+    void setDiskSize(std::optional<std::int64_t> bytes) { m_diskSize = bytes; }
+
+    /// Its usable volumes, in registry order.
+    Volumes &bsdPathArray() { return m_bsdPathArray; }
+    const Volumes &bsdPathArray() const { return m_bsdPathArray; }
+    void setBsdPathArray(Volumes volumes) { m_bsdPathArray = std::move(volumes); }
+
+private:
+    std::optional<std::string> m_hddModel;
+    std::optional<std::string> m_hddSN;
+    std::optional<std::string> m_devPath;
+    std::optional<std::string> m_slotPath;
+    bool m_isUnFormated = false;
+    bool m_isRaidFormated = false;
+    std::optional<std::int64_t> m_diskSize;
+    Volumes m_bsdPathArray;
+};
+
+/// A Thunderbolt switch, which for the four-bay model is an enclosure.
+class ORVThunderboltInfo
+{
+public:
+    using Disks = std::vector<std::shared_ptr<ORVHddInfo>>;
+
+    const std::optional<std::string> &moduleName() const { return m_moduleName; }
+    void setModuleName(std::optional<std::string> name) { m_moduleName = std::move(name); }
+    const std::optional<std::int64_t> &uid() const { return m_uid; }
+    void setUid(std::optional<std::int64_t> uid) { m_uid = uid; }
+    const std::optional<std::int64_t> &depth() const { return m_depth; }
+    void setDepth(std::optional<std::int64_t> depth) { m_depth = depth; }
+
+    /// UID of the switch above; read only below depth 0.
+    const std::optional<std::int64_t> &parentTb() const { return m_parentTb; }
+    void setParentTb(std::optional<std::int64_t> uid) { m_parentTb = uid; }
+    const std::optional<std::int64_t> &routeSring() const { return m_routeSring; }
+    void setRouteSring(std::optional<std::int64_t> route) { m_routeSring = route; }
+    float portNum() const { return m_portNum; }
+    void setPortNum(float port) { m_portNum = port; }
+
+    /// Full registry path, by which disks are assigned to it.
+    const std::string &tbPath() const { return m_tbPath; }
+    void setTbPath(std::string path) { m_tbPath = std::move(path); }
+
+    /// The disks behind it, in the order in which they were found.
+    Disks &hddArray() { return m_hddArray; }
+    const Disks &hddArray() const { return m_hddArray; }
+    void setHddArray(Disks disks) { m_hddArray = std::move(disks); }
+
+    const std::optional<std::int64_t> &state() const { return m_state; }
+    void setState(std::optional<std::int64_t> state) { m_state = state; }
+    const std::optional<std::int64_t> &moduleID() const { return m_moduleID; }
+    void setModuleID(std::optional<std::int64_t> number) { m_moduleID = number; }
+    const std::optional<std::int64_t> &vendorID() const { return m_vendorID; }
+    void setVendorID(std::optional<std::int64_t> number) { m_vendorID = number; }
+    const std::optional<std::string> &vendorName() const { return m_vendorName; }
+    void setVendorName(std::optional<std::string> name) { m_vendorName = std::move(name); }
+
+private:
+    std::optional<std::string> m_moduleName;
+    std::optional<std::int64_t> m_uid;
+    std::optional<std::int64_t> m_depth;
+    std::optional<std::int64_t> m_parentTb;
+    std::optional<std::int64_t> m_routeSring;
+    float m_portNum = 0.0F;
+    std::string m_tbPath;
+    Disks m_hddArray;
+    std::optional<std::int64_t> m_state;
+    std::optional<std::int64_t> m_moduleID;
+    std::optional<std::int64_t> m_vendorID;
+    std::optional<std::string> m_vendorName;
+};
+
+} // namespace orvana

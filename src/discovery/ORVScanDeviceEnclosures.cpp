@@ -1,0 +1,77 @@
+// The scan of the four-bay enclosures, their disks and their volumes.
+
+#include "discovery/ORVScanDevice.h"
+
+#include "discovery/RegistryReading.h"
+
+namespace orvana
+{
+
+using platform::RegistryEntry;
+
+namespace
+{
+
+constexpr std::int64_t MakerVendor = 65;
+
+// The two models of the enclosure.
+bool isFourBayModel(const std::optional<std::int64_t> &model)
+{
+    return model == 567 || model == 568;
+}
+
+} // namespace
+
+void ORVScanDevice::scanTBDevice()
+{
+    Iterator iterator;
+    if (scanForDeviceName("thunderbolt", iterator) != platform::RegistrySuccess)
+        return;
+    getThunderboltInfo(iterator);
+    if (scanForDeviceName("hdd", iterator) != platform::RegistrySuccess)
+        return;
+    getHddInfo(iterator);
+    getMountPoint();
+}
+
+int ORVScanDevice::getThunderboltInfo(const Iterator &iterator)
+{
+    int result = NothingSeen;
+    for (const auto &entry : iterator) {
+        if (numberOf(*entry, "Device Vendor ID") != MakerVendor)
+            continue;
+        result = Seen;
+        if (isFourBayModel(numberOf(*entry, "Device Model ID")))
+            m_tbArray.push_back(switchRecordOf(*entry));
+    }
+    return result;
+}
+
+int ORVScanDevice::getHddInfo(const Iterator &iterator)
+{
+    return attachDisks(iterator, m_tbArray, &ORVScanDevice::searchPartition);
+}
+
+void ORVScanDevice::searchPartition(const RegistryEntry &entry, std::size_t tbArrayIndex,
+                                    std::size_t hddArrayIndex)
+{
+    for (const auto &child : entry.children()) {
+        auto &disk = *m_tbArray[tbArrayIndex]->hddArray()[hddArrayIndex];
+        const auto isWhole = flagOf(*child, "Whole");
+        const auto isOpen = flagOf(*child, "Open");
+        if (isWhole == true) {
+            disk.setDevPath(devicePathOf(*child));
+            disk.setDiskSize(numberOf(*child, "Size"));
+            disk.setIsUnFormated(isOpen == false);
+            disk.setIsRaidFormated(flagOf(*child, "RAID") == true);
+            // A member of a RAID set is offered as one volume, the whole of it.
+            if (disk.isRaidFormated())
+                disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
+        } else if (isOpen == true && flagOf(*child, "Leaf") == true && isWhole == false) {
+            disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
+        }
+        searchPartition(*child, tbArrayIndex, hddArrayIndex);
+    }
+}
+
+} // namespace orvana

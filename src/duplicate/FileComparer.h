@@ -1,0 +1,56 @@
+#pragma once
+
+#include "duplicate/CopyJob.h"
+#include "platform/VolumeFiles.h"
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+class RunState;
+
+/// Reads a file and its copies back, block by block, and tells where they differ.
+///
+/// What memory holds of them is dropped first, where the file system can, so that the disks are read.
+class FileComparer
+{
+public:
+    explicit FileComparer(RunState &run) : m_run(run) {}
+
+    /// Returns 1, or -1 when the source cannot be opened. Ends the thread when it is cancelled.
+    int compare(const std::string &source, const OutArray &copies);
+
+private:
+    struct Copy
+    {
+        std::unique_ptr<platform::File> file; ///< null for one that does not take part (any more)
+        std::unique_ptr<std::byte[]> block;
+        bool differsHere = false; ///< in the block in hand
+        std::optional<platform::FileError> error;
+        std::int64_t differences = 0;
+        std::uint64_t firstOffset = 0;
+    };
+
+    void openCopies(const std::string &source, const OutArray &copies);
+    void readFromDisk(std::size_t index, const std::string &source);
+    void compareBlocks(platform::File &from, std::uint64_t size);
+    platform::Expected<std::size_t> compareAndReadAhead(platform::File &from,
+                                                        std::span<const std::byte> block,
+                                                        std::uint64_t offset, int spare);
+    void compareBlock(std::size_t index, std::span<const std::byte> block, std::uint64_t offset);
+    void tellDifferences(std::uint64_t offset);
+    void tellUnreadableSource(std::uint64_t offset);
+    void noteResults(const std::string &source);
+
+    RunState &m_run;
+    std::vector<Copy> m_copies;
+    bool m_diskIsRead = false; ///< by at least one of the copies
+    bool m_sideBySide = false; ///< threads pay where disks are waited for, and for large files
+};
+
+} // namespace orvana

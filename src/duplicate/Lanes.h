@@ -1,0 +1,58 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <thread>
+#include <vector>
+
+namespace orvana
+{
+
+/// Threads that share out pieces of work among themselves, one piece for each destination.
+///
+/// All functions are called by one thread. A lane that has just worked stays awake for a moment: waking a
+/// thread takes longer than writing a small file.
+class Lanes
+{
+public:
+    using Work = std::function<void(std::size_t piece)>;
+
+    explicit Lanes(std::size_t count);
+    ~Lanes();
+    Lanes(const Lanes &) = delete;
+    Lanes &operator=(const Lanes &) = delete;
+
+    /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` lanes. It must not throw, and
+    /// must live until `wait` has returned.
+    void start(const Work &work, std::size_t pieces, std::size_t helpers);
+
+    /// Takes part in the work until no piece is left to begin.
+    void help();
+
+    /// Waits until every piece is done.
+    void wait();
+
+    /// All of the above: the caller and its helpers share the pieces.
+    void share(const Work &work, std::size_t pieces, std::size_t helpers);
+
+private:
+    bool doOnePiece();
+    bool hasWork() const;
+    void runLane();
+    void awaitWork(unsigned lastCall);
+
+    std::atomic<const Work *> m_work{nullptr};
+    // The pieces of a round, begun and all, and the round's number in one word: a lane that comes late can
+    // never begin a piece of another round.
+    std::atomic<std::uint64_t> m_pieces{0};
+    std::atomic<std::size_t> m_unfinished{0};
+    std::atomic<unsigned> m_call{0}; // counts the times that sleeping lanes were called
+    std::atomic<std::size_t> m_asleep{0};
+    std::atomic<bool> m_end{false};
+    std::uint64_t m_round = 0;
+    std::vector<std::jthread> m_threads;
+};
+
+} // namespace orvana

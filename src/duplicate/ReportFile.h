@@ -1,0 +1,40 @@
+#pragma once
+
+#include "foundation/PathJson.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace orvana
+{
+
+/// The file of a run report: a list of problems that grows during the run, and a summary at its end.
+///
+/// Until the end the problems lie in a file without a name, so a run that is killed leaves no half report.
+class ReportFile
+{
+public:
+    /// The report will stand in `folder`; with an empty one nothing is kept and nothing written.
+    explicit ReportFile(std::string folder) : m_folder(std::move(folder)) {}
+
+    void addProblem(const Json &problem);
+
+    /// Writes `summary` with the problems as "<stamp>-Report.json", or with "-2" and so on behind it when
+    /// that name is taken. Returns the path, or an empty text when it could not be written.
+    std::string write(const Json &summary, const std::string &stamp);
+
+private:
+    struct CloseFile
+    {
+        void operator()(std::FILE *file) const { std::fclose(file); }
+    };
+    using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
+
+    bool writeAll(const Json &summary, const std::string &path);
+
+    const std::string m_folder;
+    FileHandle m_problems;
+};
+
+} // namespace orvana

@@ -1,0 +1,155 @@
+#pragma once
+
+#include "duplicate/ReportFile.h"
+#include "foundation/Clock.h"
+
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvana
+{
+
+/// What happened on one destination. The copy thread counts; any thread may read.
+struct DestinationTally
+{
+    explicit DestinationTally(std::string path) : root(std::move(path)) {}
+
+    void addWriteTime(std::chrono::nanoseconds time)
+    {
+        writeNanoseconds += static_cast<std::uint64_t>(time.count());
+    }
+
+    const std::string root;
+    std::atomic<std::int64_t> copied{0};            ///< files written without an error
+    std::atomic<std::int64_t> failed{0};            ///< files and folders that are missing or incomplete
+    std::atomic<std::int64_t> verified{0};          ///< copies that were read back and equal their source
+    std::atomic<std::int64_t> mismatched{0};        ///< copies that were read back and differ
+    std::atomic<std::int64_t> unverified{0};        ///< copies that could not be read back
+    std::atomic<std::uint64_t> bytes{0};            ///< bytes written
+    std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent in writing, waiting for the disk included
+    std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
+};
+
+enum class RunOutcome { Finished, Cancelled };
+
+/// Seconds spent in the phases of a run.
+struct PhaseTimes
+{
+    double copy = 0;
+    double verify = 0;
+    double sync = 0;
+};
+
+/// The account of one run, kept while it goes on and written as "<stamp>-Report.json" at its end.
+///
+/// It holds counts only; failures and mismatches go to a file as they come, so its memory does not grow with
+/// them. All functions may be called from any thread.
+class RunReport
+{
+public:
+    /// `folder` is where the report will be written, `stamp` the start of its name. A folder that cannot
+    /// be written loses the report and nothing else.
+    RunReport(std::string folder, std::string stamp, const Clock &clock);
+    RunReport(const RunReport &) = delete;
+    RunReport &operator=(const RunReport &) = delete;
+
+    /// Says what the run is about to do. Called once, before anything else is noted.
+    void begin(const std::string &source, const std::vector<std::string> &destinations, bool verify);
+
+    /// The tally of the destination at `index` of the job. Valid as long as the report.
+    DestinationTally &destination(std::size_t index);
+    std::size_t destinationCount() const;
+
+    /// `file` could not be brought to the destination, for `reason`.
+    void failed(std::size_t index, std::string_view file, std::string_view reason);
+
+    /// `blocks` blocks of the copy of `file` differ, the first at byte `firstOffset`.
+    void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
+
+    /// The copy of `file` could not be read back.
+    void unverified(std::size_t index, std::string_view file, std::string_view reason);
+
+    /// Reading back showed what the disk holds, or only what memory holds.
+    enum class VerifiedFrom { Disk, Cache };
+    void verifiedFrom(std::size_t index, VerifiedFrom from);
+
+    /// What was written to the destination is on its disk. Until this is said it does not count as done.
+    void onDisk(std::size_t index);
+
+    /// What was written to the destination is not known to be on its disk, for `reason`.
+    void notOnDisk(std::size_t index, std::string_view reason);
+
+    /// Called with every problem as it stands in the report, on the thread that notes it. Set before the run.
+    void setProblemListener(std::function<void(const Json &)> listener) { m_listener = std::move(listener); }
+
+    void fileStarted(std::uint64_t bytes);
+    void blockCompared(std::uint64_t bytes) { m_comparedBytes += bytes; }
+    void itemLeftOut() { ++m_leftOut; }
+    void phaseTimes(const PhaseTimes &times);
+
+    /// Writes the report, once; later calls change nothing.
+    void finish(RunOutcome outcome);
+
+    /// Path of the written report; empty before `finish` and when it could not be written.
+    std::string path() const;
+
+    /// True once it was said that the destination's files are on its disk.
+    bool isOnDisk(std::size_t index) const;
+
+    /// A line for people for each destination that is not known to hold on its disk what was written.
+    std::vector<std::string> notOnDiskLines() const;
+
+    /// The destinations as they stand in the report.
+    Json destinationsJson() const;
+
+    /// True when every file is on every destination and nothing differed, as far as the run came.
+    bool allDone() const;
+
+    /// Files whose copy was started.
+    std::int64_t filesStarted() const { return m_filesStarted; }
+
+    /// Bytes of the sources whose copies were read back.
+    std::uint64_t comparedBytes() const { return m_comparedBytes; }
+
+private:
+    struct DestinationState
+    {
+        explicit DestinationState(const std::string &root) : tally(root) {}
+
+        DestinationTally tally;
+        std::string notOnDiskReason = "the run ended before the final sync";
+        std::string verifiedFrom = "none";
+        bool onDisk = false;
+    };
+
+    void addProblem(const char *kind, std::size_t index, std::string_view file, const Json &detail);
+    const DestinationTally *slowest() const;
+    Json destinations() const;
+    Json summary(RunOutcome outcome) const;
+
+    const std::string m_stamp;
+    const Clock &m_clock;
+    std::atomic<std::int64_t> m_leftOut{0};
+    std::atomic<std::int64_t> m_filesStarted{0};
+    std::atomic<std::uint64_t> m_sourceBytes{0};
+    std::atomic<std::uint64_t> m_comparedBytes{0};
+    std::function<void(const Json &)> m_listener;
+
+    mutable std::mutex m_mutex;
+    ReportFile m_file;
+    std::string m_source;
+    bool m_verify = false;
+    std::string m_started;
+    PhaseTimes m_times;
+    std::deque<DestinationState> m_destinations; // grows without moving its members
+    bool m_finished = false;
+    std::string m_path;
+};
+
+} // namespace orvana

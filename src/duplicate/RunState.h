@@ -1,0 +1,115 @@
+#pragma once
+
+#include "duplicate/CopyJob.h"
+#include "duplicate/Destination.h"
+#include "duplicate/Lanes.h"
+#include "duplicate/RunReport.h"
+#include "duplicate/WriteOutPump.h"
+#include "foundation/NotificationCenter.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+namespace platform
+{
+class Host;
+}
+
+/// What the engine is given for a run.
+struct RunContext
+{
+    platform::Host &host;
+    NotificationCenter &center;
+    std::function<bool()> isCurrent; ///< false once the run was cancelled or replaced; it then posts nothing
+    std::function<bool()> verifyFiles; ///< asked file by file
+    bool includeHidden = false;
+    std::shared_ptr<RunReport> report; ///< never null, and begun
+};
+
+/// What the parts of one run share. Used by its copy thread only.
+class RunState
+{
+public:
+    RunState(RunContext context, CopyJob job);
+
+    const RunContext &context() const { return m_context; }
+    const CopyJob &job() const { return m_job; }
+    RunReport &report() { return *m_context.report; }
+    platform::Folder &sources() { return m_sources; }
+
+    std::size_t destinationCount() const { return m_destinations.size(); }
+    Destination &destination(std::size_t index) { return m_destinations[index]; }
+    DestinationTally &tally(std::size_t index) { return *m_tallies[index]; }
+
+    /// Null where written data does not wait in memory.
+    WriteOutPump *pump(std::size_t index) { return m_pumps[index].get(); }
+
+    /// One lane for each destination, made at the first call.
+    Lanes &lanes();
+
+    /// Lanes that pay for work which seldom waits for a disk: no more than there are processors beside the
+    /// copy thread's.
+    std::size_t helpers() const { return m_helpers; }
+
+    /// The two blocks of the run: the one in hand and the one read ahead.
+    std::span<std::byte> block(int which);
+
+    void postMessage(const std::string &message) const;
+    void postFileProgress(std::uint64_t done, std::uint64_t size) const;
+    void postTotalProgress(float value) const;
+
+    /// Counts a file whose copy starts and posts how far the run is.
+    void countStartedFile(std::uint64_t bytes);
+
+    /// Starts the account of a file: it is copied nowhere and has failed nowhere yet.
+    void startFile();
+
+    /// Counts the file in hand as copied. Callable by a lane for its own destination.
+    void fileCopied(std::size_t index);
+    bool isCopiedHere(std::size_t index) const { return index < m_copiedHere.size() && m_copiedHere[index]; }
+
+    /// The file in hand, counted as copied, turned out not to be on its way to the disk.
+    void takeBack(std::size_t index, const std::string &source, const platform::FileError &error);
+
+    /// Notes in the report that `source` does not get to the destination at `index`.
+    void fileFailed(std::size_t index, const std::string &source, const std::string &reason);
+
+    /// True when the file in hand was noted as failed there.
+    bool hasFailed(std::size_t index) const { return index < m_failedHere.size() && m_failedHere[index]; }
+
+    /// The same in message and report.
+    void cannotDuplicate(std::size_t index, const std::string &source, const platform::FileError &error);
+
+    /// Syncs all destinations, side by side, and closes them. Ends the thread when it is cancelled meanwhile.
+    void finishDestinations();
+
+    void addVerifyTime(std::chrono::nanoseconds time) { m_verifyTime += time; }
+
+private:
+    void noteSync(std::size_t index, const WriteOutPump::Outcome &outcome);
+    void post(const char *name, const char *key, Notification::Value value) const;
+
+    RunContext m_context;
+    CopyJob m_job;
+    platform::Folder &m_sources;
+    std::int64_t m_indexOfBackup = 0;
+    std::vector<Destination> m_destinations;
+    std::vector<DestinationTally *> m_tallies;
+    std::vector<std::unique_ptr<WriteOutPump>> m_pumps;
+    std::unique_ptr<Lanes> m_lanes;
+    std::size_t m_helpers = 0;
+    std::unique_ptr<std::byte[]> m_blocks[2];
+    std::vector<char> m_failedHere; // by destination; not bool, as lanes write side by side
+    std::vector<char> m_copiedHere;
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+    std::chrono::nanoseconds m_verifyTime{0};
+};
+
+} // namespace orvana

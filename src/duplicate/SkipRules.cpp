@@ -1,0 +1,102 @@
+#include "duplicate/SkipRules.h"
+
+#include "platform/Account.h"
+#include "platform/Host.h"
+#include "platform/Places.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace orvana
+{
+
+using platform::Attributes;
+using platform::FileType;
+using platform::Links;
+using platform::Want;
+
+namespace
+{
+
+// What other systems keep on a volume for themselves.
+bool namesSystemFolder(const std::string &path)
+{
+    constexpr std::array words{"System Volume Information", "Temporary Items", "Network Trash Folder"};
+    return std::any_of(words.begin(), words.end(),
+                       [&](const char *word) { return path.find(word) != std::string::npos; });
+}
+
+bool belongsToPackage(const std::string &path)
+{
+    return path.find(".band") != std::string::npos;
+}
+
+} // namespace
+
+SkipRules::SkipRules(platform::Host &host, bool includeHidden)
+    : m_files(host.volumeFiles().workingFolder()), m_includeHidden(includeHidden)
+{
+    const auto login = host.account().loginName();
+    const auto home = host.places().userPath(login).value_or("/Users/" + login);
+    m_library = home + "/Library";
+    m_public = home + "/Public";
+}
+
+SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
+{
+    Verdict verdict;
+    if (auto read = m_files.attributes(pathOrName, Links::DoNotFollow, Want::HiddenExtension))
+        verdict.attributes = *read;
+    const bool isLink = verdict.attributes && verdict.attributes->type == FileType::SymbolicLink;
+    const bool isHidden = verdict.attributes && verdict.attributes->hiddenExtension;
+    verdict.skip = isLink || (!belongsToPackage(pathOrName) && isHidden && !m_includeHidden) ||
+                   pathOrName == m_library || pathOrName == m_public || namesSystemFolder(pathOrName);
+    return verdict;
+}
+
+// True when the entry, whose own attributes are given, is a folder to count in. One that a link leads to is
+// entered once, as links may lead in circles.
+bool SkipRules::isFolderToEnter(const std::string &path, const std::optional<Attributes> &own,
+                                std::set<FolderIdentity> &linked) const
+{
+    if (!own || own->type != FileType::SymbolicLink)
+        return own && own->type == FileType::Folder;
+    const auto target = m_files.attributes(path, Links::Follow, Want::Basics);
+    return target && target->type == FileType::Folder &&
+           linked.insert({target->device, target->inode}).second;
+}
+
+std::int64_t SkipRules::numbersOfFolder(const std::string &path) const
+{
+    const auto attributesOf = [this](const std::string &of) {
+        const auto read = m_files.attributes(of, Links::DoNotFollow, Want::HiddenExtension);
+        return read ? std::optional(*read) : std::nullopt;
+    };
+    std::set<FolderIdentity> linked;
+    if (!isFolderToEnter(path, attributesOf(path), linked))
+        return 1;
+    std::int64_t count = 0;
+    // Folders still to be visited, not a recursion: a tree may be deeper than a stack.
+    std::vector<std::string> waiting{path};
+    while (!waiting.empty()) {
+        const auto folder = std::move(waiting.back());
+        waiting.pop_back();
+        auto names = m_files.list(folder);
+        while (names && !names->empty()) {
+            const auto name = names->takeNext();
+            auto entry = folder + "/" + std::string(name);
+            const auto attributes = attributesOf(entry);
+            const bool isHidden = name.starts_with('.') || (attributes && attributes->hiddenExtension);
+            if (isHidden && !m_includeHidden)
+                continue;
+            if (isFolderToEnter(entry, attributes, linked))
+                waiting.push_back(std::move(entry));
+            else
+                ++count;
+        }
+    }
+    return count;
+}
+
+} // namespace orvana

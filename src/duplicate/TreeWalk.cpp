@@ -1,0 +1,320 @@
+#include "duplicate/TreeWalk.h"
+
+#include "duplicate/RunState.h"
+#include "foundation/DisplayPath.h"
+#include "foundation/SystemLog.h"
+#include "foundation/WorkerThread.h"
+
+#include <utility>
+
+namespace orvana
+{
+
+using platform::Attributes;
+using platform::FileType;
+using platform::Links;
+using platform::NameList;
+using platform::Want;
+
+/// The folders between the start of a walk and the entry in hand. A list instead of a recursion: a tree may
+/// be deeper than a stack. Leaving a folder, also when the run is cancelled, closes it to its owner again
+/// where its permissions say so.
+class TreeWalk::FolderStack
+{
+public:
+    FolderStack(TreeWalk &walk, std::string source, OutArray copies)
+        : m_walk(walk), m_source(std::move(source)), m_copies(std::move(copies))
+    {
+    }
+    ~FolderStack()
+    {
+        while (!isEmpty())
+            leave();
+    }
+    FolderStack(const FolderStack &) = delete;
+    FolderStack &operator=(const FolderStack &) = delete;
+
+    bool isEmpty() const { return m_levels.empty(); }
+    const std::string &source() const { return m_source; }
+    const OutArray &copies() const { return m_copies; }
+    NameList &names() { return m_levels.back().names; }
+
+    /// The entry in hand. Its name is part of the paths while it lives, and longer if it was entered.
+    class Entry
+    {
+    public:
+        Entry(FolderStack &stack, std::string_view name) : m_stack(stack), m_length(name.size())
+        {
+            stack.append(name);
+        }
+        ~Entry()
+        {
+            if (!m_isEntered)
+                m_stack.cut(m_length);
+        }
+        Entry(const Entry &) = delete;
+        Entry &operator=(const Entry &) = delete;
+
+        void enter(const Attributes &like)
+        {
+            m_isEntered = true;
+            m_stack.enter(like, m_length);
+        }
+
+    private:
+        FolderStack &m_stack;
+        std::size_t m_length;
+        bool m_isEntered = false;
+    };
+
+    /// On which destinations the folder in hand is new.
+    const std::vector<bool> &made() const { return m_levels.back().made; }
+
+    /// Goes on to the entry `name` of the folder in hand.
+    void append(std::string_view name)
+    {
+        const auto add = [&](std::string &path) { path.append("/").append(name); };
+        add(m_source);
+        for (auto &copy : m_copies) {
+            if (copy)
+                add(*copy);
+        }
+    }
+
+    /// Goes back from an entry whose name is `length` long.
+    void cut(std::size_t length)
+    {
+        const auto shorten = [&](std::string &path) { path.resize(path.size() - length - 1); };
+        shorten(m_source);
+        for (auto &copy : m_copies) {
+            if (copy)
+                shorten(*copy);
+        }
+    }
+
+    /// Makes the present entry, a folder, the one in hand.
+    void enter(const Attributes &like, std::size_t nameLength)
+    {
+        auto made = m_walk.makeFolders(m_source, m_copies, like);
+        m_levels.push_back({NameList(), std::move(made), like, nameLength});
+        m_levels.back().names = m_walk.listOf(m_source, m_copies);
+    }
+
+    void leave()
+    {
+        const auto &level = m_levels.back();
+        m_walk.protectFolders(m_copies, level.made, level.like);
+        // The first folder's path was not appended to anything.
+        if (m_levels.size() > 1)
+            cut(level.nameLength);
+        m_levels.pop_back();
+    }
+
+private:
+    struct Level
+    {
+        NameList names;
+        std::vector<bool> made;
+        Attributes like;
+        std::size_t nameLength;
+    };
+
+    TreeWalk &m_walk;
+    std::string m_source;
+    OutArray m_copies;
+    std::vector<Level> m_levels;
+};
+
+TreeWalk::TreeWalk(RunState &run)
+    : m_run(run), m_rules(run.context().host, run.context().includeHidden), m_comparer(run),
+      m_duplicator(run, m_comparer)
+{
+}
+
+std::optional<Attributes> TreeWalk::followed(const std::string &path) const
+{
+    const auto attributes = m_run.sources().attributes(path, Links::Follow, Want::Basics);
+    return attributes ? std::optional(*attributes) : std::nullopt;
+}
+
+// A destination may lie within the source, by way of a link: copying it into itself would never end.
+bool TreeWalk::isDestination(const Attributes &folder)
+{
+    for (std::size_t i = 0; i < m_run.destinationCount(); ++i) {
+        if (m_run.destination(i).isRoot(folder))
+            return true;
+    }
+    return false;
+}
+
+// The same for what a link leads to: there, the folder may also be one that this run made.
+bool TreeWalk::liesInDestination(const std::string &path)
+{
+    auto above = path;
+    for (auto here = followed(above); here && here->type == FileType::Folder;) {
+        if (isDestination(*here))
+            return true;
+        above += "/..";
+        const auto next = followed(above);
+        if (!next || (next->device == here->device && next->inode == here->inode))
+            return false;
+        here = next;
+    }
+    return false;
+}
+
+// The item's place on each destination: the root with that part of the item's path that lies behind the
+// source's root. Only the length of the source's root is used, not where in the path it stands.
+OutArray TreeWalk::copiesOf(const std::string &item) const
+{
+    const auto &root = m_run.job().SrcDiskPath;
+    const bool holdsRoot = !root.empty() && item.find(root) != std::string::npos;
+    const auto relative = item.substr(holdsRoot ? root.size() : 0);
+    OutArray copies;
+    for (const auto &destination : m_run.job().DesFileArray)
+        copies.emplace_back(destination + relative);
+    return copies;
+}
+
+void TreeWalk::copySelected(const std::string &item)
+{
+    const auto attributes =
+        m_run.sources().attributes(item, Links::DoNotFollow, Want::HiddenExtension).value_or(Attributes());
+    const auto copies = copiesOf(item);
+    const bool isLink = attributes.type == FileType::SymbolicLink;
+    if (isLink && liesInDestination(item)) {
+        m_run.report().itemLeftOut();
+        return;
+    }
+    if (const auto target = followed(item); !target || target->type != FileType::Folder) {
+        copyItem(item, copies);
+        return;
+    }
+    const bool isRoot = item == m_run.job().SrcDiskPath;
+    const auto made = isRoot ? std::vector<bool>() : makeFolders(item, copies, attributes);
+    struct Protect
+    {
+        TreeWalk &walk;
+        const OutArray &copies;
+        const std::vector<bool> &made;
+        const Attributes &like;
+        ~Protect() { walk.protectFolders(copies, made, like); }
+    } const protect{*this, copies, made, attributes};
+    copyListedEntries(item, copies, made);
+}
+
+void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copies,
+                                 const std::vector<bool> &made)
+{
+    for (auto names = listOf(folder, copies); !names.empty();) {
+        WorkerThread::exitIfCancelled();
+        const std::string name(names.takeNext());
+        // Tested by its bare name, so a link directly in a ticked folder is not left out.
+        if (m_rules.examine(name).skip) {
+            m_run.report().itemLeftOut();
+            continue;
+        }
+        OutArray entryCopies = copies;
+        for (auto &copy : entryCopies) {
+            if (copy)
+                copy->append("/").append(name);
+        }
+        copyItem(std::string(folder).append("/").append(name), entryCopies, made);
+    }
+}
+
+int TreeWalk::copyItem(const std::string &source, const OutArray &copies)
+{
+    return copyItem(source, copies, std::vector<bool>());
+}
+
+int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const std::vector<bool> &newFolders)
+{
+    const auto attributes = m_run.sources().attributes(source, Links::DoNotFollow, Want::HiddenExtension);
+    return copyItem(source, copies, attributes.value_or(Attributes()), newFolders);
+}
+
+int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const Attributes &attributes,
+                       const std::vector<bool> &newFolders)
+{
+    const bool isLink = attributes.type == FileType::SymbolicLink;
+    const auto target = isLink ? followed(source) : attributes;
+    if (!target || target->type != FileType::Folder)
+        return m_duplicator.copy(source, copies, attributes, newFolders);
+    if (isLink ? liesInDestination(source) : isDestination(*target))
+        m_run.report().itemLeftOut();
+    else
+        copyTree(source, copies, attributes);
+    return 1;
+}
+
+void TreeWalk::copyTree(const std::string &folder, const OutArray &copies, const Attributes &like)
+{
+    FolderStack stack(*this, folder, copies);
+    stack.enter(like, 0);
+    while (!stack.isEmpty()) {
+        WorkerThread::exitIfCancelled();
+        if (stack.names().empty())
+            stack.leave();
+        else
+            copyEntry(stack, stack.names().takeNext());
+    }
+}
+
+void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
+{
+    FolderStack::Entry entry(stack, name);
+    const auto verdict = m_rules.examine(stack.source());
+    const auto attributes = verdict.attributes.value_or(Attributes());
+    const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
+    if (verdict.skip || (isFolder && isDestination(attributes))) {
+        m_run.report().itemLeftOut();
+    } else if (!isFolder) {
+        m_duplicator.copy(stack.source(), stack.copies(), attributes, stack.made());
+    } else {
+        entry.enter(attributes);
+    }
+}
+
+NameList TreeWalk::listOf(const std::string &folder, const OutArray &copies)
+{
+    auto names = m_run.sources().list(folder);
+    if (names)
+        return std::move(*names);
+    systemLog("Open of " + displayPath(folder) + " for reading failed");
+    for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
+        if (copies[i])
+            m_run.report().failed(i, folder, "The folder cannot be read: " + names.error().reason());
+    }
+    return {};
+}
+
+std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArray &copies,
+                                        const Attributes &like)
+{
+    std::vector<bool> made(copies.size(), false);
+    for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
+        if (!copies[i])
+            continue;
+        const auto created = m_run.destination(i).createFolder(*copies[i], like);
+        if (created) {
+            made[i] = *created == Destination::Made::New;
+            continue;
+        }
+        // A file in its place is left alone, and only the report knows.
+        if (created.error().problem != platform::FileProblem::NotAFolder)
+            systemLog("Create " + displayPath(*copies[i]) + " Folder Fail \n");
+        m_run.report().failed(i, source, "The folder cannot be created: " + created.error().reason());
+    }
+    return made;
+}
+
+void TreeWalk::protectFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)
+{
+    for (std::size_t i = 0; i < made.size(); ++i) {
+        if (made[i])
+            m_run.destination(i).protectFolder(*copies[i], like);
+    }
+}
+
+} // namespace orvana

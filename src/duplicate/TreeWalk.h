@@ -1,0 +1,62 @@
+#pragma once
+
+#include "duplicate/FileComparer.h"
+#include "duplicate/FileDuplicator.h"
+#include "duplicate/SkipRules.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+class RunState;
+
+/// Walks the source items of a run and has every file copied.
+class TreeWalk
+{
+public:
+    explicit TreeWalk(RunState &run);
+
+    /// Copies one ticked item, a folder with all that the skip rules leave of it.
+    void copySelected(const std::string &item);
+
+    /// Copies a file or a folder with everything below it to the given paths. Returns 1, or -1 for a file
+    /// that cannot be opened.
+    int copyItem(const std::string &source, const OutArray &copies);
+
+    int compare(const std::string &source, const OutArray &copies)
+    {
+        return m_comparer.compare(source, copies);
+    }
+
+    bool isSkipFile(const std::string &pathOrName) { return m_rules.examine(pathOrName).skip; }
+
+private:
+    class FolderStack;
+
+    // `newFolders` tells on which destinations the folder that holds the copy was made by this walk.
+    int copyItem(const std::string &source, const OutArray &copies, const std::vector<bool> &newFolders);
+    int copyItem(const std::string &source, const OutArray &copies, const platform::Attributes &attributes,
+                 const std::vector<bool> &newFolders);
+    void copyTree(const std::string &folder, const OutArray &copies, const platform::Attributes &like);
+    void copyEntry(FolderStack &stack, std::string_view name);
+    void copyListedEntries(const std::string &folder, const OutArray &copies, const std::vector<bool> &made);
+    platform::NameList listOf(const std::string &folder, const OutArray &copies);
+    std::vector<bool> makeFolders(const std::string &source, const OutArray &copies,
+                                  const platform::Attributes &like);
+    void protectFolders(const OutArray &copies, const std::vector<bool> &made,
+                        const platform::Attributes &like);
+    std::optional<platform::Attributes> followed(const std::string &path) const;
+    bool isDestination(const platform::Attributes &folder);
+    bool liesInDestination(const std::string &path);
+    OutArray copiesOf(const std::string &item) const;
+
+    RunState &m_run;
+    SkipRules m_rules;
+    FileComparer m_comparer;
+    FileDuplicator m_duplicator;
+};
+
+} // namespace orvana

@@ -1,0 +1,151 @@
+#include "duplicate/WriteOutPump.h"
+
+#include <chrono>
+#include <utility>
+
+namespace orvana
+{
+
+using platform::Expected;
+using platform::File;
+
+namespace
+{
+
+// Enough for a disk to be busy with, little enough that the first sync starts early.
+constexpr std::uint64_t WorthASync = 16'777'216;
+// What may be on its way before the copy waits: about two seconds of a fast disk.
+constexpr std::uint64_t Room = 268'435'456;
+// The same for a large file, whose progress then tells of the disk and not of the memory before it.
+constexpr std::uint64_t RoomForRanges = 67'108'864;
+constexpr std::size_t MostFlying = 32; // ranges that the disk has in hand at a time
+
+} // namespace
+
+WriteOutPump::WriteOutPump(platform::Folder &volume)
+    : m_volume(volume), m_thread([this](const std::stop_token &ownEnd) { run(ownEnd); })
+{
+}
+
+void WriteOutPump::noteWritten(std::uint64_t bytes)
+{
+    const std::lock_guard lock(m_mutex);
+    const bool wasEnough = m_waiting >= WorthASync;
+    m_waiting += bytes;
+    if (!wasEnough && m_waiting >= WorthASync)
+        m_changed.notify_all();
+}
+
+Expected<void> WriteOutPump::noteRange(File &file, std::uint64_t offset, std::uint64_t length)
+{
+    const std::lock_guard lock(m_mutex);
+    m_file = &file;
+    m_written.push_back({offset, length});
+    m_rangeBytes += length;
+    m_changed.notify_all();
+    return m_fileResult;
+}
+
+Expected<void> WriteOutPump::leave(File &file)
+{
+    Lock lock(m_mutex);
+    if (m_file != &file)
+        return {};
+    m_changed.wait(lock, [this] { return !m_isMoving; });
+    m_file = nullptr;
+    m_written.clear();
+    m_flying.clear();
+    m_waiting += std::exchange(m_rangeBytes, 0);
+    m_changed.notify_all();
+    return std::exchange(m_fileResult, {});
+}
+
+void WriteOutPump::waitForRoom(const std::stop_token &token)
+{
+    Lock lock(m_mutex);
+    m_changed.wait(lock, token,
+                   [this] { return m_waiting + m_underWay <= Room && m_rangeBytes <= RoomForRanges; });
+}
+
+void WriteOutPump::startFinalSync()
+{
+    const std::lock_guard lock(m_mutex);
+    m_isLast = true;
+    m_changed.notify_all();
+}
+
+std::optional<WriteOutPump::Outcome> WriteOutPump::waitForFinalSync(const std::stop_token &token)
+{
+    Lock lock(m_mutex);
+    m_changed.wait(lock, token, [this] { return m_outcome.has_value(); });
+    return m_outcome;
+}
+
+void WriteOutPump::syncOnce(Lock &lock)
+{
+    m_underWay = std::exchange(m_waiting, 0);
+    const bool isLast = m_isLast;
+    lock.unlock();
+    const auto start = std::chrono::steady_clock::now();
+    const auto synced = m_volume.syncVolume();
+    const std::chrono::nanoseconds length = std::chrono::steady_clock::now() - start;
+    lock.lock();
+    m_underWay = 0;
+    if (m_result && !synced)
+        m_result = synced;
+    if (isLast)
+        m_outcome = Outcome{m_result, static_cast<std::uint64_t>(length.count())};
+    m_changed.notify_all();
+}
+
+// Sends the written ranges on their way and waits for the oldest once enough are flying.
+void WriteOutPump::moveRanges(Lock &lock)
+{
+    auto written = std::exchange(m_written, {});
+    m_flying.insert(m_flying.end(), written.begin(), written.end());
+    std::optional<Range> oldest;
+    if (m_flying.size() > MostFlying) {
+        oldest = m_flying.front();
+        m_flying.pop_front();
+    }
+    File &file = *m_file;
+    m_isMoving = true;
+    lock.unlock();
+    Expected<void> moved;
+    for (const auto &range : written) {
+        if (moved)
+            moved = file.startWriteOut(range.offset, range.length);
+    }
+    if (moved && oldest) {
+        moved = file.finishWriteOut(oldest->offset, oldest->length);
+        file.dropCached(oldest->offset, oldest->length);
+    }
+    lock.lock();
+    m_isMoving = false;
+    m_rangeBytes -= oldest ? oldest->length : 0;
+    if (m_fileResult && !moved)
+        m_fileResult = moved;
+    m_changed.notify_all();
+}
+
+bool WriteOutPump::hasWork() const
+{
+    const bool rangesWait = m_file && (!m_written.empty() || m_flying.size() > MostFlying);
+    return m_isLast || m_waiting >= WorthASync || rangesWait;
+}
+
+void WriteOutPump::run(const std::stop_token &ownEnd)
+{
+    Lock lock(m_mutex);
+    while (!m_outcome) {
+        m_changed.wait(lock, ownEnd, [this] { return hasWork(); });
+        if (ownEnd.stop_requested())
+            return;
+        if (m_isLast || m_waiting >= WorthASync)
+            syncOnce(lock);
+        else
+            moveRanges(lock);
+    }
+}
+
+} // namespace orvana

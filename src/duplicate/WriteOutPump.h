@@ -1,0 +1,87 @@
+#pragma once
+
+#include "platform/VolumeFiles.h"
+
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <thread>
+
+namespace orvana
+{
+
+/// Keeps written data moving to one volume's disk while the copy goes on, on a thread of its own, and syncs
+/// the volume at the end. Its functions are called by the copy thread or a lane, one at a time.
+///
+/// Many small files travel better together: their bytes are only counted, and the volume is synced whenever
+/// enough has gathered. A large file goes range by range; what is on the disk is dropped from memory, so
+/// that a run never pushes everything else out of it.
+class WriteOutPump
+{
+public:
+    /// `volume` must outlive the pump.
+    explicit WriteOutPump(platform::Folder &volume);
+
+    /// Waits for the sync in hand; nothing can interrupt that.
+    ~WriteOutPump() = default;
+
+    /// Tells that `bytes` were written.
+    void noteWritten(std::uint64_t bytes);
+
+    /// Tells that a range of a large file was written. The file stays open until `leave`. Returns the first
+    /// error that came up in moving earlier ranges of it.
+    platform::Expected<void> noteRange(platform::File &file, std::uint64_t offset, std::uint64_t length);
+
+    /// Takes leave of a file that is about to be closed; what is still on its way is synced with the volume.
+    platform::Expected<void> leave(platform::File &file);
+
+    /// Waits until not too much is on its way, or until `token` is stopped.
+    void waitForRoom(const std::stop_token &token);
+
+    void startFinalSync();
+
+    struct Outcome
+    {
+        platform::Expected<void> result; ///< the first error of any sync
+        std::uint64_t nanoseconds;       ///< length of the final sync
+    };
+
+    /// Waits for the final sync; nothing when `token` was stopped first.
+    std::optional<Outcome> waitForFinalSync(const std::stop_token &token);
+
+private:
+    struct Range
+    {
+        std::uint64_t offset;
+        std::uint64_t length;
+    };
+    using Lock = std::unique_lock<std::mutex>;
+
+    void run(const std::stop_token &ownEnd);
+    bool hasWork() const;
+    void syncOnce(Lock &lock);
+    void moveRanges(Lock &lock);
+
+    platform::Folder &m_volume;
+    std::mutex m_mutex;
+    std::condition_variable_any m_changed;
+    std::uint64_t m_waiting = 0;  // bytes for the next sync
+    std::uint64_t m_underWay = 0; // bytes of the sync in hand
+    bool m_isLast = false;
+    std::optional<Outcome> m_outcome;
+    platform::Expected<void> m_result;
+
+    platform::File *m_file = nullptr; // the large file in hand
+    bool m_isMoving = false;          // the thread is at work on it, without the lock
+    std::deque<Range> m_written;      // its ranges that only memory holds
+    std::deque<Range> m_flying;       // its ranges on their way
+    std::uint64_t m_rangeBytes = 0;   // of both together
+    platform::Expected<void> m_fileResult;
+
+    std::jthread m_thread; // last: it uses all of the above
+};
+
+} // namespace orvana

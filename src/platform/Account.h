@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace orvana::platform
+{
+
+/// The person who runs the program.
+class Account
+{
+public:
+    virtual ~Account() = default;
+
+    virtual std::string loginName() const = 0;
+
+    /// Absolute path of the home folder, without a slash at its end.
+    virtual std::string homeFolder() const = 0;
+};
+
+} // namespace orvana::platform

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvana::platform
+{
+
+/// Runs the system's tools.
+class CommandLauncher
+{
+public:
+    virtual ~CommandLauncher() = default;
+
+    struct Result
+    {
+        std::string output;        ///< standard output, bytes as they came
+        std::optional<int> status; ///< exit status; nothing when the program could not be started
+    };
+
+    /// Runs the program at `path` and waits for its end, taking up its output meanwhile. A program that
+    /// cannot be started gives no output and a line in the system log. Blocks the calling thread.
+    virtual Result run(const std::string &path, const std::vector<std::string> &arguments) = 0;
+};
+
+} // namespace orvana::platform

@@ -1,0 +1,264 @@
+#include "platform/FaultyVolumeFiles.h"
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+namespace orvana::platform
+{
+
+namespace
+{
+
+// Takes `bytes` from what is still allowed; false when that no longer suffices.
+bool spend(std::atomic<std::int64_t> &allowance, std::size_t bytes)
+{
+    auto left = allowance.load();
+    const auto wanted = static_cast<std::int64_t>(bytes);
+    while (left >= 0) {
+        if (left < wanted)
+            return false;
+        if (allowance.compare_exchange_weak(left, left - wanted))
+            return true;
+    }
+    return true;
+}
+
+void delay(const VolumeFaults &faults)
+{
+    if (const int milliseconds = faults.delayMilliseconds; milliseconds > 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+class FaultyFile final : public File
+{
+public:
+    FaultyFile(std::unique_ptr<File> real, VolumeFaults &faults, Access access)
+        : m_real(std::move(real)), m_faults(faults), m_access(access)
+    {
+    }
+
+    Expected<Attributes> attributes() const override { return m_real->attributes(); }
+
+    Expected<std::size_t> read(std::span<std::byte> into, std::uint64_t offset) override
+    {
+        delay(m_faults);
+        if (m_faults.gone)
+            return failure(ENODEV);
+        auto count = m_real->read(into, offset);
+        if (count && !spend(m_faults.readErrorAfter, *count))
+            return failure(EIO);
+        return count;
+    }
+
+    void willRead(std::uint64_t offset, std::uint64_t length) override { m_real->willRead(offset, length); }
+
+    Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) override
+    {
+        delay(m_faults);
+        if (m_faults.gone)
+            return failure(ENODEV);
+        if (!spend(m_faults.goneAfter, bytes.size())) {
+            m_faults.gone = true;
+            return failure(ENODEV);
+        }
+        if (!spend(m_faults.capacity, bytes.size()))
+            return failure(ENOSPC);
+        if (!spend(m_faults.writeErrorAfter, bytes.size()))
+            return failure(EIO);
+        return m_real->write(bytes, offset);
+    }
+
+    Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) override
+    {
+        return m_real->startWriteOut(offset, length);
+    }
+
+    Expected<void> finishWriteOut(std::uint64_t offset, std::uint64_t length) override
+    {
+        if (m_faults.writeOutError || m_faults.gone)
+            return failure(EIO);
+        return m_real->finishWriteOut(offset, length);
+    }
+
+    void dropCached(std::uint64_t offset, std::uint64_t length) override
+    {
+        m_real->dropCached(offset, length);
+    }
+
+    Expected<void> close() override
+    {
+        auto closed = m_real->close();
+        if (m_faults.closeError && m_access == Access::Write)
+            return failure(EIO);
+        return closed;
+    }
+
+private:
+    std::unique_ptr<File> m_real;
+    VolumeFaults &m_faults;
+    Access m_access;
+};
+
+class FaultyFolder final : public Folder
+{
+public:
+    /// `path` is empty for the working folder, whose callers name absolute paths.
+    FaultyFolder(const FaultyVolumeFiles &files, std::unique_ptr<Folder> owned, Folder &real,
+                 std::string path)
+        : m_files(files), m_owned(std::move(owned)), m_real(real), m_path(std::move(path))
+    {
+    }
+
+    Expected<Attributes> attributes(std::string_view path, Links links, Want want) const override
+    {
+        if (isGone(path))
+            return failure(ENODEV);
+        return m_real.attributes(path, links, want);
+    }
+
+    Expected<NameList> list(std::string_view path) const override
+    {
+        if (isGone(path))
+            return failure(ENODEV);
+        return m_real.list(path);
+    }
+
+    Expected<std::unique_ptr<Folder>> openFolder(std::string_view path) const override
+    {
+        if (isGone(path))
+            return failure(ENODEV);
+        auto opened = m_real.openFolder(path);
+        if (!opened)
+            return opened;
+        Folder &folder = **opened;
+        return std::make_unique<FaultyFolder>(m_files, std::move(*opened), folder, fullPath(path));
+    }
+
+    Expected<std::unique_ptr<File>> openFile(std::string_view path, Access access) const override
+    {
+        if (const int code = refusal(path, access); code != 0)
+            return failure(code);
+        return wrapped(m_real.openFile(path, access), path, access);
+    }
+
+    Expected<std::unique_ptr<File>> createFile(std::string_view path, const Attributes &like) const override
+    {
+        if (const int code = refusal(path, Access::Write); code != 0)
+            return failure(code);
+        return wrapped(m_real.createFile(path, like), path, Access::Write);
+    }
+
+    Expected<void> makeFolder(std::string_view path, const Attributes &like) const override
+    {
+        if (const int code = refusal(path, Access::Write); code != 0)
+            return failure(code);
+        return m_real.makeFolder(path, like);
+    }
+
+    Expected<void> protectFolder(std::string_view path, const Attributes &like) const override
+    {
+        return m_real.protectFolder(path, like);
+    }
+
+    Expected<void> syncVolume() override
+    {
+        const auto *faults = faultsAt("");
+        if (faults && (faults->syncError || faults->gone))
+            return failure(EIO);
+        return m_real.syncVolume();
+    }
+
+    VolumeTraits traits() const override { return m_real.traits(); }
+    Expected<std::uint64_t> freeBytes() const override { return m_real.freeBytes(); }
+
+private:
+    std::string fullPath(std::string_view path) const { return m_path + "/" + std::string(path); }
+
+    VolumeFaults *faultsAt(std::string_view path) const { return m_files.faultsAt(fullPath(path)); }
+
+    bool isGone(std::string_view path) const
+    {
+        const auto *faults = faultsAt(path);
+        return faults && faults->gone;
+    }
+
+    int refusal(std::string_view path, Access access) const
+    {
+        const auto *faults = faultsAt(path);
+        if (!faults)
+            return 0;
+        if (faults->gone)
+            return ENODEV;
+        return faults->readOnly && access == Access::Write ? EROFS : 0;
+    }
+
+    Expected<std::unique_ptr<File>> wrapped(Expected<std::unique_ptr<File>> real, std::string_view path,
+                                            Access access) const
+    {
+        auto *faults = faultsAt(path);
+        if (!real || !faults)
+            return real;
+        return std::make_unique<FaultyFile>(std::move(*real), *faults, access);
+    }
+
+    const FaultyVolumeFiles &m_files;
+    std::unique_ptr<Folder> m_owned;
+    Folder &m_real;
+    std::string m_path;
+};
+
+std::string withoutDoubleSlashes(const std::string &path)
+{
+    std::string clean;
+    for (const char c : path) {
+        if (c != '/' || clean.empty() || clean.back() != '/')
+            clean += c;
+    }
+    return clean;
+}
+
+} // namespace
+
+FaultyVolumeFiles::FaultyVolumeFiles(VolumeFiles &real)
+    : m_real(real),
+      m_workingFolder(std::make_unique<FaultyFolder>(*this, nullptr, real.workingFolder(), std::string()))
+{
+}
+
+FaultyVolumeFiles::~FaultyVolumeFiles() = default;
+
+VolumeFaults &FaultyVolumeFiles::volume(const std::string &root)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_volumes[root];
+}
+
+VolumeFaults *FaultyVolumeFiles::faultsAt(const std::string &path) const
+{
+    const auto clean = withoutDoubleSlashes(path) + "/";
+    const std::lock_guard lock(m_mutex);
+    for (auto &[root, faults] : m_volumes) {
+        if (clean.starts_with(root + "/"))
+            return &faults;
+    }
+    return nullptr;
+}
+
+Expected<std::unique_ptr<Folder>> FaultyVolumeFiles::openFolder(const std::string &path, Reach reach)
+{
+    if (const auto *faults = faultsAt(path); faults && faults->gone)
+        return failure(ENODEV);
+    auto opened = m_real.openFolder(path, reach);
+    if (!opened)
+        return opened;
+    Folder &folder = **opened;
+    return std::make_unique<FaultyFolder>(*this, std::move(*opened), folder, path);
+}
+
+Folder &FaultyVolumeFiles::workingFolder()
+{
+    return *m_workingFolder;
+}
+
+} // namespace orvana::platform

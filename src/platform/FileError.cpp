@@ -1,0 +1,60 @@
+#include "platform/FileError.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace orvana::platform
+{
+
+namespace
+{
+
+FileProblem problemOf(int code)
+{
+    switch (code) {
+    case ENOENT:
+        return FileProblem::NotFound;
+    case EEXIST:
+        return FileProblem::Exists;
+    case EXDEV:
+        return FileProblem::LeadsOutOfVolume;
+    case EISDIR:
+    case ENXIO:
+        return FileProblem::NotAFile;
+    case ENOTDIR:
+        return FileProblem::NotAFolder;
+    case EOPNOTSUPP:
+    case ENOSYS:
+        return FileProblem::NotSupported;
+    default:
+        return FileProblem::Other;
+    }
+}
+
+} // namespace
+
+std::string FileError::reason() const
+{
+    if (problem == FileProblem::LeadsOutOfVolume)
+        return "The path leads out of the volume";
+    if (problem == FileProblem::NotAFile)
+        return "Not a regular file";
+    return std::generic_category().message(code);
+}
+
+FileError fileError(int code)
+{
+    return {problemOf(code), code};
+}
+
+tl::unexpected<FileError> failure(int code)
+{
+    return tl::unexpected(fileError(code));
+}
+
+tl::unexpected<FileError> failure(FileProblem problem)
+{
+    return tl::unexpected(FileError{problem, 0});
+}
+
+} // namespace orvana::platform

@@ -1,0 +1,29 @@
+#pragma once
+
+namespace orvana::platform
+{
+
+class Account;
+class CommandLauncher;
+class HardwareRegistry;
+class Places;
+class VolumeEvents;
+class VolumeFiles;
+class Workspace;
+
+/// The only way to the machine. The parts live as long as the host.
+class Host
+{
+public:
+    virtual ~Host() = default;
+
+    virtual Account &account() = 0;
+    virtual Places &places() = 0;
+    virtual VolumeFiles &volumeFiles() = 0;
+    virtual HardwareRegistry &registry() = 0;
+    virtual VolumeEvents &volumeEvents() = 0;
+    virtual CommandLauncher &launcher() = 0;
+    virtual Workspace &workspace() = 0;
+};
+
+} // namespace orvana::platform

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/HardwareRegistry.h"
+#include "platform/VolumeEvents.h"
+#include "platform/Workspace.h"
+
+namespace orvana::platform
+{
+
+/// A registry without devices.
+class NullRegistry final : public HardwareRegistry
+{
+public:
+    Answer match(const std::optional<RegistryMatching> &matching) override
+    {
+        return {matching ? RegistrySuccess : RegistryBadArgument, {}};
+    }
+    Answer watch(const std::string &, RegistryEvent, EventHandler) override { return {}; }
+};
+
+/// Volumes never change.
+class NullVolumeEvents final : public VolumeEvents
+{
+public:
+    void subscribe(std::function<void(VolumeChange)>) override {}
+};
+
+/// No desktop is there to do anything.
+class NullWorkspace final : public Workspace
+{
+public:
+    void openPage(const std::string &) override {}
+    void notify(const std::string &, const std::string &) override {}
+    std::shared_ptr<void> holdOffSleep(const std::string &) override { return nullptr; }
+};
+
+} // namespace orvana::platform

@@ -1,0 +1,110 @@
+#include "platform/posix/PosixFile.h"
+
+#include "platform/posix/StatAttributes.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace orvana::platform::posix
+{
+
+namespace
+{
+
+// The one loop that knows short counts and interruptions. `transfer` moves bytes from the given position on
+// and returns their count, 0 at the end, or -1 with errno.
+template <class Transfer>
+Expected<std::size_t> transferAll(std::size_t size, Transfer transfer)
+{
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t count = transfer(done);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return failure(errno);
+        if (count == 0)
+            break;
+        done += static_cast<std::size_t>(count);
+    }
+    return done;
+}
+
+bool rangesAreUnknown(int code)
+{
+    return code == ENOSYS || code == EINVAL || code == ESPIPE || code == EOPNOTSUPP;
+}
+
+} // namespace
+
+Expected<Attributes> PosixFile::attributes() const
+{
+    struct stat status{};
+    if (::fstat(m_descriptor.number(), &status) != 0)
+        return failure(errno);
+    return attributesOf(status);
+}
+
+Expected<std::size_t> PosixFile::read(std::span<std::byte> into, std::uint64_t offset)
+{
+    return transferAll(into.size(), [&](std::size_t done) {
+        return ::pread(m_descriptor.number(), into.data() + done, into.size() - done,
+                       static_cast<off_t>(offset + done));
+    });
+}
+
+void PosixFile::willRead(std::uint64_t offset, std::uint64_t length)
+{
+    ::posix_fadvise(m_descriptor.number(), static_cast<off_t>(offset), static_cast<off_t>(length),
+                    POSIX_FADV_WILLNEED);
+}
+
+Expected<void> PosixFile::write(std::span<const std::byte> bytes, std::uint64_t offset)
+{
+    const auto written = transferAll(bytes.size(), [&](std::size_t done) {
+        return ::pwrite(m_descriptor.number(), bytes.data() + done, bytes.size() - done,
+                        static_cast<off_t>(offset + done));
+    });
+    if (!written)
+        return tl::unexpected(written.error());
+    if (*written != bytes.size())
+        return failure(ENOSPC);
+    return {};
+}
+
+Expected<void> PosixFile::startWriteOut(std::uint64_t offset, std::uint64_t length)
+{
+    if (::sync_file_range(m_descriptor.number(), static_cast<off_t>(offset), static_cast<off_t>(length),
+                          SYNC_FILE_RANGE_WRITE) != 0 &&
+        !rangesAreUnknown(errno))
+        return failure(errno);
+    return {};
+}
+
+Expected<void> PosixFile::finishWriteOut(std::uint64_t offset, std::uint64_t length)
+{
+    constexpr unsigned all = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+    if (::sync_file_range(m_descriptor.number(), static_cast<off_t>(offset), static_cast<off_t>(length),
+                          all) == 0)
+        return {};
+    if (!rangesAreUnknown(errno) || ::fdatasync(m_descriptor.number()) != 0)
+        return failure(errno);
+    return {};
+}
+
+void PosixFile::dropCached(std::uint64_t offset, std::uint64_t length)
+{
+    ::posix_fadvise(m_descriptor.number(), static_cast<off_t>(offset), static_cast<off_t>(length),
+                    POSIX_FADV_DONTNEED);
+}
+
+Expected<void> PosixFile::close()
+{
+    // The number is free again even when the file system answers with an error.
+    if (m_descriptor.isOpen() && ::close(m_descriptor.release()) != 0 && errno != EINTR)
+        return failure(errno);
+    return {};
+}
+
+} // namespace orvana::platform::posix

@@ -1,0 +1,209 @@
+#include "platform/posix/PosixFolder.h"
+
+#include "platform/posix/FinderInfo.h"
+#include "platform/posix/PathOpener.h"
+#include "platform/posix/PosixFile.h"
+#include "platform/posix/StatAttributes.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <dirent.h>
+#include <fcntl.h>
+#include <linux/magic.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+namespace orvana::platform::posix
+{
+
+namespace
+{
+
+struct CloseListing
+{
+    void operator()(DIR *listing) const { ::closedir(listing); }
+};
+
+std::string pathThroughDescriptor(int at, const std::string &name)
+{
+    return at == AT_FDCWD ? name : "/proc/self/fd/" + std::to_string(at) + "/" + name;
+}
+
+Expected<Attributes> attributesAt(int at, const std::string &name, Links links, Want want)
+{
+    struct stat status{};
+    if (::fstatat(at, name.c_str(), &status, links == Links::Follow ? 0 : AT_SYMLINK_NOFOLLOW) != 0)
+        return failure(errno);
+    Attributes attributes = attributesOf(status);
+    if (want == Want::HiddenExtension)
+        attributes.hiddenExtension =
+            hasHiddenExtension(name.front() == '/' ? name.c_str() : pathThroughDescriptor(at, name).c_str());
+    return attributes;
+}
+
+// Only memory stands behind these, or another file system or machine that keeps a cache of its own.
+bool readsBackFromDisk(long type)
+{
+    constexpr long others[] = {TMPFS_MAGIC,     RAMFS_MAGIC,      FUSE_SUPER_MAGIC, OVERLAYFS_SUPER_MAGIC,
+                               NFS_SUPER_MAGIC, CIFS_SUPER_MAGIC, SMB2_SUPER_MAGIC, V9FS_MAGIC};
+    return std::find(std::begin(others), std::end(others), type) == std::end(others);
+}
+
+bool isMountRoot(int number)
+{
+    struct statx status{};
+    return ::statx(number, "", AT_EMPTY_PATH, 0, &status) == 0 &&
+           (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+}
+
+} // namespace
+
+Expected<Attributes> PosixFolder::attributesFollowing(std::string_view path) const
+{
+    const auto opened = openPath(m_number, path, O_PATH, 0, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    struct stat status{};
+    if (::fstat(opened->number(), &status) != 0)
+        return failure(errno);
+    return attributesOf(status);
+}
+
+Expected<Attributes> PosixFolder::attributes(std::string_view path, Links links, Want want) const
+{
+    if (path.empty())
+        path = ".";
+    if (m_reach == Reach::Anywhere && path.size() < PATH_MAX)
+        return attributesAt(m_number, std::string(path), links, want);
+    if (links == Links::Follow)
+        return attributesFollowing(path);
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    return attributesAt(entry->at, entry->name, links, want);
+}
+
+Expected<NameList> PosixFolder::list(std::string_view path) const
+{
+    auto opened = openPath(m_number, path, O_RDONLY | O_DIRECTORY | O_NONBLOCK, 0, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    const std::unique_ptr<DIR, CloseListing> listing(::fdopendir(opened->number()));
+    if (!listing)
+        return failure(errno);
+    opened->release();
+    NameList names;
+    errno = 0;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the listing belongs to this call alone.
+    while (const dirent *entry = ::readdir(listing.get())) {
+        const std::string_view name(entry->d_name);
+        if (name != "." && name != "..")
+            names.add(name);
+    }
+    if (errno != 0)
+        return failure(errno);
+    return names;
+}
+
+Expected<std::unique_ptr<Folder>> PosixFolder::openFolder(std::string_view path) const
+{
+    auto opened = openPath(m_number, path, O_RDONLY | O_DIRECTORY, 0, m_reach);
+    // A folder that may be written but not listed is good enough to work beneath.
+    if (!opened && opened.error().code == EACCES)
+        opened = openPath(m_number, path, O_PATH | O_DIRECTORY, 0, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    const int number = opened->number();
+    return std::make_unique<PosixFolder>(std::move(*opened), number, m_reach, m_defaults);
+}
+
+Expected<std::unique_ptr<File>> PosixFolder::openFile(std::string_view path, Access access) const
+{
+    const int mode = access == Access::Read ? O_RDONLY : O_WRONLY;
+    // Without waiting: a pipe without a partner would hold up the run for ever.
+    auto opened = openPath(m_number, path, mode | O_NONBLOCK | O_NOCTTY, 0, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    struct stat status{};
+    if (::fstat(opened->number(), &status) != 0)
+        return failure(errno);
+    if (!S_ISREG(status.st_mode))
+        return failure(FileProblem::NotAFile);
+    return std::make_unique<PosixFile>(std::move(*opened));
+}
+
+Expected<std::unique_ptr<File>> PosixFolder::createFile(std::string_view path, const Attributes &like) const
+{
+    const unsigned mode = newFileMode(like, m_defaults);
+    auto opened = openPath(m_number, path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_NONBLOCK,
+                           mode & 0777U, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    applyAttributes(opened->number(), like, mode, m_defaults);
+    return std::make_unique<PosixFile>(std::move(*opened));
+}
+
+Expected<void> PosixFolder::makeFolder(std::string_view path, const Attributes &like) const
+{
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    const unsigned mode = newFolderMode(like, m_defaults) | OwnerRights;
+    if (::mkdirat(entry->at, entry->name.c_str(), mode & 0777U) != 0)
+        return failure(errno);
+    const auto made = openPath(entry->at, entry->name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW, 0, m_reach);
+    if (!made)
+        return tl::unexpected(made.error());
+    applyAttributes(made->number(), like, mode, m_defaults);
+    return {};
+}
+
+Expected<void> PosixFolder::protectFolder(std::string_view path, const Attributes &like) const
+{
+    const unsigned mode = newFolderMode(like, m_defaults);
+    if ((mode | OwnerRights) == mode)
+        return {};
+    const auto opened = openPath(m_number, path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW, 0, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    struct stat status{};
+    // Only what the making added is taken away: the file system may have refused the rest.
+    if (::fstat(opened->number(), &status) != 0 || ::fchmod(opened->number(), status.st_mode & mode) != 0)
+        return failure(errno);
+    return {};
+}
+
+Expected<void> PosixFolder::syncVolume()
+{
+    if (::syncfs(m_number) != 0)
+        return failure(errno);
+    return {};
+}
+
+VolumeTraits PosixFolder::traits() const
+{
+    VolumeTraits traits;
+    struct stat status{};
+    if (::fstat(m_number, &status) == 0)
+        traits.device = status.st_dev;
+    struct statfs system{};
+    if (::fstatfs(m_number, &system) == 0) {
+        traits.readsBackFromDisk = readsBackFromDisk(system.f_type);
+        traits.writesOutInBackground = system.f_type != TMPFS_MAGIC && system.f_type != RAMFS_MAGIC;
+    }
+    traits.isMountRoot = isMountRoot(m_number);
+    return traits;
+}
+
+Expected<std::uint64_t> PosixFolder::freeBytes() const
+{
+    struct statvfs system{};
+    if (::fstatvfs(m_number, &system) != 0)
+        return failure(errno);
+    return std::uint64_t{system.f_bavail} * system.f_frsize;
+}
+
+} // namespace orvana::platform::posix

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The simulated machine as its file describes it. The fields are explained in docs/simulator-file.md.
+namespace orvana::platform::simulator
+{
+
+/// Content that a volume is given when it is first made.
+struct Content
+{
+    std::string path;        ///< relative to the volume; a name for a folder of files when `files` > 1
+    std::uint64_t bytes = 0; ///< of all files together
+    int files = 1;
+};
+
+struct Volume
+{
+    std::string name;
+    bool isStartup = false; ///< mounted at "/", and holds the user's home
+    bool isMounted = true;
+    std::int64_t capacity = 0; ///< bytes
+    std::vector<Content> content;
+    std::map<std::string, std::int64_t> faults; ///< switches of `VolumeFaults`, by their name
+    std::string where;                          ///< JSON pointer of the entry in the file
+};
+
+enum class DiskKind { Bay, Internal, Usb, FireWire };
+
+struct Disk
+{
+    DiskKind kind = DiskKind::Bay;
+    std::string bay;                    ///< "A" to "D" in an enclosure
+    std::optional<std::int64_t> bridge; ///< another PCI bridge than the bay's own
+    std::optional<std::string> model;   ///< SATA disks
+    std::optional<std::string> serial;  ///< SATA disks
+    std::optional<std::string> vendor;  ///< USB and FireWire disks
+    std::optional<std::string> product; ///< USB and FireWire disks
+    std::string location = "External";  ///< USB and FireWire disks
+    std::int64_t size = 0;              ///< bytes
+    std::optional<std::string> image;   ///< bays: the file that holds the disk's bytes
+    bool isFormatted = true;
+    bool isRaid = false;
+    bool isAttached = true;
+    std::vector<Volume> volumes;
+    std::string where;
+};
+
+struct Enclosure
+{
+    std::string name;
+    std::string vendorName;
+    std::int64_t vendor = 65;
+    std::int64_t model = 567;
+    std::int64_t uid = 0;
+    std::int64_t depth = 1;
+    std::int64_t route = 1;
+    std::string controller = "612"; ///< or "625", with two ports
+    bool isAttached = true;
+    std::vector<Disk> bays;
+    std::string where;
+};
+
+struct Machine
+{
+    std::string login;
+    std::vector<Disk> disks; ///< internal, USB and FireWire, in this order
+    std::vector<Enclosure> enclosures;
+    std::map<std::string, std::int64_t> delays; ///< milliseconds, by command
+    std::vector<std::string> failing;           ///< bays and commands that fail, like "eraseDisk B"
+};
+
+} // namespace orvana::platform::simulator

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "foundation/PathJson.h"
+#include "platform/simulator/Machine.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <tl/expected.hpp>
+
+namespace orvana::platform::simulator
+{
+
+/// A file that was read: its text as JSON, and the machine that it describes.
+struct MachineFile
+{
+    std::shared_ptr<Json> json;
+    Machine machine;
+};
+
+/// Reads the description. The error names the entry by its path and says what is wrong with it; nothing of a
+/// wrong file is used.
+tl::expected<MachineFile, std::string> readMachine(std::string_view text);
+
+} // namespace orvana::platform::simulator

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/RegistryTree.h"
+#include "platform/simulator/Machine.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace orvana::platform::simulator
+{
+
+/// Gives the number of a disk's device node ("disk3"), by the entry's place in the file.
+using DiskNumbers = std::function<int(const std::string &where)>;
+
+/// The hardware registry of the machine: what is attached, with the classes, names, paths and properties of a
+/// real one.
+std::shared_ptr<RegistryNode> makeTree(const Machine &machine, const DiskNumbers &numbers);
+
+/// A mounted volume and its device node.
+struct MountedVolume
+{
+    const Disk *disk;
+    const Volume *volume;
+    std::string device; ///< "/dev/disk3s1"
+};
+
+/// The mounted volumes of all attached disks. They point into `machine`.
+std::vector<MountedVolume> mountedVolumes(const Machine &machine, const DiskNumbers &numbers);
+
+} // namespace orvana::platform::simulator

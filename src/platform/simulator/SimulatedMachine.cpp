@@ -1,0 +1,313 @@
+#include "platform/simulator/SimulatedMachine.h"
+
+#include "foundation/DisplayPath.h"
+#include "foundation/SystemLog.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fcntl.h>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+
+namespace orvana::platform::simulator
+{
+
+namespace
+{
+
+std::optional<std::string> textOfFile(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// Keeps other processes from changing the file meanwhile.
+class FileLock
+{
+public:
+    explicit FileLock(const std::string &file)
+        : m_number(::open((file + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644))
+    {
+        ::flock(m_number, LOCK_EX);
+    }
+    ~FileLock() { ::close(m_number); }
+    FileLock(const FileLock &) = delete;
+    FileLock &operator=(const FileLock &) = delete;
+
+private:
+    int m_number;
+};
+
+Json &entryAt(Json &json, const std::string &where)
+{
+    return json.at(Json::json_pointer(where));
+}
+
+template <class Visit>
+void visitAllDisks(const Machine &machine, Visit visit)
+{
+    for (const auto &disk : machine.disks)
+        visit(disk, disk.isAttached);
+    for (const auto &enclosure : machine.enclosures) {
+        for (const auto &disk : enclosure.bays)
+            visit(disk, enclosure.isAttached && disk.isAttached);
+    }
+}
+
+std::optional<std::string> placeOfTarget(const Machine &machine, const std::string &target)
+{
+    const auto slash = target.find('/');
+    const auto first = target.substr(0, slash);
+    if (first == "internal" || first == "usb" || first == "fireWire") {
+        if (slash == std::string::npos)
+            return std::nullopt;
+        const auto where = "/" + first + "Disks/" + std::to_string(std::atoi(target.c_str() + slash + 1) - 1);
+        const auto found = std::find_if(machine.disks.begin(), machine.disks.end(),
+                                        [&](const Disk &disk) { return disk.where == where; });
+        return found == machine.disks.end() ? std::nullopt : std::optional(where);
+    }
+    const auto number = static_cast<std::size_t>(std::max(0, std::atoi(first.c_str())));
+    if (number < 1 || number > machine.enclosures.size())
+        return std::nullopt;
+    const auto &enclosure = machine.enclosures[number - 1];
+    if (slash == std::string::npos)
+        return enclosure.where;
+    for (const auto &disk : enclosure.bays) {
+        if (disk.bay == target.substr(slash + 1))
+            return disk.where;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> placeOfVolume(const Machine &machine, const std::string &name)
+{
+    std::optional<std::string> where;
+    visitAllDisks(machine, [&](const Disk &disk, bool) {
+        for (const auto &volume : disk.volumes) {
+            if (volume.name == name && !where)
+                where = volume.where;
+        }
+    });
+    return where;
+}
+
+CommandLauncher::Result failed(const std::string &text)
+{
+    return {text + "\n", 1};
+}
+
+} // namespace
+
+tl::expected<std::unique_ptr<SimulatedMachine>, std::string> SimulatedMachine::open(const std::string &file)
+{
+    auto text = textOfFile(file);
+    if (!text)
+        return tl::unexpected(displayPath(file) + ": cannot be read");
+    auto content = readMachine(*text);
+    if (!content)
+        return tl::unexpected(displayPath(file) + ": " + content.error());
+    return std::unique_ptr<SimulatedMachine>(
+        new SimulatedMachine(file, std::move(*content), std::move(*text)));
+}
+
+SimulatedMachine::SimulatedMachine(std::string file, MachineFile content, std::string text)
+    : m_file(std::move(file)), m_text(std::move(text)), m_volumes(m_file + ".volumes")
+{
+    apply(std::move(content));
+}
+
+int SimulatedMachine::numberOf(const std::string &where)
+{
+    const auto [found, isNew] = m_numbers.try_emplace(where, m_nextNumber);
+    if (isNew)
+        ++m_nextNumber;
+    return found->second;
+}
+
+// A disk that comes back gets a new number: what was bound to the old one must not reach it.
+void SimulatedMachine::forgetNumbersOfDetached()
+{
+    std::set<std::string> attached;
+    visitAllDisks(m_machine, [&](const Disk &disk, bool isAttached) {
+        if (isAttached)
+            attached.insert(disk.where);
+    });
+    std::erase_if(m_numbers, [&](const auto &entry) { return !attached.contains(entry.first); });
+}
+
+void SimulatedMachine::apply(MachineFile content)
+{
+    m_json = std::move(content.json);
+    m_machine = std::move(content.machine);
+    m_volumes.agreeWith(m_machine);
+    forgetNumbersOfDetached();
+    m_tree = makeTree(m_machine, [this](const std::string &where) { return numberOf(where); });
+}
+
+bool SimulatedMachine::refresh()
+{
+    auto text = textOfFile(m_file);
+    if (!text || *text == m_text || *text == m_rejected)
+        return false;
+    auto content = readMachine(*text);
+    if (!content) {
+        systemLog(displayPath(m_file) + ": " + content.error() + "; the last good state stays");
+        m_rejected = std::move(*text);
+        return false;
+    }
+    m_text = std::move(*text);
+    apply(std::move(*content));
+    return true;
+}
+
+SimulatedMachine::Outcome SimulatedMachine::change(const std::function<void(Json &)> &edit,
+                                                   const std::function<void()> &onceAccepted)
+{
+    const FileLock lock(m_file);
+    refresh();
+    Json next = *m_json;
+    edit(next);
+    auto text = next.dump(2) + "\n";
+    auto content = readMachine(text);
+    if (!content)
+        return tl::unexpected(content.error());
+    const auto unfinished = m_file + "." + std::to_string(::getpid()) + ".part";
+    std::ofstream(unfinished, std::ios::binary) << text;
+    if (::rename(unfinished.c_str(), m_file.c_str()) != 0)
+        return tl::unexpected(displayPath(m_file) + ": cannot be written");
+    m_text = std::move(text);
+    onceAccepted();
+    apply(std::move(*content));
+    return {};
+}
+
+std::map<std::string, std::int64_t> SimulatedMachine::freeBytes() const
+{
+    std::map<std::string, std::int64_t> free;
+    visitAllDisks(m_machine, [&](const Disk &disk, bool) {
+        for (const auto &volume : disk.volumes) {
+            if (const auto point = m_volumes.mountPoint(volume))
+                free[*point] = m_volumes.space(m_machine, disk, volume).free;
+        }
+    });
+    return free;
+}
+
+std::string SimulatedMachine::diskFree() const
+{
+    delay("df");
+    std::ostringstream listing;
+    listing << "Filesystem 512-blocks Used Available Capacity iused ifree %iused Mounted on\n";
+    auto numbers = m_numbers;
+    const auto numberAt = [&](const std::string &where) { return numbers.at(where); };
+    for (const auto &[disk, volume, device] : mountedVolumes(m_machine, numberAt)) {
+        const auto point = m_volumes.mountPoint(*volume);
+        if (!point)
+            continue;
+        const auto [capacity, free] = m_volumes.space(m_machine, *disk, *volume);
+        const auto blocks = capacity / 512;
+        const auto available = free / 512;
+        listing << device << ' ' << blocks << ' ' << blocks - available << ' ' << available << ' '
+                << (blocks > 0 ? 100 * (blocks - available) / blocks : 0) << "% 0 0 0% " << *point << '\n';
+    }
+    return listing.str();
+}
+
+const Disk *SimulatedMachine::diskAt(const std::string &device) const
+{
+    const Disk *found = nullptr;
+    visitAllDisks(m_machine, [&](const Disk &disk, bool isAttached) {
+        const auto number = m_numbers.find(disk.where);
+        if (isAttached && number != m_numbers.end() && "/dev/disk" + std::to_string(number->second) == device)
+            found = &disk;
+    });
+    return found;
+}
+
+bool SimulatedMachine::fails(const std::string &command, const Disk &disk) const
+{
+    const auto &list = m_machine.failing;
+    return std::find(list.begin(), list.end(), command) != list.end() ||
+           std::find(list.begin(), list.end(), command + " " + disk.bay) != list.end();
+}
+
+void SimulatedMachine::delay(const std::string &command) const
+{
+    if (const auto found = m_machine.delays.find(command); found != m_machine.delays.end())
+        std::this_thread::sleep_for(std::chrono::milliseconds(found->second));
+}
+
+CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, const std::string &device)
+{
+    delay("eraseDisk");
+    const auto *disk = diskAt(device);
+    if (!disk)
+        return failed("Unable to find disk for " + device);
+    if (fails("eraseDisk", *disk))
+        return failed("Error: the disk could not be erased");
+    const auto where = disk->where;
+    const auto capacity = disk->volumes.empty() ? disk->size : disk->volumes.front().capacity;
+    const auto old = *disk;
+    const auto edit = [&](Json &json) {
+        auto &entry = entryAt(json, where);
+        entry["formatted"] = true;
+        entry.erase("raid");
+        entry["volumes"] = Json::array({Json{{"name", name}, {"capacity", capacity}}});
+    };
+    const auto changed = change(edit, [&] {
+        for (const auto &volume : old.volumes)
+            m_volumes.remove(old, volume);
+    });
+    return changed ? CommandLauncher::Result{"Finished erase on " + device + "\n", 0}
+                   : failed(changed.error());
+}
+
+CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
+{
+    delay("eject");
+    const auto *disk = diskAt(device);
+    if (!disk)
+        return failed("Unable to find disk for " + device);
+    if (fails("eject", *disk))
+        return failed("Error: the disk is in use");
+    const auto where = disk->where;
+    const auto changed = change([&](Json &json) { entryAt(json, where)["attached"] = false; });
+    return changed ? CommandLauncher::Result{"Disk " + device + " ejected\n", 0} : failed(changed.error());
+}
+
+SimulatedMachine::Outcome SimulatedMachine::setAttached(const std::string &target, bool isAttached)
+{
+    const auto where = placeOfTarget(m_machine, target);
+    if (!where)
+        return tl::unexpected(displayPath(target) + ": no such device");
+    return change([&](Json &json) { entryAt(json, *where)["attached"] = isAttached; });
+}
+
+SimulatedMachine::Outcome SimulatedMachine::setMounted(const std::string &volume, bool isMounted)
+{
+    const auto where = placeOfVolume(m_machine, volume);
+    if (!where)
+        return tl::unexpected(displayPath(volume) + ": no such volume");
+    return change([&](Json &json) { entryAt(json, *where)["mounted"] = isMounted; });
+}
+
+SimulatedMachine::Outcome SimulatedMachine::renameVolume(const std::string &volume,
+                                                         const std::string &newName)
+{
+    const auto where = placeOfVolume(m_machine, volume);
+    if (!where)
+        return tl::unexpected(displayPath(volume) + ": no such volume");
+    return change([&](Json &json) { entryAt(json, *where)["name"] = newName; });
+}
+
+} // namespace orvana::platform::simulator

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/CommandLauncher.h"
+#include "platform/simulator/MachineReader.h"
+#include "platform/simulator/MachineTree.h"
+#include "platform/simulator/SimulatedVolumes.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <tl/expected.hpp>
+
+namespace orvana::platform::simulator
+{
+
+/// The simulated machine: a file that describes it, and folders that are its volumes.
+///
+/// The file is the state. Whoever changes the machine rewrites it whole; an edit from outside changes the
+/// machine at the next `refresh`. Used on one thread; several processes may share a file.
+class SimulatedMachine
+{
+public:
+    using Outcome = tl::expected<void, std::string>;
+
+    /// Opens the machine of `file`; its volumes lie in "<file>.volumes". The error names file, entry and
+    /// reason.
+    static tl::expected<std::unique_ptr<SimulatedMachine>, std::string> open(const std::string &file);
+
+    const Machine &machine() const { return m_machine; }
+    const SimulatedVolumes &volumes() const { return m_volumes; }
+    /// The file's text.
+    const std::string &text() const { return m_text; }
+    const std::shared_ptr<RegistryNode> &tree() const { return m_tree; }
+
+    /// Takes up an edit of the file; true when the machine changed by it. A wrong edit goes to the system
+    /// log, once, and the last good state stays.
+    bool refresh();
+
+    /// The listing of mounted volumes, as "/bin/df" prints it.
+    std::string diskFree() const;
+
+    /// Mounted volumes by mount point, with the bytes still free.
+    std::map<std::string, std::int64_t> freeBytes() const;
+
+    /// What "/usr/sbin/diskutil" is asked to do.
+    CommandLauncher::Result eraseDisk(const std::string &name, const std::string &device);
+    CommandLauncher::Result eject(const std::string &device);
+
+    // The levers. A target is an enclosure's number ("1"), a bay ("1/B"), or another disk ("internal/1",
+    // "usb/1", "fireWire/1"); a volume is named by its label.
+    Outcome setAttached(const std::string &target, bool isAttached);
+    Outcome setMounted(const std::string &volume, bool isMounted);
+    Outcome renameVolume(const std::string &volume, const std::string &newName);
+
+private:
+    SimulatedMachine(std::string file, MachineFile content, std::string text);
+
+    int numberOf(const std::string &where);
+    void apply(MachineFile content);
+    Outcome
+    change(const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
+    void forgetNumbersOfDetached();
+    const Disk *diskAt(const std::string &device) const;
+    bool fails(const std::string &command, const Disk &disk) const;
+    void delay(const std::string &command) const;
+
+    std::string m_file;
+    std::string m_text;
+    std::string m_rejected;
+    std::shared_ptr<Json> m_json;
+    Machine m_machine;
+    SimulatedVolumes m_volumes;
+    std::map<std::string, int> m_numbers;
+    int m_nextNumber = 0;
+    std::shared_ptr<RegistryNode> m_tree;
+};
+
+} // namespace orvana::platform::simulator

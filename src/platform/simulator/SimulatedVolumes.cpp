@@ -1,0 +1,236 @@
+#include "platform/simulator/SimulatedVolumes.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace orvana::platform::simulator
+{
+
+namespace
+{
+
+constexpr std::size_t LargestPiece = 65'536;
+
+std::string keyOf(const Volume &volume)
+{
+    std::string key = volume.where;
+    std::replace(key.begin(), key.end(), '/', '-');
+    return key;
+}
+
+// Bytes that look like data and are the same every time.
+void writeFile(const fs::path &path, std::uint64_t bytes, std::uint32_t seed)
+{
+    fs::create_directories(path.parent_path());
+    std::ofstream file(path, std::ios::binary);
+    std::string piece;
+    for (std::uint64_t done = 0; done < bytes; done += piece.size()) {
+        piece.resize(std::min<std::uint64_t>(bytes - done, LargestPiece));
+        for (auto &byte : piece) {
+            seed = seed * 1664525U + 1013904223U;
+            byte = static_cast<char>(seed >> 24U);
+        }
+        file << piece;
+    }
+}
+
+void fill(const std::string &folder, const Content &content)
+{
+    const auto path = fs::path(folder) / content.path;
+    if (content.files == 1) {
+        writeFile(path, content.bytes, 1);
+        return;
+    }
+    // Forty files a folder, with sizes that differ and add up.
+    const auto count = static_cast<std::uint64_t>(content.files);
+    const auto share = 2 * content.bytes / (count * (count + 1));
+    std::uint64_t left = content.bytes;
+    for (std::uint64_t i = 1; i <= count; ++i) {
+        const auto size = i == count ? left : share * i;
+        left -= size;
+        const auto name = "File " + std::to_string(i) + ".dat";
+        writeFile(path / ("Folder " + std::to_string((i - 1) / 40 + 1)) / name, size,
+                  static_cast<std::uint32_t>(i));
+    }
+}
+
+std::uint64_t bytesBelow(const std::string &folder)
+{
+    std::uint64_t bytes = 0;
+    std::error_code error;
+    for (fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error),
+         end;
+         !error && entry != end; entry.increment(error)) {
+        std::error_code gone;
+        if (entry->is_regular_file(gone) && !entry->is_symlink(gone))
+            bytes += entry->file_size(gone);
+    }
+    return bytes;
+}
+
+// The label itself, or the label with a number behind it.
+bool isNameFor(const std::string &folder, const std::string &label)
+{
+    if (!folder.starts_with(label))
+        return false;
+    const auto rest = folder.substr(label.size());
+    return rest.empty() || (rest.size() > 1 && rest[0] == ' ' &&
+                            rest.find_first_not_of("0123456789", 1) == std::string::npos);
+}
+
+template <class Visit>
+void visitVolumes(const Machine &machine, Visit visit)
+{
+    for (const auto &disk : machine.disks) {
+        for (const auto &volume : disk.volumes)
+            visit(disk, volume, disk.isAttached);
+    }
+    for (const auto &enclosure : machine.enclosures) {
+        for (const auto &disk : enclosure.bays) {
+            for (const auto &volume : disk.volumes)
+                visit(disk, volume, enclosure.isAttached && disk.isAttached && !disk.isRaid);
+        }
+    }
+}
+
+} // namespace
+
+SimulatedVolumes::SimulatedVolumes(std::string root) : m_root(std::move(root))
+{
+    for (const char *folder : {"/Volumes", "/Store", "/Users", "/Mounted"})
+        fs::create_directories(m_root + folder);
+    // Each file in "Mounted" is named after a volume's key and holds the name under "Volumes".
+    for (const auto &entry : fs::directory_iterator(m_root + "/Mounted")) {
+        std::ifstream file(entry.path());
+        std::string name;
+        if (std::getline(file, name) && fs::is_directory(m_root + "/Volumes/" + name))
+            m_mounted[entry.path().filename().native()] = name;
+    }
+}
+
+std::string SimulatedVolumes::placeOf(const Volume &volume) const
+{
+    const auto found = m_mounted.find(keyOf(volume));
+    return found == m_mounted.end() ? m_root + "/Store/" + keyOf(volume)
+                                    : m_root + "/Volumes/" + found->second;
+}
+
+std::string SimulatedVolumes::freeName(const std::string &wanted) const
+{
+    auto name = wanted;
+    for (int number = 1; fs::exists(m_root + "/Volumes/" + name); ++number)
+        name = wanted + " " + std::to_string(number);
+    return name;
+}
+
+void SimulatedVolumes::prepare(const Machine &machine, const Volume &volume)
+{
+    const auto folder = volume.isStartup ? homeFolder(machine.login) : placeOf(volume);
+    if (fs::exists(folder))
+        return;
+    fs::create_directories(folder);
+    if (volume.isStartup)
+        fs::create_directories(folder + "/Documents");
+    for (const auto &content : volume.content)
+        fill(folder, content);
+}
+
+// An image's path is taken from the folder that the machine's file stands in.
+std::optional<ImageDisk> SimulatedVolumes::imageOf(const Disk &disk) const
+{
+    if (!disk.image)
+        return std::nullopt;
+    return ImageDisk((fs::path(m_root).parent_path() / *disk.image).native(),
+                     static_cast<std::uint64_t>(disk.size));
+}
+
+void SimulatedVolumes::mount(const Disk &disk, const Volume &volume)
+{
+    const auto key = keyOf(volume);
+    const auto name = freeName(volume.name);
+    const auto folder = m_root + "/Volumes/" + name;
+    if (const auto image = imageOf(disk)) {
+        if (!image->mount(folder, volume.name))
+            return;
+        if (fs::is_empty(folder) || std::distance(fs::directory_iterator(folder), {}) == 1) {
+            for (const auto &content : volume.content)
+                fill(folder, content);
+        }
+    } else {
+        fs::rename(m_root + "/Store/" + key, folder);
+    }
+    std::ofstream(m_root + "/Mounted/" + key) << name << '\n';
+    m_mounted[key] = name;
+}
+
+void SimulatedVolumes::unmount(const Disk &disk, const Volume &volume)
+{
+    const auto key = keyOf(volume);
+    const auto folder = m_root + "/Volumes/" + m_mounted[key];
+    std::error_code error;
+    if (const auto image = imageOf(disk))
+        image->unmount(folder);
+    else
+        fs::rename(folder, m_root + "/Store/" + key, error);
+    fs::remove(m_root + "/Mounted/" + key, error);
+    m_mounted.erase(key);
+}
+
+void SimulatedVolumes::agreeWith(const Machine &machine)
+{
+    // First what goes, so that its names are free for what comes.
+    visitVolumes(machine, [&](const Disk &disk, const Volume &volume, bool isThere) {
+        const auto found = m_mounted.find(keyOf(volume));
+        if (found == m_mounted.end())
+            return;
+        if (!isThere || !volume.isMounted || !isNameFor(found->second, volume.name))
+            unmount(disk, volume);
+    });
+    visitVolumes(machine, [&](const Disk &disk, const Volume &volume, bool isThere) {
+        if (!isThere || !volume.isMounted)
+            return;
+        if (!disk.image)
+            prepare(machine, volume);
+        if (!volume.isStartup && !m_mounted.contains(keyOf(volume)))
+            mount(disk, volume);
+    });
+}
+
+void SimulatedVolumes::remove(const Disk &disk, const Volume &volume)
+{
+    if (const auto image = imageOf(disk)) {
+        if (m_mounted.contains(keyOf(volume)))
+            unmount(disk, volume);
+        image->wipe();
+        return;
+    }
+    fs::remove_all(placeOf(volume));
+    fs::remove(m_root + "/Mounted/" + keyOf(volume));
+    m_mounted.erase(keyOf(volume));
+}
+
+std::optional<std::string> SimulatedVolumes::mountPoint(const Volume &volume) const
+{
+    if (volume.isStartup)
+        return "/";
+    const auto found = m_mounted.find(keyOf(volume));
+    return found == m_mounted.end() ? std::nullopt : std::optional(m_root + "/Volumes/" + found->second);
+}
+
+SimulatedVolumes::Space SimulatedVolumes::space(const Machine &machine, const Disk &disk,
+                                                const Volume &volume) const
+{
+    if (disk.image && m_mounted.contains(keyOf(volume))) {
+        std::error_code error;
+        const auto info = fs::space(placeOf(volume), error);
+        if (!error)
+            return {static_cast<std::int64_t>(info.capacity), static_cast<std::int64_t>(info.available)};
+    }
+    const auto used = bytesBelow(volume.isStartup ? homeFolder(machine.login) : placeOf(volume));
+    return {volume.capacity, std::max<std::int64_t>(0, volume.capacity - static_cast<std::int64_t>(used))};
+}
+
+} // namespace orvana::platform::simulator

@@ -1,0 +1,330 @@
+#include "platform/simulator/SimulatorHost.h"
+
+#include "foundation/MainQueue.h"
+#include "foundation/SystemLog.h"
+
+#include <algorithm>
+
+namespace orvana::platform::simulator
+{
+
+namespace
+{
+
+constexpr std::chrono::milliseconds BetweenLooks{100};
+
+void setFaults(VolumeFaults &faults, const std::map<std::string, std::int64_t> &wanted)
+{
+    const auto number = [&](const char *name, std::int64_t off) {
+        const auto found = wanted.find(name);
+        return found == wanted.end() ? off : found->second;
+    };
+    faults.writeErrorAfter = number("writeErrorAfter", -1);
+    faults.readErrorAfter = number("readErrorAfter", -1);
+    faults.goneAfter = number("goneAfter", -1);
+    faults.delayMilliseconds =
+        static_cast<int>(std::min<std::int64_t>(number("delayMilliseconds", 0), 60'000));
+    faults.gone = number("gone", 0) != 0;
+    faults.readOnly = number("readOnly", 0) != 0;
+    faults.writeOutError = number("writeOutError", 0) != 0;
+    faults.syncError = number("syncError", 0) != 0;
+    faults.closeError = number("closeError", 0) != 0;
+}
+
+std::string lastComponent(const std::string &path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+} // namespace
+
+class SimulatorHost::SimulatedAccount final : public Account
+{
+public:
+    explicit SimulatedAccount(const SimulatedMachine &machine) : m_machine(machine) {}
+    std::string loginName() const override { return m_machine.machine().login; }
+    std::string homeFolder() const override { return m_machine.volumes().homeFolder(loginName()); }
+
+private:
+    const SimulatedMachine &m_machine;
+};
+
+class SimulatorHost::SimulatedPlaces final : public Places
+{
+public:
+    explicit SimulatedPlaces(const SimulatedMachine &machine) : m_machine(machine) {}
+
+    std::optional<std::string> volumePath(const std::string &name) const override
+    {
+        std::optional<std::string> found;
+        for (const auto &[point, free] : m_machine.freeBytes()) {
+            if (lastComponent(point) != name)
+                continue;
+            if (found)
+                return std::nullopt;
+            found = point;
+        }
+        return found;
+    }
+
+    std::optional<std::string> userPath(const std::string &login) const override
+    {
+        if (login != m_machine.machine().login)
+            return std::nullopt;
+        return m_machine.volumes().homeFolder(login);
+    }
+
+    bool isVolumeRoot(const Folder &folder) const override
+    {
+        const auto own = folder.attributes(".", Links::Follow, Want::Basics);
+        posix::PosixVolumeFiles files;
+        for (const auto &[point, free] : m_machine.freeBytes()) {
+            const auto root = files.workingFolder().attributes(point, Links::Follow, Want::Basics);
+            if (own && root && own->device == root->device && own->inode == root->inode)
+                return true;
+        }
+        return false;
+    }
+
+private:
+    const SimulatedMachine &m_machine;
+};
+
+class SimulatorHost::SimulatedRegistry final : public HardwareRegistry
+{
+public:
+    explicit SimulatedRegistry(const SimulatedMachine &machine) : m_machine(machine), m_tree(machine.tree())
+    {
+    }
+
+    Answer match(const std::optional<RegistryMatching> &matching) override
+    {
+        if (!matching)
+            return {RegistryBadArgument, {}};
+        Answer answer;
+        m_machine.tree()->collect(*matching, answer.entries);
+        return answer;
+    }
+
+    Answer watch(const std::string &className, RegistryEvent event, EventHandler handler) override
+    {
+        m_watches.push_back({className, event, std::move(handler)});
+        return event == RegistryEvent::Published ? match(RegistryMatching{className, {}}) : Answer{};
+    }
+
+    // Tells each watch what the present tree has and the last one had not, or the reverse.
+    void tellChanges()
+    {
+        const auto before = std::exchange(m_tree, m_machine.tree());
+        if (before == m_tree)
+            return;
+        const auto watches = m_watches;
+        for (const auto &watch : watches) {
+            const bool isPublished = watch.event == RegistryEvent::Published;
+            const auto changed =
+                difference(isPublished ? *m_tree : *before, isPublished ? *before : *m_tree, watch.className);
+            if (!changed.empty())
+                watch.handler(changed);
+        }
+    }
+
+private:
+    struct Watch
+    {
+        std::string className;
+        RegistryEvent event;
+        EventHandler handler;
+    };
+
+    static std::vector<RegistryEntryPtr> difference(const RegistryNode &tree, const RegistryNode &other,
+                                                    const std::string &className)
+    {
+        std::vector<RegistryEntryPtr> entries;
+        std::vector<RegistryEntryPtr> others;
+        tree.collect({className, {}}, entries);
+        other.collect({className, {}}, others);
+        std::set<std::string> known;
+        for (const auto &entry : others)
+            known.insert(entry->path());
+        std::erase_if(entries, [&](const auto &entry) { return known.contains(entry->path()); });
+        return entries;
+    }
+
+    const SimulatedMachine &m_machine;
+    std::shared_ptr<RegistryNode> m_tree;
+    std::vector<Watch> m_watches;
+};
+
+class SimulatorHost::SimulatedEvents final : public VolumeEvents
+{
+public:
+    explicit SimulatedEvents(const SimulatedMachine &machine) : m_machine(machine), m_mounts(mounts()) {}
+
+    void subscribe(std::function<void(VolumeChange)> handler) override
+    {
+        m_handlers.push_back(std::move(handler));
+    }
+
+    void tellChanges()
+    {
+        const auto before = std::exchange(m_mounts, mounts());
+        for (const auto &[where, point] : m_mounts) {
+            const auto found = before.find(where);
+            if (found == before.end())
+                tell(VolumeChange::Mounted);
+            else if (found->second != point)
+                tell(VolumeChange::Renamed);
+        }
+        for (const auto &[where, point] : before) {
+            if (!m_mounts.contains(where))
+                tell(VolumeChange::Unmounted);
+        }
+    }
+
+private:
+    std::map<std::string, std::string> mounts() const
+    {
+        std::map<std::string, std::string> found;
+        const auto note = [&](const Disk &disk) {
+            for (const auto &volume : disk.volumes) {
+                if (const auto point = m_machine.volumes().mountPoint(volume))
+                    found[volume.where] = *point;
+            }
+        };
+        std::for_each(m_machine.machine().disks.begin(), m_machine.machine().disks.end(), note);
+        for (const auto &enclosure : m_machine.machine().enclosures)
+            std::for_each(enclosure.bays.begin(), enclosure.bays.end(), note);
+        return found;
+    }
+
+    void tell(VolumeChange change) const
+    {
+        const auto handlers = m_handlers;
+        for (const auto &handler : handlers)
+            handler(change);
+    }
+
+    const SimulatedMachine &m_machine;
+    std::map<std::string, std::string> m_mounts;
+    std::vector<std::function<void(VolumeChange)>> m_handlers;
+};
+
+class SimulatorHost::SimulatedTools final : public CommandLauncher
+{
+public:
+    SimulatedTools(SimulatedMachine &machine, std::function<void()> onChange)
+        : m_machine(machine), m_onChange(std::move(onChange))
+    {
+    }
+
+    Result run(const std::string &path, const std::vector<std::string> &arguments) override
+    {
+        if (path == "/bin/df")
+            return {m_machine.diskFree(), 0};
+        if (path == "/usr/sbin/diskutil")
+            return changed(diskUtility(arguments));
+        systemLog(path + " cannot be started: not on the simulated machine");
+        return {};
+    }
+
+private:
+    Result diskUtility(const std::vector<std::string> &words)
+    {
+        if (words.size() == 4 && words[0] == "eraseDisk")
+            return m_machine.eraseDisk(words[2], words[3]);
+        if (words.size() == 2 && words[0] == "eject")
+            return m_machine.eject(words[1]);
+        return {"Usage: diskutil eraseDisk FORMAT NAME DEVICE | diskutil eject DEVICE\n", 2};
+    }
+
+    Result changed(Result result)
+    {
+        m_onChange();
+        return result;
+    }
+
+    SimulatedMachine &m_machine;
+    std::function<void()> m_onChange;
+};
+
+SimulatorHost::SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueue *queue)
+    : m_machine(std::move(machine)), m_queue(queue),
+      m_account(std::make_unique<SimulatedAccount>(*m_machine)),
+      m_places(std::make_unique<SimulatedPlaces>(*m_machine)),
+      m_registry(std::make_unique<SimulatedRegistry>(*m_machine)),
+      m_events(std::make_unique<SimulatedEvents>(*m_machine)),
+      m_launcher(std::make_unique<SimulatedTools>(*m_machine, [this] { setUpVolumes(); })),
+      m_self(std::make_shared<SimulatorHost *>(this))
+{
+    setUpVolumes();
+    if (m_queue)
+        lookAgainLater();
+}
+
+SimulatorHost::~SimulatorHost() = default;
+
+Account &SimulatorHost::account()
+{
+    return *m_account;
+}
+
+Places &SimulatorHost::places()
+{
+    return *m_places;
+}
+
+HardwareRegistry &SimulatorHost::registry()
+{
+    return *m_registry;
+}
+
+VolumeEvents &SimulatorHost::volumeEvents()
+{
+    return *m_events;
+}
+
+CommandLauncher &SimulatorHost::launcher()
+{
+    return *m_launcher;
+}
+
+// A volume takes no more than its capacity has left, whatever the disk beneath it has, and fails as its entry
+// says.
+void SimulatorHost::setUpVolumes()
+{
+    const auto setUp = [this](const Disk &disk) {
+        for (const auto &volume : disk.volumes) {
+            const auto point = m_machine->volumes().mountPoint(volume);
+            if (!point || *point == "/")
+                continue;
+            auto &faults = m_files.volume(*point);
+            setFaults(faults, volume.faults);
+            // An image's own file system knows when it is full.
+            faults.capacity =
+                disk.image ? -1 : m_machine->volumes().space(m_machine->machine(), disk, volume).free;
+        }
+    };
+    std::for_each(m_machine->machine().disks.begin(), m_machine->machine().disks.end(), setUp);
+    for (const auto &enclosure : m_machine->machine().enclosures)
+        std::for_each(enclosure.bays.begin(), enclosure.bays.end(), setUp);
+}
+
+void SimulatorHost::lookForChanges()
+{
+    if (m_machine->refresh())
+        setUpVolumes();
+    m_registry->tellChanges();
+    m_events->tellChanges();
+}
+
+void SimulatorHost::lookAgainLater()
+{
+    m_queue->after(BetweenLooks, [weak = std::weak_ptr(m_self)] {
+        if (const auto self = weak.lock()) {
+            (*self)->lookForChanges();
+            (*self)->lookAgainLater();
+        }
+    });
+}
+
+} // namespace orvana::platform::simulator
