@@ -1,0 +1,147 @@
+// The threads beside the copy thread: lanes and pumps.
+
+#include "duplicate/Lanes.h"
+#include "duplicate/WriteOutPump.h"
+
+#include <array>
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace orvana
+{
+
+TEST(Lanes, EveryPieceIsDoneOnceInEveryRound)
+{
+    Lanes lanes(4);
+    for (int round = 0; round < 500; ++round) {
+        std::array<std::atomic<int>, 4> done{};
+        const Lanes::Work work = [&](std::size_t piece) { ++done[piece]; };
+        if (round % 2 == 0) {
+            lanes.share(work, 4, 1);
+        } else {
+            lanes.start(work, 4, 4);
+            lanes.wait();
+        }
+        for (const auto &count : done)
+            ASSERT_EQ(count, 1);
+    }
+}
+
+TEST(Lanes, WithoutHelpersTheCallerDoesAllInOrder)
+{
+    Lanes lanes(3);
+    std::vector<std::size_t> order;
+    lanes.share([&](std::size_t piece) { order.push_back(piece); }, 3, 0);
+    EXPECT_EQ(order, (std::vector<std::size_t>{0, 1, 2}));
+}
+
+namespace
+{
+
+/// A volume whose syncs a test can hold up and let fail.
+struct SyncedVolume final : platform::Folder
+{
+    platform::Expected<void> syncVolume() override
+    {
+        const bool isToFail = fails; // settled before a test can see this sync and change its mind
+        ++syncs;
+        while (isHeld)
+            std::this_thread::yield();
+        if (isToFail)
+            return platform::failure(5);
+        return {};
+    }
+    platform::Expected<platform::Attributes> attributes(std::string_view, platform::Links,
+                                                        platform::Want) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<platform::NameList> list(std::string_view) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<std::unique_ptr<Folder>> openFolder(std::string_view) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<std::unique_ptr<platform::File>> openFile(std::string_view,
+                                                                 platform::Access) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<std::unique_ptr<platform::File>>
+    createFile(std::string_view, const platform::Attributes &) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<void> makeFolder(std::string_view, const platform::Attributes &) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<void> protectFolder(std::string_view, const platform::Attributes &) const override
+    {
+        return platform::failure(5);
+    }
+    platform::VolumeTraits traits() const override { return {}; }
+    platform::Expected<std::uint64_t> freeBytes() const override { return 0; }
+
+    std::atomic<int> syncs{0};
+    std::atomic<bool> isHeld{false};
+    std::atomic<bool> fails{false};
+};
+
+constexpr std::uint64_t Mebibyte = 1'048'576;
+
+} // namespace
+
+TEST(WriteOutPump, SyncsOnlyOnceEnoughHasGatheredAndAtTheEnd)
+{
+    SyncedVolume volume;
+    WriteOutPump pump(volume);
+    pump.noteWritten(15 * Mebibyte);
+    EXPECT_EQ(volume.syncs, 0);
+    pump.startFinalSync();
+    const auto outcome = pump.waitForFinalSync({});
+    ASSERT_TRUE(outcome);
+    EXPECT_TRUE(outcome->result);
+    EXPECT_EQ(volume.syncs, 1);
+}
+
+TEST(WriteOutPump, ErrorOfAnEarlierSyncIsTheOutcome)
+{
+    SyncedVolume volume;
+    volume.fails = true;
+    WriteOutPump pump(volume);
+    pump.noteWritten(20 * Mebibyte);
+    while (volume.syncs == 0)
+        std::this_thread::yield();
+    volume.fails = false;
+    pump.startFinalSync();
+    EXPECT_FALSE(pump.waitForFinalSync({})->result);
+}
+
+TEST(WriteOutPump, CopyWaitsWhileTooMuchIsOnItsWayAndCancelEndsTheWait)
+{
+    SyncedVolume volume;
+    volume.isHeld = true;
+    WriteOutPump pump(volume);
+    pump.noteWritten(20 * Mebibyte);
+    while (volume.syncs == 0)
+        std::this_thread::yield();
+    pump.noteWritten(300 * Mebibyte);
+    std::atomic<bool> wentOn{false};
+    std::stop_source cancel;
+    std::jthread copy([&] {
+        pump.waitForRoom(cancel.get_token());
+        wentOn = true;
+    });
+    std::this_thread::yield();
+    EXPECT_FALSE(wentOn);
+    cancel.request_stop();
+    copy.join();
+    EXPECT_FALSE(pump.waitForFinalSync(cancel.get_token()));
+    volume.isHeld = false;
+}
+
+} // namespace orvana

@@ -1,0 +1,62 @@
+// Bays of the simulated machine whose disks are image files, mounted for real.
+
+#include "FaultFixture.h"
+
+#include "discovery/ORVScanDevice.h"
+#include "platform/CommandLauncher.h"
+#include "platform/HostFactory.h"
+#include "support/Recorder.h"
+
+namespace orvana::test
+{
+
+class ImageBays : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!canMount())
+            GTEST_SKIP() << "mounting needs root";
+    }
+
+    TemporaryTree m_tree;
+    LogLines m_log;
+};
+
+TEST_F(ImageBays, DiskIsMountedErasedAndDetachedByTheSimulatorItself)
+{
+    const auto file = m_tree.file("machine.json", R"({"login":"anna","enclosures":[{"uid":1,"bays":[
+        {"bay":"A","size":33554432,"image":"a.img","volumes":[{"name":"ONE","capacity":1}]}]}]})");
+    const auto point = file + ".volumes/Volumes/ONE";
+    {
+        const auto host = platform::makeSimulatorHost(file, nullptr).value();
+        EXPECT_EQ(outputOf("findmnt -no FSTYPE '" + point + "'"), "ext4");
+        ASSERT_EQ(shell("echo kept > '" + point + "/file'"), 0);
+        ORVScanDevice scanner(host->registry(), host->launcher());
+        scanner.scanTBDevice();
+        const auto &disk = *scanner.tbArray().at(0)->hddArray().at(0);
+        EXPECT_GT(disk.bsdPathArray().at(0)->capacitySize(), 40'000) << "what the file system says";
+        EXPECT_EQ(
+            host->launcher().run("/usr/sbin/diskutil", {"eraseDisk", "JHFS+", "TWO", *disk.devPath()}).status,
+            0);
+        EXPECT_FALSE(pathExists(point));
+        EXPECT_EQ(outputOf("findmnt -no FSTYPE '" + file + ".volumes/Volumes/TWO'"), "ext4");
+        EXPECT_FALSE(pathExists(file + ".volumes/Volumes/TWO/file"));
+    }
+    ASSERT_TRUE(platform::moveSimulatorLever(file, "detach", "1/A", ""));
+    EXPECT_EQ(outputOf("losetup -j '" + m_tree.path("a.img") + "'"), "") << "nothing stays attached";
+    EXPECT_TRUE(m_log.all().empty()) << m_log.all().front();
+}
+
+TEST_F(ImageBays, AnotherDeviceIsNeverUsed)
+{
+    const auto file = m_tree.file("machine.json", R"({"login":"anna","enclosures":[{"uid":1,"bays":[
+        {"bay":"A","size":33554432,"image":"link","volumes":[{"name":"ONE","capacity":1}]}]}]})");
+    m_tree.link("link", "/dev/null");
+    ASSERT_TRUE(platform::makeSimulatorHost(file, nullptr));
+    ASSERT_EQ(m_log.all().size(), 1U);
+    EXPECT_NE(m_log.all()[0].find("not a regular file; no other device is used"), std::string::npos);
+    EXPECT_FALSE(pathExists(file + ".volumes/Volumes/ONE"));
+}
+
+} // namespace orvana::test

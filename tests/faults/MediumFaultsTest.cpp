@@ -1,0 +1,101 @@
+// Verification reads the medium, not the memory before it.
+
+#include "FaultFixture.h"
+
+#include "duplicate/FileCopy.h"
+#include "duplicate/RunReport.h"
+#include "support/Recorder.h"
+#include "support/StoppedClock.h"
+
+#include <fcntl.h>
+#include <fstream>
+#include <unistd.h>
+
+namespace orvana::test
+{
+
+class MediumFault : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!canMount())
+            GTEST_SKIP() << "mounting needs root";
+    }
+
+    /// Turns one byte of `content` where the image holds it.
+    static void flipByte(const std::string &image, const std::string &content)
+    {
+        std::string bytes = contentOf(image);
+        const auto at = bytes.find(content.substr(0, 64));
+        ASSERT_NE(at, std::string::npos) << "the copy is not in the image";
+        std::fstream file(image, std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(static_cast<std::streamoff>(at) + 10);
+        file.put(static_cast<char>(bytes[at + 10] + 1));
+    }
+
+    TemporaryTree m_tree;
+    StoppedClock m_clock;
+    TestHost m_host{m_tree.path("home")};
+    NotificationCenter m_center;
+    Recorder m_recorder{m_center};
+};
+
+TEST_F(MediumFault, ByteFlippedBetweenCopyAndVerifyIsFound)
+{
+    for (const std::size_t size : {std::size_t{40'000}, std::size_t{3 * 1'048'576}}) {
+        const MountedVolume bad("ext4", 64);
+        const MountedVolume good("ext4", 64);
+        const auto content = patternOf(size);
+        m_tree.file("source/file", content);
+        m_recorder.onEach([&](const std::string &line) {
+            if (line != "FileCopyMessage Verifying File ...")
+                return;
+            shell("sync -f " + bad.root());
+            flipByte(bad.image(), content);
+        });
+        const auto report = std::make_shared<RunReport>(m_tree.folder("reports"), "stamp", m_clock);
+        FileCopy engine(m_host, m_center);
+        engine.SetBackupDiskValue({m_tree.path("source/file")}, m_tree.path("source"),
+                                  {bad.root(), good.root()});
+        engine.setBVerifyFiles(true);
+        engine.setReport(report);
+        engine.StartBackup();
+        const auto messages = m_recorder.messages();
+        EXPECT_EQ(std::count(messages.begin(), messages.end(), "Verifying File ... Failed"),
+                  size == 40'000 ? 1 : 2)
+            << "one more after each size";
+        EXPECT_EQ(report->destination(0).mismatched, 1);
+        EXPECT_EQ(report->destination(1).verified, 1);
+        EXPECT_FALSE(report->allDone());
+        const auto written = Json::parse(contentOf(report->path()));
+        EXPECT_EQ(written["destinations"][0]["verifiedFrom"], "disk");
+        EXPECT_EQ(written["problems"][0]["kind"], "mismatched");
+    }
+}
+
+TEST_F(MediumFault, OtherFileSystemsAreCopiedAndVerifiedToo)
+{
+    m_tree.file("source/docs/file", patternOf(2'000'000));
+    int tried = 0;
+    const std::pair<const char *, int> types[] = {{"xfs", 320}, {"btrfs", 128}, {"ext4", 32}};
+    for (const auto &[type, megabytes] : types) {
+        if (shell(std::string("command -v mkfs.") + type + " >/dev/null") != 0)
+            continue; // its package is not there
+        const MountedVolume volume(type, megabytes);
+        FileCopy engine(m_host, m_center);
+        const auto report = std::make_shared<RunReport>(m_tree.folder("reports"), "stamp", m_clock);
+        engine.SetBackupDiskValue({m_tree.path("source/docs")}, m_tree.path("source"), {volume.root()});
+        engine.setBVerifyFiles(true);
+        engine.setReport(report);
+        engine.StartBackup();
+        EXPECT_TRUE(report->allDone()) << type;
+        EXPECT_EQ(Json::parse(contentOf(report->path()))["destinations"][0]["verifiedFrom"], "disk") << type;
+        ++tried;
+        EXPECT_EQ(report->destination(0).verified, 1) << type;
+        EXPECT_EQ(contentOf(volume.path("docs/file")), patternOf(2'000'000)) << type;
+    }
+    EXPECT_GE(tried, 1);
+}
+
+} // namespace orvana::test

@@ -1,0 +1,92 @@
+#include "foundation/PlainMainQueue.h"
+#include "foundation/QtMainQueue.h"
+#include "support/ManualMainQueue.h"
+
+#include <QCoreApplication>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace orvana
+{
+
+using std::chrono::milliseconds;
+
+namespace
+{
+
+// The same behaviour is asked of both loops; `run` turns them until `quit`.
+struct PlainLoop
+{
+    PlainMainQueue queue;
+    void run() { queue.run(); }
+    void quit() { queue.quit(); }
+};
+
+struct QtLoop
+{
+    int argc = 1;
+    char name[5] = "test";
+    char *argv[2] = {name, nullptr};
+    QCoreApplication application{argc, argv};
+    QtMainQueue queue;
+    void run() { QCoreApplication::exec(); }
+    void quit() { QCoreApplication::quit(); }
+};
+
+} // namespace
+
+template <class Loop>
+class MainQueueTest : public testing::Test
+{
+};
+
+using Loops = testing::Types<PlainLoop, QtLoop>;
+TYPED_TEST_SUITE(MainQueueTest, Loops);
+
+TYPED_TEST(MainQueueTest, KeepsTheOrderOfWorkHandedOverByAnotherThread)
+{
+    TypeParam loop;
+    std::vector<int> order;
+    std::thread::id thread;
+    std::thread([&] {
+        for (int i = 0; i < 100; ++i)
+            loop.queue.async([&order, i] { order.push_back(i); });
+        loop.queue.async([&] {
+            thread = std::this_thread::get_id();
+            loop.quit();
+        });
+    }).join();
+    loop.run();
+    ASSERT_EQ(order.size(), 100U);
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}
+
+TYPED_TEST(MainQueueTest, DelayedWorkComesAfterWorkWithoutDelay)
+{
+    TypeParam loop;
+    std::vector<int> order;
+    loop.queue.after(milliseconds(2), [&] {
+        order.push_back(2);
+        loop.quit();
+    });
+    loop.queue.async([&] { order.push_back(1); });
+    loop.run();
+    EXPECT_EQ(order, (std::vector{1, 2}));
+}
+
+TEST(ManualMainQueue, RunsOnlyWhatIsDue)
+{
+    test::ManualMainQueue queue;
+    std::vector<int> order;
+    queue.after(milliseconds(500), [&] { order.push_back(2); });
+    queue.async([&] { order.push_back(1); });
+    queue.runDue();
+    EXPECT_EQ(order, (std::vector{1}));
+    queue.advance(milliseconds(499));
+    EXPECT_EQ(order.size(), 1U);
+    queue.advance(milliseconds(1));
+    EXPECT_EQ(order, (std::vector{1, 2}));
+}
+
+} // namespace orvana

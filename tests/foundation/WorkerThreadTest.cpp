@@ -1,0 +1,86 @@
+#include "foundation/WorkerThread.h"
+
+#include "support/Recorder.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace orvana
+{
+
+using std::chrono::milliseconds;
+
+TEST(WorkerThread, CancelEndsTheThreadAtItsNextCheckAndDestroysWhatItHolds)
+{
+    std::atomic<bool> destroyed{false};
+    std::atomic<bool> wentOn{false};
+    struct Witness
+    {
+        std::atomic<bool> &flag;
+        ~Witness() { flag = true; }
+    };
+    {
+        WorkerThread thread([&] {
+            const Witness witness{destroyed};
+            while (true) {
+                WorkerThread::exitIfCancelled();
+                std::this_thread::yield();
+            }
+            wentOn = true;
+        });
+        thread.requestCancel();
+        EXPECT_TRUE(thread.waitForEnd(milliseconds(10'000)));
+    }
+    EXPECT_TRUE(destroyed);
+    EXPECT_FALSE(wentOn);
+}
+
+TEST(WorkerThread, NothingIsCancelledOutsideOfAWorker)
+{
+    EXPECT_FALSE(WorkerThread::isCancelled());
+    WorkerThread::exitIfCancelled();
+    EXPECT_FALSE(WorkerThread::currentToken().stop_requested());
+}
+
+TEST(WorkerThread, ExceptionEndsTheThreadAndNotTheProgram)
+{
+    const test::LogLines log;
+    {
+        const WorkerThread thread([] { throw std::runtime_error("out of order"); });
+    }
+    EXPECT_EQ(log.all(), (std::vector<std::string>{"worker thread ended: out of order"}));
+}
+
+TEST(WorkerThread, WaitingForAThreadThatDoesNotEndGivesUp)
+{
+    std::atomic<bool> release{false};
+    WorkerThread thread([&] {
+        while (!release)
+            std::this_thread::yield();
+    });
+    EXPECT_FALSE(thread.waitForEnd(milliseconds(1)));
+    EXPECT_FALSE(thread.hasEnded());
+    release = true;
+    EXPECT_TRUE(thread.waitForEnd(milliseconds(10'000)));
+}
+
+TEST(RetiredThreads, ThreadThatDoesNotEndIsAbandonedAndTold)
+{
+    auto release = std::make_shared<std::atomic<bool>>(false);
+    auto ended = std::make_shared<std::atomic<bool>>(false);
+    RetiredThreads retired;
+    retired.add(std::make_unique<WorkerThread>([release, ended] {
+        while (!*release)
+            std::this_thread::yield();
+        *ended = true;
+    }));
+    EXPECT_FALSE(retired.allEnded());
+    EXPECT_FALSE(retired.joinAll(milliseconds(1)));
+    EXPECT_TRUE(retired.allEnded()) << "nothing is left to wait for";
+    *release = true;
+    while (!*ended)
+        std::this_thread::yield();
+}
+
+} // namespace orvana

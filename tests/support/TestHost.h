@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/Account.h"
+#include "platform/FaultyVolumeFiles.h"
+#include "platform/Host.h"
+#include "platform/NullDevices.h"
+#include "platform/Places.h"
+#include "platform/posix/PosixCommandLauncher.h"
+#include "platform/posix/PosixVolumeFiles.h"
+
+namespace orvana::test
+{
+
+/// Real files below folders of the test's own, with switches for faults; the user is "tester".
+class TestHost final : public platform::Host, platform::Account, platform::Places
+{
+public:
+    /// `home` is the tester's home folder and what "/Users/tester" stands for.
+    explicit TestHost(std::string home) : m_home(std::move(home)) {}
+
+    platform::Account &account() override { return *this; }
+    platform::Places &places() override { return *this; }
+    platform::VolumeFiles &volumeFiles() override { return m_faulty; }
+    platform::HardwareRegistry &registry() override { return m_registry; }
+    platform::VolumeEvents &volumeEvents() override { return m_events; }
+    platform::CommandLauncher &launcher() override { return m_launcher; }
+    platform::Workspace &workspace() override { return m_workspace; }
+    platform::FaultyVolumeFiles &faults() { return m_faulty; }
+
+    std::string loginName() const override { return "tester"; }
+    std::string homeFolder() const override { return m_home; }
+    std::optional<std::string> volumePath(const std::string &) const override { return std::nullopt; }
+    std::optional<std::string> userPath(const std::string &login) const override
+    {
+        return login == "tester" ? std::optional(m_home) : std::nullopt;
+    }
+    bool isVolumeRoot(const platform::Folder &folder) const override { return folder.traits().isMountRoot; }
+
+private:
+    std::string m_home;
+    platform::NullRegistry m_registry;
+    platform::NullVolumeEvents m_events;
+    platform::posix::PosixCommandLauncher m_launcher;
+    platform::NullWorkspace m_workspace;
+    platform::posix::PosixVolumeFiles m_real;
+    platform::FaultyVolumeFiles m_faulty{m_real};
+};
+
+} // namespace orvana::test
