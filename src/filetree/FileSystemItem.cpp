@@ -184,7 +184,7 @@ void addRows(std::vector<FileListRow> &rows, FileSystemItem &item, std::string p
     if (!item.isExpand())
         return;
     const auto at = rows.size() - 1;
-    for (const auto &child : item.builtChildren()) {
+    for (const auto &child : item.children()) {
         auto childPath = rows[at].fullPath;
         if (!childPath.ends_with('/'))
             childPath += '/';
