@@ -87,7 +87,9 @@ void DiskInfoViewController::fitFonts()
 {
     constexpr double LongerInOtherLanguages = 1.2;
     for (auto &row : m_rows) {
-        row.volume->setFont(fontThatFits(font(), row.volume->height() - 6));
+        auto name = fontThatFits(font(), row.volume->height() - 6);
+        name.setBold(true); // with the bay's, it heads the row
+        row.volume->setFont(name);
         for (auto *value : row.values)
             value->setFont(fontThatFits(font(), value->height()));
         for (auto *caption : row.captions)
@@ -101,7 +103,7 @@ void DiskInfoViewController::fitFonts()
             label->setFont(marker);
         }
         if (row.bay)
-            row.bay->setFont(fontThatFits(font(), row.bay->height() - 6));
+            row.bay->setFont(name);
     }
     auto heading = fontThatFits(font(), Label_Destinations->height() - 4);
     Label_Source->setFont(heading);

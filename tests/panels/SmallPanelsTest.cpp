@@ -66,7 +66,7 @@ TEST_F(Picker, ThreeEnclosuresGiveFourItemsAndTheirNumber)
     panel.updateTBDevPopUp(enclosures(3));
     EXPECT_EQ(panel.tbDevicePopup->count(), 4);
     EXPECT_EQ(label(), QStringLiteral("Orvana Storage Device (3) :"));
-    EXPECT_FALSE(panel.tbDevicePopup->itemIcon(3).isNull());
+    EXPECT_FALSE(panel.tbDevicePopup->itemIcon(3).pixmap(16, 16).isNull());
     EXPECT_TRUE(panel.tbDevicePopup->itemIcon(0).isNull());
 }
 
