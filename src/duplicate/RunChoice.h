@@ -1,5 +1,7 @@
 #pragma once
 
+#include "duplicate/DiskUtilInfo.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -44,6 +46,9 @@ struct ChosenEnclosure
     std::optional<std::int64_t> uid;
 };
 
+/// The disk in each bay as it was when the user saw it; nothing in an empty bay.
+using ShownDisks = PerBay<std::optional<DiskUtilInfo>>;
+
 /// What the user chose for a run, in the window or in the terminal. Texts are bytes as they came from the
 /// disks or were typed.
 struct RunChoice
@@ -55,6 +60,9 @@ struct RunChoice
     bool slotAisSource = true;
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
     PerBay<bool> isOverSize;   ///< the selection does not fit into the bay
+    /// The disks whose rows the bays showed; a disk that is another one by the time of the run is passed
+    /// over. Without it that is not compared.
+    std::optional<ShownDisks> shown;
     bool erase = false;
     bool verify = false;
 };

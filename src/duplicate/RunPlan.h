@@ -104,7 +104,7 @@ tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &
 /// The disks that "eject source" ejects: those that carry a volume named like the chosen pop-up item, in bay
 /// A of every enclosure if the chosen enclosure has it there, else among the other disks.
 tl::expected<EjectPlan, EnclosureRefusal> planSourceEject(const ScannedDevices &devices,
-                                                          const RunChoice &choice, const UserHome &user);
+                                                          const RunChoice &choice);
 
 /// Every refusal on a line of its own, for a "Warning" sheet.
 std::string textOf(const std::vector<DiskRefusal> &refusals);

@@ -58,6 +58,12 @@ bool isStartupDisk(const ORVHddInfo &disk);
 /// The bay that a disk sits in; nothing outside the bays of an enclosure.
 std::optional<Bay> bayOfDisk(const ORVHddInfo &disk);
 
+/// The disk as the disk tool takes it, with this name for its volume.
+DiskUtilInfo diskUtilInfo(const ORVHddInfo &disk, const std::string &volume);
+
+/// What the bays of the enclosure hold now. Of two disks that claim one bay the later one.
+ShownDisks shownDisks(const ORVThunderboltInfo &enclosure);
+
 /// Bytes of a count of blocks of 512 bytes; a missing count is none.
 std::uint64_t bytesOfBlocks(const std::optional<std::int64_t> &blocks);
 
