@@ -88,32 +88,6 @@ bool isStartupIn(const ORVHddInfo &disk, const ScannedDevices &devices)
     return anyRecordOf(disk, devices, [](const ORVHddInfo &record) { return isStartupDisk(record); });
 }
 
-const char *textOf(DiskGuard guard)
-{
-    switch (guard) {
-    case DiskGuard::CarriesSource:
-        return "it carries the source";
-    case DiskGuard::StartupDisk:
-        return "it is the start-up disk";
-    case DiskGuard::RaidSet:
-        return "it belongs to a RAID set";
-    case DiskGuard::NoDevice:
-        return "it has no device node";
-    case DiskGuard::NotCertain:
-        return "another disk claims the same place";
-    case DiskGuard::NoName:
-        return "its volume has no name";
-    case DiskGuard::NotMounted:
-        return "its volume is not mounted";
-    case DiskGuard::OtherDisk:
-        return "it is not the disk that was shown";
-    case DiskGuard::OtherVolume:
-        return "it no longer holds the volume that was shown";
-    default:
-        return "a bay before it shows the same name";
-    }
-}
-
 std::string placeText(const std::string &bay, const std::string &name)
 {
     if (bay.empty())
@@ -167,9 +141,35 @@ std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure
     return std::nullopt;
 }
 
+std::string reasonText(DiskGuard guard)
+{
+    switch (guard) {
+    case DiskGuard::CarriesSource:
+        return "it carries the source";
+    case DiskGuard::StartupDisk:
+        return "it is the start-up disk";
+    case DiskGuard::RaidSet:
+        return "it belongs to a RAID set";
+    case DiskGuard::NoDevice:
+        return "it has no device node";
+    case DiskGuard::NotCertain:
+        return "another disk claims the same place";
+    case DiskGuard::NoName:
+        return "its volume has no name";
+    case DiskGuard::NotMounted:
+        return "its volume is not mounted";
+    case DiskGuard::OtherDisk:
+        return "it is not the disk that was shown";
+    case DiskGuard::OtherVolume:
+        return "it no longer holds the volume that was shown";
+    default:
+        return "a bay before it shows the same name";
+    }
+}
+
 std::string refusalText(const DiskRefusal &refusal)
 {
-    return placeText(refusal.bay, refusal.name) + ": " + textOf(refusal.reason);
+    return placeText(refusal.bay, refusal.name) + ": " + reasonText(refusal.reason);
 }
 
 bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const RunChoice &choice,

@@ -43,6 +43,9 @@ enum class DiskGuard {
     SameName,      ///< a bay before it shows the same name
 };
 
+/// "it carries the source"
+std::string reasonText(DiskGuard guard);
+
 struct DiskRefusal
 {
     std::string bay;  ///< "Slot-A" to "Slot-D"

@@ -238,6 +238,7 @@ tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &device
 std::vector<std::string> DestinationPlan::roots() const
 {
     std::vector<std::string> all;
+    all.reserve(destinations.size());
     for (const auto &destination : destinations)
         all.push_back(destination.root);
     return all;
