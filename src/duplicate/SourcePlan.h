@@ -71,7 +71,7 @@ SourcePlan planSources(const ORVThunderboltInfo *enclosure, const ScannedDevices
 /// What the user's choice of a title in the pop-up leads to.
 struct SourceMatch
 {
-    DiskRow row;          ///< empty texts when nothing matched
+    DiskRow row;     ///< empty texts when nothing matched
     PathObject root; ///< null when nothing matched
     bool mayBeEjected = true;
 };
