@@ -13,6 +13,9 @@ namespace orvana::cli
 namespace
 {
 
+// Longer than a host waits between two looks at what happens outside.
+constexpr std::chrono::milliseconds TimeToLook{150};
+
 std::optional<Bay> bayOfLetter(const std::string &word)
 {
     return bayNamed("Slot-" + word);
@@ -24,19 +27,23 @@ DeviceScan::DeviceScan(platform::Host &host, PlainMainQueue &queue)
     : m_queue(queue), m_scanner(host.registry(), host.launcher()), m_user(userHomeOf(host))
 {
     m_scanner.setDetectOption("Orvana");
-    scan();
+    scanAll();
 }
 
-// What the host has to tell is waiting in its queue.
 void DeviceScan::takeUpChanges()
 {
-    m_queue.async([this] { m_queue.quit(); });
+    m_queue.after(TimeToLook, [this] { m_queue.quit(); });
     m_queue.run();
 }
 
 void DeviceScan::scan()
 {
     takeUpChanges();
+    scanAll();
+}
+
+void DeviceScan::scanAll()
+{
     m_scanner.resetArray("All");
     m_scanner.scanTBDevice();
     m_scanner.scanOtherDevice();

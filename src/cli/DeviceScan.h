@@ -21,7 +21,7 @@ public:
     /// `queue` is the host's; both must outlive the scan. Scans at once.
     DeviceScan(platform::Host &host, PlainMainQueue &queue);
 
-    /// Looks at the whole machine anew, with all that has changed outside meanwhile.
+    /// Looks at the whole machine anew, with all that has changed outside meanwhile; takes a moment.
     void scan();
 
     /// The same for the enclosures alone.
@@ -36,6 +36,7 @@ public:
 
 private:
     void takeUpChanges();
+    void scanAll();
 
     PlainMainQueue &m_queue;
     ORVScanDevice m_scanner;

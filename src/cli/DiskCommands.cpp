@@ -190,6 +190,7 @@ ExitStatus DiskCommand::erase()
         return refuse(changedMeanwhile());
     m_log.initLogFile();
     std::vector<DiskUtilInfo> disks;
+    disks.reserve(plan->disks.size());
     for (const auto &disk : plan->disks)
         disks.push_back(disk.info);
     m_tool.setDiskArray(std::move(disks));
@@ -205,6 +206,7 @@ ExitStatus DiskCommand::eject()
     if (!plan)
         return refuse(plan.error());
     std::vector<std::string> lines;
+    lines.reserve(plan->disks.size());
     for (const auto &disk : plan->disks)
         lines.push_back("  " + displayPath(disk.diskModule) + ", serial number " + displayPath(disk.diskSN) +
                         ", " + displayPath(disk.diskVolume));

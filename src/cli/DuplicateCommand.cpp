@@ -24,8 +24,8 @@ constexpr const char *TooSmall = "There is insufficient free disk space on the d
 bool isRoomLeft(const RunChoice &choice)
 {
     return std::any_of(AllBays.begin(), AllBays.end(), [&](Bay bay) {
-        return !(bay == Bay::A && choice.slotAisSource) && choice.names[bay] != NoVolume &&
-               !choice.isOverSize[bay];
+        const bool isSource = bay == Bay::A && choice.slotAisSource;
+        return !isSource && choice.names[bay] != NoVolume && !choice.isOverSize[bay];
     });
 }
 
@@ -186,6 +186,7 @@ void DuplicateCommand::erase()
         });
     DiskUtil tool(m_host.launcher(), m_run.center());
     std::vector<DiskUtilInfo> disks;
+    disks.reserve(m_erase.disks.size());
     for (const auto &disk : m_erase.disks)
         disks.push_back(disk.info);
     tool.setDiskArray(std::move(disks));
