@@ -41,7 +41,7 @@ bool DiskUtil::workThrough(const Message &message, const Command &command)
     // The list is the owner's, who may set another one while a message is handled.
     const auto disks = m_diskArray;
     for (const auto &disk : disks) {
-        if (!m_results.empty() && m_goesOn && !m_goesOn())
+        if (m_goesOn && !m_goesOn())
             return false;
         m_center.post(notification::DiskMessage, notification::key::DiskMsgInfo, message(disk));
         m_results.push_back(resultOf(disk, m_launcher.run(Utility, command(disk))));

@@ -44,8 +44,8 @@ public:
     const std::vector<DiskUtilInfo> &diskArray() const { return m_diskArray; }
     void setDiskArray(std::vector<DiskUtilInfo> disks) { m_diskArray = std::move(disks); }
 
-    /// Asked before each disk but the first; once it says no, the rest of the list is left alone. Without
-    /// one nothing stops the tool.
+    /// Asked before each disk; once it says no, the rest of the list is left alone. Without one nothing stops
+    /// the tool.
     void setGoesOn(std::function<bool()> goesOn) { m_goesOn = std::move(goesOn); }
 
     /// Work through the list; false only when it was stopped before its end.

@@ -53,6 +53,8 @@ struct PlannedErase
 {
     Bay bay;
     DiskUtilInfo info;
+
+    bool operator==(const PlannedErase &) const = default;
 };
 
 struct ErasePlan

@@ -131,10 +131,17 @@ TEST_F(DiskTool, ResultsAreThoseOfTheLastOperation)
 
 TEST_F(DiskTool, StoppedEraseEndsAfterTheDiskInHandAndPostsNoEnd)
 {
-    m_tool.setGoesOn([] { return false; });
+    m_tool.setGoesOn([this] { return m_events.empty(); });
     m_tool.startEraseDisks();
     EXPECT_EQ(m_events.size(), 2U);
     EXPECT_EQ(m_tool.results().size(), 1U);
+}
+
+TEST_F(DiskTool, EraseThatWasStoppedBeforeItsFirstDiskTouchesNone)
+{
+    m_tool.setGoesOn([] { return false; });
+    m_tool.startEraseDisks();
+    EXPECT_EQ(m_events, Lines());
 }
 
 TEST_F(DiskTool, NameThatIsNoTextIsToldSafelyAndPassedOnAsItIs)
