@@ -2,6 +2,7 @@
 #include "cli/CopyCommand.h"
 #include "cli/DevicesCommand.h"
 #include "cli/HostChoice.h"
+#include "cli/LogsCommand.h"
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
 #include "foundation/PlainMainQueue.h"
@@ -20,6 +21,7 @@ struct Words
     std::optional<std::string> logFolder;
     cli::CopyOptions copy;
     cli::DevicesOptions devices;
+    cli::LogsOptions logs;
     cli::SimulatorOptions simulator;
 };
 
@@ -55,6 +57,15 @@ void describeDevices(CLI::App &devices, cli::DevicesOptions &options)
     devices.add_flag("--watch", options.watch, "Go on to print what comes and goes");
 }
 
+void describeLogs(CLI::App &logs, cli::LogsOptions &options)
+{
+    logs.add_option("ACTION", options.action, "list (without one), show, delete or clear")
+        ->check(CLI::IsMember({"list", "show", "delete", "clear"}));
+    logs.add_option("NAME", options.names, "With show and delete: the logs, as list names them");
+    logs.add_flag("--yes", options.yes, "With clear: do it");
+    logs.add_flag("--json", options.json, "With list: print JSON");
+}
+
 void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
 {
     simulator.add_option("LEVER", options.lever, "attach, detach, mount, unmount, rename or show")
@@ -66,7 +77,9 @@ void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
     simulator.add_option("NEWNAME", options.newName, "With rename");
 }
 
-cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, bool isCopy)
+enum class HostCommand { Copy, Devices, Logs };
+
+cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, HostCommand command)
 {
     PlainMainQueue queue;
     const auto host = cli::makeHost(words.machine, words.devices.watch ? &queue : nullptr);
@@ -74,8 +87,10 @@ cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, bool isCopy)
         terminal.printError("plurimoctl: " + host.error().reason);
         return host.error().status;
     }
-    if (isCopy)
+    if (command == HostCommand::Copy)
         return cli::runCopy(**host, terminal, words.copy);
+    if (command == HostCommand::Logs)
+        return cli::runLogs(**host, terminal, words.logs);
     return cli::runDevices(**host, queue, terminal, words.devices);
 }
 
@@ -100,11 +115,13 @@ int main(int argc, char **argv)
     Words words;
     auto *copy = app.add_subcommand("copy", "Copy files and folders to several folders at once");
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
+    auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
     auto *simulator = app.add_subcommand("simulator", "Change the simulated machine");
     describeCopy(*copy, words.copy);
     describeDevices(*devices, words.devices);
+    describeLogs(*logs, words.logs);
     describeSimulator(*simulator, words.simulator);
-    for (auto *command : {copy, devices, simulator})
+    for (auto *command : {copy, devices, logs, simulator})
         describeCommon(*command, words);
     try {
         app.parse(argc, argv);
@@ -112,6 +129,10 @@ int main(int argc, char **argv)
         return app.exit(error) == 0 ? cli::AllDone : cli::WrongUsage;
     }
     words.copy.logFolder = words.logFolder;
+    words.logs.logFolder = words.logFolder;
     auto terminal = cli::Terminal::ofProcess();
-    return simulator->parsed() ? onSimulator(words, terminal) : onHost(words, terminal, copy->parsed());
+    if (simulator->parsed())
+        return onSimulator(words, terminal);
+    const auto onLogs = logs->parsed() ? HostCommand::Logs : HostCommand::Devices;
+    return onHost(words, terminal, copy->parsed() ? HostCommand::Copy : onLogs);
 }
