@@ -164,8 +164,8 @@ ExitStatus LogsRun::remove(const std::string &name)
 ExitStatus LogsRun::clear(const Names &names)
 {
     if (!m_options.yes)
-        return refuse(Refused, "this removes " + std::to_string(names.size()) + " logs from " +
-                                   displayPath(m_logs.path()) + "; say --yes to do it");
+        return refuse(Refused, "this removes all logs of " + displayPath(m_logs.path()) + " (" +
+                                   std::to_string(names.size()) + "); say --yes to do it");
     ExitStatus worst = AllDone;
     for (const auto &name : names)
         worst = std::max(worst, remove(name));
