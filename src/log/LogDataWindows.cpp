@@ -34,6 +34,29 @@ bool isNotDeletable(const platform::FileError &error)
     return error.code == EACCES || error.code == EPERM || error.code == EROFS || error.code == ENOENT;
 }
 
+// Laying out a line of millions of characters takes seconds, so that a longer one goes on in the next.
+constexpr qsizetype LongestLine = 10000;
+
+QString withFoldedLines(const QString &text)
+{
+    QString folded;
+    qsizetype copied = 0;
+    qsizetype lineStart = 0;
+    while (lineStart < text.size()) {
+        const auto newline = text.indexOf(u'\n', lineStart);
+        const auto end = newline < 0 ? text.size() : newline;
+        if (end - lineStart <= LongestLine) {
+            lineStart = end + 1;
+            continue;
+        }
+        lineStart += LongestLine;
+        folded += QStringView(text).mid(copied, lineStart - copied);
+        folded += u'\n';
+        copied = lineStart;
+    }
+    return copied == 0 ? text : folded + QStringView(text).mid(copied).toString();
+}
+
 } // namespace
 
 LogDataWindows::LogDataWindows(platform::Host &host, std::string LogDirPath, QWidget *parent)
@@ -160,7 +183,7 @@ void LogDataWindows::followShownLog()
 
 void LogDataWindows::showReading(const LogReading &reading)
 {
-    const auto text = QString::fromStdString(reading.text);
+    const auto text = withFoldedLines(QString::fromStdString(reading.text));
     if (reading.place == LogReading::Place::AtEnd)
         appendAtEnd(text);
     else

@@ -13,6 +13,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
+#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
@@ -411,6 +412,18 @@ TEST_F(LogViewer, LongLogShowsItsEndAndSaysSo)
     EXPECT_TRUE(find<QLabel>("hintLabel")->isVisible());
     click(Newer);
     EXPECT_FALSE(find<QLabel>("hintLabel")->isVisible());
+}
+
+TEST_F(LogViewer, EndlessLineIsFoldedAndNothingOfItIsLost)
+{
+    const std::string line = "[" + std::string(25000, 'x') + "]";
+    log(Newer, "short\n" + line + "\nshort\n");
+    open();
+    click(Newer);
+    EXPECT_EQ(m_window->myLogFileTextView()->blockCount(), 6);
+    auto shown = text();
+    shown.erase(std::remove(shown.begin(), shown.end(), '\n'), shown.end());
+    EXPECT_EQ(shown, "short" + line + "short");
 }
 
 TEST_F(LogViewer, FindGoesOnFromMatchToMatchAndRoundTheEnd)
