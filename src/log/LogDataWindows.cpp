@@ -188,7 +188,7 @@ void LogDataWindows::showReading(const LogReading &reading)
         appendAtEnd(text);
     else
         m_ui->myLogFileTextView->setPlainText(text);
-    m_ui->hintLabel->setText(tr("This log is long. Only its last 10 MB are shown."));
+    m_ui->hintLabel->setText(tr("This log is long. Only its end is shown, at most the last 10 MB."));
     m_ui->hintLabel->setVisible(reading.isCut);
 }
 

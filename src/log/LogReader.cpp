@@ -26,6 +26,17 @@ std::size_t lengthOfBrokenStart(const std::string &text)
     return length;
 }
 
+// Where the last lines start that are shown; 0 when those are all.
+std::size_t startOfShownLines(const std::string &text)
+{
+    std::size_t lines = 0;
+    for (auto i = text.size(); i > 0; --i) {
+        if (text[i - 1] == '\n' && ++lines > LogReader::ShownLines)
+            return i;
+    }
+    return 0;
+}
+
 } // namespace
 
 std::optional<LogReading> LogReader::readOn()
@@ -59,6 +70,10 @@ LogReading LogReader::readAnew(const LogFile &file)
     m_end = m_start + (text ? text->size() : 0);
     if (text && m_isCut)
         text->erase(0, lengthOfBrokenStart(*text));
+    if (const auto start = text ? startOfShownLines(*text) : 0; start > 0) {
+        text->erase(0, start);
+        m_isCut = true;
+    }
     m_isShown = text && isUtf8(*text);
     if (!m_isShown)
         return {};

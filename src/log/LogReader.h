@@ -29,6 +29,8 @@ class LogReader
 public:
     /// At least so many bytes are shown, the last ones of a longer log.
     static constexpr std::uint64_t ShownBytes = 10U << 20U;
+    /// Of more lines, only the last ones are shown. A run never writes as many into `ShownBytes`.
+    static constexpr std::size_t ShownLines = 500000;
     /// A log that grows beyond this is shown anew from its last `ShownBytes`.
     static constexpr std::uint64_t MostBytes = 12U << 20U;
 

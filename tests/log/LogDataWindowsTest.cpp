@@ -17,7 +17,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
-#include <thread>
 #include <unistd.h>
 
 namespace orvana

@@ -115,6 +115,13 @@ TEST_F(LogReaderTest, OfALongerLogTheLastLinesAreRead)
     EXPECT_LE(text.size(), LogReader::ShownBytes);
 }
 
+TEST_F(LogReaderTest, OfVeryManyLinesTheLastAreRead)
+{
+    append("first\n" + std::string(LogReader::ShownLines, '\n'));
+    EXPECT_EQ(next(LogReading::Place::Anew), std::string(LogReader::ShownLines, '\n'));
+    EXPECT_TRUE(m_isCut);
+}
+
 TEST_F(LogReaderTest, CutNeverLeavesHalfACharacter)
 {
     std::string text;
