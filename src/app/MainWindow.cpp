@@ -245,7 +245,7 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 
 void MainWindow::Help()
 {
-    m_context.host.workspace().openPage(webAddress("/software/orvana-plurimo"));
+    m_context.host.workspace().openPage(webAddress(webpath::Help));
 }
 
 } // namespace orvana
