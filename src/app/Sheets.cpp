@@ -21,7 +21,6 @@ void Sheets::showNext()
     const auto sheet = std::move(m_waiting.front());
     m_waiting.pop_front();
     m_box = new QMessageBox(&m_window);
-    m_box->setAttribute(Qt::WA_DeleteOnClose);
     m_box->setWindowTitle(m_window.windowTitle());
     m_box->setTextFormat(Qt::PlainText); // names of disks are never markup
     m_box->setText(sheet.message);
@@ -34,6 +33,7 @@ void Sheets::showNext()
     }
     auto *box = m_box.data();
     QObject::connect(box, &QMessageBox::finished, &m_window, [this, box, sheet] {
+        box->deleteLater(); // a pressed button hides it and no more
         auto *pressed = box->clickedButton() ? box->clickedButton() : box->escapeButton();
         finished(sheet, static_cast<int>(sheet.buttons.indexOf(pressed->text())));
     });
