@@ -70,6 +70,7 @@ LogDataWindows::LogDataWindows(platform::Host &host, std::string LogDirPath, QWi
     m_ui->notFoundLabel->hide();
     m_ui->myLogFileView->setModel(&m_dataSource);
     m_ui->myLogFileView->installEventFilter(this);
+    m_ui->myLogFileView->setFocus();
     m_followTimer.setInterval(BetweenLooks);
     connectControls();
     windowDidLoad();
@@ -267,8 +268,10 @@ bool LogDataWindows::eventFilter(QObject *watched, QEvent *event)
         m_keyDown = 0;
     if (event->type() == QEvent::KeyRelease) {
         const auto *keyEvent = static_cast<QKeyEvent *>(event);
-        if (!keyEvent->isAutoRepeat() && keyEvent->key() == std::exchange(m_keyDown, 0))
+        if (!keyEvent->isAutoRepeat() && keyEvent->key() == m_keyDown) {
+            m_keyDown = 0;
             keyUp(keyEvent->key());
+        }
     }
     return QWidget::eventFilter(watched, event);
 }

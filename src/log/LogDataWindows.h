@@ -99,7 +99,7 @@ private:
     std::unique_ptr<Ui::LogDataWindows> m_ui;
     std::optional<LogReader> m_reader; // of the shown log
     QTimer m_followTimer;
-    int m_keyDown = 0; // the key that went down in the list
+    int m_keyDown = 0; // the key that went down last in the list, and is not up yet
 };
 
 } // namespace orvana

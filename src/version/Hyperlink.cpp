@@ -1,5 +1,7 @@
 #include "version/Hyperlink.h"
 
+#include "panels/SystemColor.h"
+
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPalette>
@@ -9,23 +11,12 @@
 namespace orvana
 {
 
-namespace
-{
-
-QColor readableBlue()
-{
-    const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
-    return isDark ? QColor(0x80, 0xB0, 0xFF) : QColor(Qt::blue);
-}
-
-} // namespace
-
 QTextDocumentFragment hyperlinkFromString(const QString &text, const QUrl &address)
 {
     QTextCharFormat format;
     format.setAnchor(true);
     format.setAnchorHref(address.toString(QUrl::FullyEncoded));
-    format.setForeground(readableBlue());
+    format.setForeground(SystemColor::blue().shadeFor(QGuiApplication::palette()));
     format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
     QTextDocument document;
     QTextCursor cursor(&document);

@@ -5,17 +5,19 @@
 #include "support/TestHost.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
 #include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -149,6 +151,42 @@ TEST_F(LogViewer, ArrowKeysShowWhatTheySelect)
     EXPECT_EQ(text(), "older run\n");
     press(Qt::Key_Up);
     EXPECT_EQ(text(), "newer run\n");
+}
+
+TEST_F(LogViewer, KeysThatOverlapShowWhatIsSelectedInTheEnd)
+{
+    makeTwoLogs();
+    open();
+    press(Qt::Key_Down);
+    QTest::keyPress(list(), Qt::Key_Down);
+    QTest::keyPress(list(), Qt::Key_Up);
+    QTest::keyRelease(list(), Qt::Key_Down);
+    QTest::keyRelease(list(), Qt::Key_Up);
+    EXPECT_EQ(selected(), Newer);
+    EXPECT_EQ(text(), "newer run\n");
+}
+
+TEST_F(LogViewer, HeldDeleteKeyRemovesOneLog)
+{
+    makeTwoLogs();
+    log("20261123-000000-Log.txt", "newest run\n");
+    open();
+    click(Older);
+    QTest::keyPress(list(), Qt::Key_Delete);
+    for (int i = 0; i < 3; ++i) {
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier, {}, true);
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, {}, true);
+        QApplication::sendEvent(list(), &up);
+        QApplication::sendEvent(list(), &down);
+    }
+    QTest::keyRelease(list(), Qt::Key_Delete);
+    EXPECT_EQ(test::treeOf(m_tree.path("Documents")).size(), 2U);
+}
+
+TEST_F(LogViewer, ListHasTheKeyboardAtFirst)
+{
+    open();
+    EXPECT_EQ(m_window->focusWidget(), list());
 }
 
 TEST_F(LogViewer, OtherKeysLeaveTheTextAlone)

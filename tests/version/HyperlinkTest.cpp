@@ -1,5 +1,7 @@
 #include "version/Hyperlink.h"
 
+#include "panels/SystemColor.h"
+
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPalette>
@@ -54,7 +56,7 @@ TEST(Hyperlink, HasAddressBlueAndSingleUnderlineOverItsWholeLength)
     const auto all = formats(link);
     ASSERT_EQ(all.size(), 1U);
     EXPECT_EQ(all[0].anchorHref(), QStringLiteral("https://orvana.example/a%20b"));
-    EXPECT_EQ(all[0].foreground().color(), QColor(Qt::blue));
+    EXPECT_EQ(all[0].foreground().color(), SystemColor::blue().shadeFor(QGuiApplication::palette()));
     EXPECT_EQ(all[0].underlineStyle(), QTextCharFormat::SingleUnderline);
 }
 
