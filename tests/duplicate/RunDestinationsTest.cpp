@@ -50,29 +50,29 @@ TEST_F(RunDestinations, TwoBaysThatShowOneNameAreOneDestination)
     showNames();
     const auto plan = destinations();
     EXPECT_EQ(plan.roots(), (Names{"/Volumes/COPY1"}));
-    EXPECT_EQ(refusalText(plan.refusals.front()), "Slot-C (COPY1): a bay before it shows the same name");
+    EXPECT_EQ(textOf(plan.refusals), "Slot-C (COPY1): a bay before it shows the same name");
 }
 
 TEST_F(RunDestinations, BayWhoseVolumeIsMountedNowhereIsNoDestination)
 {
     diskAt(1)->setBsdPathArray({unmountedVolume()});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NotMounted);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotMounted);
     diskAt(1)->setBsdPathArray({volume("")});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NotMounted);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotMounted);
 }
 
 TEST_F(RunDestinations, BayWithAnEmptyNameIsNoDestination)
 {
     m_choice.names[Bay::B] = "";
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NoName);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NoName);
 }
 
 TEST_F(RunDestinations, BayThatHoldsAnotherVolumeThanItShowsIsNoDestination)
 {
     diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1 1")});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::OtherVolume);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherVolume);
     diskAt(1)->setBsdPathArray({});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::OtherVolume);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherVolume);
 }
 
 TEST_F(RunDestinations, BayThatLostItsDiskIsNoDestination)
@@ -131,7 +131,7 @@ TEST_F(RunDestinations, EjectOfTheSourceNeverTakesTheStartupDisk)
     m_choice.sourceItem = "Data";
     const auto plan = planSourceEject(m_devices, m_choice);
     EXPECT_TRUE(plan->disks.empty());
-    EXPECT_EQ(plan->refusals.front().reason, DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(*plan), DiskGuard::StartupDisk);
 }
 
 } // namespace orvana
