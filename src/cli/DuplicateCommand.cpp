@@ -24,8 +24,7 @@ constexpr const char *TooSmall = "There is insufficient free disk space on the d
 bool isRoomLeft(const RunChoice &choice)
 {
     return std::any_of(AllBays.begin(), AllBays.end(), [&](Bay bay) {
-        const bool isSource = bay == Bay::A && choice.slotAisSource;
-        return !isSource && choice.names[bay] != NoVolume && !choice.isOverSize[bay];
+        return !choice.isSourceBay(bay) && choice.names[bay] != NoVolume && !choice.isOverSize[bay];
     });
 }
 

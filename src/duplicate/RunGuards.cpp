@@ -88,6 +88,29 @@ bool isStartupIn(const ORVHddInfo &disk, const ScannedDevices &devices)
     return anyRecordOf(disk, devices, [](const ORVHddInfo &record) { return isStartupDisk(record); });
 }
 
+// A disk's place is not certain when another record claims its bay, or its device node in any enclosure.
+bool isCertain(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure, const ScannedDevices &devices)
+{
+    const auto isRival = [&](const ORVHddInfo &other, bool isInSameEnclosure) {
+        return &other != &disk && (other.devPath() == disk.devPath() ||
+                                   (isInSameEnclosure && other.slotPath() == disk.slotPath()));
+    };
+    for (const auto &device : devices.tbArray) {
+        const auto &disks = device->hddArray();
+        if (std::any_of(disks.begin(), disks.end(),
+                        [&](const auto &other) { return isRival(*other, device.get() == &enclosure); }))
+            return false;
+    }
+    return true;
+}
+
+// What was shown when the user chose, against what is there now.
+bool isAsShown(const ORVHddInfo &disk, const RunChoice &choice)
+{
+    const auto bay = bayOfDisk(disk);
+    return !choice.shown || (bay && (*choice.shown)[*bay] == diskUtilInfo(disk, std::string()));
+}
+
 std::string placeText(const std::string &bay, const std::string &name)
 {
     if (bay.empty())
@@ -194,6 +217,21 @@ std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &d
     return std::nullopt;
 }
 
+std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
+                                       const ScannedDevices &devices, const RunChoice &choice,
+                                       const UserHome &user)
+{
+    if (const auto guard = guardOf(disk, devices, choice, user))
+        return guard;
+    if (disk.isRaidFormated())
+        return DiskGuard::RaidSet;
+    if (!isCertain(disk, enclosure, devices))
+        return DiskGuard::NotCertain;
+    if (!isAsShown(disk, choice))
+        return DiskGuard::OtherDisk;
+    return std::nullopt;
+}
+
 std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)
 {
     if (name.empty())
@@ -224,6 +262,8 @@ std::string refusalText(const NameRefusal &refusal)
         return place + "a name cannot hold \"/\"";
     case NameGuard::NotText:
         return place + "a name is text on one line";
+    case NameGuard::OfSource:
+        return place + "this is the name of the source";
     case NameGuard::LostBlanks:
         return place + "a name cannot begin or end with a blank, nor hold two in a row";
     default:

@@ -66,6 +66,13 @@ bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const 
 std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &devices,
                                  const RunChoice &choice, const UserHome &user);
 
+/// Why a disk of the chosen enclosure, in one of its bays, may neither be erased nor written to: what
+/// `guardOf` says, and that it belongs to a RAID set, cannot be told from another, or is not the one that was
+/// shown.
+std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
+                                       const ScannedDevices &devices, const RunChoice &choice,
+                                       const UserHome &user);
+
 /// Why a disk may not be given a name.
 enum class NameGuard {
     Empty,
@@ -73,6 +80,7 @@ enum class NameGuard {
     Separator,  ///< holds "/" or NUL
     TooLong,    ///< over the format's limit
     NotText,    ///< not UTF-8, or with control characters
+    OfSource,   ///< the source is called so
     LostBlanks, ///< blanks at an end or in a row, which the list of mounted volumes does not keep
 };
 

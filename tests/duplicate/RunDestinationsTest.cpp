@@ -83,17 +83,70 @@ TEST_F(RunDestinations, BayThatLostItsDiskIsNoDestination)
     EXPECT_EQ(plan.refusals.front().bay, "Slot-B");
 }
 
-TEST_F(RunDestinations, FolderThatIsNoVolumesTopIsNoDestination)
+/// A host whose volumes the test decides: folders of its own, and a listing of them.
+class MountedFolders : public testing::Test
 {
-    const TemporaryTree tree;
-    TestHost host(tree.path("home"));
-    DestinationPlan plan;
-    plan.destinations.push_back({Bay::B, "COPY1", tree.folder("COPY1"), {}});
-    plan.destinations.push_back({Bay::C, "COPY2", tree.path("nowhere"), {}});
-    refuseWhatIsNotMounted(host, plan);
+protected:
+    class Host final : public TestHost, platform::CommandLauncher
+    {
+    public:
+        using TestHost::TestHost;
+        platform::CommandLauncher &launcher() override { return *this; }
+        bool isVolumeRoot(const platform::Folder &folder) const override
+        {
+            return !folder.attributes("marker", platform::Links::Follow, platform::Want::Basics);
+        }
+        Result run(const std::string &, const std::vector<std::string> &) override { return {listing, 0}; }
+
+        std::string listing;
+    };
+
+    void mount(const std::string &device, const std::string &folder)
+    {
+        m_host.listing += device + " 100 0 100 0% 0 0 0% " + m_tree.folder(folder) + "\n";
+    }
+
+    DestinationPlan checked(const std::string &device, const std::string &folder)
+    {
+        DestinationPlan plan;
+        plan.destinations.push_back({Bay::B, "COPY1", m_tree.path(folder), {}, device});
+        refuseWhatIsNotMounted(m_host, plan);
+        return plan;
+    }
+
+    TemporaryTree m_tree;
+    Host m_host{m_tree.path("home")};
+};
+
+TEST_F(MountedFolders, DestinationThatIsMountedAsItsRecordSaysStays)
+{
+    mount("/dev/disk2s1", "COPY1");
+    const auto plan = checked("/dev/disk2s1", "COPY1");
+    EXPECT_EQ(plan.destinations.size(), 1U);
+    EXPECT_TRUE(plan.refusals.empty());
+}
+
+TEST_F(MountedFolders, FolderThatIsGoneIsNoDestination)
+{
+    EXPECT_EQ(textOf(checked("/dev/disk2s1", "nowhere").refusals),
+              "Slot-B (COPY1): its volume is not mounted");
+}
+
+TEST_F(MountedFolders, FolderThatIsNoVolumesTopIsNoDestination)
+{
+    mount("/dev/disk2s1", "COPY1");
+    m_tree.file("COPY1/marker");
+    const auto plan = checked("/dev/disk2s1", "COPY1");
     EXPECT_TRUE(plan.destinations.empty());
-    EXPECT_EQ(textOf(plan.refusals), "Slot-B (COPY1): its volume is not mounted\n"
-                                     "Slot-C (COPY2): its volume is not mounted");
+    EXPECT_EQ(textOf(plan.refusals), "Slot-B (COPY1): its volume is not mounted");
+}
+
+TEST_F(MountedFolders, PlaceThatAnotherVolumeTookIsNoDestination)
+{
+    mount("/dev/disk2s1", "COPY1");
+    mount("/dev/disk9s1", "COPY1");
+    EXPECT_EQ(textOf(checked("/dev/disk2s1", "COPY1").refusals),
+              "Slot-B (COPY1): it no longer holds the volume that was shown");
 }
 
 TEST_F(RunDestinations, EjectOfDestinationsTakesTheFormattedDisksOfEveryEnclosure)

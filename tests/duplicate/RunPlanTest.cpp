@@ -167,6 +167,15 @@ TEST_F(RunPlan, OnlyABlankDiskMayBeCalledUnformatted)
     EXPECT_EQ(plan.badNames.front().bay, "Slot-B");
 }
 
+TEST_F(RunPlan, NoDiskIsCalledLikeTheSource)
+{
+    m_choice.names[Bay::B] = "Master";
+    EXPECT_EQ(textOf(erase().badNames), "Slot-B (Master): this is the name of the source");
+    chooseHome();
+    m_choice.names[Bay::B] = "anna";
+    EXPECT_EQ(textOf(erase().badNames), "Slot-B (anna): this is the name of the source");
+}
+
 TEST_F(RunPlan, TwoDisksThatClaimOneBayAreBothLeftAlone)
 {
     box().hddArray().push_back(bay("Slot-B", 9, "Other"));
