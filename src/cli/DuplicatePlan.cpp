@@ -28,7 +28,7 @@ void useSourceToBeginWith(RunChoice &choice, const SourcePlan &plan)
 {
     choice.source = plan.row.volume;
     choice.sourceItem = plan.candidates.empty() ? std::string() : plan.candidates.front().title;
-    choice.sourceRoot = plan.rootPath;
+    choice.sourceRoot = plan.root ? *plan.root : std::string();
     choice.slotAisSource = isSlotAisSource(0, choice.source, choice.names[Bay::A]);
 }
 
@@ -39,7 +39,7 @@ void useSourceTitled(RunChoice &choice, const std::string &title, const SourcePl
                                    [&](const auto &candidate) { return candidate.title == title; });
     choice.source = match.row.volume;
     choice.sourceItem = title;
-    choice.sourceRoot = match.rootPath;
+    choice.sourceRoot = match.root ? *match.root : std::string();
     choice.slotAisSource = isSlotAisSource(static_cast<std::size_t>(item - plan.candidates.begin()),
                                            choice.source, choice.names[Bay::A]);
 }

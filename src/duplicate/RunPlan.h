@@ -74,7 +74,7 @@ struct PlannedDestination
     std::string name; ///< as shown in the bay
     std::string root; ///< mount point of the volume, by the disk's own record
     DiskUtilInfo disk;
-    std::string device = {}; ///< node of the volume
+    std::string device; ///< node of the volume
 };
 
 struct DestinationPlan

@@ -82,6 +82,13 @@ std::string rootPath(const ORVBsdInfo &volume, const UserHome &user)
     return isStartupVolume(volume) ? user.root : *volume.mountPoint();
 }
 
+PathObject rootObject(const ORVBsdInfo &volume, const UserHome &user)
+{
+    if (volume.mountPoint() && !isStartupVolume(volume))
+        return volume.mountPoint();
+    return std::make_shared<const std::string>(rootPath(volume, user));
+}
+
 std::optional<Bay> bayOfDisk(const ORVHddInfo &disk)
 {
     return disk.slotPath() ? bayNamed(*disk.slotPath()) : std::nullopt;

@@ -50,6 +50,10 @@ std::string displayName(const ORVBsdInfo &volume, const UserHome &user);
 /// Where the file tree of a volume starts: the user's home for the start-up volume, else its mount point.
 std::string rootPath(const ORVBsdInfo &volume, const UserHome &user);
 
+/// The same as an object: a volume's is its own mount point, so that a tree on it lives as long as its
+/// record.
+PathObject rootObject(const ORVBsdInfo &volume, const UserHome &user);
+
 bool isStartupVolume(const ORVBsdInfo &volume);
 
 /// True when the disk carries the start-up volume.

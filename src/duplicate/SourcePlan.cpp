@@ -57,7 +57,7 @@ void addBayA(SourcePlan &plan, const ORVThunderboltInfo *enclosure, const UserHo
 {
     visitBayA(enclosure, [&](const ORVHddInfo &disk, const ORVBsdInfo &volume) {
         if (plan.candidates.empty())
-            plan.rootPath = rootPath(volume, user);
+            plan.root = rootObject(volume, user);
         plan.row = rowOfVolume(disk, volume, user);
         plan.isFound = true;
         plan.candidates.push_back(
@@ -76,7 +76,7 @@ void addOthers(SourcePlan &plan, const ScannedDevices &devices, const UserHome &
         } else if (plan.row.volume == NoVolume) {
             plan.row = rowOfVolume(disk, volume, user);
             plan.isFound = true;
-            plan.rootPath = candidate.rootPath;
+            plan.root = rootObject(volume, user);
         }
         plan.candidates.push_back(std::move(candidate));
     });
@@ -84,7 +84,7 @@ void addOthers(SourcePlan &plan, const ScannedDevices &devices, const UserHome &
 
 SourceMatch matchOf(const ORVHddInfo &disk, const ORVBsdInfo &volume, const UserHome &user)
 {
-    SourceMatch match{rowOfVolume(disk, volume, user), rootPath(volume, user), true};
+    SourceMatch match{rowOfVolume(disk, volume, user), rootObject(volume, user), true};
     match.row.isRaid = false;
     match.mayBeEjected = match.row.volume != user.login;
     return match;

@@ -59,7 +59,7 @@ struct SourcePlan
     std::size_t bayCandidates = 0; ///< how many of them lie in bay A; behind them a separator, if any
     DiskRow row;              ///< of several volumes in bay A the last one; still "None" without a source
     bool isFound = false;     ///< there is a source, and its row is coloured
-    std::string rootPath;     ///< of several volumes in bay A the first one's
+    PathObject root;          ///< of several volumes in bay A the first one's; null without a source
     bool mayBeEjected = true; ///< the first candidate is not the user's home
 };
 
@@ -71,8 +71,8 @@ SourcePlan planSources(const ORVThunderboltInfo *enclosure, const ScannedDevices
 /// What the user's choice of a title in the pop-up leads to.
 struct SourceMatch
 {
-    DiskRow row;          ///< empty texts when nothing matched
-    std::string rootPath; ///< empty when nothing matched
+    DiskRow row;     ///< empty texts when nothing matched
+    PathObject root; ///< null when nothing matched
     bool mayBeEjected = true;
 };
 

@@ -21,11 +21,10 @@ FileListViewController::FileListViewController(platform::Host &host, Notificatio
       m_labelUpdate(queue, BetweenLabels, [this] { writeItemSizeLabel(); })
 {
     setupUi(this);
-    sourceFileListView()->setModel(m_dataSource);
-    connect(sourceFileListView(), &QTreeView::expanded, m_dataSource, &OutlineViewDataSource::itemDidExpand);
-    connect(sourceFileListView(), &QTreeView::collapsed, m_dataSource,
-            &OutlineViewDataSource::itemDidCollapse);
-    connect(sourceFileListView(), &QTreeView::clicked, this, &FileListViewController::clickItem);
+    sourceFileListView->setModel(m_dataSource);
+    connect(sourceFileListView, &QTreeView::expanded, m_dataSource, &OutlineViewDataSource::itemDidExpand);
+    connect(sourceFileListView, &QTreeView::collapsed, m_dataSource, &OutlineViewDataSource::itemDidCollapse);
+    connect(sourceFileListView, &QTreeView::clicked, this, &FileListViewController::clickItem);
     for (const char *name : {notification::OutlineViewItemChange, notification::FileSizeChange,
                              notification::OutlineViewItemStateChange})
         m_subscriptions.push_back(
@@ -96,12 +95,12 @@ void FileListViewController::updateItemSizeLabel(SizeLabel label)
 void FileListViewController::writeItemSizeLabel()
 {
     if (m_label == SizeLabel::Blank) {
-        itemSizeLabel()->clear();
+        itemSizeLabel->clear();
         return;
     }
-    itemSizeLabel()->setText(tr("%1 File(s)     Size : %2")
-                                 .arg(totalFiles())
-                                 .arg(QString::fromStdString(stringFromFileSize(totalSize()))));
+    itemSizeLabel->setText(tr("%1 File(s)     Size : %2")
+                               .arg(totalFiles())
+                               .arg(QString::fromStdString(stringFromFileSize(totalSize()))));
 }
 
 } // namespace orvana

@@ -27,7 +27,7 @@ class Host;
 /// The panel in which the source's files and folders are ticked, with what they come to below.
 ///
 /// Main thread only, except `FileViewChange` and `updateItemSizeLabel`, which any thread may call.
-class FileListViewController : public QWidget, private Ui::FileListViewController
+class FileListViewController : public QWidget, public Ui::FileListViewController
 {
     Q_OBJECT
 
@@ -42,8 +42,6 @@ public:
     std::int64_t totalFiles() const { return m_count.totalFiles(); }
 
     FileSystemItem &fileSysItem() { return m_fileSysItem; }
-    FileTreeView *sourceFileListView() const { return Ui::FileListViewController::sourceFileListView; }
-    QLabel *itemSizeLabel() const { return Ui::FileListViewController::itemSizeLabel; }
 
     /// Points the tree at another root and shows it, closed and ticked; a path object that is already the
     /// root changes nothing.

@@ -48,6 +48,15 @@ QRect ImageAndTextCell::textFrameForCellFrame(const QRect &cellFrame) const
     return cellFrame.adjusted(imageSize().width() + Gap, 0, 0, 0);
 }
 
+void ImageAndTextCell::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    // Styles outline a box in a darker shade of the window's colour, which nobody sees on a dark list.
+    const auto base = option->palette.color(QPalette::Base);
+    if (base.lightness() < 128)
+        option->palette.setColor(QPalette::Window, base.lighter(400));
+}
+
 void ImageAndTextCell::paint(QPainter *painter, const QStyleOptionViewItem &option,
                              const QModelIndex &index) const
 {

@@ -58,7 +58,7 @@ TEST(SourcePlan, VolumeInBayAIsTheSourceToBeginWith)
     EXPECT_EQ(plan.bayCandidates, 1U);
     EXPECT_EQ(plan.candidates[0].icon, SourceIcon::InternalDisk);
     EXPECT_EQ(plan.candidates[1].icon, SourceIcon::Home);
-    EXPECT_EQ(plan.rootPath, "/Volumes/Master");
+    EXPECT_EQ(*plan.root, "/Volumes/Master");
     EXPECT_EQ(plan.row, (DiskRow{"Master", "Model 1", "SN1", "512.00 KB", "1.00 MB", false, false}));
     EXPECT_TRUE(plan.mayBeEjected);
 }
@@ -70,7 +70,7 @@ TEST(SourcePlan, OfSeveralVolumesInBayATheRowShowsTheLastAndTheTreeTheFirst)
     const auto plan = planSources(box.get(), {{box}, {}, {}}, Anna);
     EXPECT_EQ(titlesOf(plan), (Titles{"One", "Two", "Three"}));
     EXPECT_EQ(plan.row.volume, "Three");
-    EXPECT_EQ(plan.rootPath, "/Volumes/One");
+    EXPECT_EQ(*plan.root, "/Volumes/One");
 }
 
 TEST(SourcePlan, WithAnEmptyBayATheHomeFolderIsTheSourceAndCannotBeEjected)
@@ -79,7 +79,7 @@ TEST(SourcePlan, WithAnEmptyBayATheHomeFolderIsTheSourceAndCannotBeEjected)
     const auto plan = planSources(box.get(), {{box}, {startupDisk()}, {}}, Anna);
     EXPECT_TRUE(plan.isFound);
     EXPECT_EQ(plan.row.volume, "anna");
-    EXPECT_EQ(plan.rootPath, "/Users/anna");
+    EXPECT_EQ(*plan.root, "/Users/anna");
     EXPECT_EQ(plan.candidates[0].icon, SourceIcon::Home);
     EXPECT_EQ(plan.bayCandidates, 0U);
     EXPECT_FALSE(plan.mayBeEjected);
@@ -114,7 +114,7 @@ TEST(SourcePlan, WithoutAnEnclosureThereIsNothingToChoose)
 {
     const auto plan = planSources(nullptr, {{}, {startupDisk()}, {}}, Anna);
     EXPECT_TRUE(plan.candidates.empty());
-    EXPECT_EQ(plan.rootPath, "");
+    EXPECT_FALSE(plan.root);
 }
 
 TEST(SourcePlan, ChosenTitleIsLookedForInBayAFirst)
@@ -122,7 +122,7 @@ TEST(SourcePlan, ChosenTitleIsLookedForInBayAFirst)
     const auto box =
         enclosure(1, {inBay("Slot-A", disk(1, {volume("/Volumes/One"), volume("/Volumes/Two")}))});
     const auto match = sourceTitled("Two", box.get(), {{box}, {disk(5, {volume("/media/Two")})}, {}}, Anna);
-    EXPECT_EQ(match.rootPath, "/Volumes/Two");
+    EXPECT_EQ(*match.root, "/Volumes/Two");
     EXPECT_EQ(match.row.serial, "SN1");
 }
 
@@ -130,28 +130,28 @@ TEST(SourcePlan, OfTwoVolumesWithOneNameOnOtherDisksTheLaterWins)
 {
     const auto match = sourceTitled(
         "Twin", nullptr, {{}, {disk(5, {volume("/media/Twin")}), disk(6, {volume("/mnt/Twin")})}, {}}, Anna);
-    EXPECT_EQ(match.rootPath, "/mnt/Twin");
+    EXPECT_EQ(*match.root, "/mnt/Twin");
     EXPECT_EQ(match.row.model, "Model 6");
 }
 
 TEST(SourcePlan, LoginNameLeadsToTheHomeFolderWhichCannotBeEjected)
 {
     const auto match = sourceTitled("anna", nullptr, {{}, {startupDisk()}, {}}, Anna);
-    EXPECT_EQ(match.rootPath, "/Users/anna");
+    EXPECT_EQ(*match.root, "/Users/anna");
     EXPECT_FALSE(match.mayBeEjected);
 }
 
 TEST(SourcePlan, OtherThunderboltDevicesAreOfferedButNotSearched)
 {
     const auto thunder = enclosure(2, {disk(7, {volume("/Volumes/Fast")})});
-    EXPECT_EQ(sourceTitled("Fast", nullptr, {{}, {}, {thunder}}, Anna).rootPath, "");
+    EXPECT_FALSE(sourceTitled("Fast", nullptr, {{}, {}, {thunder}}, Anna).root);
 }
 
 TEST(SourcePlan, TitleThatMatchesNothingLeavesTheRowEmpty)
 {
     const auto match = sourceTitled("Gone", nullptr, {{}, {startupDisk()}, {}}, Anna);
     EXPECT_EQ(match.row, (DiskRow{"", "", "", "", "", false, false}));
-    EXPECT_EQ(match.rootPath, "");
+    EXPECT_FALSE(match.root);
     EXPECT_TRUE(match.mayBeEjected);
 }
 

@@ -30,7 +30,7 @@ protected:
 
     void showTree() { panel->showRoot(std::make_shared<const std::string>(tree.root())); }
 
-    FileTreeView &view() const { return *panel->sourceFileListView(); }
+    FileTreeView &view() const { return *panel->sourceFileListView; }
     QAbstractItemModel &model() const { return *view().model(); }
     QModelIndex rootIndex() const { return model().index(0, 0); }
 
@@ -71,7 +71,7 @@ protected:
     {
         waitForCount();
         queue.advance(std::chrono::seconds(1));
-        return panel->itemSizeLabel()->text().toStdString();
+        return panel->itemSizeLabel->text().toStdString();
     }
 
     test::TemporaryTree tree;

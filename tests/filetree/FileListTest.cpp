@@ -231,13 +231,13 @@ TEST_F(FileListTest, LabelIsWrittenAtMostTenTimesASecond)
     panel->startCountThread();
     waitForCount();
     queue.advance(std::chrono::milliseconds(1000));
-    panel->itemSizeLabel()->setText(QStringLiteral("untouched"));
+    panel->itemSizeLabel->setText(QStringLiteral("untouched"));
     for (int i = 0; i < 1000; ++i)
         center.post(notification::FileSizeChange);
     queue.advance(std::chrono::milliseconds(99));
-    EXPECT_EQ(panel->itemSizeLabel()->text(), QStringLiteral("untouched"));
+    EXPECT_EQ(panel->itemSizeLabel->text(), QStringLiteral("untouched"));
     queue.advance(std::chrono::milliseconds(1));
-    EXPECT_EQ(panel->itemSizeLabel()->text(), QStringLiteral("1 File(s)     Size : 1.00 Bytes"));
+    EXPECT_EQ(panel->itemSizeLabel->text(), QStringLiteral("1 File(s)     Size : 1.00 Bytes"));
 }
 
 TEST_F(FileListTest, HostileNamesAreShownSafely)
@@ -291,7 +291,7 @@ TEST_F(FileListTest, FilesAndFoldersHaveIconsOfTheirType)
 TEST_F(FileListTest, ControlsHaveAccessibleNames)
 {
     EXPECT_FALSE(view().accessibleName().isEmpty());
-    EXPECT_FALSE(panel->itemSizeLabel()->accessibleName().isEmpty());
+    EXPECT_FALSE(panel->itemSizeLabel->accessibleName().isEmpty());
 }
 
 } // namespace orvana
