@@ -70,7 +70,7 @@ struct RunChoice
     bool isSourceBay(Bay bay) const { return bay == Bay::A && slotAisSource; }
 };
 
-/// What the names of a run's erase must obey: the format that disks get on this machine.
+/// The formats that an erase can give to a disk; each has a limit for names.
 enum class EraseFormat { Ext4, Xfs, ExFat };
 
 } // namespace orvana

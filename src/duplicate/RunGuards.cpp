@@ -3,6 +3,7 @@
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace orvana
 {
@@ -230,6 +231,20 @@ std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderb
     if (!isAsShown(disk, choice))
         return DiskGuard::OtherDisk;
     return std::nullopt;
+}
+
+EraseFormat eraseFormatOf(std::string_view setting)
+{
+    if (setting == "xfs")
+        return EraseFormat::Xfs;
+    return setting == "exfat" ? EraseFormat::ExFat : EraseFormat::Ext4;
+}
+
+EraseFormat eraseFormat()
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
+    const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
+    return eraseFormatOf(setting ? setting : "");
 }
 
 std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)

@@ -95,6 +95,12 @@ struct NameRefusal
 /// "Slot-B (A name that is too long): longer than 16 bytes, which is the limit of ext4"
 std::string refusalText(const NameRefusal &refusal);
 
+/// The format of a setting's text: "xfs" or "exfat"; ext4 for anything else.
+EraseFormat eraseFormatOf(std::string_view setting);
+
+/// The format that disks get on this machine, by the environment's ORVANA_FILE_SYSTEM.
+EraseFormat eraseFormat();
+
 std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format);
 
 } // namespace orvana
