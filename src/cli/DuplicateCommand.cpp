@@ -210,7 +210,7 @@ ExitStatus DuplicateCommand::copy()
     refuseWhatIsNotMounted(m_host, *destinations);
     reportDestinations(m_run.report(), *destinations, choice);
     if (destinations->destinations.empty())
-        return endBecause("no destination is left", NotThere);
+        return endBecause("no destination", NotThere);
     m_plan.job.DesFileArray = destinations->roots();
     m_run.setJob(m_plan.job);
     return m_run.copy(m_census);
