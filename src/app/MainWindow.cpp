@@ -114,6 +114,7 @@ void MainWindow::initTBDeviceView()
     if (!m_tbDevice)
         m_tbDevice = new TBDeviceViewController(m_context.center, TBDeviceView);
     m_tbDevice->setGeometry(0, 0, 300, 70);
+    m_tbDevice->show(); // like the others, it comes when the window is on the screen already
 }
 
 void MainWindow::initDiskInfoView()
@@ -121,6 +122,7 @@ void MainWindow::initDiskInfoView()
     if (!m_diskInfo)
         m_diskInfo = new DiskInfoViewController(m_context.center, DiskInfoView);
     m_diskInfo->setGeometry(0, 0, 300, 500);
+    m_diskInfo->show();
 }
 
 void MainWindow::initFileListView()
@@ -130,6 +132,7 @@ void MainWindow::initFileListView()
         m_fileList =
             new FileListViewController(m_context.host, m_context.center, m_context.queue, FileListView);
     m_fileList->setGeometry(0, 0, 300, 430);
+    m_fileList->show();
 }
 
 void MainWindow::initCopyActionView()
@@ -137,6 +140,7 @@ void MainWindow::initCopyActionView()
     if (!m_action)
         m_action = new CopyActionViewController(m_context.center, CopyActionView);
     m_action->setGeometry(0, 0, 605, 55);
+    m_action->show();
 }
 
 // The two bars have different scales on purpose: percent of a file, fraction of a run.

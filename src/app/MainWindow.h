@@ -137,6 +137,9 @@ Q_SIGNALS:
     /// The user wants to see the log at this path.
     void logWanted(const QString &path);
 
+    /// The window was closed, and with it the program ends.
+    void closed();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;

@@ -354,6 +354,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     QMainWindow::closeEvent(event);
+    Q_EMIT closed();
 }
 
 void MainWindow::askBeforeClosing()

@@ -7,6 +7,7 @@
 #include "platform/HostFactory.h"
 #include "platform/VolumeFiles.h"
 #include "platform/posix/PosixCommandLauncher.h"
+#include "support/SmallMachine.h"
 
 #include <array>
 #include <chrono>
@@ -21,24 +22,6 @@ namespace orvana::cli
 
 namespace
 {
-
-constexpr const char *Machine = R"({
-  "login": "anna",
-  "internalDisks": [ { "model": "SSD", "serial": "I1", "size": 9000000, "volumes": [
-    { "name": "System", "startup": true, "capacity": 8000000,
-      "content": [ { "path": "Letters/Offer.txt", "bytes": 300 } ] } ] } ],
-  "usbDisks": [ { "vendor": "V", "product": "P", "size": 900000, "volumes": [
-    { "name": "STICK", "capacity": 800000, "content": [ { "path": "song.mp3", "bytes": 700 } ] } ] } ],
-  "enclosures": [ { "uid": 7, "bays": [
-    { "bay": "A", "model": "MA", "serial": "SA", "size": 1000000, "volumes": [
-      { "name": "Master", "capacity": 900000, "content": [ { "path": "Footage", "bytes": 6000, "files": 3 },
-                                                           { "path": "Read me.txt", "bytes": 120 } ] } ] },
-    { "bay": "B", "model": "MB", "serial": "SB", "size": 1000000, "volumes": [
-      { "name": "COPY1", "capacity": 900000, "content": [ { "path": "old1", "bytes": 10 } ] } ] },
-    { "bay": "C", "model": "MC", "serial": "SC", "size": 1000000, "volumes": [
-      { "name": "COPY2", "capacity": 900000, "content": [ { "path": "old2", "bytes": 10 } ] } ] },
-    { "bay": "D", "model": "MD", "serial": "SD", "size": 1000000, "formatted": false } ] } ]
-})";
 
 /// A host whose disk utility can be watched.
 class WatchedHost final : public platform::Host, platform::CommandLauncher
@@ -119,7 +102,7 @@ bool waitForText(const std::string &file, const std::string &text)
 
 } // namespace
 
-SimulatedMachineTest::SimulatedMachineTest() : m_machine(Json::parse(Machine))
+SimulatedMachineTest::SimulatedMachineTest() : m_machine(Json::parse(test::SmallMachine))
 {
     m_options.logFolder = m_disks.logFolder = m_tree.folder("logs");
     m_disks.enclosure = 1;
