@@ -64,10 +64,12 @@ void describeDuplicate(CLI::App &duplicate, cli::DuplicateOptions &options)
     duplicate
         .add_option("--select", options.selection,
                     "File or folder of the source to copy; by default all of it. May be given several times")
-        ->type_name("PATH");
+        ->type_name("PATH")
+        ->allow_extra_args(false);
     duplicate.add_flag("--erase", options.erase, "Erase the destination disks first");
     duplicate.add_option("--name", options.names, "New name of an erased disk: B=COPY1")
-        ->type_name("BAY=NAME");
+        ->type_name("BAY=NAME")
+        ->allow_extra_args(false);
     duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
     duplicate.add_flag("--yes", options.yes, "Do not ask");
     duplicate.add_flag("--json", options.json, "Print one JSON object a line");
@@ -78,7 +80,9 @@ void describeDisks(CLI::App &command, cli::DiskOptions &options)
     command
         .add_option("--enclosure", options.enclosure, "Number of the enclosure, as \"devices\" counts them")
         ->required();
-    command.add_option("--bay", options.bays, "Bay from A to D; by default B, C and D")->type_name("BAY");
+    command.add_option("--bay", options.bays, "Bay from A to D; by default B, C and D")
+        ->type_name("BAY")
+        ->allow_extra_args(false);
     command.add_flag("--yes", options.yes, "Do not ask");
 }
 
@@ -86,7 +90,8 @@ void describeErase(CLI::App &erase, cli::DiskOptions &options)
 {
     describeDisks(erase, options);
     erase.add_option("--name", options.names, "New name of an erased disk: B=COPY1; by default the old one")
-        ->type_name("BAY=NAME");
+        ->type_name("BAY=NAME")
+        ->allow_extra_args(false);
 }
 
 void describeDevices(CLI::App &devices, cli::DevicesOptions &options)

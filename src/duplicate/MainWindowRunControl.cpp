@@ -71,7 +71,7 @@ bool MainWindow::areNamesRefused()
     m_toldRefusals.clear();
     if (!m_action->EraseDiskCheckBox->isChecked())
         return false;
-    const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), EraseFormat::Ext4);
+    const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
     if (!plan)
         return false;
     if (plan->badNames.empty()) {

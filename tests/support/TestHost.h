@@ -25,7 +25,7 @@ public:
 };
 
 /// Real files below folders of the test's own, with switches for faults; the user is "tester".
-class TestHost final : public platform::Host, platform::Account, platform::Places
+class TestHost : public platform::Host, platform::Account, platform::Places
 {
 public:
     /// `home` is the tester's home folder and what "/Users/tester" stands for.
