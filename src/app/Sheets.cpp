@@ -1,5 +1,6 @@
 #include "app/Sheets.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 #include <utility>
@@ -25,6 +26,9 @@ void Sheets::showNext()
     m_box->setTextFormat(Qt::PlainText); // names of disks are never markup
     m_box->setText(sheet.message);
     m_box->setInformativeText(sheet.text);
+    // Else a short message makes a sheet so narrow that its text runs over many lines.
+    if (auto *text = m_box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+        text->setMinimumWidth(300);
     for (const auto &title : sheet.buttons) {
         auto *button = m_box->addButton(title, QMessageBox::AcceptRole);
         if (m_box->buttons().size() == 1)
