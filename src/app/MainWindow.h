@@ -36,8 +36,9 @@ class TBDeviceViewController;
 
 /// The program's window and its main controller: it owns the workers and the panels, and turns every event
 /// into action. Its functions live where they belong: start-up and layout in app/MainWindow.cpp, the choice
-/// of enclosure and source in app/MainWindowSelection.cpp, events in app/MainWindowMonitoring.cpp, the run in
-/// duplicate/MainWindowRunControl.cpp, erase and eject in duplicate/MainWindowDisks.cpp.
+/// of enclosure and source in app/MainWindowSelection.cpp, events in app/MainWindowMonitoring.cpp, what a run
+/// shows and holds off in app/MainWindowProgress.cpp, the run itself in duplicate/MainWindowRunControl.cpp,
+/// erase and eject in duplicate/MainWindowDisks.cpp.
 ///
 /// Main thread only, except what `RunDisplay` and `UserEventChange` say.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunDisplay

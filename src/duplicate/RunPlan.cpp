@@ -92,16 +92,16 @@ std::string overSizeText(const RunChoice &choice)
     return text + ".";
 }
 
-bool hasTree(const std::vector<TreeRow> &rows)
+bool hasTree(const std::vector<FileListRow> &rows)
 {
     return !rows.empty() && !rows.front().fullPath.empty();
 }
 
-std::vector<std::string> selectedPaths(const std::vector<TreeRow> &rows)
+std::vector<std::string> selectedPaths(const std::vector<FileListRow> &rows)
 {
     std::vector<std::string> paths;
     for (const auto &row : rows) {
-        if (!row.isExpand && row.isChecked == 1)
+        if (row.isTicked())
             paths.push_back(row.fullPath);
     }
     return paths;

@@ -3,6 +3,7 @@
 #include "duplicate/DiskUtilInfo.h"
 #include "duplicate/RunGuards.h"
 #include "duplicate/SourcePlan.h"
+#include "filetree/FileSystemItem.h"
 
 namespace orvana
 {
@@ -34,19 +35,11 @@ bool isOverSizeInSome(const RunChoice &choice);
 /// The sheet's and the terminal's words for it: " COPY1 COPY2."
 std::string overSizeText(const RunChoice &choice);
 
-/// One visible row of the file tree.
-struct TreeRow
-{
-    std::string fullPath;
-    bool isExpand = false;
-    int isChecked = 0; ///< 1 on, 0 off, -1 mixed
-};
-
 /// True when there is a tree to copy from.
-bool hasTree(const std::vector<TreeRow> &rows);
+bool hasTree(const std::vector<FileListRow> &rows);
 
 /// The paths that are handed to the copy engine: of the rows that are ticked and not expanded.
-std::vector<std::string> selectedPaths(const std::vector<TreeRow> &rows);
+std::vector<std::string> selectedPaths(const std::vector<FileListRow> &rows);
 
 /// A disk that will be erased. Its new name is `info.diskVolume`.
 struct PlannedErase

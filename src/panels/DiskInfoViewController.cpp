@@ -306,11 +306,6 @@ void DiskInfoViewController::hideInfo(RowNumber row, bool hidden)
     showOverSizeMarkers();
 }
 
-bool DiskInfoViewController::isOverSize_AllDisks() const
-{
-    return isOverSize_SlotB() && isOverSize_SlotC() && isOverSize_SlotD();
-}
-
 bool DiskInfoViewController::isOverSize_SomeDisks() const
 {
     return (!m_slotAIsSource && isOverSize_SlotA()) || isOverSize_SlotB() || isOverSize_SlotC() ||

@@ -85,7 +85,10 @@ public:
     bool isOverSize_SlotD() const { return m_rows[SlotDRow].isOverSize; }
 
     /// Bays B, C and D are all too small; bay A never counts.
-    bool isOverSize_AllDisks() const;
+    bool isOverSize_AllDisks() const
+    {
+        return isOverSize_SlotB() && isOverSize_SlotC() && isOverSize_SlotD();
+    }
 
     /// One of the bays that are destinations is too small.
     bool isOverSize_SomeDisks() const;

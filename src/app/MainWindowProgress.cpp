@@ -1,0 +1,122 @@
+#include "app/MainWindow.h"
+#include "app/RunReportWindow.h"
+#include "duplicate/RunProblems.h"
+#include "duplicate/RunReport.h"
+#include "panels/CopyActionViewController.h"
+#include "panels/ShownText.h"
+#include "platform/Host.h"
+#include "platform/Workspace.h"
+
+#include <QCloseEvent>
+#include <QThread>
+
+namespace orvana
+{
+
+void MainWindow::showLastReport()
+{
+    if (!m_report)
+        return;
+    if (m_reportWindow)
+        m_reportWindow->close();
+    auto *window = new RunReportWindow(reportTable(*m_report), m_problems->lines());
+    m_reportWindow = window;
+    connect(window, &RunReportWindow::logWanted, this,
+            [this, log = QString::fromStdString(m_logData->logFilePath())] { Q_EMIT logWanted(log); });
+    connect(this, &QObject::destroyed, window, &QWidget::close);
+    window->show();
+}
+
+void MainWindow::setProgressMsg(const std::string &message)
+{
+    {
+        const std::lock_guard lock(m_progressMutex);
+        m_progress.message = message;
+    }
+    requestProgress();
+}
+
+void MainWindow::setFileProgerss(float percent)
+{
+    {
+        const std::lock_guard lock(m_progressMutex);
+        m_progress.file = percent;
+    }
+    requestProgress();
+}
+
+void MainWindow::setTotalProgerss(float fraction)
+{
+    {
+        const std::lock_guard lock(m_progressMutex);
+        m_progress.total = fraction;
+    }
+    requestProgress();
+}
+
+void MainWindow::requestProgress()
+{
+    if (QThread::currentThread() == thread())
+        showProgress();
+    else
+        m_progressUpdate.request();
+}
+
+// The bars belong to a run; a value that arrives in another state is dropped.
+void MainWindow::showProgress()
+{
+    ShownProgress shown;
+    {
+        const std::lock_guard lock(m_progressMutex);
+        shown = m_progress;
+    }
+    const bool isShown = m_layoutState == 2;
+    messageText->setText(isShown ? shownText(shown.message) : QString());
+    fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);
+    totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
+}
+
+bool MainWindow::isBusy() const
+{
+    return m_action && (m_action->isErasing() || m_fileCopy->isRunning());
+}
+
+void MainWindow::holdOffSleepWhileBusy()
+{
+    constexpr std::chrono::milliseconds BetweenLooks{500};
+    if (!isBusy()) {
+        m_wakefulness.reset();
+        return;
+    }
+    if (!m_wakefulness)
+        m_wakefulness = m_context.host.workspace().holdOffSleep("Disks are being duplicated");
+    later(BetweenLooks, [this] { holdOffSleepWhileBusy(); });
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (isBusy() && !m_isClosing) {
+        event->ignore();
+        askBeforeClosing();
+        return;
+    }
+    QMainWindow::closeEvent(event);
+    Q_EMIT closed();
+}
+
+void MainWindow::askBeforeClosing()
+{
+    m_sheets.show({tr("Warning"),
+                   tr("Disks are being duplicated. If you quit now, the copies are not complete."),
+                   {tr("Quit"), tr("Go On")},
+                   [this](int button) {
+                       if (button != 0)
+                           return;
+                       m_isClosing = true;
+                       if (m_action->isDuplicating())
+                           StopDuplicate();
+                       close();
+                   }});
+}
+
+} // namespace orvana

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "foundation/NotificationCenter.h"
+#include "foundation/NotificationNames.h"
+#include "panels/DiskInfoViewController.h"
+#include "panels/SystemColor.h"
+
+#include <QLabel>
+#include <QtTest/QTest>
+#include <gtest/gtest.h>
+
+namespace orvana
+{
+
+/// The slot panel on a window of its own.
+class SlotPanel : public testing::Test
+{
+protected:
+    SlotPanel()
+    {
+        window.resize(300, 500);
+        panel.setGeometry(0, 0, 300, 500);
+        window.show();
+    }
+
+    // Bay A holds the source: the pop-up's first item is its volume.
+    void makeBayATheSource()
+    {
+        panel.SourcePopup->clear();
+        panel.SourcePopup->addTitle("Master");
+        panel.SourcePopup->addTitle("STICK");
+        panel.setDiskInfo("Source", "Master", "m", "s", "1", "2", false, false);
+        panel.setDiskInfo("Slot-A", "Master", "m", "s", "1", "2", false, false);
+        panel.setSlotAisSource();
+        panel.changeLocation();
+    }
+
+    void makeStickTheSource()
+    {
+        panel.SourcePopup->setCurrentIndex(1);
+        panel.selectSourceDiksPopup();
+    }
+
+    void color(const SystemColor &color, std::initializer_list<const char *> rows)
+    {
+        for (const char *row : rows)
+            panel.setTextColor(row, color);
+    }
+
+    // y of the widget's bottom, counted from the panel's bottom.
+    static int base(const QWidget *widget) { return 500 - widget->geometry().bottom() - 1; }
+
+    const SystemColor &Red = SystemColor::red();
+    const SystemColor &Black = SystemColor::black();
+    NotificationCenter center;
+    QWidget window;
+    DiskInfoViewController panel{center, &window};
+};
+
+} // namespace orvana
