@@ -70,10 +70,7 @@ void MainWindow::startMainWindow()
 {
     initWindowItems();
     m_ScanDevice.setDetectOption(m_uiVersion);
-    m_ScanDevice.resetArray("All");
-    m_ScanDevice.scanTBDevice();
-    m_ScanDevice.scanOtherDevice();
-    m_ScanDevice.scanOtherTBDevice();
+    scanAll();
     m_tbDevice->updateTBDevPopUp(m_ScanDevice.tbArray());
     m_TBMonitor->MonitorInit();
     monitorVolumesDevice();

@@ -162,7 +162,9 @@ private:
 
     // Selection
     UserHome user() const;
+    ChosenEnclosure chosenNow() const;
     ORVThunderboltInfo *selectedEnclosure() const;
+    void scanAll();
     bool isPlaceholderSelected() const;
     void rememberEnclosure();
     void fillSourcePopup(const SourcePlan &plan);
@@ -179,12 +181,15 @@ private:
     void colourBays();
 
     // Run control
+    bool isRunning() const;
+    void startIfUnchanged(const ChosenEnclosure &asked);
     bool isStartRefused();
     bool areNamesRefused();
     void warn(const std::string &text);
     RunChoice choiceNow() const;
     void tellRefusals(const std::vector<DiskRefusal> &refusals);
     void runEnded();
+    void finishReportWithoutCopy();
     void endWithoutCopy();
     void endRunOfLostEnclosure();
     void restoreIdleControls();
@@ -195,9 +200,11 @@ private:
     void askBeforeClosing();
 
     // Erase and eject
-    void ejectWhenIdle(void (MainWindow::*eject)());
-    void ejectTargetsNow();
-    void ejectSourceNow();
+    void lockChoices(bool locked);
+    void eraseWhenIdle(int looksLeft);
+    void ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t run, void (MainWindow::*ejected)());
+    void targetsEjected();
+    void sourceEjected();
     void tellFailedEjects();
     void setEjectButtonsEnabled(bool enabled);
 

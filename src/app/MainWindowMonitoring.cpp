@@ -75,7 +75,11 @@ void MainWindow::devicevolumesChanged(const Notification &notification)
     using namespace notification;
     if (notification.name == DidMount || notification.name == DidUnmount ||
         notification.name == DidRenameVolume)
-        rescanSoon();
+        later(BeforeRescan, [this] {
+            // A run that began meanwhile is not disturbed.
+            if (!m_action->isErasing() && !m_action->isDuplicating())
+                rescanDevice();
+        });
 }
 
 void MainWindow::UserEventChange(const Notification &notification)
@@ -104,10 +108,14 @@ void MainWindow::eraseFinished()
         reportErase(*m_report, *m_erasePlan, m_diskTool->results());
     m_erasePlan.reset();
     m_action->setIsErasing(false);
+    lockChoices(false);
     setProgressMsg(std::string());
     m_ScanDevice.resetArray("TBBay4");
     m_ScanDevice.scanTBDevice();
+    // What was plugged in during the erase was never shown before Start, and is written to by no run of it.
+    const auto shown = m_shown;
     setTargetDiskInfo();
+    m_shown = shown;
     fileProgress->setKind(ProgressIndicator::Kind::Determinate);
     totalProgress->setKind(ProgressIndicator::Kind::Determinate);
     setFileProgerss(0.0F);

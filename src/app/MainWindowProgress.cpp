@@ -76,6 +76,12 @@ void MainWindow::showProgress()
     totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
 }
 
+// What the window shows as a run, with the engine at work or an erase.
+bool MainWindow::isRunning() const
+{
+    return m_action->isErasing() || (m_action->isDuplicating() && m_fileCopy->isRunning());
+}
+
 bool MainWindow::isBusy() const
 {
     return m_action && (m_action->isErasing() || m_fileCopy->isRunning());

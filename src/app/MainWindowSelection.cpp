@@ -23,10 +23,17 @@ bool MainWindow::isPlaceholderSelected() const
     return m_tbDevice->tbDevicePopup->currentIndex() <= 0;
 }
 
+// The picker posts nothing for its placeholder, so what was chosen counts only while it is still selected.
+ChosenEnclosure MainWindow::chosenNow() const
+{
+    const bool isSelected = m_tbDevice->tbDevicePopup->currentIndex() == m_chosen.pickerIndex;
+    return isSelected ? m_chosen : ChosenEnclosure();
+}
+
 // The enclosure at the picker's place, if it still is the one that was chosen there.
 ORVThunderboltInfo *MainWindow::selectedEnclosure() const
 {
-    const auto enclosure = chosenEnclosure(scannedDevices(m_ScanDevice), m_chosen);
+    const auto enclosure = chosenEnclosure(scannedDevices(m_ScanDevice), chosenNow());
     return enclosure ? enclosure->get() : nullptr;
 }
 
@@ -39,12 +46,17 @@ void MainWindow::rememberEnclosure()
         m_chosen.uid = m_ScanDevice.tbArray()[place - 1]->uid();
 }
 
-void MainWindow::rescanDevice()
+void MainWindow::scanAll()
 {
     m_ScanDevice.resetArray("All");
     m_ScanDevice.scanTBDevice();
     m_ScanDevice.scanOtherDevice();
     m_ScanDevice.scanOtherTBDevice();
+}
+
+void MainWindow::rescanDevice()
+{
+    scanAll();
     m_tbDevice->updateTBDevPopUp(m_ScanDevice.tbArray());
     rememberEnclosure();
     m_fileList->showRoot(nullptr);
@@ -78,8 +90,8 @@ void MainWindow::tbDevSelectionChange()
     setTargetDiskInfoColor();
     constexpr int NeverReached = 585; // no state is that high, so the layout is always applied again
     if (m_contentHeight != NeverReached)
-        displayDialog(1, true);
-    disableSlots(m_diskInfo->hasBootDisk());
+        displayDialog(isRunning() ? 2 : 1, true);
+    disableSlots(isRunning() || m_diskInfo->hasBootDisk());
     refuseEnclosure();
 }
 
@@ -95,7 +107,8 @@ void MainWindow::refuseEnclosure()
 {
     if (!m_diskInfo->hasBootDisk() && !m_diskInfo->has_RAIDDisk())
         return;
-    m_action->StartBtn->setEnabled(false);
+    if (!isRunning()) // the button is Cancel then
+        m_action->StartBtn->setEnabled(false);
     m_sheets.show(
         {tr("Warning"), m_diskInfo->hasBootDisk()
                             ? tr("This device cannot be selected when it's used as a startup disk.")

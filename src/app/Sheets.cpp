@@ -29,17 +29,19 @@ void Sheets::showNext()
     // Else a short message makes a sheet so narrow that its text runs over many lines.
     if (auto *text = m_box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
         text->setMinimumWidth(300);
+    QList<QAbstractButton *> buttons; // a desktop may change their texts
     for (const auto &title : sheet.buttons) {
         auto *button = m_box->addButton(title, QMessageBox::AcceptRole);
         if (m_box->buttons().size() == 1)
             m_box->setDefaultButton(button);
         m_box->setEscapeButton(button);
+        buttons.append(button);
     }
     auto *box = m_box.data();
-    QObject::connect(box, &QMessageBox::finished, &m_window, [this, box, sheet] {
+    QObject::connect(box, &QMessageBox::finished, &m_window, [this, box, sheet, buttons] {
         box->deleteLater(); // a pressed button hides it and no more
         auto *pressed = box->clickedButton() ? box->clickedButton() : box->escapeButton();
-        finished(sheet, static_cast<int>(sheet.buttons.indexOf(pressed->text())));
+        finished(sheet, static_cast<int>(buttons.indexOf(pressed)));
     });
     box->open();
 }

@@ -10,10 +10,41 @@
 namespace orvana
 {
 
+// Between Start and the end of an erase nothing that decides about disks can be changed.
+void MainWindow::lockChoices(bool locked)
+{
+    for (QWidget *view : {TBDeviceView, FileListView, static_cast<QWidget *>(m_action->EraseDiskCheckBox)})
+        view->setDisabled(locked);
+}
+
+// Waits for a cancelled run that is still writing its last block, and gives the window the time to be
+// painted.
+void MainWindow::eraseWhenIdle(int looksLeft)
+{
+    constexpr std::chrono::milliseconds BetweenLooks{100};
+    later(BetweenLooks, [this, looksLeft] {
+        if (!m_fileCopy->isRunning()) {
+            EraseDisk();
+        } else if (looksLeft > 0) {
+            eraseWhenIdle(looksLeft - 1);
+        } else {
+            warn("A disk of the run before does not answer. Nothing was erased.");
+            endWithoutCopy();
+        }
+    });
+}
+
 void MainWindow::EraseDisk()
 {
+    // The records may be old: a disk that was pulled and another one that came tell nobody. Scanning again
+    // shows which disks are still those that the bays showed.
+    scanAll();
     auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
-    // What was typed or plugged since Start may not be erased under; the copy that follows says why.
+    if (!plan && plan.error() != EnclosureRefusal::NoneChosen) {
+        warn(refusalText(plan.error()));
+        endWithoutCopy();
+        return;
+    }
     std::vector<DiskUtilInfo> disks;
     if (plan && plan->badNames.empty()) {
         for (const auto &erase : plan->disks)
@@ -31,14 +62,28 @@ void MainWindow::setEjectButtonsEnabled(bool enabled)
     m_diskInfo->EjectSourceDiskBtn->setEnabled(enabled && m_maySourceBeEjected);
 }
 
-// A cancelled run may still be writing its last block; the disk is not taken from under it.
-void MainWindow::ejectWhenIdle(void (MainWindow::*eject)())
+// A cancelled run may still be writing its last block; the disk is not taken from under it. The disks are
+// those of the click, and a run that was started meanwhile keeps them.
+void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t run,
+                               void (MainWindow::*ejected)())
 {
     constexpr std::chrono::milliseconds BetweenLooks{100};
-    if (m_fileCopy->isRunning())
-        later(BetweenLooks, [this, eject] { ejectWhenIdle(eject); });
-    else
-        (this->*eject)();
+    if (run != m_run)
+        return;
+    if (m_fileCopy->isRunning()) {
+        later(BetweenLooks, [this, disks = std::move(disks), run, ejected]() mutable {
+            ejectWhenIdle(std::move(disks), run, ejected);
+        });
+        return;
+    }
+    m_diskTool->setDiskArray(std::move(disks));
+    m_diskTool->EjectDisks();
+    m_diskTool->setDiskArray({});
+    setProgressMsg(std::string());
+    (this->*ejected)();
+    m_action->StartBtn->setEnabled(true);
+    setEjectButtonsEnabled(true);
+    tellFailedEjects();
 }
 
 void MainWindow::EjectTargetDisks()
@@ -46,28 +91,20 @@ void MainWindow::EjectTargetDisks()
     if (m_action->isErasing() || m_action->isDuplicating())
         return;
     setEjectButtonsEnabled(false);
-    ejectWhenIdle(&MainWindow::ejectTargetsNow);
-}
-
-void MainWindow::ejectTargetsNow()
-{
     m_diskTool->setDiskArray({});
     auto plan = planTargetEject(scannedDevices(m_ScanDevice), choiceNow(), user());
-    if (!plan || plan->disks.empty()) {
+    if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
-        return;
-    }
-    m_diskTool->setDiskArray(std::move(plan->disks));
-    m_diskTool->EjectDisks();
-    m_diskTool->setDiskArray({});
-    setProgressMsg(std::string());
+    else
+        ejectWhenIdle(std::move(plan->disks), m_run, &MainWindow::targetsEjected);
+}
+
+void MainWindow::targetsEjected()
+{
     setSourceDiskInfo();
     setTargetDiskInfo();
     for (const auto bay : AllBays)
         m_diskInfo->setTextColor(slotNameOf(bay), SystemColor::black());
-    m_action->StartBtn->setEnabled(true);
-    setEjectButtonsEnabled(true);
-    tellFailedEjects();
 }
 
 void MainWindow::EjectSourceDisk()
@@ -75,25 +112,17 @@ void MainWindow::EjectSourceDisk()
     if (m_action->isErasing() || m_action->isDuplicating())
         return;
     setEjectButtonsEnabled(false);
-    ejectWhenIdle(&MainWindow::ejectSourceNow);
-}
-
-void MainWindow::ejectSourceNow()
-{
     m_diskTool->setDiskArray({});
     auto plan = planSourceEject(scannedDevices(m_ScanDevice), choiceNow());
-    if (!plan || plan->disks.empty()) {
+    if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
-        return;
-    }
-    m_diskTool->setDiskArray(std::move(plan->disks));
-    m_diskTool->EjectDisks();
-    m_diskTool->setDiskArray({});
-    setProgressMsg(std::string());
+    else
+        ejectWhenIdle(std::move(plan->disks), m_run, &MainWindow::sourceEjected);
+}
+
+void MainWindow::sourceEjected()
+{
     setSourceDiskInfo();
-    m_action->StartBtn->setEnabled(true);
-    setEjectButtonsEnabled(true);
-    tellFailedEjects();
 }
 
 // Who pulls a disk that was not ejected loses what it still had to write.

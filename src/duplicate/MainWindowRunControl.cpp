@@ -32,13 +32,21 @@ void MainWindow::Duplicate()
                            shownText(m_diskInfo->OverSizeVolume()) +
                            tr("\n\nPress OK to continue duplicating to the remaining drive(s)."),
                        {tr("OK"), tr("Cancel")},
-                       [this](int button) {
-                           if (button == 0 && !isStartRefused())
-                               StartDuplicate();
+                       [this, asked = chosenNow()](int button) {
+                           if (button == 0)
+                               startIfUnchanged(asked);
                        }});
     } else {
         StartDuplicate();
     }
+}
+
+// What was asked may have been pulled or changed while the question stood.
+void MainWindow::startIfUnchanged(const ChosenEnclosure &asked)
+{
+    const auto now = chosenNow();
+    if (now.pickerIndex == asked.pickerIndex && now.uid == asked.uid && !isStartRefused())
+        StartDuplicate();
 }
 
 void MainWindow::warn(const std::string &text)
@@ -50,7 +58,7 @@ void MainWindow::warn(const std::string &text)
 bool MainWindow::isStartRefused()
 {
     const auto devices = scannedDevices(m_ScanDevice);
-    const auto enclosure = chosenEnclosure(devices, m_chosen);
+    const auto enclosure = chosenEnclosure(devices, chosenNow());
     if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)
         return false; // the run itself says so, and does nothing
     const auto refusal = enclosure ? startRefusal(**enclosure, devices) : std::optional(enclosure.error());
@@ -80,7 +88,7 @@ bool MainWindow::areNamesRefused()
 RunChoice MainWindow::choiceNow() const
 {
     RunChoice choice;
-    choice.enclosure = m_chosen;
+    choice.enclosure = chosenNow();
     choice.source = m_diskInfo->Source();
     choice.sourceItem = m_diskInfo->SourcePopup->selectedTitle();
     choice.sourceRoot = *FileSystemItem::repoRoot();
@@ -104,7 +112,7 @@ void MainWindow::StartDuplicate()
     if (areNamesRefused())
         return;
     ++m_run;
-    m_runEnclosure = m_chosen.uid;
+    m_runEnclosure = chosenNow().uid;
     m_action->setTitle(Title::Cancel);
     m_action->StartBtn->setEnabled(false);
     disableSlots(true);
@@ -120,7 +128,8 @@ void MainWindow::StartDuplicate()
         setProgressMsg("Erasing the destination disks. The window answers again when it is done.");
         // The erase holds up the main thread, so what was just set is painted before it.
         holdOffSleepWhileBusy();
-        later(std::chrono::milliseconds(50), [this] { EraseDisk(); });
+        lockChoices(true);
+        eraseWhenIdle(100);
         return;
     }
     m_action->setIsDuplicating(true);
@@ -143,6 +152,7 @@ void MainWindow::CopyFile()
     const auto rows = m_fileList->rows();
     if (!hasTree(rows)) {
         m_action->setTitle(Title::Start);
+        finishReportWithoutCopy();
         return;
     }
     if (m_diskInfo->Source() == "Source Disk (Slot-A)" &&
@@ -151,6 +161,7 @@ void MainWindow::CopyFile()
         m_diskInfo->SlotD() == "Destination Disk (Slot-D)") {
         m_sheets.show({tr("Infomation"), tr("You must select a Orvana Storage Device first."), {tr("OK")}});
         m_action->setTitle(Title::Start);
+        finishReportWithoutCopy();
         return;
     }
     const auto choice = choiceNow();
@@ -192,8 +203,18 @@ void MainWindow::restoreIdleControls()
     m_action->setIsDuplicating(false);
     m_action->setTitle(Title::Start);
     m_action->StartBtn->setEnabled(true);
+    lockChoices(false);
     disableSlots(false);
     m_runEnclosure.reset();
+}
+
+// The run came to no copy; what was erased before it, or could not be, is told all the same.
+void MainWindow::finishReportWithoutCopy()
+{
+    m_runEnclosure.reset();
+    m_report->finish(RunOutcome::Finished);
+    if (!m_report->diskLines().empty())
+        showLastReport();
 }
 
 // Nothing can be copied to: the report says why, and no sheet says that all is well.

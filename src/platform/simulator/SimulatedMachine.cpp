@@ -191,16 +191,16 @@ SimulatedMachine::Outcome SimulatedMachine::change(const std::function<void(Json
     return {};
 }
 
-std::map<std::string, std::int64_t> SimulatedMachine::freeBytes() const
+std::vector<std::string> SimulatedMachine::mountPoints() const
 {
-    std::map<std::string, std::int64_t> free;
+    std::vector<std::string> points;
     visitAllDisks(m_machine, [&](const Disk &disk, bool) {
         for (const auto &volume : disk.volumes) {
-            if (const auto point = m_volumes.mountPoint(volume))
-                free[*point] = m_volumes.space(m_machine, disk, volume).free;
+            if (auto point = m_volumes.mountPoint(volume))
+                points.push_back(std::move(*point));
         }
     });
-    return free;
+    return points;
 }
 
 std::string SimulatedMachine::diskFree() const

@@ -40,8 +40,8 @@ public:
     /// The listing of mounted volumes, as "/bin/df" prints it.
     std::string diskFree() const;
 
-    /// Mounted volumes by mount point, with the bytes still free.
-    std::map<std::string, std::int64_t> freeBytes() const;
+    /// Where volumes are mounted.
+    std::vector<std::string> mountPoints() const;
 
     /// What "/usr/sbin/diskutil" is asked to do.
     CommandLauncher::Result eraseDisk(const std::string &name, const std::string &device);

@@ -41,23 +41,31 @@ std::string lastComponent(const std::string &path)
 class SimulatorHost::SimulatedAccount final : public Account
 {
 public:
-    explicit SimulatedAccount(const SimulatedMachine &machine) : m_machine(machine) {}
-    std::string loginName() const override { return m_machine.machine().login; }
-    std::string homeFolder() const override { return m_machine.volumes().homeFolder(loginName()); }
+    explicit SimulatedAccount(const SimulatedMachine &machine)
+        : m_login(machine.machine().login), m_home(machine.volumes().homeFolder(m_login))
+    {
+    }
+    std::string loginName() const override { return m_login; }
+    std::string homeFolder() const override { return m_home; }
 
 private:
-    const SimulatedMachine &m_machine;
+    // As they were at the start: other threads ask, while the machine's file may be read anew.
+    const std::string m_login;
+    const std::string m_home;
 };
 
 class SimulatorHost::SimulatedPlaces final : public Places
 {
 public:
-    explicit SimulatedPlaces(const SimulatedMachine &machine) : m_machine(machine) {}
+    explicit SimulatedPlaces(const SimulatedMachine &machine)
+        : m_machine(machine), m_login(machine.machine().login), m_home(machine.volumes().homeFolder(m_login))
+    {
+    }
 
     std::optional<std::string> volumePath(const std::string &name) const override
     {
         std::optional<std::string> found;
-        for (const auto &[point, free] : m_machine.freeBytes()) {
+        for (const auto &point : m_machine.mountPoints()) {
             if (lastComponent(point) != name)
                 continue;
             if (found)
@@ -69,16 +77,14 @@ public:
 
     std::optional<std::string> userPath(const std::string &login) const override
     {
-        if (login != m_machine.machine().login)
-            return std::nullopt;
-        return m_machine.volumes().homeFolder(login);
+        return login == m_login ? std::optional(m_home) : std::nullopt;
     }
 
     bool isVolumeRoot(const Folder &folder) const override
     {
         const auto own = folder.attributes(".", Links::Follow, Want::Basics);
         posix::PosixVolumeFiles files;
-        for (const auto &[point, free] : m_machine.freeBytes()) {
+        for (const auto &point : m_machine.mountPoints()) {
             const auto root = files.workingFolder().attributes(point, Links::Follow, Want::Basics);
             if (own && root && own->device == root->device && own->inode == root->inode)
                 return true;
@@ -88,6 +94,8 @@ public:
 
 private:
     const SimulatedMachine &m_machine;
+    const std::string m_login;
+    const std::string m_home;
 };
 
 class SimulatorHost::SimulatedRegistry final : public HardwareRegistry
