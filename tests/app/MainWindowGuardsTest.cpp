@@ -1,0 +1,183 @@
+#include "WindowFixture.h"
+
+#include "foundation/NotificationNames.h"
+#include "panels/SystemColor.h"
+
+namespace orvana
+{
+
+namespace
+{
+
+/// What must not happen, whatever was chosen, pulled or plugged in between.
+class GuardsTest : public WindowTest
+{
+protected:
+    bool wasErased(const std::string &name) const
+    {
+        return std::any_of(tools().begin(), tools().end(),
+                           [&](const Files &tool) { return tool[0] == "eraseDisk" && tool[2] == name; });
+    }
+
+    bool wasAnythingErased() const { return !tools().empty(); }
+
+    void makeSourceSlow()
+    {
+        auto &volume = bay(0)["volumes"][0];
+        volume["content"] = Json::array({{{"path", "Music"}, {"bytes", 200'000}, {"files", 200}}});
+        volume["faults"] = {{"delayMilliseconds", 20}};
+    }
+};
+
+} // namespace
+
+TEST_F(GuardsTest, PickerBackOnItsPlaceholderErasesCopiesAndEjectsNothing)
+{
+    startWithEnclosure();
+    setErase(true);
+    window().myTBDeviceViewController().tbDevicePopup->setCurrentIndex(0);
+    window().EjectTargetDisks();
+    window().EjectSourceDisk();
+    pressStart();
+    pass(std::chrono::seconds(5));
+    EXPECT_FALSE(wasAnythingErased());
+    EXPECT_FALSE(window().isBusy());
+    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
+}
+
+TEST_F(GuardsTest, DiskThatIsNoLongerTheOneThatWasShownIsNotErased)
+{
+    startWithEnclosure();
+    actions().setIsDuplicating(true); // so that nobody hears of what happens to the bay
+    move("detach", "1/B");
+    pass(std::chrono::seconds(1));
+    move("attach", "1/B");
+    pass(std::chrono::seconds(5));
+    actions().setIsDuplicating(false);
+    ASSERT_EQ(window().layoutState(), 1);
+    pressStart();
+    until([this] { return !actions().isErasing(); });
+    EXPECT_FALSE(wasErased("COPY1"));
+    EXPECT_TRUE(wasErased("COPY2"));
+    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
+}
+
+TEST_F(GuardsTest, DiskPluggedInDuringAnEraseIsNotWrittenTo)
+{
+    startWithEnclosure();
+    actions().setIsDuplicating(true);
+    move("detach", "1/C");
+    pass(std::chrono::seconds(5));
+    actions().setIsDuplicating(false);
+    window().setTargetDiskInfo();
+    m_beforeTool = [this, plugged = false](const Files &) mutable {
+        if (!std::exchange(plugged, true))
+            move("attach", "1/C");
+    };
+    pressStart();
+    until([this] { return !actions().isErasing() && !window().isBusy(); });
+    EXPECT_EQ(filesOn("COPY2"), Files{"old2"});
+}
+
+TEST_F(GuardsTest, ChoicesAreLockedUntilTheEraseIsDone)
+{
+    startWithEnclosure();
+    pressStart();
+    EXPECT_FALSE(window().myTBDeviceViewController().tbDevicePopup->isEnabled());
+    EXPECT_FALSE(actions().EraseDiskCheckBox->isEnabled());
+    EXPECT_FALSE(files().sourceFileListView->isEnabled());
+    untilSheet("File Copy Completed");
+    EXPECT_TRUE(window().myTBDeviceViewController().tbDevicePopup->isEnabled());
+    EXPECT_TRUE(actions().EraseDiskCheckBox->isEnabled());
+    EXPECT_TRUE(files().sourceFileListView->isEnabled());
+}
+
+TEST_F(GuardsTest, MountJustBeforeStartDoesNotDisturbTheRun)
+{
+    bay(3)["attached"] = false;
+    makeSourceSlow();
+    startWithEnclosure();
+    m_volumeCenter.post(notification::DidMount);
+    pressStart();
+    pass(std::chrono::seconds(1));
+    EXPECT_EQ(window().layoutState(), 2);
+    EXPECT_EQ(title(), "Cancel");
+    pressStart();
+    until([this] { return !window().isBusy(); });
+}
+
+TEST_F(GuardsTest, QuestionThatStoodThroughARescanStartsNothing)
+{
+    bay(3)["attached"] = false;
+    startWithEnclosure();
+    slots().setTextColor("Slot-C", SystemColor::red());
+    pressStart();
+    move("unmount", "STICK");
+    until([this] { return window().layoutState() == 0; });
+    pressSheet("OK");
+    EXPECT_FALSE(actions().isDuplicating());
+    EXPECT_FALSE(hasLog());
+    EXPECT_EQ(title(), "Start");
+}
+
+TEST_F(GuardsTest, EjectThatWaitedIsDroppedWhenANewRunBegan)
+{
+    bay(3)["attached"] = false;
+    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 1000}};
+    startWithEnclosure();
+    pressStart();
+    ASSERT_TRUE(window().isBusy());
+    pressStart(); // cancel; the worker is still reading
+    QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
+    pressStart();
+    pass(std::chrono::seconds(2));
+    pressStart();
+    until([this] { return !window().isBusy(); });
+    EXPECT_TRUE(tools().empty());
+    EXPECT_TRUE(isMounted("COPY1"));
+}
+
+TEST_F(GuardsTest, EjectThatWaitsTakesTheDiskOfTheClick)
+{
+    bay(3)["attached"] = false;
+    makeSourceSlow();
+    startWithEnclosure();
+    pressStart();
+    until([this] { return filesOn("COPY1").size() > 1; });
+    pressStart(); // cancel
+    QMetaObject::invokeMethod(slots().EjectSourceDiskBtn, "click");
+    if (isMounted("Master"))
+        chooseSource("STICK");
+    until([this] { return !isMounted("Master"); });
+    EXPECT_TRUE(isMounted("STICK"));
+}
+
+TEST_F(GuardsTest, ChoosingTheEnclosureAgainDuringARunKeepsCancelAndTheBars)
+{
+    bay(3)["attached"] = false;
+    makeSourceSlow();
+    startWithEnclosure();
+    pressStart();
+    until([this] { return filesOn("COPY1").size() > 1; });
+    chooseEnclosure(1);
+    EXPECT_EQ(window().layoutState(), 2);
+    EXPECT_TRUE(actions().StartBtn->isEnabled());
+    EXPECT_FALSE(slots().EjectTargetDiskBtn->isEnabled());
+    pressStart();
+    until([this] { return !window().isBusy(); });
+    EXPECT_TRUE(log().ends_with("User Cancel\n"));
+}
+
+TEST_F(GuardsTest, StartUpDiskInABayIsNeverErased)
+{
+    m_machine["internalDisks"] = Json::array();
+    bay(1)["volumes"][0]["startup"] = true;
+    startWithEnclosure();
+    setErase(true);
+    pressStart();
+    pass(std::chrono::seconds(5));
+    EXPECT_FALSE(wasAnythingErased());
+    EXPECT_FALSE(window().isBusy());
+}
+
+} // namespace orvana
