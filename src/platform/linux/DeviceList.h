@@ -29,6 +29,10 @@ struct Device
 class DeviceList
 {
 public:
+    DeviceList() = default;
+    DeviceList(DeviceList &&) = default;
+    DeviceList &operator=(DeviceList &&) = default;
+
     void add(Device device);
 
     std::vector<const Device *> ofSubsystem(std::string_view subsystem) const;

@@ -9,6 +9,10 @@ namespace orvana::platform::linux_host
 /// One look at the machine, with the names that its disks had then.
 struct MachineLook
 {
+    MachineLook() = default;
+    MachineLook(const MachineLook &) = delete;
+    MachineLook &operator=(const MachineLook &) = delete;
+
     Snapshot snapshot;
     std::vector<Disk> disks; ///< point into `snapshot`
     LinuxTree tree;

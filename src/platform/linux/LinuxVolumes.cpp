@@ -49,7 +49,8 @@ void LinuxVolumeEvents::tell(VolumeChange change) const
 std::optional<std::string> LinuxPlaces::volumePath(const std::string &name) const
 {
     std::set<std::string> found;
-    for (const auto &volume : m_machine.look()->volumes) {
+    const auto look = m_machine.look();
+    for (const auto &volume : look->volumes) {
         if (volume.point.substr(volume.point.rfind('/') + 1) == name)
             found.insert(volume.point);
     }
