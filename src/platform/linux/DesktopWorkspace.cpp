@@ -70,7 +70,7 @@ DesktopWorkspace::DesktopWorkspace(std::string sessionBus, std::string systemBus
 
 void DesktopWorkspace::openPage(const std::string &address)
 {
-    const QUrl page(QString::fromStdString(address), QUrl::StrictMode);
+    const QUrl page(QString::fromStdString(address));
     if (page.scheme() != QStringLiteral("https") && page.scheme() != QStringLiteral("http")) {
         systemLog(displayPath(address) + " is no page of the web");
         return;

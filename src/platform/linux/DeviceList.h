@@ -17,6 +17,7 @@ struct Device
     std::string name;                              ///< last component of the path
     std::map<std::string, std::string> properties; ///< what the kernel and udev say
     std::map<std::string, std::string> attributes; ///< those that the program reads, without their newline
+    bool isInitialized = false;                    ///< udev has an entry of it
     std::vector<std::string> holders;              ///< of a block device: names of what is built upon it
     std::vector<std::string> slaves;               ///< of a block device: names of what it is built from
 

@@ -66,6 +66,7 @@ Device deviceOf(udev_device &source, const Subsystem &subsystem)
                   .name = textOf(udev_device_get_sysname(&source)),
                   .properties = {},
                   .attributes = {},
+                  .isInitialized = udev_device_get_is_initialized(&source) == 1,
                   .holders = {},
                   .slaves = {}};
     udev_list_entry *entry = nullptr;

@@ -71,7 +71,10 @@ void setPort(const DeviceList &devices, Disk &disk)
 {
     for (auto path = pathAbove(disk.device->path); !path.empty(); path = pathAbove(path)) {
         const auto name = path.substr(path.rfind('/') + 1);
-        const auto *port = name.starts_with("ata") ? devices.at(path + "/ata_port/" + name) : nullptr;
+        if (!name.starts_with("ata"))
+            continue;
+        auto portPath = path;
+        const auto *port = devices.at(portPath.append("/ata_port/").append(name));
         if (!port)
             continue;
         // The kernel counts from 1.
@@ -116,21 +119,9 @@ void setNames(const DeviceList &devices, Disk &disk)
         {decoded(device.property("ID_VENDOR_ENC")), device.property("ID_VENDOR"), of(scsi, "vendor")});
 }
 
-// udev looks at every disk; until it has, nothing is known of what is on it.
-bool hasUdevLooked(const Device &device)
-{
-    return std::any_of(device.properties.begin(), device.properties.end(),
-                       [](const auto &property) { return property.first.starts_with("ID_"); });
-}
-
 bool isInUse(const Snapshot &snapshot, const Device &device)
 {
     return snapshot.isMounted(device) || !device.holders.empty() || snapshot.swaps.contains(device.name);
-}
-
-bool isMember(const Device &device)
-{
-    return device.property("ID_FS_USAGE") == "raid";
 }
 
 std::string contentOf(const Device &device)
@@ -208,6 +199,19 @@ std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse)
             disks.push_back(diskOf(snapshot, *device, isInUse));
     }
     return disks;
+}
+
+bool isMember(const Device &device)
+{
+    const auto type = device.property("ID_FS_TYPE");
+    return device.property("ID_FS_USAGE") == "raid" || type.ends_with("_member") || type == "bcache";
+}
+
+bool hasUdevLooked(const Device &device)
+{
+    return device.isInitialized ||
+           std::any_of(device.properties.begin(), device.properties.end(),
+                       [](const auto &property) { return property.first.starts_with("ID_"); });
 }
 
 std::string decoded(const std::string &text)

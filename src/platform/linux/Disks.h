@@ -54,6 +54,12 @@ bool isInExclusiveUse(const std::string &node);
 /// The physical disks of a snapshot, which must outlive them. Images, volume groups and memory are none.
 std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse = isInExclusiveUse);
 
+/// True for a member of a RAID set, a volume group or a pool.
+bool isMember(const Device &device);
+
+/// udev looks at every disk; until it has, nothing is known of what is on it.
+bool hasUdevLooked(const Device &device);
+
 /// A text of udev's in which unusual bytes stand as \xNN.
 std::string decoded(const std::string &text);
 

@@ -110,7 +110,12 @@ Snapshot readSnapshot(const SystemFiles &files)
 {
     Snapshot snapshot{readDevices(), readMounts(files.mounts), {}, {}};
     for (const auto &source : readSwaps(files.swaps)) {
-        if (const auto *device = snapshot.devices.blockAtNode(source))
+        const auto *device = snapshot.devices.blockAtNode(source);
+        // A file is swapped on by way of the file system that it lies on.
+        const auto *mount = device ? nullptr : mountAt(snapshot.mounts, source);
+        if (mount)
+            device = deviceOf(snapshot.devices, *mount);
+        if (device)
             snapshot.swaps.insert(device->name);
     }
     snapshot.beneathRoot = Foundations(snapshot, files).ofPath("/");

@@ -22,7 +22,7 @@ struct Snapshot
 {
     DeviceList devices;
     std::vector<Mount> mounts;
-    std::set<std::string> swaps; ///< kernel names of block devices that are swapped on
+    std::set<std::string> swaps; ///< kernel names of block devices that are swapped on, or hold a swap file
     /// Kernel names of the partitions and whole disks that hold the running system: what "/" lies on, by way
     /// of volume groups, encryption, images, layers and file systems over several devices.
     std::set<std::string> beneathRoot;

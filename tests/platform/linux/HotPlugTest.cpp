@@ -15,6 +15,7 @@ class HotPlug : public LinuxFixture
 {
 protected:
     HotPlug() { m_queue = &m_mainQueue; }
+    ~HotPlug() override { m_host.reset(); } // before its queue
 
     /// Notes what is told: "attached", "detached", "mounted", "unmounted", "renamed".
     void watch()

@@ -249,6 +249,11 @@ void MadeUpMachine::swapOn(const std::string &node) const
     std::ofstream(swapFile(), std::ios::app) << "/dev/" << node << " partition 100 0 -2\n";
 }
 
+void MadeUpMachine::swapOnFile(const std::string &path) const
+{
+    std::ofstream(swapFile(), std::ios::app) << path << " file 100 0 -2\n";
+}
+
 std::string MadeUpMachine::rootFolder() const
 {
     gchar *folder = umockdev_testbed_get_root_dir(m_testbed->bed);

@@ -91,6 +91,7 @@ public:
     void mountLine(const std::string &line);
     void unmount(const std::string &point);
     void swapOn(const std::string &node) const;
+    void swapOnFile(const std::string &path) const;
 
     std::string mountFile() const { return m_tree.path("mountinfo"); }
     std::string swapFile() const { return m_tree.path("swaps"); }
