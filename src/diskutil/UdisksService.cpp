@@ -25,7 +25,7 @@ constexpr int SoonMilliseconds = 30 * 1000;
 // The service may ask the user for a password, and make file systems of any size.
 constexpr int InTimeMilliseconds = 30 * 60 * 1000;
 
-constexpr std::uint64_t FirstByte = 1024 * 1024;
+constexpr std::uint64_t FirstByte = 1'048'576;
 constexpr std::uint64_t AllThatIsLeft = 0;
 
 const QString Interfaces = QStringLiteral("org.freedesktop.UDisks2.");
@@ -197,7 +197,7 @@ Outcome<void> UdisksService::checkNobodyHas(const std::string &node)
     const auto object = m_bus->objectOf(node);
     if (!object)
         return tl::unexpected(object.error());
-    const QVariantMap options{{QStringLiteral("flags"), int{O_EXCL | O_NONBLOCK | O_CLOEXEC}}};
+    const QVariantMap options{{QStringLiteral("flags"), O_EXCL | O_NONBLOCK | O_CLOEXEC}};
     const auto reply = m_bus->call(*object, "Block", "OpenDevice", {QStringLiteral("r"), options}, Refused,
                                    InTimeMilliseconds);
     if (!reply)
