@@ -69,6 +69,7 @@ public:
                       {"outcome", status == Cancelled ? "cancelled" : "finished"},
                       {"files", report.filesStarted()},
                       {"seconds", progress.elapsed()},
+                      {"disks", report.disksJson()},
                       {"destinations", report.destinationsJson()}};
         putPath(event, "log", log);
         putPath(event, "report", report.path());

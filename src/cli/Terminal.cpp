@@ -1,6 +1,7 @@
 #include "cli/Terminal.h"
 
 #include <algorithm>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 #include <vector>
@@ -10,7 +11,40 @@ namespace orvana::cli
 
 Terminal Terminal::ofProcess()
 {
-    return {stdout, stderr, ::isatty(STDOUT_FILENO) == 1};
+    const bool canAsk = ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1;
+    return {stdout, stderr, ::isatty(STDOUT_FILENO) == 1, canAsk ? STDIN_FILENO : NoInput};
+}
+
+// Byte by byte: what follows the line is not this question's answer.
+std::string Terminal::readLine(const std::function<bool()> &givesUp) const
+{
+    constexpr int AMoment = 100;
+    std::string line;
+    while (!givesUp()) {
+        pollfd waiting{m_input, POLLIN, 0};
+        if (::poll(&waiting, 1, AMoment) <= 0)
+            continue;
+        char byte = 0;
+        if (::read(m_input, &byte, 1) != 1)
+            return {};
+        if (byte == '\n')
+            return line;
+        line += byte;
+    }
+    return {};
+}
+
+bool Terminal::confirm(std::string_view question, const std::function<bool()> &givesUp)
+{
+    if (!canAsk())
+        return false;
+    {
+        const std::lock_guard lock(m_mutex);
+        std::fprintf(m_err, "%.*s [y/N] ", static_cast<int>(question.size()), question.data());
+        std::fflush(m_err);
+    }
+    const auto answer = readLine(givesUp);
+    return answer == "y" || answer == "yes";
 }
 
 std::size_t Terminal::width() const

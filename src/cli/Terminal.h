@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -13,11 +14,25 @@ namespace orvana::cli
 class Terminal
 {
 public:
-    /// `isScreen` says that a person watches `out`, who can be shown lines that change.
-    Terminal(std::FILE *out, std::FILE *err, bool isScreen) : m_out(out), m_err(err), m_isScreen(isScreen) {}
+    /// As the input: there is nobody to ask.
+    static constexpr int NoInput = -1;
 
-    /// Standard output and error of the process.
+    /// `isScreen` says that a person watches `out`, who can be shown lines that change. `input` is the
+    /// descriptor from which that person's answers come.
+    Terminal(std::FILE *out, std::FILE *err, bool isScreen, int input = NoInput)
+        : m_out(out), m_err(err), m_isScreen(isScreen), m_input(input)
+    {
+    }
+
+    /// Standard output, error and input of the process.
     static Terminal ofProcess();
+
+    /// True when somebody is there to be asked.
+    bool canAsk() const { return m_input != NoInput; }
+
+    /// Asks on standard error and waits for a line of answer. Only "y" and "yes" are a yes; the end of the
+    /// input is not, nor that `givesUp` turns true meanwhile.
+    bool confirm(std::string_view question, const std::function<bool()> &givesUp);
 
     bool isScreen() const { return m_isScreen; }
 
@@ -34,11 +49,13 @@ public:
     void keepBlock();
 
 private:
+    std::string readLine(const std::function<bool()> &givesUp) const;
     void eraseBlock();
 
     std::FILE *m_out;
     std::FILE *m_err;
     bool m_isScreen;
+    int m_input;
     std::mutex m_mutex;
     std::string m_block;
 };

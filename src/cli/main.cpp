@@ -1,6 +1,8 @@
 #include "cli/CancelRequest.h"
 #include "cli/CopyCommand.h"
 #include "cli/DevicesCommand.h"
+#include "cli/DiskCommands.h"
+#include "cli/DuplicateCommand.h"
 #include "cli/HostChoice.h"
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
@@ -20,6 +22,8 @@ struct Words
     std::optional<std::string> logFolder;
     cli::CopyOptions copy;
     cli::DevicesOptions devices;
+    cli::DuplicateOptions duplicate;
+    cli::DiskOptions disks;
     cli::SimulatorOptions simulator;
 };
 
@@ -49,6 +53,40 @@ void describeCopy(CLI::App &copy, cli::CopyOptions &options)
     copy.add_flag("--json", options.json, "Print one JSON object a line");
 }
 
+void describeDuplicate(CLI::App &duplicate, cli::DuplicateOptions &options)
+{
+    duplicate.add_option("--enclosure", options.enclosure,
+                         "Number of the enclosure, as \"devices\" counts them");
+    duplicate.add_option("--source", options.source, "Name of the source; by default the volume in bay A")
+        ->type_name("NAME");
+    duplicate
+        .add_option("--select", options.selection,
+                    "File or folder of the source to copy; by default all of it. May be given several times")
+        ->type_name("PATH");
+    duplicate.add_flag("--erase", options.erase, "Erase the destination disks first");
+    duplicate.add_option("--name", options.names, "New name of an erased disk: B=COPY1")
+        ->type_name("BAY=NAME");
+    duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
+    duplicate.add_flag("--yes", options.yes, "Do not ask");
+    duplicate.add_flag("--json", options.json, "Print one JSON object a line");
+}
+
+void describeDisks(CLI::App &command, cli::DiskOptions &options)
+{
+    command
+        .add_option("--enclosure", options.enclosure, "Number of the enclosure, as \"devices\" counts them")
+        ->required();
+    command.add_option("--bay", options.bays, "Bay from A to D; by default B, C and D")->type_name("BAY");
+    command.add_flag("--yes", options.yes, "Do not ask");
+}
+
+void describeErase(CLI::App &erase, cli::DiskOptions &options)
+{
+    describeDisks(erase, options);
+    erase.add_option("--name", options.names, "New name of an erased disk: B=COPY1; by default the old one")
+        ->type_name("BAY=NAME");
+}
+
 void describeDevices(CLI::App &devices, cli::DevicesOptions &options)
 {
     devices.add_flag("--json", options.json, "Print JSON");
@@ -66,16 +104,23 @@ void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
     simulator.add_option("NEWNAME", options.newName, "With rename");
 }
 
-cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, bool isCopy)
+cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
 {
     PlainMainQueue queue;
-    const auto host = cli::makeHost(words.machine, words.devices.watch ? &queue : nullptr);
+    const bool watches = command == "devices" ? words.devices.watch : command != "copy";
+    const auto host = cli::makeHost(words.machine, watches ? &queue : nullptr);
     if (!host) {
         terminal.printError("plurimoctl: " + host.error().reason);
         return host.error().status;
     }
-    if (isCopy)
+    if (command == "copy")
         return cli::runCopy(**host, terminal, words.copy);
+    if (command == "duplicate")
+        return cli::runDuplicate(**host, queue, terminal, words.duplicate);
+    if (command == "erase")
+        return cli::runErase(**host, queue, terminal, words.disks);
+    if (command == "eject")
+        return cli::runEject(**host, queue, terminal, words.disks);
     return cli::runDevices(**host, queue, terminal, words.devices);
 }
 
@@ -99,19 +144,27 @@ int main(int argc, char **argv)
     app.require_subcommand(1);
     Words words;
     auto *copy = app.add_subcommand("copy", "Copy files and folders to several folders at once");
+    auto *duplicate = app.add_subcommand("duplicate", "Copy a source onto the disks in an enclosure's bays");
+    auto *erase = app.add_subcommand("erase", "Give the disks in an enclosure's bays a new file system");
+    auto *eject = app.add_subcommand("eject", "Eject the disks in an enclosure's bays");
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
     auto *simulator = app.add_subcommand("simulator", "Change the simulated machine");
     describeCopy(*copy, words.copy);
+    describeDuplicate(*duplicate, words.duplicate);
+    describeErase(*erase, words.disks);
+    describeDisks(*eject, words.disks);
     describeDevices(*devices, words.devices);
     describeSimulator(*simulator, words.simulator);
-    for (auto *command : {copy, devices, simulator})
+    for (auto *command : {copy, duplicate, erase, eject, devices, simulator})
         describeCommon(*command, words);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? cli::AllDone : cli::WrongUsage;
     }
-    words.copy.logFolder = words.logFolder;
+    words.copy.logFolder = words.duplicate.logFolder = words.disks.logFolder = words.logFolder;
     auto terminal = cli::Terminal::ofProcess();
-    return simulator->parsed() ? onSimulator(words, terminal) : onHost(words, terminal, copy->parsed());
+    if (simulator->parsed())
+        return onSimulator(words, terminal);
+    return onHost(words, terminal, app.get_subcommands().front()->get_name());
 }

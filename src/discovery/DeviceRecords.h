@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/PathObject.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -8,9 +10,6 @@
 
 namespace orvana
 {
-
-/// A path whose identity counts: two objects with the same text are not the same path. Null is missing.
-using PathObject = std::shared_ptr<const std::string>;
 
 /// A usable volume: a partition, or the whole disk of a RAID set.
 class ORVBsdInfo

@@ -2,6 +2,7 @@
 
 #include "foundation/DisplayPath.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace orvana
@@ -37,6 +38,11 @@ Json countsOf(const DestinationTally &tally)
     return counts;
 }
 
+bool isFailure(const DiskEntry &entry)
+{
+    return entry.outcome == DiskOutcome::EraseFailed || entry.outcome == DiskOutcome::Refused;
+}
+
 } // namespace
 
 RunReport::RunReport(std::string folder, std::string stamp, const Clock &clock)
@@ -52,6 +58,19 @@ void RunReport::begin(const std::string &source, const std::vector<std::string> 
     m_verify = verify;
     for (const auto &root : destinations)
         m_destinations.emplace_back(root);
+}
+
+void RunReport::disk(const DiskEntry &entry)
+{
+    const std::lock_guard lock(m_mutex);
+    if (std::find(m_disks.begin(), m_disks.end(), entry) == m_disks.end())
+        m_disks.push_back(entry);
+}
+
+void RunReport::note(std::string_view text)
+{
+    const std::lock_guard lock(m_mutex);
+    m_note = text;
 }
 
 DestinationTally &RunReport::destination(std::size_t index)
@@ -131,6 +150,8 @@ void RunReport::phaseTimes(const PhaseTimes &times)
 bool RunReport::allDone() const
 {
     const std::lock_guard lock(m_mutex);
+    if (!m_note.empty() || std::any_of(m_disks.begin(), m_disks.end(), isFailure))
+        return false;
     for (const auto &state : m_destinations) {
         const auto &tally = state.tally;
         if (!state.onDisk || tally.failed > 0 || tally.mismatched > 0 || tally.unverified > 0)
@@ -173,6 +194,31 @@ Json RunReport::destinations() const
     return list;
 }
 
+Json RunReport::disks() const
+{
+    Json list = Json::array();
+    for (const auto &entry : m_disks)
+        list.push_back(diskJson(entry));
+    return list;
+}
+
+Json RunReport::disksJson() const
+{
+    const std::lock_guard lock(m_mutex);
+    return disks();
+}
+
+std::vector<std::string> RunReport::diskLines() const
+{
+    const std::lock_guard lock(m_mutex);
+    std::vector<std::string> lines;
+    for (const auto &entry : m_disks) {
+        if (entry.outcome != DiskOutcome::Erased)
+            lines.push_back(diskText(entry));
+    }
+    return lines;
+}
+
 Json RunReport::destinationsJson() const
 {
     const std::lock_guard lock(m_mutex);
@@ -204,12 +250,15 @@ Json RunReport::summary(RunOutcome outcome) const
                  {"started", m_started},
                  {"ended", localTime(m_clock.now(), TimeLayout)},
                  {"outcome", outcome == RunOutcome::Finished ? "finished" : "cancelled"}};
+    if (!m_note.empty())
+        head["note"] = m_note;
     putPath(head, "source", m_source);
     head["filesStarted"] = m_filesStarted.load();
     head["sourceBytes"] = m_sourceBytes.load();
     head["leftOut"] = m_leftOut.load();
     head["verify"] = m_verify;
     head["seconds"] = {{"copy", m_times.copy}, {"verify", m_times.verify}, {"sync", m_times.sync}};
+    head["disks"] = disks();
     head["destinations"] = destinations();
     return head;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "duplicate/DiskEntry.h"
 #include "duplicate/ReportFile.h"
 #include "foundation/Clock.h"
 
@@ -62,6 +63,12 @@ public:
     /// Says what the run is about to do. Called once, before anything else is noted.
     void begin(const std::string &source, const std::vector<std::string> &destinations, bool verify);
 
+    /// Notes what became of a disk as a whole; the same again changes nothing. May come before `begin`.
+    void disk(const DiskEntry &entry);
+
+    /// A word on the run as a whole, such as why nothing was copied. A run with one is not all done.
+    void note(std::string_view text);
+
     /// The tally of the destination at `index` of the job. Valid as long as the report.
     DestinationTally &destination(std::size_t index);
     std::size_t destinationCount() const;
@@ -108,7 +115,14 @@ public:
     /// The destinations as they stand in the report.
     Json destinationsJson() const;
 
-    /// True when every file is on every destination and nothing differed, as far as the run came.
+    /// A line for people for each disk that was not erased, or takes no part, though its bay holds one.
+    std::vector<std::string> diskLines() const;
+
+    /// The disks as they stand in the report.
+    Json disksJson() const;
+
+    /// True when every file is on every destination and nothing differed, as far as the run came, and no
+    /// disk failed or was refused.
     bool allDone() const;
 
     /// Files whose copy was started.
@@ -131,6 +145,7 @@ private:
     void addProblem(const char *kind, std::size_t index, std::string_view file, const Json &detail);
     const DestinationTally *slowest() const;
     Json destinations() const;
+    Json disks() const;
     Json summary(RunOutcome outcome) const;
 
     const std::string m_stamp;
@@ -147,6 +162,8 @@ private:
     bool m_verify = false;
     std::string m_started;
     PhaseTimes m_times;
+    std::vector<DiskEntry> m_disks;
+    std::string m_note;
     std::deque<DestinationState> m_destinations; // grows without moving its members
     bool m_finished = false;
     std::string m_path;

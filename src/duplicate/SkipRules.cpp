@@ -1,11 +1,7 @@
 #include "duplicate/SkipRules.h"
 
-#include "platform/Account.h"
 #include "platform/Host.h"
-#include "platform/Places.h"
 
-#include <algorithm>
-#include <array>
 #include <vector>
 
 namespace orvana
@@ -16,31 +12,9 @@ using platform::FileType;
 using platform::Links;
 using platform::Want;
 
-namespace
-{
-
-// What other systems keep on a volume for themselves.
-bool namesSystemFolder(const std::string &path)
-{
-    constexpr std::array words{"System Volume Information", "Temporary Items", "Network Trash Folder"};
-    return std::any_of(words.begin(), words.end(),
-                       [&](const char *word) { return path.find(word) != std::string::npos; });
-}
-
-bool belongsToPackage(const std::string &path)
-{
-    return path.find(".band") != std::string::npos;
-}
-
-} // namespace
-
 SkipRules::SkipRules(platform::Host &host, bool includeHidden)
-    : m_files(host.volumeFiles().workingFolder()), m_includeHidden(includeHidden)
+    : m_files(host.volumeFiles().workingFolder()), m_reserved(host), m_includeHidden(includeHidden)
 {
-    const auto login = host.account().loginName();
-    const auto home = host.places().userPath(login).value_or("/Users/" + login);
-    m_library = home + "/Library";
-    m_public = home + "/Public";
 }
 
 SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
@@ -51,7 +25,7 @@ SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
     const bool isLink = verdict.attributes && verdict.attributes->type == FileType::SymbolicLink;
     const bool isHidden = verdict.attributes && verdict.attributes->hiddenExtension;
     verdict.skip = isLink || (!belongsToPackage(pathOrName) && isHidden && !m_includeHidden) ||
-                   pathOrName == m_library || pathOrName == m_public || namesSystemFolder(pathOrName);
+                   m_reserved.contains(pathOrName);
     return verdict;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "filetree/ReservedPaths.h"
 #include "platform/VolumeFiles.h"
 
 #include <cstdint>
@@ -46,8 +47,7 @@ private:
                          std::set<FolderIdentity> &linked) const;
 
     platform::Folder &m_files;
-    std::string m_library;
-    std::string m_public;
+    ReservedPaths m_reserved;
     bool m_includeHidden;
 };
 

@@ -6,8 +6,10 @@
 #include "platform/posix/PosixVolumeFiles.h"
 #include "support/TemporaryTree.h"
 
+#include "platform/posix/PosixCommandLauncher.h"
 #include <cerrno>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace orvana::platform
 {
@@ -94,6 +96,15 @@ TEST_F(FaultyFiles, SyncCloseAndWriteOutFailOnTheirOwn)
     EXPECT_FALSE(file->finishWriteOut(0, File::ToTheEnd));
     m_faults.closeError = true;
     EXPECT_FALSE(file->close());
+}
+
+TEST(PosixCommandLauncher, WhatIsTypedAtTheTerminalDoesNotReachATool)
+{
+    posix::PosixCommandLauncher launcher;
+    const auto result =
+        launcher.run("/bin/sh", {"-c", "read -r words </proc/self/stat; set -- $words; echo $5"});
+    ASSERT_EQ(result.status, 0);
+    EXPECT_NE(std::stoi(result.output), ::getpgrp());
 }
 
 } // namespace orvana::platform

@@ -23,7 +23,10 @@ public:
     /// Lets time pass and runs what has become due, in order.
     void advance(std::chrono::milliseconds time)
     {
-        m_now += time;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_now += time;
+        }
         for (auto work = takeDue(); work; work = takeDue())
             work();
     }

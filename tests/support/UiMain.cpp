@@ -1,5 +1,7 @@
 // The test program's own main: the widgets need an application, and no screen.
 
+#include "resources/Resources.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -21,6 +23,7 @@ int main(int argc, char **argv)
         qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    orvana::loadResources();
     QApplication::setStyle(QStringLiteral("fusion")); // the same on every machine
     return RUN_ALL_TESTS();
 }

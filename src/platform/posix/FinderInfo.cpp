@@ -1,7 +1,12 @@
 #include "platform/posix/FinderInfo.h"
 
 #include <array>
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
 namespace orvana::platform::posix
 {
@@ -25,6 +30,20 @@ bool flagOf(const char *path, const char *attribute)
 }
 
 } // namespace
+
+std::optional<bool> hasExtendedAttributes(int at, const char *name)
+{
+    constexpr long ListXattrAt = 465; // newer than the C library's headers
+    static std::atomic<bool> isMissing{false};
+    if (isMissing)
+        return std::nullopt;
+    const long length = ::syscall(ListXattrAt, at, name, AT_SYMLINK_NOFOLLOW, nullptr, 0);
+    if (length >= 0)
+        return length > 0;
+    if (errno == ENOSYS || errno == EPERM) // the latter from sandboxes that do not know the call
+        isMissing = true;
+    return std::nullopt;
+}
 
 bool hasHiddenExtension(const char *path)
 {

@@ -19,7 +19,8 @@ namespace orvana::platform::posix
 namespace
 {
 
-/// What the child is started with: pipes as its input and output, and no signal of ours held back.
+/// What the child is started with: pipes as its input and output, no signal of ours held back, and a process
+/// group of its own: what the user types at the terminal must not end a disk tool in the middle of its work.
 class SpawnSettings
 {
 public:
@@ -34,7 +35,8 @@ public:
         sigset_t none;
         sigemptyset(&none);
         posix_spawnattr_setsigmask(&m_attributes, &none);
-        posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK);
+        posix_spawnattr_setpgroup(&m_attributes, 0);
+        posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
     }
     ~SpawnSettings()
     {

@@ -32,16 +32,12 @@ std::string pathThroughDescriptor(int at, const std::string &name)
     return at == AT_FDCWD ? name : "/proc/self/fd/" + std::to_string(at) + "/" + name;
 }
 
-Expected<Attributes> attributesAt(int at, const std::string &name, Links links, Want want)
+Expected<Attributes> basicsAt(int at, const std::string &name, Links links)
 {
     struct stat status{};
     if (::fstatat(at, name.c_str(), &status, links == Links::Follow ? 0 : AT_SYMLINK_NOFOLLOW) != 0)
         return failure(errno);
-    Attributes attributes = attributesOf(status);
-    if (want == Want::HiddenExtension)
-        attributes.hiddenExtension =
-            hasHiddenExtension(name.front() == '/' ? name.c_str() : pathThroughDescriptor(at, name).c_str());
-    return attributes;
+    return attributesOf(status);
 }
 
 // Only memory stands behind these, or another file system or machine that keeps a cache of its own.
@@ -76,14 +72,33 @@ Expected<Attributes> PosixFolder::attributes(std::string_view path, Links links,
 {
     if (path.empty())
         path = ".";
-    if (m_reach == Reach::Anywhere && path.size() < PATH_MAX)
-        return attributesAt(m_number, std::string(path), links, want);
+    if (m_reach == Reach::Anywhere && path.size() < PATH_MAX) {
+        const std::string name(path);
+        auto read = basicsAt(m_number, name, links);
+        if (read && want == Want::HiddenExtension)
+            read->hiddenExtension = hasFlag(name);
+        return read;
+    }
     if (links == Links::Follow)
         return attributesFollowing(path);
     const auto entry = openHolder(m_number, path, m_reach);
     if (!entry)
         return tl::unexpected(entry.error());
-    return attributesAt(entry->at, entry->name, links, want);
+    auto read = basicsAt(entry->at, entry->name, links);
+    if (read && want == Want::HiddenExtension)
+        read->hiddenExtension = hasHiddenExtension(pathThroughDescriptor(entry->at, entry->name).c_str());
+    return read;
+}
+
+bool PosixFolder::hasFlag(const std::string &name) const
+{
+    if (!hasExtendedAttributes(m_number, name.c_str()).value_or(true))
+        return false;
+    if (name.front() == '/')
+        return hasHiddenExtension(name.c_str());
+    const auto path =
+        m_absolutePath.empty() ? pathThroughDescriptor(m_number, name) : m_absolutePath + "/" + name;
+    return hasHiddenExtension(path.c_str());
 }
 
 Expected<NameList> PosixFolder::list(std::string_view path) const
@@ -117,7 +132,11 @@ Expected<std::unique_ptr<Folder>> PosixFolder::openFolder(std::string_view path)
     if (!opened)
         return tl::unexpected(opened.error());
     const int number = opened->number();
-    return std::make_unique<PosixFolder>(std::move(*opened), number, m_reach, m_defaults);
+    constexpr std::size_t LongestName = 255;
+    const bool isShort = path.size() + LongestName + 1 < PATH_MAX;
+    const bool isKnown = m_reach == Reach::Anywhere && path.starts_with('/') && isShort;
+    return std::make_unique<PosixFolder>(std::move(*opened), number, m_reach, m_defaults,
+                                         isKnown ? std::string(path) : std::string());
 }
 
 Expected<std::unique_ptr<File>> PosixFolder::openFile(std::string_view path, Access access) const

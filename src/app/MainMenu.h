@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+
+#include <functional>
+
+class QAbstractButton;
+
+namespace orvana
+{
+
+class MainWindow;
+class OrvanaAppDelegate;
+
+/// The menu bar. An action that has a control in the window does what the control does, and can be chosen
+/// exactly while the control can.
+class MainMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Belongs to the window.
+    MainMenu(MainWindow &window, OrvanaAppDelegate &delegate);
+
+private:
+    void makeFileMenu();
+    void makeRunMenu();
+    void makeHelpMenu();
+    QAction *add(QMenu *menu, const QString &text, const QKeySequence &keys, std::function<void()> work);
+    void press(QMenu *menu, const QString &text, const QKeySequence &keys, QAbstractButton *button);
+    void update();
+
+    struct Mirrored
+    {
+        QAction *action;
+        QAbstractButton *button;
+    };
+
+    MainWindow &m_window;
+    OrvanaAppDelegate &m_delegate;
+    QList<Mirrored> m_mirrored;
+    QAction *m_rescan = nullptr;
+    QAction *m_lastReport = nullptr;
+};
+
+} // namespace orvana

@@ -1,0 +1,194 @@
+#include "app/MainWindow.h"
+
+#include "filetree/FileListViewController.h"
+#include "filetree/FileTreeView.h"
+#include "foundation/NotificationNames.h"
+#include "panels/CopyActionViewController.h"
+#include "panels/DiskInfoViewController.h"
+#include "panels/SystemColor.h"
+#include "panels/TBDeviceViewController.h"
+
+#include <QFileInfo>
+
+namespace orvana
+{
+
+UserHome MainWindow::user() const
+{
+    return userHomeOf(m_context.host);
+}
+
+bool MainWindow::isPlaceholderSelected() const
+{
+    return m_tbDevice->tbDevicePopup->currentIndex() <= 0;
+}
+
+// The enclosure at the picker's place, if it still is the one that was chosen there.
+ORVThunderboltInfo *MainWindow::selectedEnclosure() const
+{
+    const auto enclosure = chosenEnclosure(scannedDevices(m_ScanDevice), m_chosen);
+    return enclosure ? enclosure->get() : nullptr;
+}
+
+void MainWindow::rememberEnclosure()
+{
+    m_chosen = {};
+    m_chosen.pickerIndex = std::max(m_tbDevice->tbDevicePopup->currentIndex(), 0);
+    const auto place = static_cast<std::size_t>(m_chosen.pickerIndex);
+    if (place >= 1 && place <= m_ScanDevice.tbArray().size())
+        m_chosen.uid = m_ScanDevice.tbArray()[place - 1]->uid();
+}
+
+void MainWindow::rescanDevice()
+{
+    m_ScanDevice.resetArray("All");
+    m_ScanDevice.scanTBDevice();
+    m_ScanDevice.scanOtherDevice();
+    m_ScanDevice.scanOtherTBDevice();
+    m_tbDevice->updateTBDevPopUp(m_ScanDevice.tbArray());
+    rememberEnclosure();
+    m_fileList->showRoot(nullptr);
+    setSourceDiskInfo();
+    setTargetDiskInfo();
+    m_diskInfo->setSlotAisSource();
+    m_diskInfo->changeLocation();
+    displayDialog(0, true);
+    endRunOfLostEnclosure();
+}
+
+void MainWindow::tbDevSelectionChange()
+{
+    rememberEnclosure();
+    if (isPlaceholderSelected()) {
+        m_diskInfo->initDiskVolume();
+        m_diskInfo->initDiskInfo(std::string());
+        m_diskInfo->setHasBootDisk(false);
+        m_fileList->showRoot(nullptr);
+        displayDialog(0, true);
+        return;
+    }
+    m_diskInfo->setHasBootDisk(false);
+    setSourceDiskInfo();
+    setTargetDiskInfo();
+    m_diskInfo->setSlotAisSource();
+    m_diskInfo->changeLocation();
+    auto *view = m_fileList->sourceFileListView;
+    view->setCurrentIndex(view->model()->index(0, 0));
+    m_fileList->startCountThread();
+    setTargetDiskInfoColor();
+    constexpr int NeverReached = 585; // no state is that high, so the layout is always applied again
+    if (m_contentHeight != NeverReached)
+        displayDialog(1, true);
+    disableSlots(m_diskInfo->hasBootDisk());
+    refuseEnclosure();
+}
+
+// The panel gives all its controls back; the home folder must not be ejected all the same.
+void MainWindow::disableSlots(bool disabled)
+{
+    m_diskInfo->DisabledItem(disabled);
+    if (!disabled)
+        m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
+}
+
+void MainWindow::refuseEnclosure()
+{
+    if (!m_diskInfo->hasBootDisk() && !m_diskInfo->has_RAIDDisk())
+        return;
+    m_action->StartBtn->setEnabled(false);
+    m_sheets.show(
+        {tr("Warning"), m_diskInfo->hasBootDisk()
+                            ? tr("This device cannot be selected when it's used as a startup disk.")
+                            : tr("This device cannot be selected, because it includes a RAID set.")});
+}
+
+void MainWindow::setRow(const std::string &name, const DiskRow &row)
+{
+    m_diskInfo->setDiskInfo(name, row.volume, row.model, row.serial, row.available, row.capacity,
+                            row.labelHidden, row.isRaid);
+}
+
+void MainWindow::setSourceDiskInfo()
+{
+    setRow("Source", DiskRow());
+    if (isPlaceholderSelected()) {
+        m_fileList->showRoot(nullptr);
+        return;
+    }
+    const auto plan = planSources(selectedEnclosure(), scannedDevices(m_ScanDevice), user());
+    fillSourcePopup(plan);
+    if (plan.isFound) {
+        setRow("Source", plan.row);
+        m_diskInfo->setTextColor("Source", SystemColor::blue());
+    }
+    m_maySourceBeEjected = plan.mayBeEjected;
+    m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
+    m_fileList->showRoot(plan.root);
+}
+
+void MainWindow::fillSourcePopup(const SourcePlan &plan)
+{
+    auto *popup = m_diskInfo->SourcePopup;
+    popup->clear();
+    for (std::size_t i = 0; i < plan.candidates.size(); ++i) {
+        if (i > 0 && i == plan.bayCandidates)
+            popup->insertSeparator(popup->count());
+        popup->addTitle(plan.candidates[i].title, iconOf(plan.candidates[i]));
+    }
+    if (plan.bayCandidates > 0 && plan.bayCandidates == plan.candidates.size())
+        popup->insertSeparator(popup->count());
+    popup->setCurrentIndex(popup->count() > 0 ? 0 : -1);
+}
+
+QIcon MainWindow::iconOf(const SourceCandidate &candidate)
+{
+    if (candidate.icon == SourceIcon::Home)
+        return m_SysDiskIcon;
+    if (candidate.icon == SourceIcon::InternalDisk)
+        return m_IntDiskIcon;
+    const auto file = QString::fromStdString(candidate.ownIconFile);
+    if (!file.isEmpty() && QFileInfo::exists(file)) {
+        m_VolumeIcon = QIcon(QPixmap(file));
+        if (!m_VolumeIcon.isNull())
+            return m_VolumeIcon;
+    }
+    return m_ExtDiskIcon;
+}
+
+void MainWindow::SourceDiskSelectionChange()
+{
+    const auto match = sourceTitled(m_diskInfo->SourcePopup->selectedTitle(), selectedEnclosure(),
+                                    scannedDevices(m_ScanDevice), user());
+    m_maySourceBeEjected = match.mayBeEjected;
+    m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
+    setRow("Source", match.row);
+    m_fileList->showRoot(match.root);
+    m_fileList->startCountThread();
+}
+
+bool MainWindow::isTBDevDiskArrayVolumes(const std::string &name) const
+{
+    return orvana::isTBDevDiskArrayVolumes(name, selectedEnclosure());
+}
+
+void MainWindow::setTargetDiskInfo()
+{
+    for (const auto bay : AllBays)
+        setRow(slotNameOf(bay), DiskRow());
+    m_shown = {};
+    const auto *enclosure = isPlaceholderSelected() ? nullptr : selectedEnclosure();
+    if (!enclosure)
+        return;
+    m_shown = shownDisks(*enclosure);
+    const auto bays = bayRowsOf(*enclosure, user());
+    if (bays.hasBootDisk)
+        m_diskInfo->setHasBootDisk(*bays.hasBootDisk);
+    for (const auto &row : bays.rows)
+        setRow(row.slot, row.content);
+    if (bays.holdsUnformatted) {
+        m_action->EraseDiskCheckBox->setChecked(true);
+        m_context.center.post(notification::ClickEraseBtn);
+    }
+}
+
+} // namespace orvana

@@ -1,0 +1,101 @@
+#include "app/OrvanaAppDelegate.h"
+
+#include "app/MainMenu.h"
+#include "app/MainWindow.h"
+#include "foundation/NotificationCenter.h"
+#include "log/LogDataWindows.h"
+#include "version/VersionWindow.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace orvana
+{
+
+OrvanaAppDelegate::OrvanaAppDelegate(const AppContext &context, std::string edition)
+    : m_context(context), m_edition(std::move(edition))
+{
+}
+
+OrvanaAppDelegate::~OrvanaAppDelegate() = default;
+
+void OrvanaAppDelegate::applicationDidFinishLaunching()
+{
+    mainWindow().show();
+    mainWindow().setUIVersion(m_edition);
+    mainWindow().startMainWindow();
+    new MainMenu(mainWindow(), *this);
+    mainWindow().displayDialog(0, false); // once more, with the menu's height
+}
+
+MainWindow &OrvanaAppDelegate::mainWindow()
+{
+    if (!m_mainWindow) {
+        m_mainWindow = std::make_unique<MainWindow>(m_context);
+        connect(m_mainWindow.get(), &MainWindow::closed, this, &OrvanaAppDelegate::closeOthers);
+        connect(m_mainWindow.get(), &MainWindow::logWanted, this, &OrvanaAppDelegate::showLogDataWindows);
+    }
+    return *m_mainWindow;
+}
+
+LogDataWindows &OrvanaAppDelegate::logDataWindow()
+{
+    if (!m_logDataWindow)
+        m_logDataWindow = std::make_unique<LogDataWindows>(m_context.host, m_context.logFolder);
+    return *m_logDataWindow;
+}
+
+VersionWindow &OrvanaAppDelegate::versionWindow()
+{
+    if (!m_versionWindow)
+        m_versionWindow = std::make_unique<VersionWindow>(m_context.host);
+    return *m_versionWindow;
+}
+
+void OrvanaAppDelegate::showLogDataWindows()
+{
+    auto &window = logDataWindow();
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void OrvanaAppDelegate::checkForUpdats()
+{
+    versionWindow().checkVersion();
+}
+
+void OrvanaAppDelegate::howToUse()
+{
+    mainWindow().Help();
+}
+
+void OrvanaAppDelegate::showAbout()
+{
+    auto *box = new QMessageBox(&mainWindow());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowTitle(tr("About Orvana Plurimo"));
+    box->setText(tr("Orvana Plurimo %1").arg(QStringLiteral(PLURIMO_VERSION)));
+    box->setInformativeText(tr("Duplicates disks: one read, many writes, verified."));
+    box->open();
+}
+
+void OrvanaAppDelegate::raiseMainWindow()
+{
+    auto &window = mainWindow();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+}
+
+void OrvanaAppDelegate::closeOthers()
+{
+    for (auto *window : QApplication::topLevelWidgets()) {
+        if (window != m_mainWindow.get())
+            window->close();
+    }
+}
+
+} // namespace orvana

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/AppContext.h"
+
+#include <QObject>
+
+#include <memory>
+#include <string>
+
+namespace orvana
+{
+
+class LogDataWindows;
+class MainMenu;
+class MainWindow;
+class VersionWindow;
+
+/// Owns the program's windows; each is made when it is first asked for. Main thread only.
+class OrvanaAppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `edition` is "Orvana", or "Obsidio" for the partner edition.
+    OrvanaAppDelegate(const AppContext &context, std::string edition);
+    ~OrvanaAppDelegate() override;
+
+    /// Shows the main window and starts it.
+    void applicationDidFinishLaunching();
+
+    /// Closing the main window closes the others and ends the program.
+    static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
+
+    MainWindow &mainWindow();
+    LogDataWindows &logDataWindow();
+    VersionWindow &versionWindow();
+
+    // What the menu offers.
+    void showLogDataWindows();
+    void checkForUpdats();
+    void howToUse();
+    void showAbout();
+
+    /// Brings the main window to the front.
+    void raiseMainWindow();
+
+private:
+    void closeOthers();
+
+    AppContext m_context;
+    std::string m_edition;
+    std::unique_ptr<MainWindow> m_mainWindow;
+    std::unique_ptr<LogDataWindows> m_logDataWindow;
+    std::unique_ptr<VersionWindow> m_versionWindow;
+};
+
+} // namespace orvana

@@ -1,0 +1,48 @@
+#include "app/SingleInstance.h"
+
+#include <QCryptographicHash>
+#include <QLocalSocket>
+
+#include <unistd.h>
+#include <utility>
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr int PatienceMilliseconds = 2000;
+
+} // namespace
+
+SingleInstance::SingleInstance(const QString &machine)
+{
+    const auto digest = QCryptographicHash::hash(machine.toUtf8(), QCryptographicHash::Sha256).toHex();
+    m_name = QStringLiteral("orvana-plurimo-%1-%2").arg(::getuid()).arg(QString::fromLatin1(digest.left(16)));
+}
+
+bool SingleInstance::askTheFirst() const
+{
+    QLocalSocket socket;
+    socket.connectToServer(m_name);
+    // The first one answers with a byte; a socket that a killed program left behind does not.
+    return socket.waitForConnected(PatienceMilliseconds) && socket.waitForReadyRead(PatienceMilliseconds);
+}
+
+void SingleInstance::listen(std::function<void()> raise)
+{
+    QLocalServer::removeServer(m_name);
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this, raise = std::move(raise)] {
+        while (auto *socket = m_server.nextPendingConnection()) {
+            QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+            socket->write("!");
+            socket->disconnectFromServer();
+            raise();
+        }
+    });
+    m_server.listen(m_name);
+}
+
+} // namespace orvana

@@ -1,0 +1,33 @@
+#include "app/VolumeNotifications.h"
+
+#include "foundation/NotificationCenter.h"
+#include "foundation/NotificationNames.h"
+#include "platform/Host.h"
+#include "platform/VolumeEvents.h"
+
+namespace orvana
+{
+
+namespace
+{
+
+const char *nameOf(platform::VolumeChange change)
+{
+    switch (change) {
+    case platform::VolumeChange::Mounted:
+        return notification::DidMount;
+    case platform::VolumeChange::Unmounted:
+        return notification::DidUnmount;
+    default:
+        return notification::DidRenameVolume;
+    }
+}
+
+} // namespace
+
+void postVolumeEvents(platform::Host &host, NotificationCenter &center)
+{
+    host.volumeEvents().subscribe([&center](platform::VolumeChange change) { center.post(nameOf(change)); });
+}
+
+} // namespace orvana

@@ -1,0 +1,235 @@
+#include "cli/DuplicateCommand.h"
+
+#include "cli/CopyRun.h"
+#include "cli/EraseConsent.h"
+#include "cli/SelectionCensus.h"
+#include "cli/Terminal.h"
+#include "duplicate/DiskReport.h"
+#include "duplicate/DiskUtil.h"
+#include "foundation/DisplayPath.h"
+#include "foundation/NotificationNames.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+
+namespace orvana::cli
+{
+
+namespace
+{
+
+constexpr const char *TooSmall = "There is insufficient free disk space on the destination drive(s)";
+
+// Without it an erase would be for nothing.
+bool isRoomLeft(const RunChoice &choice)
+{
+    return std::any_of(AllBays.begin(), AllBays.end(), [&](Bay bay) {
+        const bool isSource = bay == Bay::A && choice.slotAisSource;
+        return !isSource && choice.names[bay] != NoVolume && !choice.isOverSize[bay];
+    });
+}
+
+/// One run of the command, from what the user said to its end.
+class DuplicateCommand
+{
+public:
+    DuplicateCommand(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
+                     const DuplicateOptions &options)
+        : m_host(host), m_terminal(terminal), m_options(options), m_scan(host, queue),
+          m_run(host, terminal,
+                {.logFolder = options.logFolder, .verify = options.verify, .json = options.json})
+    {
+    }
+
+    ExitStatus run();
+
+private:
+    using Check = std::optional<Refusal>;
+    using EnclosurePtr = std::shared_ptr<ORVThunderboltInfo>;
+
+    Check prepare();
+    void sayWhatIsLeftOut() const;
+    Check askForSpace();
+    Check askForErase();
+    Check checkOnceMore();
+    tl::expected<EnclosurePtr, Refusal> enclosure() const
+    {
+        return usableEnclosure(m_scan.devices(), m_plan.choice.enclosure);
+    }
+    tl::expected<ErasePlan, Refusal> presentErase() const;
+    Check ask(const std::string &question, const std::vector<std::string> &lines);
+    void erase();
+    ExitStatus copy();
+    ExitStatus endBecause(const std::string &reason, ExitStatus status);
+
+    platform::Host &m_host;
+    Terminal &m_terminal;
+    const DuplicateOptions &m_options;
+    DeviceScan m_scan;
+    CopyRun m_run;
+    Duplication m_plan;
+    CopyCensus m_census;
+    ErasePlan m_erase;
+};
+
+ExitStatus DuplicateCommand::run()
+{
+    if (const auto refusal = prepare()) {
+        m_terminal.printError("plurimoctl: " + refusal->reason);
+        return refusal->status;
+    }
+    m_run.begin();
+    if (m_options.erase)
+        erase();
+    if (m_run.isCancelled())
+        return m_run.endWithoutCopy(Cancelled);
+    return copy();
+}
+
+// All that is asked and refused, before anything is touched.
+DuplicateCommand::Check DuplicateCommand::prepare()
+{
+    auto plan = planDuplication(m_host, m_scan, m_options);
+    if (!plan)
+        return plan.error();
+    m_plan = std::move(*plan);
+    m_run.setJob(m_plan.job);
+    // A name that is refused should not cost the time of a count.
+    if (const auto erase = presentErase(); m_options.erase && !erase)
+        return erase.error();
+    m_census = countSelection(m_host, m_plan.job.SrcFileArray, [this] { return m_run.isCancelled(); });
+    if (m_run.isCancelled())
+        return Refusal{Cancelled, "cancelled while counting; nothing was touched"};
+    m_scan.scan();
+    const auto present = enclosure();
+    if (!present)
+        return present.error();
+    markOverSize(m_plan.choice, **present, m_census.bytes);
+    sayWhatIsLeftOut();
+    if (const auto refusal = askForSpace())
+        return refusal;
+    if (m_options.erase) {
+        if (const auto refusal = askForErase())
+            return refusal;
+    }
+    return checkOnceMore();
+}
+
+tl::expected<ErasePlan, Refusal> DuplicateCommand::presentErase() const
+{
+    const auto devices = m_scan.devices();
+    return planRequestedErase({devices, m_plan.choice, m_scan.user(), {AllBays.begin(), AllBays.end()}},
+                              m_plan.typed);
+}
+
+DuplicateCommand::Check DuplicateCommand::ask(const std::string &question,
+                                              const std::vector<std::string> &lines)
+{
+    return askFor(question, lines, m_options.yes ? Consent::Given : Consent::Ask, m_terminal,
+                  [this] { return m_run.isCancelled(); });
+}
+
+void DuplicateCommand::sayWhatIsLeftOut() const
+{
+    std::vector<DiskRefusal> refusals;
+    if (m_options.erase) {
+        if (const auto plan = presentErase())
+            refusals = plan->refusals;
+    } else if (const auto plan = planDestinations(m_scan.devices(), m_plan.choice, m_scan.user())) {
+        refusals = plan->refusals;
+    }
+    for (const auto &refusal : refusals)
+        m_terminal.printError("plurimoctl: " + refusalText(refusal));
+}
+
+DuplicateCommand::Check DuplicateCommand::askForSpace()
+{
+    if (isOverSizeInAll(m_plan.choice) || (isOverSizeInSome(m_plan.choice) && !isRoomLeft(m_plan.choice)))
+        return Refusal{Refused, std::string(TooSmall) + "."};
+    if (!isOverSizeInSome(m_plan.choice))
+        return std::nullopt;
+    return ask("Continue duplicating to the remaining drive(s)?",
+               {TooSmall + displayPath(overSizeText(m_plan.choice))});
+}
+
+DuplicateCommand::Check DuplicateCommand::askForErase()
+{
+    auto plan = presentErase();
+    if (!plan)
+        return plan.error();
+    m_erase = std::move(*plan);
+    auto lines = eraseLines(m_erase, m_plan.choice, m_plan.present);
+    lines.insert(lines.begin(), "These disks will lose everything they hold:");
+    return m_erase.disks.empty() ? std::nullopt : ask("Erase them?", lines);
+}
+
+// Time has passed since the answers: only what was agreed to is done.
+DuplicateCommand::Check DuplicateCommand::checkOnceMore()
+{
+    m_scan.scan();
+    if (const auto present = enclosure(); !present)
+        return present.error();
+    if (const auto refusal = sourceChange(m_host, m_plan))
+        return refusal;
+    if (!m_options.erase)
+        return std::nullopt;
+    const auto present = presentErase();
+    return present && present->disks == m_erase.disks ? std::nullopt : Check(changedMeanwhile());
+}
+
+void DuplicateCommand::erase()
+{
+    const auto shown =
+        m_run.center().subscribe(notification::DiskMessage, [this](const Notification &message) {
+            if (!m_options.json)
+                m_terminal.print(message.text(notification::key::DiskMsgInfo));
+        });
+    DiskUtil tool(m_host.launcher(), m_run.center());
+    std::vector<DiskUtilInfo> disks;
+    disks.reserve(m_erase.disks.size());
+    for (const auto &disk : m_erase.disks)
+        disks.push_back(disk.info);
+    tool.setDiskArray(std::move(disks));
+    tool.setGoesOn([this] { return !m_run.isCancelled(); });
+    tool.startEraseDiskThread();
+    reportErase(m_run.report(), m_erase, tool.results());
+    m_scan.scanEnclosures();
+}
+
+ExitStatus DuplicateCommand::copy()
+{
+    const auto devices = m_scan.devices();
+    const auto present = enclosure();
+    if (!present)
+        return endBecause(present.error().reason, present.error().status);
+    auto &choice = m_plan.choice;
+    if (m_options.erase)
+        choice.names = namesIn(**present, m_scan.user());
+    auto destinations = planDestinations(devices, choice, m_scan.user());
+    if (!destinations)
+        return endBecause(refusalText(destinations.error()), refusalOf(destinations.error()).status);
+    refuseWhatIsNotMounted(m_host, *destinations);
+    reportDestinations(m_run.report(), *destinations, choice);
+    if (destinations->destinations.empty())
+        return endBecause("no destination is left", NotThere);
+    m_plan.job.DesFileArray = destinations->roots();
+    m_run.setJob(m_plan.job);
+    return m_run.copy(m_census);
+}
+
+ExitStatus DuplicateCommand::endBecause(const std::string &reason, ExitStatus status)
+{
+    m_terminal.printError("plurimoctl: " + reason);
+    m_run.report().note(reason);
+    return m_run.endWithoutCopy(status);
+}
+
+} // namespace
+
+ExitStatus runDuplicate(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
+                        const DuplicateOptions &options)
+{
+    return DuplicateCommand(host, queue, terminal, options).run();
+}
+
+} // namespace orvana::cli

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "cli/DeviceScan.h"
+#include "duplicate/CopyJob.h"
+
+namespace orvana::cli
+{
+
+/// What the user of `plurimoctl duplicate` said.
+struct DuplicateOptions
+{
+    std::optional<int> enclosure;
+    std::optional<std::string> source;
+    std::vector<std::string> selection; ///< paths, absolute or below the source; none is the whole source
+    std::vector<std::string> names;     ///< "B=COPY1"; with erase only
+    std::optional<std::string> logFolder;
+    bool erase = false;
+    bool verify = false;
+    bool yes = false;
+    bool json = false;
+};
+
+/// What will be duplicated, as it was when the user said so.
+struct Duplication
+{
+    RunChoice choice;
+    PerBay<std::optional<std::string>> typed; ///< the names that were given
+    PerBay<std::string> present;              ///< the names that the bays have
+    CopyJob job;                              ///< without destinations
+    FolderIdentity sourceFolder;              ///< what the source's root was
+};
+
+/// The duplication that the options ask for, or why there is none. Reads only.
+tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const DeviceScan &scan,
+                                                   const DuplicateOptions &options);
+
+/// Why the source is not what it was when the duplication was planned; nothing while it is.
+std::optional<Refusal> sourceChange(platform::Host &host, const Duplication &duplication);
+
+/// Notes into which bays a selection of that many bytes does not fit.
+void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes);
+
+} // namespace orvana::cli

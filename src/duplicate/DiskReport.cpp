@@ -1,0 +1,50 @@
+#include "duplicate/DiskReport.h"
+
+#include "duplicate/RunReport.h"
+
+namespace orvana
+{
+
+namespace
+{
+
+void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
+{
+    for (const auto &refusal : refusals) {
+        const bool isSource = refusal.reason == DiskGuard::CarriesSource;
+        report.disk({refusal.bay,
+                     refusal.name,
+                     {},
+                     isSource ? DiskOutcome::LeftOut : DiskOutcome::Refused,
+                     reasonText(refusal.reason)});
+    }
+}
+
+} // namespace
+
+void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results)
+{
+    for (std::size_t i = 0; i < plan.disks.size(); ++i) {
+        const auto &[bay, info] = plan.disks[i];
+        DiskEntry entry{slotNameOf(bay), info.diskVolume, info, DiskOutcome::EraseFailed,
+                        "the erase was stopped before it"};
+        if (i < results.size()) {
+            entry.outcome = results[i].succeeded ? DiskOutcome::Erased : DiskOutcome::EraseFailed;
+            entry.reason = results[i].reason;
+        }
+        report.disk(entry);
+    }
+    reportRefusals(report, plan.refusals);
+}
+
+void reportDestinations(RunReport &report, const DestinationPlan &plan, const RunChoice &choice)
+{
+    reportRefusals(report, plan.refusals);
+    for (const auto bay : plan.tooSmall)
+        report.disk(
+            {slotNameOf(bay), choice.names[bay], {}, DiskOutcome::LeftOut, "the selection does not fit"});
+    if (plan.destinations.empty())
+        report.note("no destination");
+}
+
+} // namespace orvana

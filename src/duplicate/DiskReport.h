@@ -1,0 +1,18 @@
+#pragma once
+
+#include "duplicate/DiskUtil.h"
+#include "duplicate/RunPlan.h"
+
+namespace orvana
+{
+
+class RunReport;
+
+/// Puts an erase into the report: what the tool did to each disk of the plan, and what was refused. A disk
+/// that the tool did not come to counts as failed.
+void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results);
+
+/// Puts into the report which bays get no copy. A run without any destination says so.
+void reportDestinations(RunReport &report, const DestinationPlan &plan, const RunChoice &choice);
+
+} // namespace orvana

@@ -1,0 +1,375 @@
+#include "app/MainWindow.h"
+#include "app/RunReportWindow.h"
+
+#include "duplicate/DiskReport.h"
+#include "duplicate/RunProblems.h"
+#include "duplicate/RunReport.h"
+#include "filetree/FileListViewController.h"
+#include "panels/CopyActionViewController.h"
+#include "panels/DiskInfoViewController.h"
+#include "panels/ShownText.h"
+#include "platform/Host.h"
+#include "platform/Workspace.h"
+
+#include <QCloseEvent>
+#include <QThread>
+
+namespace orvana
+{
+
+using Title = CopyActionViewController::Title;
+
+void MainWindow::Duplicate()
+{
+    if (m_action->isErasing() || m_action->isDuplicating()) {
+        StopDuplicate();
+        return;
+    }
+    if (isStartRefused())
+        return;
+    if (m_diskInfo->isOverSize_AllDisks()) {
+        m_sheets.show({tr("Insufficient Disk Space"),
+                       tr("There is insufficient free disk space on the destination drive(s)."),
+                       {tr("OK")}});
+    } else if (m_diskInfo->isOverSize_SomeDisks()) {
+        m_sheets.show({tr("Insufficient Disk Space"),
+                       tr("There is insufficient free disk space on the destination drive(s)") +
+                           shownText(m_diskInfo->OverSizeVolume()) +
+                           tr("\n\nPress OK to continue duplicating to the remaining drive(s)."),
+                       {tr("OK"), tr("Cancel")},
+                       [this](int button) {
+                           if (button == 0 && !isStartRefused())
+                               StartDuplicate();
+                       }});
+    } else {
+        StartDuplicate();
+    }
+}
+
+void MainWindow::warn(const std::string &text)
+{
+    m_sheets.show({tr("Warning"), shownText(text)});
+}
+
+// Looks again, from the records of all disks, at what selecting the enclosure looked at.
+bool MainWindow::isStartRefused()
+{
+    const auto devices = scannedDevices(m_ScanDevice);
+    const auto enclosure = chosenEnclosure(devices, m_chosen);
+    if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)
+        return false; // the run itself says so, and does nothing
+    const auto refusal = enclosure ? startRefusal(**enclosure, devices) : std::optional(enclosure.error());
+    if (!refusal)
+        return false;
+    warn(refusalText(*refusal));
+    return true;
+}
+
+// Names are looked at before anything is touched, the log included.
+bool MainWindow::areNamesRefused()
+{
+    m_toldRefusals.clear();
+    if (!m_action->EraseDiskCheckBox->isChecked())
+        return false;
+    const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), EraseFormat::Ext4);
+    if (!plan)
+        return false;
+    if (plan->badNames.empty()) {
+        tellRefusals(plan->refusals);
+        return false;
+    }
+    m_sheets.show({tr("Warning"), QString::fromStdString(textOf(plan->badNames))});
+    return true;
+}
+
+RunChoice MainWindow::choiceNow() const
+{
+    RunChoice choice;
+    choice.enclosure = m_chosen;
+    choice.source = m_diskInfo->Source();
+    choice.sourceItem = m_diskInfo->SourcePopup->selectedTitle();
+    choice.sourceRoot = *FileSystemItem::repoRoot();
+    choice.slotAisSource = m_diskInfo->SlotAisSource();
+    choice.names[Bay::A] = m_diskInfo->SlotA();
+    choice.names[Bay::B] = m_diskInfo->SlotB();
+    choice.names[Bay::C] = m_diskInfo->SlotC();
+    choice.names[Bay::D] = m_diskInfo->SlotD();
+    choice.isOverSize[Bay::A] = m_diskInfo->isOverSize_SlotA();
+    choice.isOverSize[Bay::B] = m_diskInfo->isOverSize_SlotB();
+    choice.isOverSize[Bay::C] = m_diskInfo->isOverSize_SlotC();
+    choice.isOverSize[Bay::D] = m_diskInfo->isOverSize_SlotD();
+    choice.shown = m_shown;
+    choice.erase = m_action->EraseDiskCheckBox->isChecked();
+    choice.verify = m_action->verifyFiles();
+    return choice;
+}
+
+void MainWindow::StartDuplicate()
+{
+    if (areNamesRefused())
+        return;
+    ++m_run;
+    m_runEnclosure = m_chosen.uid;
+    m_action->setTitle(Title::Cancel);
+    m_action->StartBtn->setEnabled(false);
+    disableSlots(true);
+    m_relay->runStarts();
+    makeReport();
+    displayDialog(2, true);
+    fileProgress->setKind(ProgressIndicator::Kind::Determinate);
+    if (m_action->EraseDiskCheckBox->isChecked()) {
+        m_action->setIsErasing(true);
+        totalProgress->setKind(ProgressIndicator::Kind::Indeterminate);
+        setFileProgerss(ProgressIndicator::Hidden);
+        setTotalProgerss(0.0F);
+        setProgressMsg("Erasing the destination disks. The window answers again when it is done.");
+        // The erase holds up the main thread, so what was just set is painted before it.
+        holdOffSleepWhileBusy();
+        later(std::chrono::milliseconds(50), [this] { EraseDisk(); });
+        return;
+    }
+    m_action->setIsDuplicating(true);
+    m_action->StartBtn->setEnabled(true);
+    totalProgress->setKind(ProgressIndicator::Kind::Determinate);
+    setFileProgerss(0.0F);
+    setTotalProgerss(0.0F);
+    CopyFile();
+}
+
+void MainWindow::makeReport()
+{
+    m_report = std::make_shared<RunReport>(m_logData->folder(), m_logData->stamp(), m_context.clock);
+    m_problems = std::make_shared<RunProblems>();
+    m_report->setProblemListener([problems = m_problems](const Json &problem) { problems->add(problem); });
+}
+
+void MainWindow::CopyFile()
+{
+    const auto rows = m_fileList->rows();
+    if (rows.empty() || rows.front().fullPath.empty()) {
+        m_action->setTitle(Title::Start);
+        return;
+    }
+    std::vector<std::string> selection;
+    for (const auto &row : rows) {
+        if (row.isTicked())
+            selection.push_back(row.fullPath);
+    }
+    if (m_diskInfo->Source() == "Source Disk (Slot-A)" &&
+        m_diskInfo->SlotB() == "Destination Disk (Slot-B)" &&
+        m_diskInfo->SlotC() == "Destination Disk (Slot-C)" &&
+        m_diskInfo->SlotD() == "Destination Disk (Slot-D)") {
+        m_sheets.show({tr("Infomation"), tr("You must select a Orvana Storage Device first."), {tr("OK")}});
+        m_action->setTitle(Title::Start);
+        return;
+    }
+    const auto choice = choiceNow();
+    auto plan = planDestinations(scannedDevices(m_ScanDevice), choice, user());
+    if (!plan) {
+        warn(refusalText(plan.error()));
+        endWithoutCopy();
+        return;
+    }
+    refuseWhatIsNotMounted(m_context.host, *plan);
+    reportDestinations(*m_report, *plan, choice);
+    tellRefusals(plan->refusals);
+    if (plan->destinations.empty()) {
+        endWithoutCopy();
+        return;
+    }
+    m_fileCopy->SetBackupDiskValue(std::move(selection), choice.sourceRoot, plan->roots());
+    m_fileCopy->setTotalFiles(m_fileList->totalFiles());
+    m_relay->jobHandedOver(choice.sourceRoot, plan->roots());
+    m_fileCopy->setReport(m_report);
+    m_fileCopy->startCopyThread();
+    holdOffSleepWhileBusy();
+}
+
+void MainWindow::tellRefusals(const std::vector<DiskRefusal> &refusals)
+{
+    std::vector<DiskRefusal> news;
+    for (const auto &refusal : refusals) {
+        if (m_toldRefusals.insert(refusalText(refusal)).second)
+            news.push_back(refusal);
+    }
+    if (!news.empty())
+        m_sheets.show({tr("Warning"), QString::fromStdString(textOf(news))});
+}
+
+void MainWindow::restoreIdleControls()
+{
+    m_action->setIsErasing(false);
+    m_action->setIsDuplicating(false);
+    m_action->setTitle(Title::Start);
+    m_action->StartBtn->setEnabled(true);
+    disableSlots(false);
+    m_runEnclosure.reset();
+}
+
+// Nothing can be copied to: the report says why, and no sheet says that all is well.
+void MainWindow::endWithoutCopy()
+{
+    ++m_run;
+    m_report->finish(RunOutcome::Finished);
+    restoreIdleControls();
+    displayDialog(1, true);
+    showLastReport();
+}
+
+void MainWindow::endRunOfLostEnclosure()
+{
+    if (!m_runEnclosure || !m_fileCopy->isRunning() || !m_action->isDuplicating())
+        return;
+    for (const auto &enclosure : m_ScanDevice.tbArray()) {
+        if (enclosure->uid() == m_runEnclosure)
+            return;
+    }
+    m_fileCopy->stopCopyThread();
+    ++m_run;
+    restoreIdleControls();
+    displayDialog(0, true);
+    m_sheets.show(
+        {tr("Warning"), tr("The device was removed while files were being duplicated to it. The run "
+                           "has ended; its copies are not complete.")});
+}
+
+void MainWindow::BackupFinish()
+{
+    later(std::chrono::milliseconds(0), [this, run = m_run.load()] {
+        if (run == m_run) // else it was cancelled meanwhile
+            runEnded();
+    });
+}
+
+void MainWindow::runEnded()
+{
+    m_fileCopy->stopCopyThread();
+    m_action->setIsDuplicating(false);
+    m_action->setTitle(Title::Start);
+    disableSlots(false);
+    hiddenPrpgressBar(true);
+    m_runEnclosure.reset();
+    m_ScanDevice.reGetDiskVolume();
+    setTargetDiskInfo();
+    displayDialog(1, true);
+    m_relay->runFinished();
+    m_sheets.show({tr("File Copy Completed"), tr("All files have been copied successfully."), {tr("Done")}});
+    if (m_report && !m_report->allDone())
+        showLastReport();
+}
+
+void MainWindow::StopDuplicate()
+{
+    m_relay->userCancelled();
+    ++m_run;
+    if (m_action->isDuplicating())
+        m_fileCopy->stopCopyThread();
+    hiddenPrpgressBar(true);
+    displayDialog(1, true);
+    restoreIdleControls();
+}
+
+void MainWindow::showLastReport()
+{
+    if (!m_report)
+        return;
+    auto *window = new RunReportWindow(reportTable(*m_report), m_problems->lines());
+    connect(window, &RunReportWindow::logWanted, this,
+            [this, log = QString::fromStdString(m_logData->logFilePath())] { Q_EMIT logWanted(log); });
+    connect(this, &QObject::destroyed, window, &QWidget::close);
+    window->show();
+}
+
+void MainWindow::setProgressMsg(const std::string &message)
+{
+    {
+        const std::lock_guard lock(m_progressMutex);
+        m_progress.message = message;
+    }
+    requestProgress();
+}
+
+void MainWindow::setFileProgerss(float percent)
+{
+    {
+        const std::lock_guard lock(m_progressMutex);
+        m_progress.file = percent;
+    }
+    requestProgress();
+}
+
+void MainWindow::setTotalProgerss(float fraction)
+{
+    {
+        const std::lock_guard lock(m_progressMutex);
+        m_progress.total = fraction;
+    }
+    requestProgress();
+}
+
+void MainWindow::requestProgress()
+{
+    if (QThread::currentThread() == thread())
+        showProgress();
+    else
+        m_progressUpdate.request();
+}
+
+// The bars belong to a run; a value that arrives in another state is dropped.
+void MainWindow::showProgress()
+{
+    ShownProgress shown;
+    {
+        const std::lock_guard lock(m_progressMutex);
+        shown = m_progress;
+    }
+    const bool isShown = m_layoutState == 2;
+    messageText->setText(isShown ? shownText(shown.message) : QString());
+    fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);
+    totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
+}
+
+bool MainWindow::isBusy() const
+{
+    return m_action && (m_action->isErasing() || m_fileCopy->isRunning());
+}
+
+void MainWindow::holdOffSleepWhileBusy()
+{
+    constexpr std::chrono::milliseconds BetweenLooks{500};
+    if (!isBusy()) {
+        m_wakefulness.reset();
+        return;
+    }
+    if (!m_wakefulness)
+        m_wakefulness = m_context.host.workspace().holdOffSleep("Disks are being duplicated");
+    later(BetweenLooks, [this] { holdOffSleepWhileBusy(); });
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (isBusy() && !m_isClosing) {
+        event->ignore();
+        askBeforeClosing();
+        return;
+    }
+    QMainWindow::closeEvent(event);
+    Q_EMIT closed();
+}
+
+void MainWindow::askBeforeClosing()
+{
+    m_sheets.show({tr("Warning"),
+                   tr("Disks are being duplicated. If you quit now, the copies are not complete."),
+                   {tr("Quit"), tr("Go On")},
+                   [this](int button) {
+                       if (button != 0)
+                           return;
+                       m_isClosing = true;
+                       if (m_action->isDuplicating())
+                           StopDuplicate();
+                       close();
+                   }});
+}
+
+} // namespace orvana

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+class RunReport;
+
+/// What a run did, as a table for people: one row for each destination and each disk that took no part.
+struct ReportTable
+{
+    static constexpr std::array Titles{"Destination", "Copied", "Failed", "Verified",
+                                       "Mismatched",  "Bytes",  "Rate",   "Reason"};
+    using Row = std::array<std::string, Titles.size()>;
+
+    std::string headline; ///< one sentence on the whole run
+    std::vector<Row> rows;
+};
+
+ReportTable reportTable(const RunReport &report);
+
+/// The table as text with columns set apart by tabs, and `lines` below it.
+std::string textOf(const ReportTable &table, const std::vector<std::string> &lines);
+
+} // namespace orvana

@@ -1,0 +1,235 @@
+#include "duplicate/RunGuards.h"
+
+#include "foundation/DisplayPath.h"
+
+#include <algorithm>
+
+namespace orvana
+{
+
+namespace
+{
+
+struct FormatLimit
+{
+    const char *name;
+    std::size_t length;
+    const char *unit;
+};
+
+FormatLimit limitOf(EraseFormat format)
+{
+    switch (format) {
+    case EraseFormat::Xfs:
+        return {"xfs", 12, "bytes"};
+    case EraseFormat::ExFat:
+        return {"exFAT", 11, "characters"};
+    default:
+        return {"ext4", 16, "bytes"};
+    }
+}
+
+// Characters are counted as exFAT keeps them: those of four bytes take the place of two.
+std::size_t lengthIn(EraseFormat format, const std::string &name)
+{
+    if (format != EraseFormat::ExFat)
+        return name.size();
+    std::size_t length = 0;
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte & 0xC0U) != 0x80)
+            length += byte >= 0xF0 ? 2 : 1;
+    }
+    return length;
+}
+
+bool hasControls(const std::string &name)
+{
+    return std::any_of(name.begin(), name.end(), [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < 0x20 || byte == 0x7F;
+    });
+}
+
+bool isAtOrBelow(const std::string &path, const std::string &folder)
+{
+    if (folder.empty() || path.empty())
+        return false;
+    return path == folder || path.starts_with(folder + "/");
+}
+
+bool isSameDisk(const ORVHddInfo &a, const ORVHddInfo &b)
+{
+    return &a == &b || (a.devPath() && !a.devPath()->empty() && a.devPath() == b.devPath());
+}
+
+// True when one of the records of the disk, of which a scan may make several, answers yes.
+template <class Question>
+bool anyRecordOf(const ORVHddInfo &disk, const ScannedDevices &devices, Question question)
+{
+    if (question(disk))
+        return true;
+    const auto all = devices.allDisks();
+    return std::any_of(all.begin(), all.end(),
+                       [&](const auto &other) { return isSameDisk(disk, *other) && question(*other); });
+}
+
+bool isOfSource(const ORVBsdInfo &volume, const RunChoice &choice, const UserHome &user)
+{
+    if (!volume.mountPoint())
+        return false;
+    const auto name = displayName(volume, user);
+    return (!name.empty() && (name == choice.source || name == choice.sourceItem)) ||
+           isAtOrBelow(choice.sourceRoot, rootPath(volume, user));
+}
+
+bool isStartupIn(const ORVHddInfo &disk, const ScannedDevices &devices)
+{
+    return anyRecordOf(disk, devices, [](const ORVHddInfo &record) { return isStartupDisk(record); });
+}
+
+std::string placeText(const std::string &bay, const std::string &name)
+{
+    if (bay.empty())
+        return displayPath(name);
+    return name.empty() ? bay : bay + " (" + displayPath(name) + ")";
+}
+
+} // namespace
+
+std::string refusalText(EnclosureRefusal refusal)
+{
+    switch (refusal) {
+    case EnclosureRefusal::NoneChosen:
+        return "You must select a Orvana Storage Device first.";
+    case EnclosureRefusal::NotThere:
+        return "The selected device is no longer there.";
+    case EnclosureRefusal::AnotherOne:
+        return "Another device has taken the place of the selected one.";
+    case EnclosureRefusal::StartupDisk:
+        return "This device cannot be selected when it's used as a startup disk.";
+    default:
+        return "This device cannot be selected, because it includes a RAID set.";
+    }
+}
+
+tl::expected<std::shared_ptr<ORVThunderboltInfo>, EnclosureRefusal>
+chosenEnclosure(const ScannedDevices &devices, const ChosenEnclosure &chosen)
+{
+    if (chosen.pickerIndex <= 0)
+        return tl::unexpected(EnclosureRefusal::NoneChosen);
+    const auto index = static_cast<std::size_t>(chosen.pickerIndex) - 1;
+    if (index >= devices.tbArray.size())
+        return tl::unexpected(EnclosureRefusal::NotThere);
+    const auto &enclosure = devices.tbArray[index];
+    const auto alike = std::count_if(devices.tbArray.begin(), devices.tbArray.end(),
+                                     [&](const auto &other) { return other->uid() == enclosure->uid(); });
+    if (!chosen.uid || enclosure->uid() != chosen.uid || alike != 1)
+        return tl::unexpected(EnclosureRefusal::AnotherOne);
+    return enclosure;
+}
+
+std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure,
+                                             const ScannedDevices &devices)
+{
+    const auto &disks = enclosure.hddArray();
+    if (std::any_of(disks.begin(), disks.end(),
+                    [&](const auto &disk) { return isStartupIn(*disk, devices); }))
+        return EnclosureRefusal::StartupDisk;
+    if (std::any_of(disks.begin(), disks.end(), [](const auto &disk) { return disk->isRaidFormated(); }))
+        return EnclosureRefusal::RaidSet;
+    return std::nullopt;
+}
+
+std::string reasonText(DiskGuard guard)
+{
+    switch (guard) {
+    case DiskGuard::CarriesSource:
+        return "it carries the source";
+    case DiskGuard::StartupDisk:
+        return "it is the start-up disk";
+    case DiskGuard::RaidSet:
+        return "it belongs to a RAID set";
+    case DiskGuard::NoDevice:
+        return "it has no device node";
+    case DiskGuard::NotCertain:
+        return "another disk claims the same place";
+    case DiskGuard::NoName:
+        return "its volume has no name";
+    case DiskGuard::NotMounted:
+        return "its volume is not mounted";
+    case DiskGuard::OtherDisk:
+        return "it is not the disk that was shown";
+    case DiskGuard::OtherVolume:
+        return "it no longer holds the volume that was shown";
+    default:
+        return "a bay before it shows the same name";
+    }
+}
+
+std::string refusalText(const DiskRefusal &refusal)
+{
+    return placeText(refusal.bay, refusal.name) + ": " + reasonText(refusal.reason);
+}
+
+bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const RunChoice &choice,
+                   const UserHome &user)
+{
+    return anyRecordOf(disk, devices, [&](const ORVHddInfo &record) {
+        const auto &volumes = record.bsdPathArray();
+        return std::any_of(volumes.begin(), volumes.end(),
+                           [&](const auto &volume) { return isOfSource(*volume, choice, user); });
+    });
+}
+
+std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &devices,
+                                 const RunChoice &choice, const UserHome &user)
+{
+    if (isStartupIn(disk, devices))
+        return DiskGuard::StartupDisk;
+    if (carriesSource(disk, devices, choice, user))
+        return DiskGuard::CarriesSource;
+    if (!disk.devPath() || disk.devPath()->empty())
+        return DiskGuard::NoDevice;
+    return std::nullopt;
+}
+
+std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)
+{
+    if (name.empty())
+        return NameGuard::Empty;
+    if (name.find('/') != std::string::npos || name.find('\0') != std::string::npos)
+        return NameGuard::Separator;
+    if (name == "." || name == ".." || name == NoVolume || name == UnformattedDisk)
+        return NameGuard::Reserved;
+    if (!isUtf8(name) || hasControls(name))
+        return NameGuard::NotText;
+    if (lengthIn(format, name) > limitOf(format).length)
+        return NameGuard::TooLong;
+    if (name.front() == ' ' || name.back() == ' ' || name.find("  ") != std::string::npos)
+        return NameGuard::LostBlanks;
+    return std::nullopt;
+}
+
+std::string refusalText(const NameRefusal &refusal)
+{
+    const auto limit = limitOf(refusal.format);
+    const auto place = placeText(refusal.bay, refusal.name) + ": ";
+    switch (refusal.reason) {
+    case NameGuard::Empty:
+        return place + "a disk needs a name";
+    case NameGuard::Reserved:
+        return place + "this cannot be the name of a disk";
+    case NameGuard::Separator:
+        return place + "a name cannot hold \"/\"";
+    case NameGuard::NotText:
+        return place + "a name is text on one line";
+    case NameGuard::LostBlanks:
+        return place + "a name cannot begin or end with a blank, nor hold two in a row";
+    default:
+        return place + "longer than " + std::to_string(limit.length) + " " + limit.unit +
+               ", which is the limit of " + limit.name;
+    }
+}
+
+} // namespace orvana

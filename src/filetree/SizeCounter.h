@@ -1,0 +1,45 @@
+#pragma once
+
+#include "filetree/ReservedPaths.h"
+#include "platform/VolumeFiles.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+/// What a count has found so far. Written by the counting thread, read by any.
+struct CountTotals
+{
+    std::atomic<std::uint64_t> totalSize{0}; ///< bytes
+    std::atomic<std::int64_t> totalFiles{0};
+};
+
+/// Counts files and their bytes below paths, leaving out what a run is not asked for: links, hidden
+/// extensions, names that begin with a dot, reserved paths. Used on one thread; on a worker whose cancel was
+/// requested the thread ends at the next entry.
+class SizeCounter
+{
+public:
+    /// `fileCounted` is called once a file, after the totals grew. All three must outlive the counter.
+    SizeCounter(platform::Host &host, CountTotals &totals, std::function<void()> fileCounted);
+
+    /// Adds what lies at and below `path`, a folder or a file. A file whose extension is hidden counts for
+    /// nothing, a path that does not exist counts as one file of no bytes.
+    void sizeOfFolder(const std::string &path);
+
+private:
+    void countEntries(const std::string &path, std::vector<std::string> &folders);
+    void countFile(const platform::Expected<platform::Attributes> &read);
+
+    platform::VolumeFiles &m_files;
+    ReservedPaths m_reserved;
+    CountTotals &m_totals;
+    std::function<void()> m_fileCounted;
+};
+
+} // namespace orvana

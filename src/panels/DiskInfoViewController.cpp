@@ -1,0 +1,352 @@
+#include "panels/DiskInfoViewController.h"
+
+#include "foundation/NotificationCenter.h"
+#include "foundation/NotificationNames.h"
+#include "panels/FittingFont.h"
+#include "panels/ShownText.h"
+#include "panels/SystemColor.h"
+
+#include <QEvent>
+
+#include <algorithm>
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr std::array<std::string_view, 5> RowNames{"Source", "Slot-A", "Slot-B", "Slot-C", "Slot-D"};
+
+} // namespace
+
+DiskInfoViewController::DiskInfoViewController(NotificationCenter &center, QWidget *parent)
+    : QWidget(parent), m_center(center)
+{
+    setupUi(this);
+    collectRows();
+    fitFonts();
+    connect(EjectSourceDiskBtn, &QPushButton::clicked, this, &DiskInfoViewController::ejectSoureDisk);
+    connect(EjectTargetDiskBtn, &QPushButton::clicked, this, &DiskInfoViewController::ejectTargetDisks);
+    connect(SourcePopup, &QComboBox::activated, this, &DiskInfoViewController::selectSourceDiksPopup);
+    awakeFromNib();
+}
+
+void DiskInfoViewController::collectRows()
+{
+    m_rows = {{
+        {SourceVolume,
+         {ModelOfSource, SNOfSource, AvailableOfSource, CapacityOfSource},
+         {Label_Model_Source, Label_SN_Source, Label_Available_Source, Label_Capacity_Source}},
+        {SlotAVolume,
+         {ModelOfSlotA, SNOfSlotA, AvailableOfSlotA, CapacityOfSlotA},
+         {Label_Model_SlotA, Label_SN_SlotA, Label_Available_SlotA, Label_Capacity_SlotA},
+         Label_Bay_SlotA,
+         Label_RaidDisk_SlotA,
+         Label_OverSize_SlotA},
+        {SlotBVolume,
+         {ModelOfSlotB, SNOfSlotB, AvailableOfSlotB, CapacityOfSlotB},
+         {Label_Model_SlotB, Label_SN_SlotB, Label_Available_SlotB, Label_Capacity_SlotB},
+         Label_Bay_SlotB,
+         Label_RaidDisk_SlotB,
+         Label_OverSize_SlotB},
+        {SlotCVolume,
+         {ModelOfSlotC, SNOfSlotC, AvailableOfSlotC, CapacityOfSlotC},
+         {Label_Model_SlotC, Label_SN_SlotC, Label_Available_SlotC, Label_Capacity_SlotC},
+         Label_Bay_SlotC,
+         Label_RaidDisk_SlotC,
+         Label_OverSize_SlotC},
+        {SlotDVolume,
+         {ModelOfSlotD, SNOfSlotD, AvailableOfSlotD, CapacityOfSlotD},
+         {Label_Model_SlotD, Label_SN_SlotD, Label_Available_SlotD, Label_Capacity_SlotD},
+         Label_Bay_SlotD,
+         Label_RaidDisk_SlotD,
+         Label_OverSize_SlotD},
+    }};
+    for (auto &row : m_rows)
+        row.color = &SystemColor::black();
+}
+
+void DiskInfoViewController::awakeFromNib()
+{
+    for (auto &row : m_rows) {
+        if (row.raid)
+            row.raid->setVisible(false);
+    }
+    showOverSizeMarkers();
+    initDiskVolume();
+    initDiskInfo(std::string());
+    hiddenDiskInfo(false);
+    SlotAVolume->setHidden(m_slotAIsSource);
+    hiddenSlotBInfo(m_slotAIsSource);
+    changeLocation();
+}
+
+// The rows have fixed heights, whatever the desktop's font size is.
+void DiskInfoViewController::fitFonts()
+{
+    constexpr double LongerInOtherLanguages = 1.2;
+    for (auto &row : m_rows) {
+        auto name = fontThatFits(font(), row.volume->height() - 6);
+        name.setBold(true); // with the bay's, it heads the row
+        row.volume->setFont(name);
+        for (auto *value : row.values)
+            value->setFont(fontThatFits(font(), value->height()));
+        for (auto *caption : row.captions)
+            caption->setFont(fontThatFits(font(), caption->height(), Label_Capacity_Source->text(),
+                                          caption->width() / LongerInOtherLanguages));
+        for (auto *label : {row.raid, row.overSize}) {
+            if (!label)
+                continue;
+            auto marker = fontThatFits(font(), label->height());
+            marker.setBold(true);
+            label->setFont(marker);
+        }
+        if (row.bay)
+            row.bay->setFont(name);
+    }
+    auto heading = fontThatFits(font(), Label_Destinations->height() - 4);
+    Label_Source->setFont(heading);
+    SourcePopup->setFont(heading);
+    EjectSourceDiskBtn->setFont(heading);
+    EjectTargetDiskBtn->setFont(heading);
+    heading.setBold(true);
+    Label_Destinations->setFont(heading);
+}
+
+DiskInfoViewController::Row *DiskInfoViewController::rowNamed(std::string_view name)
+{
+    const auto *found = std::find(RowNames.begin(), RowNames.end(), name);
+    return found == RowNames.end() ? nullptr : &m_rows[static_cast<std::size_t>(found - RowNames.begin())];
+}
+
+std::string DiskInfoViewController::nameOf(RowNumber row) const
+{
+    return m_rows[row].volume->bytes();
+}
+
+void DiskInfoViewController::setName(RowNumber row, const std::string &name)
+{
+    m_rows[row].volume->setBytes(name);
+}
+
+void DiskInfoViewController::initDiskVolume()
+{
+    SourcePopup->clear();
+    SourcePopup->addTitle("Source Disk (Slot-A)");
+    setSource("Source Disk (Slot-A)");
+    setSlotA("Destination Disk (Slot-A)");
+    setSlotB("Destination Disk (Slot-B)");
+    setSlotC("Destination Disk (Slot-C)");
+    setSlotD("Destination Disk (Slot-D)");
+    SourceVolume->setHidden(true);
+    for (const auto &row : m_rows)
+        row.volume->setEditing(VolumeNameField::Editing::Forbidden);
+}
+
+void DiskInfoViewController::initDiskInfo(const std::string &text)
+{
+    for (const auto &row : m_rows) {
+        for (auto *value : row.values)
+            value->setText(shownText(text));
+    }
+}
+
+void DiskInfoViewController::setDiskInfo(std::string_view row, const std::string &diskVolume,
+                                         const std::string &diskmodel, const std::string &diskSN,
+                                         const std::string &available, const std::string &capacity,
+                                         bool labelHidden, bool isRaidDisk)
+{
+    auto *to = rowNamed(row);
+    if (!to)
+        return;
+    const auto number = static_cast<RowNumber>(to - m_rows.data());
+    const bool hidden = number == SlotARow ? m_slotAIsSource : labelHidden;
+    setName(number, diskVolume);
+    const std::array texts{diskmodel, diskSN, available, capacity};
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        to->values[i]->setText(shownText(texts[i]));
+    if (number == SlotARow)
+        hideBayA();
+    hideInfo(number, hidden);
+    if (number == SourceRow)
+        return;
+    to->raid->setHidden(hidden || !isRaidDisk);
+    to->isRaidDisk = isRaidDisk;
+}
+
+void DiskInfoViewController::setTextColor(std::string_view row, const SystemColor &Color)
+{
+    auto *to = rowNamed(row);
+    if (!to)
+        return;
+    to->color = &Color;
+    to->isOverSize = to->overSize && Color == SystemColor::red();
+    paintRow(*to);
+    showOverSizeMarkers();
+}
+
+void DiskInfoViewController::paintRow(const Row &row)
+{
+    const auto shade = row.color->shadeFor(palette());
+    const auto paint = [&](QWidget *widget, QPalette::ColorRole role) {
+        auto colors = widget->palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive})
+            colors.setColor(group, role, shade);
+        widget->setPalette(colors);
+    };
+    paint(row.volume, QPalette::Text);
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+        paint(row.values[i], QPalette::WindowText);
+        paint(row.captions[i], QPalette::WindowText);
+    }
+    if (row.overSize)
+        paint(row.overSize, QPalette::WindowText);
+}
+
+// Colour alone tells nobody who does not see it.
+void DiskInfoViewController::showOverSizeMarkers()
+{
+    for (const auto &row : m_rows) {
+        if (row.overSize)
+            row.overSize->setVisible(row.isOverSize && !(m_slotAIsSource && &row == &m_rows[SlotARow]));
+    }
+}
+
+void DiskInfoViewController::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (const auto &row : m_rows) {
+        if (row.color)
+            paintRow(row);
+    }
+}
+
+void DiskInfoViewController::setSlotAisSource()
+{
+    m_slotAIsSource = SourcePopup->currentIndex() == 0 && Source() == SlotA();
+}
+
+void DiskInfoViewController::hideBayA()
+{
+    SlotAVolume->setHidden(m_slotAIsSource);
+    Label_Bay_SlotA->setHidden(m_slotAIsSource);
+    hiddenSlotAInfo(m_slotAIsSource);
+    showOverSizeMarkers();
+}
+
+void DiskInfoViewController::placeRow(const Row &row, int base)
+{
+    const int panelHeight = 500; // the panel's points are counted from its bottom
+    const auto place = [&](QWidget *widget, int x, int y, int width, int height) {
+        widget->setGeometry(x, panelHeight - y - height, width, height);
+    };
+    constexpr std::array above{48, 32, 16, 0}; // model, serial number, available, capacity
+    for (std::size_t i = 0; i < above.size(); ++i) {
+        place(row.captions[i], 0, base + above[i], 60, 15);
+        place(row.values[i], 72, base + above[i], 120, 15);
+    }
+    place(row.volume, 72, base + 70, 120, 22);
+    place(row.bay, 0, base + 70, 66, 22);
+    place(row.raid, 220, base, 60, 15);
+    place(row.overSize, 200, base + 16, 100, 15);
+}
+
+void DiskInfoViewController::changeLocation()
+{
+    constexpr int RowHeight = 94;
+    const int bottom = m_slotAIsSource ? 96 : 2;
+    placeRow(m_rows[SlotDRow], bottom);
+    placeRow(m_rows[SlotCRow], bottom + RowHeight);
+    placeRow(m_rows[SlotBRow], bottom + 2 * RowHeight);
+    if (!m_slotAIsSource)
+        placeRow(m_rows[SlotARow], bottom + 3 * RowHeight);
+    hideBayA();
+}
+
+void DiskInfoViewController::setTargetDiskVolumeEditable(bool editable)
+{
+    using Editing = VolumeNameField::Editing;
+    for (const auto &row : m_rows) {
+        if (row.bay)
+            row.volume->setEditing(editable ? Editing::Allowed : Editing::Forbidden);
+    }
+}
+
+void DiskInfoViewController::DisabledItem(bool disabled)
+{
+    EjectTargetDiskBtn->setDisabled(disabled);
+    EjectSourceDiskBtn->setDisabled(disabled);
+    SourcePopup->setDisabled(disabled);
+    for (const auto &row : m_rows)
+        row.volume->setDisabled(disabled);
+}
+
+void DiskInfoViewController::changeTargetDiskFocus()
+{
+    const std::array fields{SlotBVolume, SlotCVolume, SlotDVolume};
+    fields[static_cast<std::size_t>(m_tabStep)]->setFocus(Qt::TabFocusReason);
+    m_tabStep = (m_tabStep + 1) % 3;
+}
+
+void DiskInfoViewController::hiddenDiskInfo(bool hidden)
+{
+    for (std::size_t row = SourceRow; row < RowCount; ++row)
+        hideInfo(static_cast<RowNumber>(row), hidden);
+}
+
+void DiskInfoViewController::hideInfo(RowNumber row, bool hidden)
+{
+    for (auto *value : m_rows[row].values)
+        value->setHidden(hidden);
+    for (auto *caption : m_rows[row].captions)
+        caption->setHidden(hidden);
+}
+
+bool DiskInfoViewController::isOverSize_AllDisks() const
+{
+    return isOverSize_SlotB() && isOverSize_SlotC() && isOverSize_SlotD();
+}
+
+bool DiskInfoViewController::isOverSize_SomeDisks() const
+{
+    return (!m_slotAIsSource && isOverSize_SlotA()) || isOverSize_SlotB() || isOverSize_SlotC() ||
+           isOverSize_SlotD();
+}
+
+std::string DiskInfoViewController::OverSizeVolume() const
+{
+    std::string names;
+    for (std::size_t row = m_slotAIsSource ? SlotBRow : SlotARow; row < RowCount; ++row) {
+        if (m_rows[row].isOverSize)
+            names += " " + nameOf(static_cast<RowNumber>(row));
+    }
+    return names + ".";
+}
+
+bool DiskInfoViewController::has_RAIDDisk() const
+{
+    return std::any_of(m_rows.begin(), m_rows.end(), [](const Row &row) { return row.isRaidDisk; });
+}
+
+void DiskInfoViewController::ejectSoureDisk()
+{
+    m_center.post(notification::EjectSourceDisk);
+}
+
+void DiskInfoViewController::ejectTargetDisks()
+{
+    m_center.post(notification::EjectTargetDisks);
+}
+
+void DiskInfoViewController::selectSourceDiksPopup()
+{
+    m_center.post(notification::SelectSourceDisk); // the source's row is filled before this goes on
+    setSlotAisSource();
+    Label_RaidDisk_SlotA->setHidden(m_slotAIsSource || !isRaidDisk_SlotA());
+    changeLocation();
+}
+
+} // namespace orvana

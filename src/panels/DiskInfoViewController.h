@@ -1,0 +1,151 @@
+#pragma once
+
+#include "ui_DiskInfoViewController.h"
+
+#include <QWidget>
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvana
+{
+
+class NotificationCenter;
+class SystemColor;
+
+/// The slot panel: one row for the source and one for each bay of the enclosure. It knows no devices; every
+/// value is pushed in, and what the user does is posted. Names of volumes and models are bytes.
+///
+/// Rows are named "Source", "Slot-A", "Slot-B", "Slot-C" and "Slot-D"; an operation that is given any other
+/// name does nothing. Main thread only.
+class DiskInfoViewController : public QWidget, public Ui::DiskInfoViewController
+{
+    Q_OBJECT
+
+public:
+    /// `center` must outlive the panel.
+    explicit DiskInfoViewController(NotificationCenter &center, QWidget *parent = nullptr);
+
+    /// The rows' volume names: the setter writes the field, the getter returns what stands in it now, so a
+    /// name that the user typed is what later readers get.
+    std::string Source() const { return nameOf(SourceRow); }
+    std::string SlotA() const { return nameOf(SlotARow); }
+    std::string SlotB() const { return nameOf(SlotBRow); }
+    std::string SlotC() const { return nameOf(SlotCRow); }
+    std::string SlotD() const { return nameOf(SlotDRow); }
+    void setSource(const std::string &name) { setName(SourceRow, name); }
+    void setSlotA(const std::string &name) { setName(SlotARow, name); }
+    void setSlotB(const std::string &name) { setName(SlotBRow, name); }
+    void setSlotC(const std::string &name) { setName(SlotCRow, name); }
+    void setSlotD(const std::string &name) { setName(SlotDRow, name); }
+
+    /// The pop-up with its one placeholder item, the bays with theirs, nothing editable.
+    void initDiskVolume();
+
+    /// Writes the text into the model, serial number, free space and capacity of all rows.
+    void initDiskInfo(const std::string &text);
+
+    /// Fills one row. For bay A the flag is replaced by `SlotAisSource`; the source has no RAID marker.
+    void setDiskInfo(std::string_view row, const std::string &diskVolume, const std::string &diskmodel,
+                     const std::string &diskSN, const std::string &available, const std::string &capacity,
+                     bool labelHidden, bool isRaidDisk);
+
+    /// Colours one row; a bay is flagged as too small exactly while its colour is the system's red.
+    void setTextColor(std::string_view row, const SystemColor &Color);
+
+    /// True while the source is the disk in bay A, which then is no destination.
+    bool SlotAisSource() const { return m_slotAIsSource; }
+
+    /// Reckons it anew: the pop-up's first item is selected, and `Source` equals `SlotA`.
+    void setSlotAisSource();
+
+    /// Puts the bay rows in their places; without bay A the others lie one row higher.
+    void changeLocation();
+
+    void setTargetDiskVolumeEditable(bool editable);
+    void DisabledItem(bool disabled);
+
+    /// Moves the keyboard focus to the next of the names of bays B, C and D.
+    void changeTargetDiskFocus();
+    std::int32_t tabStep() const { return m_tabStep; }
+
+    /// Hide or show values and captions, not the volume names nor the RAID markers.
+    void hiddenDiskInfo(bool hidden);
+    void hiddenSourceInfo(bool hidden) { hideInfo(SourceRow, hidden); }
+    void hiddenSlotAInfo(bool hidden) { hideInfo(SlotARow, hidden); }
+    void hiddenSlotBInfo(bool hidden) { hideInfo(SlotBRow, hidden); }
+    void hiddenSlotCInfo(bool hidden) { hideInfo(SlotCRow, hidden); }
+    void hiddenSlotDInfo(bool hidden) { hideInfo(SlotDRow, hidden); }
+
+    bool isOverSize_SlotA() const { return m_rows[SlotARow].isOverSize; }
+    bool isOverSize_SlotB() const { return m_rows[SlotBRow].isOverSize; }
+    bool isOverSize_SlotC() const { return m_rows[SlotCRow].isOverSize; }
+    bool isOverSize_SlotD() const { return m_rows[SlotDRow].isOverSize; }
+
+    /// Bays B, C and D are all too small; bay A never counts.
+    bool isOverSize_AllDisks() const;
+
+    /// One of the bays that are destinations is too small.
+    bool isOverSize_SomeDisks() const;
+
+    /// The names of the bays that are too small, each after a blank, and a full stop.
+    std::string OverSizeVolume() const;
+
+    bool isRaidDisk_SlotA() const { return m_rows[SlotARow].isRaidDisk; }
+    bool isRaidDisk_SlotB() const { return m_rows[SlotBRow].isRaidDisk; }
+    bool isRaidDisk_SlotC() const { return m_rows[SlotCRow].isRaidDisk; }
+    bool isRaidDisk_SlotD() const { return m_rows[SlotDRow].isRaidDisk; }
+
+    /// One of the four bays holds a RAID disk, bay A included even when it is the source.
+    bool has_RAIDDisk() const;
+
+    /// The enclosure holds the start-up disk, as selection found.
+    bool hasBootDisk() const { return m_hasBootDisk; }
+    void setHasBootDisk(bool hasBootDisk) { m_hasBootDisk = hasBootDisk; }
+
+    // What the user's actions do.
+    void ejectSoureDisk();
+    void ejectTargetDisks();
+    void selectSourceDiksPopup();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    enum RowNumber : std::size_t { SourceRow, SlotARow, SlotBRow, SlotCRow, SlotDRow, RowCount };
+
+    struct Row
+    {
+        VolumeNameField *volume = nullptr;
+        std::array<ElidedLabel *, 4> values{}; ///< model, serial number, available, capacity
+        std::array<QLabel *, 4> captions{};    ///< of the same
+        QLabel *bay = nullptr;                 ///< null for the source, as all below
+        QLabel *raid = nullptr;
+        QLabel *overSize = nullptr;
+        const SystemColor *color = nullptr;
+        bool isOverSize = false;
+        bool isRaidDisk = false;
+    };
+
+    void collectRows();
+    void awakeFromNib();
+    void fitFonts();
+    Row *rowNamed(std::string_view name);
+    std::string nameOf(RowNumber row) const;
+    void setName(RowNumber row, const std::string &name);
+    void hideInfo(RowNumber row, bool hidden);
+    void hideBayA();
+    void placeRow(const Row &row, int base);
+    void paintRow(const Row &row);
+    void showOverSizeMarkers();
+
+    NotificationCenter &m_center;
+    std::array<Row, RowCount> m_rows;
+    bool m_slotAIsSource = true;
+    bool m_hasBootDisk = false;
+    std::int32_t m_tabStep = 0;
+};
+
+} // namespace orvana
