@@ -79,7 +79,10 @@ std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &devic
 
 std::optional<DiskFacts> factsOf(const Snapshot &snapshot, const std::string &node, const BayRule &rule)
 {
-    const auto *device = snapshot.devices.blockAtNode(node);
+    // Only the kernel's own name: a link may lead elsewhere by the time that the service follows it.
+    const std::string folder = "/dev/";
+    const auto *device =
+        node.starts_with(folder) ? snapshot.devices.blockNamed(node.substr(folder.size())) : nullptr;
     if (!device)
         return std::nullopt;
     DiskFacts facts;

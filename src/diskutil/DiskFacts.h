@@ -47,7 +47,8 @@ using BayRule = std::function<std::optional<KnownDisk>(const platform::linux_hos
 std::optional<KnownDisk> knownDisk(const platform::linux_host::Snapshot &snapshot,
                                    const platform::linux_host::Device &device);
 
-/// The facts of the block device at `node`; nothing when there is none.
+/// The facts of the block device at `node`, by the kernel's own name ("/dev/sdb"); nothing when there is
+/// none.
 std::optional<DiskFacts> factsOf(const platform::linux_host::Snapshot &snapshot, const std::string &node,
                                  const BayRule &rule);
 

@@ -68,6 +68,16 @@ TEST_F(DiskFactsOf, PartitionIsNoWholeDisk)
     EXPECT_FALSE(facts("/dev/sdb1").isWholeDisk);
 }
 
+TEST_F(DiskFactsOf, LinkToADiskIsNone)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(m_upper, 0), 0,
+                          {.node = "sdb", .properties = {"DEVLINKS=/dev/disk/by-id/ata-SN1"}});
+    const auto snapshot =
+        platform::linux_host::readSnapshot({m_machine.mountFile(), m_machine.swapFile(), ""});
+    EXPECT_TRUE(diskutil::factsOf(snapshot, "/dev/sdb", diskutil::knownDisk));
+    EXPECT_FALSE(diskutil::factsOf(snapshot, "/dev/disk/by-id/ata-SN1", diskutil::knownDisk));
+}
+
 TEST_F(DiskFactsOf, InternalDiskIsInNoBayAndHoldsTheSystem)
 {
     const auto found = facts("/dev/sda");

@@ -27,6 +27,9 @@ public:
 
     std::shared_ptr<const MachineLook> look();
 
+    /// Devices and mounts alone: no disk is opened for it.
+    Snapshot snapshot() const { return readSnapshot(m_files); }
+
     const DiskNames &names() const { return m_names; }
 
 private:

@@ -16,8 +16,8 @@ void LinuxVolumeEvents::subscribe(std::function<void(VolumeChange)> handler)
 LinuxVolumeEvents::Volumes LinuxVolumeEvents::volumes()
 {
     Volumes found;
-    const auto look = m_machine.look();
-    for (const auto &[device, point] : mountedDevices(look->snapshot))
+    const auto snapshot = m_machine.snapshot();
+    for (const auto &[device, point] : mountedDevices(snapshot))
         found[device->path] = {point, device->property("ID_FS_LABEL_ENC")};
     return found;
 }
