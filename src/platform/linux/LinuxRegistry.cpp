@@ -46,12 +46,12 @@ void LinuxRegistry::takePci(const MachineEvent &event)
     // "add" and "bind" tell of the same arrival.
     if ((event.action != "add" && event.action != "bind") || m_known.contains(event.path))
         return;
+    // What came along with it is found in the same look, and needs none of its own when its event comes.
     const auto look = m_machine.look();
-    const auto found = look->tree.pci.find(event.path);
-    if (found == look->tree.pci.end())
-        return; // gone again
-    m_known.insert(*found);
-    tell(RegistryEvent::Published, found->second);
+    for (const auto &device : look->tree.pci) {
+        if (m_known.insert(device).second)
+            tell(RegistryEvent::Published, device.second);
+    }
 }
 
 void LinuxRegistry::takeDisk(const MachineEvent &event)

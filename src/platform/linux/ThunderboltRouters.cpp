@@ -147,7 +147,8 @@ const Device *routerInChain(const DeviceList &devices, const Domain &domain, con
     return byDepth[static_cast<std::size_t>(own) - 1];
 }
 
-// The only four-bay enclosure of `routers`, if the only bridge of one among `candidates` is above the device.
+// The only four-bay enclosure of `routers`, if the device is one of the controllers directly behind the only
+// bridge of one among `candidates`. What is further below may be another router's.
 const Device *loneEnclosure(const DeviceList &devices, const Devices &routers, const Devices &candidates,
                             const Device &pci)
 {
@@ -159,7 +160,9 @@ const Device *loneEnclosure(const DeviceList &devices, const Devices &routers, c
     Devices bridges;
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(bridges),
                  [&](const Device *bridge) { return isEnclosureBridge(devices, *bridge); });
-    return bridges.size() == 1 && isBelow(pci.path, bridges[0]->path) ? *router : nullptr;
+    const auto *port = devices.above(pci, "pci");
+    const bool isDirectly = bridges.size() == 1 && port && devices.above(*port, "pci") == bridges[0];
+    return isDirectly ? *router : nullptr;
 }
 
 RouterPlace placeOf(const Device *router)

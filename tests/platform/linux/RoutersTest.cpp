@@ -109,6 +109,17 @@ TEST_F(Routers, LoneEnclosureBesideAnotherDeviceIsKnownByItsControllers)
     EXPECT_EQ(routerOf(m_machine.addAhci(dock, "0000:32:00.0", "0x1b21", "0x0612")), "unclear");
 }
 
+TEST_F(Routers, DeviceInAChainBehindALoneEnclosureIsNotTakenForItsOwn)
+{
+    m_machine.addRouter(m_machine.addRouter(m_hostRouter, "1"), "301", "0x8086", "0x5");
+    const auto enclosure = m_machine.addEnclosureBridges(m_port, "612", 1);
+    const auto chip = m_machine.addPci(m_machine.addBridge(enclosure, "0000:02:04.0"), "0000:20:00.0",
+                                       "0x1234", "0x1", "0x060400");
+    const auto port = m_machine.addPci(chip, "0000:21:00.0", "0x1234", "0x1", "0x060400");
+    EXPECT_EQ(routerOf(m_machine.controllerOf(enclosure, 0)), "0-1");
+    EXPECT_EQ(routerOf(m_machine.addAhci(port, "0000:22:00.0", "0x1b21", "0x0612")), "unclear");
+}
+
 TEST_F(Routers, TwoEnclosuresSideBySideAreUnclear)
 {
     m_machine.addRouter(m_hostRouter, "1");
