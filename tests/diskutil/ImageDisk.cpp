@@ -161,6 +161,11 @@ void ImageDisk::mount(const std::string &place) const
     must("mount -o noatime " + partition() + " " + asWord(place));
 }
 
+void ImageDisk::unmount() const
+{
+    must("umount " + partition());
+}
+
 std::string ImageDisk::mountPoint() const
 {
     const auto lines = shell("findmnt -n -o TARGET -S " + partition()).text;

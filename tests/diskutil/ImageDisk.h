@@ -50,6 +50,7 @@ public:
     void makeVolume(const std::string &type, const std::string &label) const;
 
     void mount(const std::string &place) const;
+    void unmount() const;
 
     /// Name of the user who owns the top folder of its mounted volume.
     std::string owner() const;

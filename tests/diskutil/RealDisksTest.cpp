@@ -5,6 +5,9 @@
 #include "duplicate/FileCopy.h"
 #include "duplicate/RunReport.h"
 #include "foundation/NotificationCenter.h"
+#include "foundation/PlainMainQueue.h"
+#include "platform/HostFactory.h"
+#include "platform/VolumeEvents.h"
 #include "support/StoppedClock.h"
 #include "support/TestHost.h"
 
@@ -212,6 +215,24 @@ TEST_F(RealDisks, OrdinaryUserWithoutAnAuthorityIsRefused)
     EXPECT_EQ(said.status, 3) << said.text;
     EXPECT_NE(said.text.find("you are not authorised"), std::string::npos) << said.text;
     EXPECT_EQ(disk->digest(), before);
+}
+
+TEST_F(RealDisks, MountsAreToldAsTheKernelMakesThem)
+{
+    const auto disk = addDisk();
+    PlainMainQueue queue;
+    const auto host = platform::makeMachineHost(&queue);
+    std::vector<platform::VolumeChange> told;
+    host->volumeEvents().subscribe([&](platform::VolumeChange change) {
+        told.push_back(change);
+        queue.quit();
+    });
+    disk->mount(m_tree.folder("here"));
+    queue.run();
+    EXPECT_EQ(told, std::vector{platform::VolumeChange::Mounted});
+    disk->unmount();
+    queue.run();
+    EXPECT_EQ(told, (std::vector{platform::VolumeChange::Mounted, platform::VolumeChange::Unmounted}));
 }
 
 class PlayedAuthority : public RealDisks
