@@ -149,6 +149,12 @@ TEST_F(DiskFactsOf, MemberOfAPoolIsFound)
     EXPECT_TRUE(facts().isMember);
 }
 
+TEST_F(DiskFactsOf, MemberAmongSeveralThingsAtOnceIsFound)
+{
+    addBayDisk({"ID_FS_AMBIVALENT=filesystem:ext4:1.0 raid:linux_raid_member:1.2"});
+    EXPECT_TRUE(facts().isMember);
+}
+
 TEST_F(DiskFactsOf, WhatIsBuiltUponItIsFound)
 {
     addBayDisk();

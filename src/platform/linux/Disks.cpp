@@ -131,7 +131,9 @@ std::string contentOf(const Device &device)
         return "GUID_partition_scheme";
     if (table == "dos")
         return "FDisk_partition_scheme";
-    return firstText({table, device.property("ID_FS_TYPE"), device.property("ID_FS_USAGE")}).value_or("");
+    return firstText({table, device.property("ID_FS_TYPE"), device.property("ID_FS_USAGE"),
+                      device.property("ID_FS_AMBIVALENT")})
+        .value_or("");
 }
 
 void addPiece(const Snapshot &snapshot, const Device &device, int number, Disk &disk)
@@ -186,8 +188,8 @@ Disk diskOf(const Snapshot &snapshot, const Device &device, const ExclusiveUse &
 
 bool isInExclusiveUse(const std::string &node)
 {
-    const posix::Descriptor disk(::open(node.c_str(), O_RDONLY | O_EXCL | O_NONBLOCK |
-                                                          O_CLOEXEC)); // who may not open it learns nothing
+    // Who may not open it learns nothing.
+    const posix::Descriptor disk(::open(node.c_str(), O_RDONLY | O_EXCL | O_NONBLOCK | O_CLOEXEC));
     return !disk.isOpen() && errno == EBUSY;
 }
 
@@ -204,7 +206,10 @@ std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse)
 bool isMember(const Device &device)
 {
     const auto type = device.property("ID_FS_TYPE");
-    return device.property("ID_FS_USAGE") == "raid" || type.ends_with("_member") || type == "bcache";
+    // Where several things were recognised at once, udev lists them all and settles on none.
+    const auto several = device.property("ID_FS_AMBIVALENT");
+    return device.property("ID_FS_USAGE") == "raid" || type.ends_with("_member") || type == "bcache" ||
+           several.find("raid") != std::string::npos || several.find("_member") != std::string::npos;
 }
 
 bool hasUdevLooked(const Device &device)

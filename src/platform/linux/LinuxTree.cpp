@@ -104,6 +104,9 @@ private:
         if (function != "0")
             place.append(",").append(function);
         const auto name = isBridge(pci) ? std::string("pci-bridge") : pciNameOf(pci);
+        // One bridge may lead to several buses, with the same places on each.
+        if (!m_places.insert(parent.path() + "/" + name + "@" + place).second)
+            place = pci.name;
         auto &node = parent.add("IOPCIDevice", name + "@" + place,
                                 {{"vendor-id", data(hexNumber(pci.attribute("vendor")))},
                                  {"device-id", data(hexNumber(pci.attribute("device")))}});
@@ -230,6 +233,7 @@ private:
     const DiskNames &m_names;
     LinuxTree m_tree{RegistryNode::makeRoot(), {}};
     RegistryNode *m_platform;
+    std::set<std::string> m_places;
     std::map<std::string, RegistryNode *> m_buses;
     std::map<std::string, RegistryNode *> m_pci;   // the devices' own entries
     std::map<std::string, RegistryNode *> m_below; // where what is below them goes

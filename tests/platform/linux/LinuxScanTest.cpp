@@ -212,6 +212,25 @@ TEST_F(LinuxScan, FormattedDiskThatIsNotMountedIsNotUnformatted)
     EXPECT_TRUE(disk.bsdPathArray().empty());
 }
 
+TEST_F(LinuxScan, DiskWithSeveralThingsAtOnceIsNotUnformatted)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 0), 0,
+                          {.node = "sda", .properties = {"ID_FS_AMBIVALENT=filesystem:ext4:1.0 other:x:1"}});
+    EXPECT_FALSE(scan().tbArray().at(0)->hddArray().at(0)->isUnFormated());
+}
+
+TEST_F(LinuxScan, DevicesAtOnePlaceOfSeveralBusesHavePathsOfTheirOwn)
+{
+    const auto bridge = m_machine.addBridge({}, "0000:00:1c.0");
+    for (const auto *name : {"0000:40:00.0", "0000:41:00.0"})
+        m_machine.addPci(bridge, name, "0x8086", "0x1520", "0x020000");
+    std::set<std::string> paths;
+    const auto entries = host().registry().match(platform::RegistryMatching{"IOPCIDevice", {}}).entries;
+    for (const auto &entry : entries)
+        paths.insert(entry->path());
+    EXPECT_EQ(paths.size(), entries.size());
+}
+
 TEST_F(LinuxScan, DiskThatUdevHasNotLookedAtIsNotUnformatted)
 {
     const auto controller = m_machine.controllerOf(addEnclosure(), 0);
