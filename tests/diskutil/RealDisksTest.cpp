@@ -24,7 +24,8 @@ protected:
     void SetUp() override
     {
         if (!hasPrivateSystem())
-            GTEST_SKIP() << "needs root, and the packages udev, udisks2, dbus and parted";
+            GTEST_SKIP()
+                << "needs root with namespaces and loop devices, and the packages udev, udisks2 and dbus";
         if (!isRightSystem())
             GTEST_SKIP() << "is run by itself, on another system";
         m_tree.folder("bays");
