@@ -17,19 +17,32 @@ using platform::linux_host::Device;
 using platform::linux_host::Disk;
 using platform::linux_host::Snapshot;
 
-// Where a running system has its parts; "/home" and what users mount below it are not all of a system, the
-// top is.
+// Where a running system has its parts. In the first ones everything below counts, too; below the others
+// users mount what is theirs.
 bool isSystemPlace(const std::string &point)
 {
-    const auto places = {"/",     "/boot", "/boot/efi", "/efi",  "/usr", "/var",
-                         "/home", "/opt",  "/srv",      "/root", "/tmp"};
-    return std::any_of(places.begin(), places.end(), [&](const char *place) { return point == place; });
+    const auto all = {"/boot", "/efi", "/etc", "/nix", "/usr", "/var"};
+    const auto tops = {"/", "/home", "/opt", "/root", "/srv", "/tmp"};
+    return std::any_of(all.begin(), all.end(),
+                       [&](const char *place) {
+                           return point == place || platform::linux_host::isBelow(point, place);
+                       }) ||
+           std::any_of(tops.begin(), tops.end(), [&](const char *place) { return point == place; });
+}
+
+// An image may be a device itself; the kernel then names no holder.
+bool isImage(const Snapshot &snapshot, const Device &piece)
+{
+    const auto blocks = snapshot.devices.ofSubsystem("block");
+    return std::any_of(blocks.begin(), blocks.end(), [&](const Device *block) {
+        return block->attribute("loop/backing_file") == "/dev/" + piece.name;
+    });
 }
 
 void addPiece(const Snapshot &snapshot, const Device &piece, DiskFacts &facts)
 {
     facts.isMember = facts.isMember || platform::linux_host::isMember(piece);
-    facts.isHeld = facts.isHeld || !piece.holders.empty();
+    facts.isHeld = facts.isHeld || !piece.holders.empty() || isImage(snapshot, piece);
     facts.isSwappedOn = facts.isSwappedOn || snapshot.swaps.contains(piece.name);
     facts.holdsSystem = facts.holdsSystem || snapshot.beneathRoot.contains(piece.name);
     for (const auto &mount : snapshot.mounts) {

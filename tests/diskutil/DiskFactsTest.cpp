@@ -118,7 +118,9 @@ TEST_F(DiskFactsOf, EveryMountOfItIsFound)
 TEST_F(DiskFactsOf, PartOfTheSystemElsewhereMakesItTheSystems)
 {
     addBayDisk();
-    m_machine.mount("sdb1", "/boot");
+    m_machine.mount("sdb1", "/home/anna/disk");
+    EXPECT_FALSE(facts().holdsSystem);
+    m_machine.mount("sdb1", "/var/lib/docker");
     EXPECT_TRUE(facts().holdsSystem);
 }
 
@@ -159,6 +161,15 @@ TEST_F(DiskFactsOf, WhatIsBuiltUponItIsFound)
 {
     addBayDisk();
     m_machine.makeFolder(m_partition + "/holders/dm-0");
+    EXPECT_TRUE(facts().isHeld);
+}
+
+TEST_F(DiskFactsOf, ImageOnTheBareDeviceIsFound)
+{
+    addBayDisk();
+    m_machine.add("/sys/devices/virtual/block/loop0", "block",
+                  {"N: loop0", "E: DEVTYPE=disk", "E: MAJOR=7", "E: MINOR=0", "A: size=10",
+                   "A: loop/backing_file=/dev/sdb1"});
     EXPECT_TRUE(facts().isHeld);
 }
 
