@@ -175,7 +175,7 @@ void MainWindow::displayDialog(int state, bool)
         view->setHidden(m_layoutState == 0);
     placeViews();
 
-    const int menuHeight = menuBar()->isHidden() ? 0 : menuBar()->sizeHint().height();
+    const int menuHeight = menuBar()->actions().isEmpty() ? 0 : menuBar()->sizeHint().height();
     const auto area = screen() ? screen()->availableGeometry() : QRect();
     const int room = std::max(area.height() - menuHeight, Heights[0]);
     const bool isCut = m_contentHeight > room;
@@ -245,7 +245,7 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 
 void MainWindow::Help()
 {
-    m_context.host.workspace().openPage(webAddress("/software/orvana-plurimo"));
+    m_context.host.workspace().openPage(webAddress(webpath::Help));
 }
 
 } // namespace orvana

@@ -15,6 +15,7 @@
 
 #include <QIcon>
 #include <QMainWindow>
+#include <QPointer>
 
 #include <atomic>
 #include <memory>
@@ -238,6 +239,7 @@ private:
     std::optional<std::int64_t> m_runEnclosure;
     std::shared_ptr<RunReport> m_report;
     std::shared_ptr<RunProblems> m_problems;
+    QPointer<QWidget> m_reportWindow;
     std::optional<ErasePlan> m_erasePlan;
     std::set<std::string> m_toldRefusals; // of the present run
     std::shared_ptr<void> m_wakefulness;

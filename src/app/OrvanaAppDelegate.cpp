@@ -75,7 +75,7 @@ void OrvanaAppDelegate::howToUse()
 void OrvanaAppDelegate::showAbout()
 {
     auto *box = new QMessageBox(&mainWindow());
-    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, box, &QObject::deleteLater);
     box->setWindowTitle(tr("About Orvana Plurimo"));
     box->setText(tr("Orvana Plurimo %1").arg(QStringLiteral(PLURIMO_VERSION)));
     box->setInformativeText(tr("Duplicates disks: one read, many writes, verified."));

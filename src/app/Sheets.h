@@ -17,7 +17,7 @@ struct Sheet
     QString text;
     QStringList buttons = {QStringLiteral("OK")}; ///< the first is the default, the last answers Escape
     /// Called with the pressed button's position once the sheet is gone; may be empty.
-    std::function<void(int)> completion = {};
+    std::function<void(int)> completion = nullptr;
 };
 
 /// Shows a window's sheets one after the other. Nothing waits for them: `show` returns at once.

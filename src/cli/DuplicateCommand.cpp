@@ -24,8 +24,7 @@ constexpr const char *TooSmall = "There is insufficient free disk space on the d
 bool isRoomLeft(const RunChoice &choice)
 {
     return std::any_of(AllBays.begin(), AllBays.end(), [&](Bay bay) {
-        const bool isSource = bay == Bay::A && choice.slotAisSource;
-        return !isSource && choice.names[bay] != NoVolume && !choice.isOverSize[bay];
+        return !choice.isSourceBay(bay) && choice.names[bay] != NoVolume && !choice.isOverSize[bay];
     });
 }
 
@@ -211,7 +210,7 @@ ExitStatus DuplicateCommand::copy()
     refuseWhatIsNotMounted(m_host, *destinations);
     reportDestinations(m_run.report(), *destinations, choice);
     if (destinations->destinations.empty())
-        return endBecause("no destination is left", NotThere);
+        return endBecause("no destination", NotThere);
     m_plan.job.DesFileArray = destinations->roots();
     m_run.setJob(m_plan.job);
     return m_run.copy(m_census);

@@ -33,7 +33,7 @@ std::optional<Refusal> refusalOfTyped(const ErasePlan &plan, const PerBay<std::o
 tl::expected<ErasePlan, Refusal> planRequestedErase(const EraseRequest &request,
                                                     const PerBay<std::optional<std::string>> &typed)
 {
-    auto plan = planErase(request.devices, request.choice, request.user, EraseFormat::Ext4);
+    auto plan = planErase(request.devices, request.choice, request.user, eraseFormat());
     if (!plan)
         return tl::unexpected(refusalOf(plan.error()));
     std::erase_if(plan->disks, [&](const auto &disk) { return !isIn(request.bays, slotNameOf(disk.bay)); });

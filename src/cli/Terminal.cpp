@@ -81,6 +81,13 @@ void Terminal::printError(std::string_view line)
     std::fflush(m_out);
 }
 
+void Terminal::write(std::string_view bytes)
+{
+    const std::lock_guard lock(m_mutex);
+    std::fwrite(bytes.data(), 1, bytes.size(), m_out);
+    std::fflush(m_out);
+}
+
 void Terminal::showBlock(const std::string &block)
 {
     const std::lock_guard lock(m_mutex);

@@ -42,6 +42,9 @@ public:
     void print(std::string_view line);
     void printError(std::string_view line);
 
+    /// Writes the bytes as they are. Not together with a block.
+    void write(std::string_view bytes);
+
     /// Shows `block`, whole lines, in the place of the last block. Only on a screen.
     void showBlock(const std::string &block);
 

@@ -4,6 +4,7 @@
 #include "cli/DiskCommands.h"
 #include "cli/DuplicateCommand.h"
 #include "cli/HostChoice.h"
+#include "cli/LogsCommand.h"
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
 #include "foundation/PlainMainQueue.h"
@@ -24,6 +25,7 @@ struct Words
     cli::DevicesOptions devices;
     cli::DuplicateOptions duplicate;
     cli::DiskOptions disks;
+    cli::LogsOptions logs;
     cli::SimulatorOptions simulator;
 };
 
@@ -62,10 +64,12 @@ void describeDuplicate(CLI::App &duplicate, cli::DuplicateOptions &options)
     duplicate
         .add_option("--select", options.selection,
                     "File or folder of the source to copy; by default all of it. May be given several times")
-        ->type_name("PATH");
+        ->type_name("PATH")
+        ->allow_extra_args(false);
     duplicate.add_flag("--erase", options.erase, "Erase the destination disks first");
     duplicate.add_option("--name", options.names, "New name of an erased disk: B=COPY1")
-        ->type_name("BAY=NAME");
+        ->type_name("BAY=NAME")
+        ->allow_extra_args(false);
     duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
     duplicate.add_flag("--yes", options.yes, "Do not ask");
     duplicate.add_flag("--json", options.json, "Print one JSON object a line");
@@ -76,7 +80,9 @@ void describeDisks(CLI::App &command, cli::DiskOptions &options)
     command
         .add_option("--enclosure", options.enclosure, "Number of the enclosure, as \"devices\" counts them")
         ->required();
-    command.add_option("--bay", options.bays, "Bay from A to D; by default B, C and D")->type_name("BAY");
+    command.add_option("--bay", options.bays, "Bay from A to D; by default B, C and D")
+        ->type_name("BAY")
+        ->allow_extra_args(false);
     command.add_flag("--yes", options.yes, "Do not ask");
 }
 
@@ -84,13 +90,23 @@ void describeErase(CLI::App &erase, cli::DiskOptions &options)
 {
     describeDisks(erase, options);
     erase.add_option("--name", options.names, "New name of an erased disk: B=COPY1; by default the old one")
-        ->type_name("BAY=NAME");
+        ->type_name("BAY=NAME")
+        ->allow_extra_args(false);
 }
 
 void describeDevices(CLI::App &devices, cli::DevicesOptions &options)
 {
     devices.add_flag("--json", options.json, "Print JSON");
     devices.add_flag("--watch", options.watch, "Go on to print what comes and goes");
+}
+
+void describeLogs(CLI::App &logs, cli::LogsOptions &options)
+{
+    logs.add_option("ACTION", options.action, "list (without one), show, delete or clear")
+        ->check(CLI::IsMember({"list", "show", "delete", "clear"}));
+    logs.add_option("NAME", options.names, "With show and delete: the logs, as list names them");
+    logs.add_flag("--yes", options.yes, "With clear: do it");
+    logs.add_flag("--json", options.json, "With list: print JSON");
 }
 
 void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
@@ -107,7 +123,7 @@ void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
 cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
 {
     PlainMainQueue queue;
-    const bool watches = command == "devices" ? words.devices.watch : command != "copy";
+    const bool watches = command == "devices" ? words.devices.watch : command != "copy" && command != "logs";
     const auto host = cli::makeHost(words.machine, watches ? &queue : nullptr);
     if (!host) {
         terminal.printError("plurimoctl: " + host.error().reason);
@@ -121,6 +137,8 @@ cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::s
         return cli::runErase(**host, queue, terminal, words.disks);
     if (command == "eject")
         return cli::runEject(**host, queue, terminal, words.disks);
+    if (command == "logs")
+        return cli::runLogs(**host, terminal, words.logs);
     return cli::runDevices(**host, queue, terminal, words.devices);
 }
 
@@ -148,14 +166,16 @@ int main(int argc, char **argv)
     auto *erase = app.add_subcommand("erase", "Give the disks in an enclosure's bays a new file system");
     auto *eject = app.add_subcommand("eject", "Eject the disks in an enclosure's bays");
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
+    auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
     auto *simulator = app.add_subcommand("simulator", "Change the simulated machine");
     describeCopy(*copy, words.copy);
     describeDuplicate(*duplicate, words.duplicate);
     describeErase(*erase, words.disks);
     describeDisks(*eject, words.disks);
     describeDevices(*devices, words.devices);
+    describeLogs(*logs, words.logs);
     describeSimulator(*simulator, words.simulator);
-    for (auto *command : {copy, duplicate, erase, eject, devices, simulator})
+    for (auto *command : {copy, duplicate, erase, eject, devices, logs, simulator})
         describeCommon(*command, words);
     try {
         app.parse(argc, argv);
@@ -163,6 +183,7 @@ int main(int argc, char **argv)
         return app.exit(error) == 0 ? cli::AllDone : cli::WrongUsage;
     }
     words.copy.logFolder = words.duplicate.logFolder = words.disks.logFolder = words.logFolder;
+    words.logs.logFolder = words.logFolder;
     auto terminal = cli::Terminal::ofProcess();
     if (simulator->parsed())
         return onSimulator(words, terminal);

@@ -12,7 +12,7 @@ namespace orvana
 
 void MainWindow::EraseDisk()
 {
-    auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), EraseFormat::Ext4);
+    auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
     // What was typed or plugged since Start may not be erased under; the copy that follows says why.
     std::vector<DiskUtilInfo> disks;
     if (plan && plan->badNames.empty()) {

@@ -71,7 +71,7 @@ bool MainWindow::areNamesRefused()
     m_toldRefusals.clear();
     if (!m_action->EraseDiskCheckBox->isChecked())
         return false;
-    const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), EraseFormat::Ext4);
+    const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
     if (!plan)
         return false;
     if (plan->badNames.empty()) {
@@ -273,7 +273,10 @@ void MainWindow::showLastReport()
 {
     if (!m_report)
         return;
+    if (m_reportWindow)
+        m_reportWindow->close();
     auto *window = new RunReportWindow(reportTable(*m_report), m_problems->lines());
+    m_reportWindow = window;
     connect(window, &RunReportWindow::logWanted, this,
             [this, log = QString::fromStdString(m_logData->logFilePath())] { Q_EMIT logWanted(log); });
     connect(this, &QObject::destroyed, window, &QWidget::close);

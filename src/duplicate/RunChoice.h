@@ -65,9 +65,12 @@ struct RunChoice
     std::optional<ShownDisks> shown;
     bool erase = false;
     bool verify = false;
+
+    /// Bay A while the source is the disk in it.
+    bool isSourceBay(Bay bay) const { return bay == Bay::A && slotAisSource; }
 };
 
-/// What the names of a run's erase must obey: the format that disks get on this machine.
+/// The formats that an erase can give to a disk; each has a limit for names.
 enum class EraseFormat { Ext4, Xfs, ExFat };
 
 } // namespace orvana

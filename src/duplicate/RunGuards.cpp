@@ -3,6 +3,7 @@
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace orvana
 {
@@ -86,6 +87,29 @@ bool isOfSource(const ORVBsdInfo &volume, const RunChoice &choice, const UserHom
 bool isStartupIn(const ORVHddInfo &disk, const ScannedDevices &devices)
 {
     return anyRecordOf(disk, devices, [](const ORVHddInfo &record) { return isStartupDisk(record); });
+}
+
+// A disk's place is not certain when another record claims its bay, or its device node in any enclosure.
+bool isCertain(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure, const ScannedDevices &devices)
+{
+    const auto isRival = [&](const ORVHddInfo &other, bool isInSameEnclosure) {
+        return &other != &disk && (other.devPath() == disk.devPath() ||
+                                   (isInSameEnclosure && other.slotPath() == disk.slotPath()));
+    };
+    for (const auto &device : devices.tbArray) {
+        const auto &disks = device->hddArray();
+        if (std::any_of(disks.begin(), disks.end(),
+                        [&](const auto &other) { return isRival(*other, device.get() == &enclosure); }))
+            return false;
+    }
+    return true;
+}
+
+// What was shown when the user chose, against what is there now.
+bool isAsShown(const ORVHddInfo &disk, const RunChoice &choice)
+{
+    const auto bay = bayOfDisk(disk);
+    return !choice.shown || (bay && (*choice.shown)[*bay] == diskUtilInfo(disk, std::string()));
 }
 
 std::string placeText(const std::string &bay, const std::string &name)
@@ -194,6 +218,35 @@ std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &d
     return std::nullopt;
 }
 
+std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
+                                       const ScannedDevices &devices, const RunChoice &choice,
+                                       const UserHome &user)
+{
+    if (const auto guard = guardOf(disk, devices, choice, user))
+        return guard;
+    if (disk.isRaidFormated())
+        return DiskGuard::RaidSet;
+    if (!isCertain(disk, enclosure, devices))
+        return DiskGuard::NotCertain;
+    if (!isAsShown(disk, choice))
+        return DiskGuard::OtherDisk;
+    return std::nullopt;
+}
+
+EraseFormat eraseFormatOf(std::string_view setting)
+{
+    if (setting == "xfs")
+        return EraseFormat::Xfs;
+    return setting == "exfat" ? EraseFormat::ExFat : EraseFormat::Ext4;
+}
+
+EraseFormat eraseFormat()
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
+    const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
+    return eraseFormatOf(setting ? setting : "");
+}
+
 std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)
 {
     if (name.empty())
@@ -224,6 +277,8 @@ std::string refusalText(const NameRefusal &refusal)
         return place + "a name cannot hold \"/\"";
     case NameGuard::NotText:
         return place + "a name is text on one line";
+    case NameGuard::OfSource:
+        return place + "this is the name of the source";
     case NameGuard::LostBlanks:
         return place + "a name cannot begin or end with a blank, nor hold two in a row";
     default:

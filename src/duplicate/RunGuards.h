@@ -66,6 +66,13 @@ bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const 
 std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &devices,
                                  const RunChoice &choice, const UserHome &user);
 
+/// Why a disk of the chosen enclosure, in one of its bays, may neither be erased nor written to: what
+/// `guardOf` says, and that it belongs to a RAID set, cannot be told from another, or is not the one that was
+/// shown.
+std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
+                                       const ScannedDevices &devices, const RunChoice &choice,
+                                       const UserHome &user);
+
 /// Why a disk may not be given a name.
 enum class NameGuard {
     Empty,
@@ -73,6 +80,7 @@ enum class NameGuard {
     Separator,  ///< holds "/" or NUL
     TooLong,    ///< over the format's limit
     NotText,    ///< not UTF-8, or with control characters
+    OfSource,   ///< the source is called so
     LostBlanks, ///< blanks at an end or in a row, which the list of mounted volumes does not keep
 };
 
@@ -86,6 +94,12 @@ struct NameRefusal
 
 /// "Slot-B (A name that is too long): longer than 16 bytes, which is the limit of ext4"
 std::string refusalText(const NameRefusal &refusal);
+
+/// The format of a setting's text: "xfs" or "exfat"; ext4 for anything else.
+EraseFormat eraseFormatOf(std::string_view setting);
+
+/// The format that disks get on this machine, by the environment's ORVANA_FILE_SYSTEM.
+EraseFormat eraseFormat();
 
 std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format);
 

@@ -1,9 +1,5 @@
 #include "duplicate/RunPlan.h"
 
-#include "platform/Host.h"
-#include "platform/Places.h"
-#include "platform/VolumeFiles.h"
-
 #include <algorithm>
 
 namespace orvana
@@ -14,43 +10,6 @@ namespace
 
 constexpr const char *NewName = "Untitled";
 
-// A disk's place is not certain when another record claims its bay, or its device node in any enclosure.
-bool isCertain(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure, const ScannedDevices &devices)
-{
-    const auto isRival = [&](const ORVHddInfo &other, bool isInSameEnclosure) {
-        return &other != &disk && (other.devPath() == disk.devPath() ||
-                                   (isInSameEnclosure && other.slotPath() == disk.slotPath()));
-    };
-    for (const auto &device : devices.tbArray) {
-        const auto &disks = device->hddArray();
-        if (std::any_of(disks.begin(), disks.end(),
-                        [&](const auto &other) { return isRival(*other, device.get() == &enclosure); }))
-            return false;
-    }
-    return true;
-}
-
-// What was shown when the user chose, against what is there now.
-bool isAsShown(const ORVHddInfo &disk, Bay bay, const RunChoice &choice)
-{
-    return !choice.shown || (*choice.shown)[bay] == diskUtilInfo(disk, std::string());
-}
-
-std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, Bay bay, const ORVThunderboltInfo &enclosure,
-                                       const ScannedDevices &devices, const RunChoice &choice,
-                                       const UserHome &user)
-{
-    if (const auto guard = guardOf(disk, devices, choice, user))
-        return guard;
-    if (disk.isRaidFormated())
-        return DiskGuard::RaidSet;
-    if (!isCertain(disk, enclosure, devices))
-        return DiskGuard::NotCertain;
-    if (!isAsShown(disk, bay, choice))
-        return DiskGuard::OtherDisk;
-    return std::nullopt;
-}
-
 // A blank disk gets a name of its own; any other that which its field holds.
 std::string newNameOf(const ORVHddInfo &disk, const std::string &field)
 {
@@ -58,78 +17,13 @@ std::string newNameOf(const ORVHddInfo &disk, const std::string &field)
     return isBlank && field == UnformattedDisk ? NewName : field;
 }
 
-bool isSourceBay(Bay bay, const RunChoice &choice)
+// A disk called like the source would be taken for it once it is erased.
+std::optional<NameGuard> nameGuardIn(const RunChoice &choice, const std::string &name, EraseFormat format)
 {
-    return bay == Bay::A && choice.slotAisSource;
+    const auto guard = nameGuardOf(name, format);
+    const bool isSources = name == choice.source || name == choice.sourceItem;
+    return guard || !isSources ? guard : NameGuard::OfSource;
 }
-
-const ORVHddInfo *diskIn(Bay bay, const ORVThunderboltInfo &enclosure)
-{
-    for (const auto &disk : enclosure.hddArray()) {
-        if (bayOfDisk(*disk) == bay)
-            return disk.get();
-    }
-    return nullptr;
-}
-
-class DestinationPlanner
-{
-public:
-    DestinationPlanner(const ORVThunderboltInfo &enclosure, const ScannedDevices &devices,
-                       const RunChoice &choice, const UserHome &user)
-        : m_enclosure(enclosure), m_devices(devices), m_choice(choice), m_user(user)
-    {
-    }
-
-    DestinationPlan plan()
-    {
-        for (const auto bay : AllBays) {
-            const auto &name = m_choice.names[bay];
-            if (!isSourceBay(bay, m_choice) && name != NoVolume && name != UnformattedDisk)
-                add(bay, name);
-        }
-        return std::move(m_plan);
-    }
-
-private:
-    void add(Bay bay, const std::string &name)
-    {
-        const auto *disk = diskIn(bay, m_enclosure);
-        if (const auto guard = disk ? guardOfBay(*disk, bay, name) : DiskGuard::OtherDisk)
-            m_plan.refusals.push_back({slotNameOf(bay), name, *guard});
-        else if (m_choice.isOverSize[bay])
-            m_plan.tooSmall.push_back(bay);
-        else
-            m_plan.destinations.push_back(
-                {bay, name, *disk->bsdPathArray().front()->mountPoint(), diskUtilInfo(*disk, name)});
-    }
-
-    std::optional<DiskGuard> guardOfBay(const ORVHddInfo &disk, Bay bay, const std::string &name) const
-    {
-        if (const auto guard = guardOfTarget(disk, bay, m_enclosure, m_devices, m_choice, m_user))
-            return guard;
-        if (disk.bsdPathArray().empty())
-            return DiskGuard::OtherVolume;
-        const auto &mountPoint = disk.bsdPathArray().front()->mountPoint();
-        if (!mountPoint || mountPoint->empty())
-            return DiskGuard::NotMounted;
-        if (name.empty())
-            return DiskGuard::NoName;
-        if (displayName(*disk.bsdPathArray().front(), m_user) != name)
-            return DiskGuard::OtherVolume;
-        const auto &earlier = m_plan.destinations;
-        const bool isTaken = std::any_of(earlier.begin(), earlier.end(), [&](const auto &other) {
-            return other.name == name || other.root == *mountPoint;
-        });
-        return isTaken ? std::optional(DiskGuard::SameName) : std::nullopt;
-    }
-
-    const ORVThunderboltInfo &m_enclosure;
-    const ScannedDevices &m_devices;
-    const RunChoice &m_choice;
-    const UserHome &m_user;
-    DestinationPlan m_plan;
-};
 
 void addToEject(EjectPlan &plan, const ORVHddInfo &disk, const std::string &name,
                 const std::optional<DiskGuard> &guard)
@@ -185,14 +79,14 @@ bool isOverSizeInAll(const RunChoice &choice)
 bool isOverSizeInSome(const RunChoice &choice)
 {
     return std::any_of(AllBays.begin(), AllBays.end(),
-                       [&](Bay bay) { return !isSourceBay(bay, choice) && choice.isOverSize[bay]; });
+                       [&](Bay bay) { return !choice.isSourceBay(bay) && choice.isOverSize[bay]; });
 }
 
 std::string overSizeText(const RunChoice &choice)
 {
     std::string text;
     for (const auto bay : AllBays) {
-        if (!isSourceBay(bay, choice) && choice.isOverSize[bay])
+        if (!choice.isSourceBay(bay) && choice.isOverSize[bay])
             text.append(" ").append(choice.names[bay]);
     }
     return text + ".";
@@ -222,49 +116,17 @@ tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &device
     ErasePlan plan;
     for (const auto &disk : (*enclosure)->hddArray()) {
         const auto bay = bayOfDisk(*disk);
-        if (!bay || isSourceBay(*bay, choice))
+        if (!bay || choice.isSourceBay(*bay))
             continue;
         const auto name = newNameOf(*disk, choice.names[*bay]);
-        if (const auto guard = guardOfTarget(*disk, *bay, **enclosure, devices, choice, user))
+        if (const auto guard = guardOfTarget(*disk, **enclosure, devices, choice, user))
             plan.refusals.push_back({slotNameOf(*bay), choice.names[*bay], *guard});
-        else if (const auto bad = nameGuardOf(name, format))
+        else if (const auto bad = nameGuardIn(choice, name, format))
             plan.badNames.push_back({slotNameOf(*bay), name, *bad, format});
         else
             plan.disks.push_back({*bay, diskUtilInfo(*disk, name)});
     }
     return plan;
-}
-
-std::vector<std::string> DestinationPlan::roots() const
-{
-    std::vector<std::string> all;
-    all.reserve(destinations.size());
-    for (const auto &destination : destinations)
-        all.push_back(destination.root);
-    return all;
-}
-
-tl::expected<DestinationPlan, EnclosureRefusal>
-planDestinations(const ScannedDevices &devices, const RunChoice &choice, const UserHome &user)
-{
-    const auto enclosure = chosenEnclosure(devices, choice.enclosure);
-    if (!enclosure)
-        return tl::unexpected(enclosure.error());
-    return DestinationPlanner(**enclosure, devices, choice, user).plan();
-}
-
-void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan)
-{
-    const auto isMounted = [&](const PlannedDestination &destination) {
-        const auto folder = host.volumeFiles().openFolder(destination.root, platform::Reach::Beneath);
-        return folder && host.places().isVolumeRoot(**folder);
-    };
-    std::erase_if(plan.destinations, [&](const auto &destination) {
-        if (isMounted(destination))
-            return false;
-        plan.refusals.push_back({slotNameOf(destination.bay), destination.name, DiskGuard::NotMounted});
-        return true;
-    });
 }
 
 tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &devices,
@@ -275,7 +137,7 @@ tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &
     EjectPlan plan;
     for (const auto &enclosure : devices.tbArray) {
         for (const auto &disk : enclosure->hddArray()) {
-            if (disk->bsdPathArray().empty() || (bayOfDisk(*disk) == Bay::A && choice.slotAisSource))
+            if (disk->bsdPathArray().empty() || (bayOfDisk(*disk) && choice.isSourceBay(*bayOfDisk(*disk))))
                 continue;
             addToEject(plan, *disk, displayName(*disk->bsdPathArray().front(), user),
                        guardOf(*disk, devices, choice, user));

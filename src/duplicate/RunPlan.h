@@ -74,6 +74,7 @@ struct PlannedDestination
     std::string name; ///< as shown in the bay
     std::string root; ///< mount point of the volume, by the disk's own record
     DiskUtilInfo disk;
+    std::string device; ///< node of the volume
 };
 
 struct DestinationPlan
@@ -89,7 +90,8 @@ struct DestinationPlan
 tl::expected<DestinationPlan, EnclosureRefusal>
 planDestinations(const ScannedDevices &devices, const RunChoice &choice, const UserHome &user);
 
-/// Moves destinations to the refusals whose root is, at this moment, not the top of a mounted volume.
+/// Moves destinations to the refusals whose root is, at this moment, not the top of a mounted volume, or of
+/// another one than the record says. Asks the list of mounted volumes.
 void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan);
 
 struct EjectPlan

@@ -2,6 +2,7 @@
 //
 //     plurimo-gallery FOLDER
 
+#include "app/Palettes.h"
 #include "discovery/ORVScanDevice.h"
 #include "filetree/FileListViewController.h"
 #include "foundation/NotificationCenter.h"
@@ -29,16 +30,6 @@ namespace
 using namespace orvana;
 
 constexpr std::int64_t BlockBytes = 512;
-
-QPalette darkPalette()
-{
-    const QColor window(0x2b, 0x2d, 0x30);
-    QPalette palette(QColor(0x3a, 0x3d, 0x41), window);
-    palette.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
-    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb8));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 std::string sizeOf(const std::optional<std::int64_t> &count, std::int64_t unit)
 {
@@ -102,9 +93,8 @@ private:
 
 void Gallery::paint(QWidget &panel, const QString &name)
 {
-    const auto light = QApplication::palette();
     for (const bool isDark : {false, true}) {
-        QApplication::setPalette(isDark ? darkPalette() : light);
+        QApplication::setPalette(isDark ? darkPalette() : lightPalette());
         panel.show();
         QApplication::processEvents();
         for (const int scale : {1, 2}) {
@@ -119,7 +109,7 @@ void Gallery::paint(QWidget &panel, const QString &name)
             m_allWritten = image.save(file) && m_allWritten;
         }
     }
-    QApplication::setPalette(light);
+    QApplication::setPalette(lightPalette());
 }
 
 void Gallery::fillSlots(DiskInfoViewController &panel) const

@@ -204,12 +204,13 @@ void DiskInfoViewController::paintRow(const Row &row)
         paint(row.overSize, QPalette::WindowText);
 }
 
-// Colour alone tells nobody who does not see it.
+// Colour alone tells nobody who does not see it. A row without a disk has nothing that could be too small,
+// whatever colour it kept.
 void DiskInfoViewController::showOverSizeMarkers()
 {
     for (const auto &row : m_rows) {
         if (row.overSize)
-            row.overSize->setVisible(row.isOverSize && !(m_slotAIsSource && &row == &m_rows[SlotARow]));
+            row.overSize->setVisible(row.isOverSize && !row.values.front()->isHidden());
     }
 }
 
@@ -234,7 +235,6 @@ void DiskInfoViewController::hideBayA()
     SlotAVolume->setHidden(m_slotAIsSource);
     Label_Bay_SlotA->setHidden(m_slotAIsSource);
     hiddenSlotAInfo(m_slotAIsSource);
-    showOverSizeMarkers();
 }
 
 void DiskInfoViewController::placeRow(const Row &row, int base)
@@ -303,6 +303,7 @@ void DiskInfoViewController::hideInfo(RowNumber row, bool hidden)
         value->setHidden(hidden);
     for (auto *caption : m_rows[row].captions)
         caption->setHidden(hidden);
+    showOverSizeMarkers();
 }
 
 bool DiskInfoViewController::isOverSize_AllDisks() const

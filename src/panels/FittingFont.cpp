@@ -1,21 +1,24 @@
 #include "panels/FittingFont.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
+
+#include <algorithm>
 
 namespace orvana
 {
 
-QFont fontThatFits(const QFont &family, int height, const QString &text, double width)
+QFont fontThatFits(const QFont &font, int height, const QString &text, double width)
 {
     constexpr int Smallest = 6;
-    auto font = family;
-    for (int size = height; size >= Smallest; --size) {
-        font.setPixelSize(size);
-        const QFontMetricsF metrics(font);
+    auto fitting = font;
+    for (int size = std::min(height, QFontInfo(font).pixelSize()); size >= Smallest; --size) {
+        fitting.setPixelSize(size);
+        const QFontMetricsF metrics(fitting);
         if (metrics.height() <= height && metrics.horizontalAdvance(text) <= width)
             break;
     }
-    return font;
+    return fitting;
 }
 
 } // namespace orvana

@@ -5,8 +5,8 @@
 namespace orvana
 {
 
-/// The family and weight of `family` at the largest pixel size at which a line is no higher than `height`
-/// points and, if a text is given, that text no wider than `width`. Never below 6 pixels.
-QFont fontThatFits(const QFont &family, int height, const QString &text = QString(), double width = 0);
+/// The font at its own size, or smaller where a line of it would be higher than `height` points or, if a text
+/// is given, that text wider than `width`. Never below 6 pixels.
+QFont fontThatFits(const QFont &font, int height, const QString &text = QString(), double width = 0);
 
 } // namespace orvana

@@ -177,6 +177,8 @@ void WindowTest::pass(std::chrono::milliseconds time)
 {
     m_queue.advance(time);
     QApplication::processEvents();
+    // Without an event loop around it, that leaves out what is to be deleted.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void WindowTest::until(const std::function<bool()> &condition)

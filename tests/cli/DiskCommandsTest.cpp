@@ -134,6 +134,25 @@ TEST_F(DiskCommands, OfTwoEnclosuresOnlyTheOneThatIsNamedIsErased)
     EXPECT_TRUE(filesOn("COPY1 1").empty());
 }
 
+TEST_F(DiskCommands, EachOptionOfTheProgramTakesOneValue)
+{
+    EXPECT_EQ(program({"erase", "--enclosure", "1", "--yes", "--bay", "B", "C"}), WrongUsage);
+    EXPECT_EQ(program({"erase", "--enclosure", "1", "--yes", "--name", "B=One", "C=Two"}), WrongUsage);
+    EXPECT_FALSE(hasLog());
+    EXPECT_EQ(
+        program({"erase", "--enclosure", "1", "--yes", "--bay", "B", "--bay", "C", "--name", "B=New one"}),
+        AllDone);
+    EXPECT_TRUE(isMounted("New one"));
+    EXPECT_FALSE(isMounted("Untitled"));
+}
+
+TEST_F(DiskCommands, ProgramNeedsTheEnclosureOfAnErase)
+{
+    EXPECT_EQ(program({"erase", "--yes"}), WrongUsage);
+    EXPECT_EQ(program({"eject", "--yes"}), WrongUsage);
+    EXPECT_FALSE(hasLog());
+}
+
 TEST_F(DiskCommands, EjectTakesTheFormattedDisksBehindTheSource)
 {
     EXPECT_EQ(eject(), AllDone) << m_err;

@@ -99,6 +99,15 @@ TEST_F(Duplicate, EveryVolumeOfBayAMayBeTheSourceAndNoneIsErased)
     EXPECT_EQ(filesOn("Third"), (Files{"three"}));
 }
 
+TEST_F(Duplicate, TwoDisksOfOneNewNameBothGetTheCopy)
+{
+    m_options.erase = m_options.yes = true;
+    m_options.names = {"B=Twin", "C=Twin"};
+    EXPECT_EQ(duplicate(), AllDone) << m_err;
+    EXPECT_EQ(filesOn("Twin"), filesOn("Master"));
+    EXPECT_EQ(filesOn("Twin 1"), filesOn("Master"));
+}
+
 TEST_F(Duplicate, OnlyWhatIsSelectedIsCopied)
 {
     m_options.selection = {"Footage/Folder 1/File 2.dat",

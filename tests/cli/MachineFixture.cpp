@@ -6,6 +6,7 @@
 #include "platform/CommandLauncher.h"
 #include "platform/HostFactory.h"
 #include "platform/VolumeFiles.h"
+#include "platform/posix/PosixCommandLauncher.h"
 #include "support/SmallMachine.h"
 
 #include <array>
@@ -152,6 +153,16 @@ ExitStatus SimulatedMachineTest::eject()
 {
     return run(
         [this](auto &host, auto &queue, auto &terminal) { return runEject(host, queue, terminal, m_disks); });
+}
+
+int SimulatedMachineTest::program(const Files &words)
+{
+    writeMachine();
+    auto all = words;
+    all.insert(all.end(), {"--simulator", m_tree.path("machine.json"), "--log-dir", m_tree.path("logs")});
+    const auto result = platform::posix::PosixCommandLauncher().run(PLURIMOCTL, all);
+    m_out = result.output;
+    return result.status.value_or(-1);
 }
 
 int SimulatedMachineTest::duplicateUntil(const std::string &text)

@@ -30,6 +30,9 @@ protected:
     ExitStatus erase();
     ExitStatus eject();
 
+    /// Runs the program itself on the machine with these words, and returns its exit status.
+    int program(const Files &words);
+
     /// Starts the command in a process of its own, sends it SIGINT once it has printed `text`, and returns
     /// its exit status.
     int duplicateUntil(const std::string &text);

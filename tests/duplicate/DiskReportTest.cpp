@@ -63,7 +63,8 @@ TEST_F(DiskReport, RefusedDiskFailsTheRun)
 {
     reportDestinations(
         m_report,
-        {{{Bay::C, "COPY2", "/Volumes/COPY2", {}}}, {{"Slot-B", "COPY1", DiskGuard::NotMounted}}, {}}, {});
+        {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}}, {{"Slot-B", "COPY1", DiskGuard::NotMounted}}, {}},
+        {});
     EXPECT_FALSE(m_report.allDone());
     EXPECT_EQ(m_report.diskLines(), (Lines{"Slot-B (COPY1): refused: its volume is not mounted"}));
 }
@@ -73,7 +74,7 @@ TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
     RunChoice choice;
     choice.names[Bay::D] = "SMALL";
     reportDestinations(m_report,
-                       {{{Bay::C, "COPY2", "/Volumes/COPY2", {}}},
+                       {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}},
                         {{"Slot-A", "Master", DiskGuard::CarriesSource}},
                         {Bay::D}},
                        choice);

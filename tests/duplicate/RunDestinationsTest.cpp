@@ -50,29 +50,29 @@ TEST_F(RunDestinations, TwoBaysThatShowOneNameAreOneDestination)
     showNames();
     const auto plan = destinations();
     EXPECT_EQ(plan.roots(), (Names{"/Volumes/COPY1"}));
-    EXPECT_EQ(refusalText(plan.refusals.front()), "Slot-C (COPY1): a bay before it shows the same name");
+    EXPECT_EQ(textOf(plan.refusals), "Slot-C (COPY1): a bay before it shows the same name");
 }
 
 TEST_F(RunDestinations, BayWhoseVolumeIsMountedNowhereIsNoDestination)
 {
     diskAt(1)->setBsdPathArray({unmountedVolume()});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NotMounted);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotMounted);
     diskAt(1)->setBsdPathArray({volume("")});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NotMounted);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotMounted);
 }
 
 TEST_F(RunDestinations, BayWithAnEmptyNameIsNoDestination)
 {
     m_choice.names[Bay::B] = "";
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NoName);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NoName);
 }
 
 TEST_F(RunDestinations, BayThatHoldsAnotherVolumeThanItShowsIsNoDestination)
 {
     diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1 1")});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::OtherVolume);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherVolume);
     diskAt(1)->setBsdPathArray({});
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::OtherVolume);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherVolume);
 }
 
 TEST_F(RunDestinations, BayThatLostItsDiskIsNoDestination)
@@ -83,17 +83,70 @@ TEST_F(RunDestinations, BayThatLostItsDiskIsNoDestination)
     EXPECT_EQ(plan.refusals.front().bay, "Slot-B");
 }
 
-TEST_F(RunDestinations, FolderThatIsNoVolumesTopIsNoDestination)
+/// A host whose volumes the test decides: folders of its own, and a listing of them.
+class MountedFolders : public testing::Test
 {
-    const TemporaryTree tree;
-    TestHost host(tree.path("home"));
-    DestinationPlan plan;
-    plan.destinations.push_back({Bay::B, "COPY1", tree.folder("COPY1"), {}});
-    plan.destinations.push_back({Bay::C, "COPY2", tree.path("nowhere"), {}});
-    refuseWhatIsNotMounted(host, plan);
+protected:
+    class Host final : public TestHost, platform::CommandLauncher
+    {
+    public:
+        using TestHost::TestHost;
+        platform::CommandLauncher &launcher() override { return *this; }
+        bool isVolumeRoot(const platform::Folder &folder) const override
+        {
+            return !folder.attributes("marker", platform::Links::Follow, platform::Want::Basics);
+        }
+        Result run(const std::string &, const std::vector<std::string> &) override { return {listing, 0}; }
+
+        std::string listing;
+    };
+
+    void mount(const std::string &device, const std::string &folder)
+    {
+        m_host.listing += device + " 100 0 100 0% 0 0 0% " + m_tree.folder(folder) + "\n";
+    }
+
+    DestinationPlan checked(const std::string &device, const std::string &folder)
+    {
+        DestinationPlan plan;
+        plan.destinations.push_back({Bay::B, "COPY1", m_tree.path(folder), {}, device});
+        refuseWhatIsNotMounted(m_host, plan);
+        return plan;
+    }
+
+    TemporaryTree m_tree;
+    Host m_host{m_tree.path("home")};
+};
+
+TEST_F(MountedFolders, DestinationThatIsMountedAsItsRecordSaysStays)
+{
+    mount("/dev/disk2s1", "COPY1");
+    const auto plan = checked("/dev/disk2s1", "COPY1");
+    EXPECT_EQ(plan.destinations.size(), 1U);
+    EXPECT_TRUE(plan.refusals.empty());
+}
+
+TEST_F(MountedFolders, FolderThatIsGoneIsNoDestination)
+{
+    EXPECT_EQ(textOf(checked("/dev/disk2s1", "nowhere").refusals),
+              "Slot-B (COPY1): its volume is not mounted");
+}
+
+TEST_F(MountedFolders, FolderThatIsNoVolumesTopIsNoDestination)
+{
+    mount("/dev/disk2s1", "COPY1");
+    m_tree.file("COPY1/marker");
+    const auto plan = checked("/dev/disk2s1", "COPY1");
     EXPECT_TRUE(plan.destinations.empty());
-    EXPECT_EQ(textOf(plan.refusals), "Slot-B (COPY1): its volume is not mounted\n"
-                                     "Slot-C (COPY2): its volume is not mounted");
+    EXPECT_EQ(textOf(plan.refusals), "Slot-B (COPY1): its volume is not mounted");
+}
+
+TEST_F(MountedFolders, PlaceThatAnotherVolumeTookIsNoDestination)
+{
+    mount("/dev/disk2s1", "COPY1");
+    mount("/dev/disk9s1", "COPY1");
+    EXPECT_EQ(textOf(checked("/dev/disk2s1", "COPY1").refusals),
+              "Slot-B (COPY1): it no longer holds the volume that was shown");
 }
 
 TEST_F(RunDestinations, EjectOfDestinationsTakesTheFormattedDisksOfEveryEnclosure)
@@ -131,7 +184,7 @@ TEST_F(RunDestinations, EjectOfTheSourceNeverTakesTheStartupDisk)
     m_choice.sourceItem = "Data";
     const auto plan = planSourceEject(m_devices, m_choice);
     EXPECT_TRUE(plan->disks.empty());
-    EXPECT_EQ(plan->refusals.front().reason, DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(*plan), DiskGuard::StartupDisk);
 }
 
 } // namespace orvana

@@ -186,6 +186,14 @@ TEST(NameGuards, EachFormatHasItsLimit)
     EXPECT_EQ(nameGuardOf(std::string(12, 'a'), EraseFormat::ExFat), NameGuard::TooLong);
 }
 
+TEST(NameGuards, FormatIsTheOneOfTheSettingElseExt4)
+{
+    EXPECT_EQ(eraseFormatOf("xfs"), EraseFormat::Xfs);
+    EXPECT_EQ(eraseFormatOf("exfat"), EraseFormat::ExFat);
+    for (const char *setting : {"", "ext4", "XFS", "btrfs"})
+        EXPECT_EQ(eraseFormatOf(setting), EraseFormat::Ext4) << setting;
+}
+
 TEST(NameGuards, LimitsAreInBytesOrCharactersAsTheFormatKeepsThem)
 {
     const std::string elevenUmlauts = "üüüüüüüüüüü";

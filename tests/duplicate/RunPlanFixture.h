@@ -50,6 +50,12 @@ protected:
         m_choice.slotAisSource = false;
     }
 
+    template <class Plan>
+    static std::optional<DiskGuard> firstReason(const Plan &plan)
+    {
+        return plan.refusals.empty() ? std::nullopt : std::optional(plan.refusals.front().reason);
+    }
+
     ErasePlan erase() const { return planErase(m_devices, m_choice, Anna, EraseFormat::Ext4).value(); }
     DestinationPlan destinations() const { return planDestinations(m_devices, m_choice, Anna).value(); }
 

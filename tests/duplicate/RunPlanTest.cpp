@@ -112,7 +112,7 @@ TEST_F(RunPlan, RaidMemberIsNeverErased)
     raid(diskAt(1));
     const auto plan = erase();
     EXPECT_EQ(erased(plan).front(), "Slot-C /dev/disk3 COPY2");
-    EXPECT_EQ(plan.refusals.front().reason, DiskGuard::RaidSet);
+    EXPECT_EQ(firstReason(plan), DiskGuard::RaidSet);
 }
 
 TEST_F(RunPlan, DiskThatIsTooSmallIsErasedAllTheSame)
@@ -136,19 +136,19 @@ TEST_F(RunPlan, BayAOfTwoVolumesIsNeverErasedThoughItCountsAsADestination)
     ASSERT_FALSE(m_choice.slotAisSource);
     const auto plan = erase();
     EXPECT_EQ(erased(plan).front(), "Slot-B /dev/disk2 COPY1");
-    EXPECT_EQ(refusalText(plan.refusals.front()), "Slot-A (Master): it carries the source");
-    EXPECT_EQ(refusalText(destinations().refusals.front()), "Slot-A (Master): it carries the source");
+    EXPECT_EQ(textOf(plan.refusals), "Slot-A (Master): it carries the source");
+    EXPECT_EQ(textOf(destinations().refusals), "Slot-A (Master): it carries the source");
     const auto eject = planTargetEject(m_devices, m_choice, Anna).value();
     EXPECT_EQ(ejected(eject), (Names{"/dev/disk2 COPY1", "/dev/disk3 COPY2"}));
-    EXPECT_EQ(refusalText(eject.refusals.front()), "Slot-A (Master): it carries the source");
+    EXPECT_EQ(textOf(eject.refusals), "Slot-A (Master): it carries the source");
 }
 
 TEST_F(RunPlan, StartupDiskInABayIsNeverErasedNorADestinationNorEjected)
 {
     diskAt(2)->setBsdPathArray({volume("/Volumes/COPY2"), volume("/")});
-    EXPECT_EQ(erase().refusals.front().reason, DiskGuard::StartupDisk);
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::StartupDisk);
-    EXPECT_EQ(planTargetEject(m_devices, m_choice, Anna)->refusals.front().reason, DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(erase()), DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(*planTargetEject(m_devices, m_choice, Anna)), DiskGuard::StartupDisk);
 }
 
 TEST_F(RunPlan, OneBadNameIsToldBeforeAnythingIsErased)
@@ -167,13 +167,22 @@ TEST_F(RunPlan, OnlyABlankDiskMayBeCalledUnformatted)
     EXPECT_EQ(plan.badNames.front().bay, "Slot-B");
 }
 
+TEST_F(RunPlan, NoDiskIsCalledLikeTheSource)
+{
+    m_choice.names[Bay::B] = "Master";
+    EXPECT_EQ(textOf(erase().badNames), "Slot-B (Master): this is the name of the source");
+    chooseHome();
+    m_choice.names[Bay::B] = "anna";
+    EXPECT_EQ(textOf(erase().badNames), "Slot-B (anna): this is the name of the source");
+}
+
 TEST_F(RunPlan, TwoDisksThatClaimOneBayAreBothLeftAlone)
 {
     box().hddArray().push_back(bay("Slot-B", 9, "Other"));
     const auto plan = erase();
     EXPECT_EQ(plan.refusals.size(), 2U);
-    EXPECT_EQ(plan.refusals.front().reason, DiskGuard::NotCertain);
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::NotCertain);
+    EXPECT_EQ(firstReason(plan), DiskGuard::NotCertain);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotCertain);
 }
 
 TEST_F(RunPlan, TwoDisksOfOneDeviceNodeAreBothLeftAlone)
@@ -214,8 +223,8 @@ TEST_F(RunPlan, DiskThatWasChangedSinceItWasShownIsLeftAlone)
     diskAt(1) = bay("Slot-B", 9, "COPY1");
     const auto plan = erase();
     ASSERT_EQ(plan.refusals.size(), 1U);
-    EXPECT_EQ(plan.refusals.front().reason, DiskGuard::OtherDisk);
-    EXPECT_EQ(destinations().refusals.front().reason, DiskGuard::OtherDisk);
+    EXPECT_EQ(firstReason(plan), DiskGuard::OtherDisk);
+    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherDisk);
 }
 
 TEST_F(RunPlan, DisksThatChangedPlacesSinceTheyWereShownAreLeftAlone)

@@ -2,7 +2,10 @@
 
 #include "FaultFixture.h"
 
+#include "cli/DuplicateCommand.h"
+#include "cli/Terminal.h"
 #include "discovery/ORVScanDevice.h"
+#include "foundation/PlainMainQueue.h"
 #include "platform/CommandLauncher.h"
 #include "platform/HostFactory.h"
 #include "support/Recorder.h"
@@ -46,6 +49,34 @@ TEST_F(ImageBays, DiskIsMountedErasedAndDetachedByTheSimulatorItself)
     ASSERT_TRUE(platform::moveSimulatorLever(file, "detach", "1/A", ""));
     EXPECT_EQ(outputOf("losetup -j '" + m_tree.path("a.img") + "'"), "") << "nothing stays attached";
     EXPECT_TRUE(m_log.all().empty()) << m_log.all().front();
+}
+
+TEST_F(ImageBays, ErasedAndVerifiedCopiesAreEqualByteForByte)
+{
+    const auto file = m_tree.file("machine.json", R"({"login":"anna","enclosures":[{"uid":1,"bays":[
+        {"bay":"A","size":33554432,"image":"a.img","volumes":[{"name":"Master","capacity":1,
+            "content":[{"path":"Footage","bytes":6000000,"files":50},{"path":"Read me.txt","bytes":99}]}]},
+        {"bay":"B","size":33554432,"image":"b.img","volumes":[{"name":"OLD","capacity":1}]},
+        {"bay":"D","size":33554432,"image":"d.img","formatted":false}]}]})");
+    cli::DuplicateOptions options;
+    options.selection = {"Footage", "Read me.txt"};
+    options.names = {"B=COPY1"};
+    options.logFolder = m_tree.folder("logs");
+    options.erase = options.verify = options.yes = true;
+    {
+        PlainMainQueue queue;
+        const auto host = platform::makeSimulatorHost(file, &queue).value();
+        EXPECT_EQ(shell("echo old > '" + file + ".volumes/Volumes/OLD/old'"), 0);
+        cli::Terminal terminal(stderr, stderr, false);
+        EXPECT_EQ(cli::runDuplicate(*host, queue, terminal, options), cli::AllDone);
+    }
+    for (const char *name : {"COPY1", "Untitled"}) {
+        const auto copy = file + ".volumes/Volumes/" + name;
+        EXPECT_EQ(outputOf("findmnt -no FSTYPE '" + copy + "'"), "ext4");
+        EXPECT_EQ(outputOf("diff -r '" + file + ".volumes/Volumes/Master' '" + copy + "' 2>&1"), "");
+    }
+    for (const char *bay : {"1/A", "1/B", "1/D"})
+        EXPECT_TRUE(platform::moveSimulatorLever(file, "detach", bay, ""));
 }
 
 TEST_F(ImageBays, AnotherDeviceIsNeverUsed)

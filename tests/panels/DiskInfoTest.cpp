@@ -310,12 +310,22 @@ TEST_F(SlotPanel, DisablingTakesButtonsPopupAndNamesAndGivesThemBack)
 TEST_F(SlotPanel, RedBayAlsoSaysThatItDoesNotFit)
 {
     makeBayATheSource();
+    panel.hiddenSlotBInfo(false);
     color(Red, {"Slot-A", "Slot-B"});
     EXPECT_FALSE(panel.Label_OverSize_SlotB->isHidden());
     EXPECT_TRUE(panel.Label_OverSize_SlotA->isHidden()) << "its row is not shown";
     EXPECT_TRUE(panel.Label_OverSize_SlotC->isHidden());
     makeStickTheSource();
     EXPECT_FALSE(panel.Label_OverSize_SlotA->isHidden());
+}
+
+TEST_F(SlotPanel, RowWithoutADiskSaysNothingOfFittingWhateverColourItKept)
+{
+    makeBayATheSource();
+    color(Red, {"Slot-C"});
+    panel.setDiskInfo("Slot-C", "None", "", "", "", "", true, false);
+    EXPECT_TRUE(panel.isOverSize_SlotC());
+    EXPECT_TRUE(panel.Label_OverSize_SlotC->isHidden());
 }
 
 TEST_F(SlotPanel, ColoursReachNameValuesAndCaptionsButNotTheRaidMarker)

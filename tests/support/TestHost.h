@@ -8,11 +8,24 @@
 #include "platform/posix/PosixCommandLauncher.h"
 #include "platform/posix/PosixVolumeFiles.h"
 
+#include <vector>
+
 namespace orvana::test
 {
 
+/// Keeps the addresses of the pages it was asked to open.
+class RecordingWorkspace final : public platform::Workspace
+{
+public:
+    void openPage(const std::string &address) override { pages.push_back(address); }
+    void notify(const std::string &, const std::string &) override {}
+    std::shared_ptr<void> holdOffSleep(const std::string &) override { return nullptr; }
+
+    std::vector<std::string> pages;
+};
+
 /// Real files below folders of the test's own, with switches for faults; the user is "tester".
-class TestHost final : public platform::Host, platform::Account, platform::Places
+class TestHost : public platform::Host, platform::Account, platform::Places
 {
 public:
     /// `home` is the tester's home folder and what "/Users/tester" stands for.
@@ -26,6 +39,7 @@ public:
     platform::CommandLauncher &launcher() override { return m_launcher; }
     platform::Workspace &workspace() override { return m_workspace; }
     platform::FaultyVolumeFiles &faults() { return m_faulty; }
+    const std::vector<std::string> &openedPages() const { return m_workspace.pages; }
 
     std::string loginName() const override { return "tester"; }
     std::string homeFolder() const override { return m_home; }
@@ -41,7 +55,7 @@ private:
     platform::NullRegistry m_registry;
     platform::NullVolumeEvents m_events;
     platform::posix::PosixCommandLauncher m_launcher;
-    platform::NullWorkspace m_workspace;
+    RecordingWorkspace m_workspace;
     platform::posix::PosixVolumeFiles m_real;
     platform::FaultyVolumeFiles m_faulty{m_real};
 };

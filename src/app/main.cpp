@@ -1,0 +1,153 @@
+#include "app/MainWindow.h"
+#include "app/OrvanaAppDelegate.h"
+#include "app/ScriptRunner.h"
+#include "app/SingleInstance.h"
+#include "app/VolumeNotifications.h"
+#include "cli/HostChoice.h"
+#include "foundation/Clock.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/QtMainQueue.h"
+#include "log/LogData.h"
+#include "platform/Account.h"
+#include "resources/Resources.h"
+
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+#include <filesystem>
+
+namespace
+{
+
+using namespace orvana;
+
+/// Everything that the user can say.
+struct Words
+{
+    cli::HostChoice machine;
+    std::string edition = "Orvana";
+    std::optional<std::string> logFolder;
+    std::optional<std::string> script;
+};
+
+void describe(CLI::App &app, Words &words)
+{
+    app.set_version_flag("--version", "orvana-plurimo " PLURIMO_VERSION);
+    app.add_option("--simulator", words.machine.simulatorFile, "Work on the simulated machine of this file")
+        ->type_name("FILE");
+    app.add_flag("--demo", words.machine.demo, "Work on the ready-made demo machine");
+    app.add_option("--demo-folder", words.machine.demoFolder, "The same, with its files in this folder")
+        ->type_name("FOLDER");
+    app.add_option("--edition", words.edition, "Orvana, or Obsidio for the partner edition")
+        ->check(CLI::IsMember({"Orvana", "Obsidio"}))
+        ->type_name("NAME");
+    app.add_option("--log-dir", words.logFolder, "Folder for logs and reports instead of ~/Documents")
+        ->type_name("FOLDER");
+    app.add_option("--script", words.script, "Play the steps of this file, and quit")->type_name("FILE");
+    app.allow_extras(); // the toolkit has options of its own, such as -platform
+}
+
+int fail(int status, const std::string &reason)
+{
+    std::fprintf(stderr, "orvana-plurimo: %s\n", reason.c_str());
+    return status;
+}
+
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+/// The program from its machine to its end.
+class Program
+{
+public:
+    Program(const Words &words, std::unique_ptr<platform::Host> host, QtMainQueue &queue)
+        : m_host(std::move(host)),
+          m_delegate({*m_host, m_center, m_volumeCenter, queue, m_clock, logFolder(words)}, words.edition)
+    {
+        postVolumeEvents(*m_host, m_volumeCenter);
+    }
+
+    int run(const Words &words, const std::vector<ScriptStep> &steps, const QString &machine)
+    {
+        m_delegate.applicationDidFinishLaunching();
+        if (!words.script)
+            return QApplication::exec();
+        ScriptRunner script(m_delegate, steps, machine);
+        int status = 0;
+        QObject::connect(&script, &ScriptRunner::ended, &script, [&](const QString &reason) {
+            if (!reason.isEmpty())
+                status = fail(1, *words.script + ": " + reason.toStdString());
+            QApplication::quit();
+        });
+        script.start();
+        QApplication::exec();
+        return status;
+    }
+
+    void raise() { m_delegate.raiseMainWindow(); }
+
+private:
+    std::string logFolder(const Words &words) const
+    {
+        return words.logFolder ? std::filesystem::absolute(*words.logFolder).native()
+                               : LogData::documentsFolder(m_host->account().homeFolder());
+    }
+
+    std::unique_ptr<platform::Host> m_host;
+    NotificationCenter m_center;
+    NotificationCenter m_volumeCenter;
+    SystemClock m_clock;
+    OrvanaAppDelegate m_delegate;
+};
+
+int runProgram(const Words &words)
+{
+    std::vector<ScriptStep> steps;
+    if (words.script) {
+        auto read = readScript(QString::fromStdString(*words.script));
+        if (!read)
+            return fail(4, read.error().toStdString());
+        steps = std::move(*read);
+    }
+    const bool isSimulated = words.machine.simulatorFile || words.machine.demo || words.machine.demoFolder;
+    const auto file = isSimulated ? cli::simulatorFileOf(words.machine) : std::string();
+    if (!file)
+        return fail(file.error().status, file.error().reason);
+    SingleInstance instance(QString::fromStdString(*file));
+    if (instance.askTheFirst())
+        return 0;
+    QtMainQueue queue;
+    auto host = cli::makeHost(words.machine, &queue);
+    if (!host)
+        return fail(host.error().status, host.error().reason);
+    Program program(words, std::move(*host), queue);
+    instance.listen([&] { program.raise(); });
+    return program.run(words, steps, QString::fromStdString(*file));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    CLI::App app("Duplicates disks: one read, many writes, verified.", "orvana-plurimo");
+    Words words;
+    describe(app, words);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return app.exit(error) == 0 ? 0 : 2;
+    }
+    if (!hasDisplay())
+        return fail(4, "there is no display; plurimoctl does the same in a terminal");
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Orvana Plurimo"));
+    QApplication::setApplicationVersion(QStringLiteral(PLURIMO_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("orvana-plurimo"));
+    loadResources();
+    return runProgram(words);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "cli/ExitStatus.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvana::platform
+{
+class Host;
+}
+
+namespace orvana::cli
+{
+
+class Terminal;
+
+struct LogsOptions
+{
+    std::string action = "list"; ///< list, show, delete or clear
+    std::vector<std::string> names;
+    std::optional<std::string> logFolder; ///< instead of the user's Documents folder
+    bool yes = false;
+    bool json = false; ///< with list
+};
+
+/// `plurimoctl logs`: lists the run logs, prints some, removes some or all; a log goes together with the
+/// report beside it. Removing all needs `yes`.
+ExitStatus runLogs(platform::Host &host, Terminal &terminal, const LogsOptions &options);
+
+} // namespace orvana::cli
