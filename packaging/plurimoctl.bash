@@ -4,7 +4,7 @@ _plurimoctl() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if [ "$COMP_CWORD" = 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject devices simulator --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject devices logs simulator --help --version" -- "$word")
         return
     fi
     case $before in
@@ -30,6 +30,7 @@ _plurimoctl() {
     erase) options+=" --enclosure --bay --name --yes" ;;
     eject) options+=" --enclosure --bay --yes" ;;
     devices) options+=" --json --watch" ;;
+    logs) options+=" list show delete clear --yes --json" ;;
     simulator) options+=" attach detach mount unmount rename show" ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
