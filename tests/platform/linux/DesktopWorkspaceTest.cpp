@@ -13,9 +13,11 @@
 #include <QProcess>
 #include <QThread>
 #include <array>
+#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <mutex>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace orvana::test
