@@ -27,7 +27,7 @@ tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice)
 tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue)
 {
     if (!choice.simulatorFile && !choice.demo && !choice.demoFolder)
-        return platform::makeMachineHost();
+        return platform::makeMachineHost(queue);
     const auto file = simulatorFileOf(choice);
     if (!file)
         return tl::unexpected(file.error());

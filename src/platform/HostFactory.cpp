@@ -1,46 +1,16 @@
 #include "platform/HostFactory.h"
 
-#include "platform/NullDevices.h"
-#include "platform/posix/PosixAccount.h"
-#include "platform/posix/PosixCommandLauncher.h"
-#include "platform/posix/PosixPlaces.h"
-#include "platform/posix/PosixVolumeFiles.h"
+#include "platform/linux/DesktopWorkspace.h"
+#include "platform/linux/LinuxHost.h"
 #include "platform/simulator/DemoMachine.h"
 #include "platform/simulator/SimulatorHost.h"
 
 namespace orvana::platform
 {
 
-namespace
+std::unique_ptr<Host> makeMachineHost(MainQueue *queue)
 {
-
-/// Files, user and programs of this machine. Its devices are not looked at.
-class MachineHost final : public Host
-{
-public:
-    Account &account() override { return m_account; }
-    Places &places() override { return m_places; }
-    VolumeFiles &volumeFiles() override { return m_files; }
-    HardwareRegistry &registry() override { return m_registry; }
-    VolumeEvents &volumeEvents() override { return m_events; }
-    CommandLauncher &launcher() override { return m_launcher; }
-    Workspace &workspace() override { return m_workspace; }
-
-private:
-    posix::PosixAccount m_account;
-    posix::PosixPlaces m_places;
-    posix::PosixVolumeFiles m_files;
-    posix::PosixCommandLauncher m_launcher;
-    NullRegistry m_registry;
-    NullVolumeEvents m_events;
-    NullWorkspace m_workspace;
-};
-
-} // namespace
-
-std::unique_ptr<Host> makeMachineHost()
-{
-    return std::make_unique<MachineHost>();
+    return std::make_unique<linux_host::LinuxHost>(std::make_unique<linux_host::DesktopWorkspace>(), queue);
 }
 
 tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::string &file, MainQueue *queue)

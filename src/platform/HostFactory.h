@@ -14,8 +14,9 @@ class MainQueue;
 namespace orvana::platform
 {
 
-/// The machine that the program runs on.
-std::unique_ptr<Host> makeMachineHost();
+/// The machine that the program runs on. What comes and goes is told on `queue`, which must outlive the host;
+/// without one nothing is watched.
+std::unique_ptr<Host> makeMachineHost(MainQueue *queue = nullptr);
 
 /// The simulated machine of a file. Edits of the file, and what other programs do to the machine, are seen
 /// on `queue`, which must outlive the host; without one nothing is watched. The error names file, entry and

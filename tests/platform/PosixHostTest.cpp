@@ -30,7 +30,7 @@ TEST(MachineHost, KnowsUserHomeAndPlaces)
     EXPECT_EQ(host->places().userPath("root"), "/root");
     EXPECT_EQ(host->places().userPath("no such user here"), std::nullopt);
     EXPECT_EQ(host->places().volumePath("no such volume here"), std::nullopt);
-    EXPECT_EQ(host->places().volumePath("proc"), "/proc");
+    EXPECT_EQ(host->places().volumePath("proc"), std::nullopt) << "no volume of a disk";
     const auto top = host->volumeFiles().openFolder("/proc", Reach::Beneath);
     EXPECT_TRUE(host->places().isVolumeRoot(**top));
     const auto below = host->volumeFiles().openFolder("/proc/self", Reach::Beneath);

@@ -24,11 +24,13 @@ namespace
 class SpawnSettings
 {
 public:
-    SpawnSettings(int input, int output)
+    SpawnSettings(int input, int output, Complaints complaints)
     {
         posix_spawn_file_actions_init(&m_actions);
         posix_spawn_file_actions_adddup2(&m_actions, input, STDIN_FILENO);
         posix_spawn_file_actions_adddup2(&m_actions, output, STDOUT_FILENO);
+        if (complaints == Complaints::IntoTheOutput)
+            posix_spawn_file_actions_adddup2(&m_actions, output, STDERR_FILENO);
         posix_spawnattr_init(&m_attributes);
         sigset_t none;
         sigemptyset(&none);
@@ -94,7 +96,7 @@ CommandLauncher::Result PosixCommandLauncher::run(const std::string &path,
     for (const auto &argument : arguments)
         words.push_back(const_cast<char *>(argument.c_str()));
     words.push_back(nullptr);
-    const SpawnSettings settings(input[0], output[1]);
+    const SpawnSettings settings(input[0], output[1], m_complaints);
     pid_t child = -1;
     const int error =
         ::posix_spawn(&child, path.c_str(), settings.actions(), settings.attributes(), words.data(), environ);

@@ -1,0 +1,42 @@
+# Completion of plurimoctl's commands and options for bash.
+
+_plurimoctl() {
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
+    COMPREPLY=()
+    if [ "$COMP_CWORD" = 1 ]; then
+        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject devices logs simulator --help --version" -- "$word")
+        return
+    fi
+    case $before in
+    --to | --root | --log-dir | --demo-folder)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -d -- "$word")
+        return
+        ;;
+    --simulator)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
+        return
+        ;;
+    --bay)
+        mapfile -t COMPREPLY < <(compgen -W "A B C D" -- "$word")
+        return
+        ;;
+    esac
+    local options="--simulator --demo --demo-folder --log-dir --help"
+    case $command in
+    copy) options+=" --to --root --verify --json" ;;
+    duplicate) options+=" --enclosure --source --select --erase --name --verify --yes --json" ;;
+    erase) options+=" --enclosure --bay --name --yes" ;;
+    eject) options+=" --enclosure --bay --yes" ;;
+    devices) options+=" --json --watch" ;;
+    logs) options+=" list show delete clear --yes --json" ;;
+    simulator) options+=" attach detach mount unmount rename show" ;;
+    esac
+    mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+    if [ "$command" = copy ] && [[ $word != -* ]]; then
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
+    fi
+}
+complete -F _plurimoctl plurimoctl

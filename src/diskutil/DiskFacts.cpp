@@ -1,0 +1,162 @@
+#include "diskutil/DiskFacts.h"
+
+#include "discovery/BayTable.h"
+#include "foundation/DisplayPath.h"
+#include "platform/linux/LinuxTree.h"
+#include "platform/linux/ThunderboltRouters.h"
+
+#include <algorithm>
+
+namespace orvana::diskutil
+{
+
+namespace
+{
+
+using platform::linux_host::Device;
+using platform::linux_host::Disk;
+using platform::linux_host::Snapshot;
+
+// Where a running system has its parts. In the first ones everything below counts, too; below the others
+// users mount what is theirs.
+bool isSystemPlace(const std::string &point)
+{
+    const auto all = {"/boot", "/efi", "/etc", "/nix", "/usr", "/var"};
+    const auto tops = {"/", "/home", "/opt", "/root", "/srv", "/tmp"};
+    return std::any_of(all.begin(), all.end(),
+                       [&](const char *place) {
+                           return point == place || platform::linux_host::isBelow(point, place);
+                       }) ||
+           std::any_of(tops.begin(), tops.end(), [&](const char *place) { return point == place; });
+}
+
+// An image may be a device itself; the kernel then names no holder.
+bool isImage(const Snapshot &snapshot, const Device &piece)
+{
+    const auto blocks = snapshot.devices.ofSubsystem("block");
+    return std::any_of(blocks.begin(), blocks.end(), [&](const Device *block) {
+        return block->attribute("loop/backing_file") == "/dev/" + piece.name;
+    });
+}
+
+void addPiece(const Snapshot &snapshot, const Device &piece, DiskFacts &facts)
+{
+    facts.isMember = facts.isMember || platform::linux_host::isMember(piece);
+    facts.isHeld = facts.isHeld || !piece.holders.empty() || isImage(snapshot, piece);
+    facts.isSwappedOn = facts.isSwappedOn || snapshot.swaps.contains(piece.name);
+    facts.holdsSystem = facts.holdsSystem || snapshot.beneathRoot.contains(piece.name);
+    for (const auto &mount : snapshot.mounts) {
+        if (platform::linux_host::deviceOf(snapshot.devices, mount) != &piece)
+            continue;
+        facts.holdsSystem = facts.holdsSystem || isSystemPlace(mount.target);
+        facts.mounted.push_back({"/dev/" + piece.name, mount.target});
+    }
+}
+
+Outcome<void> refuse(const std::string &node, const char *why)
+{
+    return trouble(Refused, displayPath(node) + " " + why);
+}
+
+template <class T>
+bool isSame(const std::optional<T> &expected, const std::optional<T> &found)
+{
+    return expected && found && *expected == *found;
+}
+
+} // namespace
+
+std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &device)
+{
+    // Whether somebody else has the disk is asked elsewhere.
+    const auto disks = disksOf(snapshot, [](const std::string &) { return false; });
+    const auto disk =
+        std::find_if(disks.begin(), disks.end(), [&](const Disk &one) { return one.device == &device; });
+    if (disk == disks.end())
+        return std::nullopt;
+    KnownDisk known{identityOf(*disk), false};
+    if (!disk->router || !isFourBayEnclosure(*disk->router))
+        return known;
+    platform::linux_host::DiskNames names;
+    names.bind(disks);
+    const auto tree = makeTree(snapshot, disks, names);
+    std::vector<platform::RegistryEntryPtr> drivers;
+    tree.root->collect({"AppleAHCIDiskDriver", {}}, drivers);
+    // The driver's own device stands right above it, named as the kernel names the disk.
+    for (const auto &driver : drivers) {
+        if (driver->parent()->name() == device.name)
+            known.isInBay = bayOf(driver->path()).has_value();
+    }
+    return known;
+}
+
+std::optional<DiskFacts> factsOf(const Snapshot &snapshot, const std::string &node, const BayRule &rule)
+{
+    // Only the kernel's own name: a link may lead elsewhere by the time that the service follows it.
+    const std::string folder = "/dev/";
+    const auto *device =
+        node.starts_with(folder) ? snapshot.devices.blockNamed(node.substr(folder.size())) : nullptr;
+    if (!device)
+        return std::nullopt;
+    DiskFacts facts;
+    facts.isRootKnown = !snapshot.beneathRoot.empty();
+    facts.isExamined = platform::linux_host::hasUdevLooked(*device);
+    addPiece(snapshot, *device, facts);
+    for (const auto *partition : snapshot.devices.partitionsOf(*device))
+        addPiece(snapshot, *partition, facts);
+    const auto known = device->type == "disk" ? rule(snapshot, *device) : std::nullopt;
+    facts.isWholeDisk = known.has_value();
+    if (known) {
+        facts.identity = known->identity;
+        facts.isInBay = known->isInBay;
+    }
+    return facts;
+}
+
+Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, const Expectation &expected)
+{
+    if (!facts.isWholeDisk)
+        return refuse(node, "is no disk to work on");
+    if (!facts.identity.serial || !facts.identity.sequence)
+        return refuse(node,
+                      "cannot be told from other disks: it has no serial number, or no number of arrival");
+    const bool isSameDisk = isSame(expected.sequence, facts.identity.sequence) &&
+                            isSame(expected.serial, facts.identity.serial) &&
+                            isSame(expected.size, std::optional(facts.identity.blocks * 512)) &&
+                            isSame(expected.bay, std::optional(facts.identity.place));
+    return isSameDisk ? Outcome<void>() : refuse(node, "is not the disk that was meant");
+}
+
+Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts)
+{
+    if (!facts.isInBay)
+        return refuse(node, "is in no bay of an enclosure");
+    if (!facts.isExamined)
+        return refuse(node, "is not examined yet: what is on it is not known");
+    if (!facts.isRootKnown)
+        return refuse(node, "is left alone: it cannot be told which disks hold the running system");
+    if (facts.holdsSystem)
+        return refuse(node, "holds the running system");
+    if (facts.isSwappedOn)
+        return refuse(node, "is in use as swap space");
+    if (facts.isMember)
+        return refuse(node, "is a member of a RAID set or a volume group");
+    if (facts.isHeld)
+        return refuse(node, "is in use: something is built upon it");
+    return {};
+}
+
+Outcome<void> checkEjectable(const std::string &node, const DiskFacts &facts)
+{
+    if (!facts.isRootKnown)
+        return refuse(node, "is left alone: it cannot be told which disks hold the running system");
+    if (facts.holdsSystem)
+        return refuse(node, "holds the running system");
+    if (facts.isSwappedOn)
+        return refuse(node, "is in use as swap space");
+    if (facts.isHeld)
+        return refuse(node, "is in use: something is built upon it");
+    return {};
+}
+
+} // namespace orvana::diskutil

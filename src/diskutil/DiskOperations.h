@@ -1,0 +1,26 @@
+#pragma once
+
+#include "diskutil/DiskFacts.h"
+#include "diskutil/DiskService.h"
+
+namespace orvana::diskutil
+{
+
+/// What erase and eject work with. `lookAt` looks anew each time.
+struct Surroundings
+{
+    std::function<std::optional<DiskFacts>(const std::string &node)> lookAt;
+    DiskService &service;
+    /// Which processes use the file system mounted at the point: "cp (1234)".
+    std::function<std::vector<std::string>(const std::string &point)> usersOf;
+    std::optional<std::string> formatSetting;
+};
+
+/// Makes one empty volume of the whole disk and mounts it; returns what to tell the user. The disk is looked
+/// at anew before each write, and nothing is written before it is unmounted and nobody else has it.
+Outcome<std::string> eraseDisk(const Request &request, const Surroundings &surroundings);
+
+/// Unmounts everything on the disk, and lets go of it as far as it can be.
+Outcome<std::string> ejectDisk(const Request &request, const Surroundings &surroundings);
+
+} // namespace orvana::diskutil

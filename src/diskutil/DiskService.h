@@ -1,0 +1,42 @@
+#pragma once
+
+#include "diskutil/Outcome.h"
+#include "diskutil/VolumeFormat.h"
+
+#include <vector>
+
+namespace orvana::diskutil
+{
+
+/// What changes disks. Nodes are the kernel's, "/dev/sdb" and "/dev/sdb1". Calls wait for their end; every
+/// one has an end.
+class DiskService
+{
+public:
+    virtual ~DiskService() = default;
+
+    /// Whether file systems of this format can be made here.
+    virtual Outcome<void> checkFormat(const VolumeFormat &format) = 0;
+
+    /// Unmounts the file system of the node once. In use is a trouble of status Refused.
+    virtual Outcome<void> unmount(const std::string &node) = 0;
+
+    /// Whether nobody else has the whole disk: a mount in another namespace, a set, a program.
+    virtual Outcome<void> checkNobodyHas(const std::string &node) = 0;
+
+    /// Writes a new, empty partition table over the whole disk.
+    virtual Outcome<void> makeTable(const std::string &node) = 0;
+
+    /// Makes one partition over all of the disk, with a file system of that name which belongs to the calling
+    /// user; returns the partition's node.
+    virtual Outcome<std::string> makeVolume(const std::string &node, const VolumeFormat &format,
+                                            const std::string &name) = 0;
+
+    /// Mounts the file system of the node, unless somebody has already; returns where.
+    virtual Outcome<std::string> mount(const std::string &node) = 0;
+
+    /// Ejects or powers down the drive, as far as it can that by itself. Never another one.
+    virtual Outcome<void> release(const std::string &node) = 0;
+};
+
+} // namespace orvana::diskutil

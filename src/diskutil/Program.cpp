@@ -1,0 +1,52 @@
+#include "diskutil/Program.h"
+
+#include "diskutil/DiskOperations.h"
+#include "diskutil/Processes.h"
+#include "diskutil/UdisksService.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace orvana::diskutil
+{
+
+namespace
+{
+
+std::optional<std::string> formatSetting()
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
+    const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
+    return setting ? std::optional<std::string>(setting) : std::nullopt;
+}
+
+Outcome<std::string> perform(const Request &request, const BayRule &rule)
+{
+    UdisksService service;
+    const auto lookAt = [&](const std::string &node) {
+        return factsOf(platform::linux_host::readSnapshot({}), node, rule);
+    };
+    const Surroundings surroundings{lookAt, service, processesUsing, formatSetting()};
+    return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
+                                           : ejectDisk(request, surroundings);
+}
+
+} // namespace
+
+int runProgram(const std::vector<std::string> &words, const BayRule &rule)
+{
+    if (words == std::vector<std::string>{"--version"}) {
+        std::cout << "orvana-diskutil " PLURIMO_VERSION "\n";
+        return Done;
+    }
+    const auto done =
+        readRequest(words).and_then([&](const Request &request) { return perform(request, rule); });
+    if (done) {
+        std::cout << *done << '\n';
+        return Done;
+    }
+    std::cerr << "orvana-diskutil: " << done.error().reason << '\n';
+    return done.error().status;
+}
+
+} // namespace orvana::diskutil

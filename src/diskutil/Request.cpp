@@ -1,0 +1,69 @@
+#include "diskutil/Request.h"
+
+#include <charconv>
+#include <string_view>
+
+namespace orvana::diskutil
+{
+
+namespace
+{
+
+std::optional<std::uint64_t> numberIn(std::string_view text)
+{
+    std::uint64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return number;
+}
+
+// False when the word is no expectation, or its value none.
+bool readExpectation(std::string_view word, Expectation &expected)
+{
+    const auto equals = word.find('=');
+    if (equals == std::string_view::npos)
+        return false;
+    const auto key = word.substr(0, equals);
+    const auto value = word.substr(equals + 1);
+    if (key == "--expect-serial")
+        expected.serial = value;
+    else if (key == "--expect-bay")
+        expected.bay = value;
+    else if (key == "--expect-sequence")
+        return (expected.sequence = numberIn(value)).has_value();
+    else if (key == "--expect-size")
+        return (expected.size = numberIn(value)).has_value();
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
+Outcome<Request> readRequest(const std::vector<std::string> &words)
+{
+    Request request;
+    std::vector<std::string> plain;
+    // A volume may be named like an option; where a name stands is known.
+    const bool isErase = !words.empty() && words[0] == "eraseDisk";
+    for (const auto &word : words) {
+        const bool isName = isErase && plain.size() == 2;
+        if (isName || !word.starts_with("--"))
+            plain.push_back(word);
+        else if (!readExpectation(word, request.expected))
+            return trouble(WrongUsage, Usage);
+    }
+    if (isErase && plain.size() == 4) {
+        request.format = plain[1];
+        request.name = plain[2];
+    } else if (plain.size() == 2 && plain[0] == "eject") {
+        request.verb = Verb::Eject;
+    } else {
+        return trouble(WrongUsage, Usage);
+    }
+    request.node = plain.back();
+    return request;
+}
+
+} // namespace orvana::diskutil

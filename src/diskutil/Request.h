@@ -1,0 +1,41 @@
+#pragma once
+
+#include "diskutil/Outcome.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace orvana::diskutil
+{
+
+/// What the caller knows of the disk that is meant. All of it is needed.
+struct Expectation
+{
+    std::optional<std::uint64_t> sequence; ///< the kernel's number of the disk's arrival
+    std::optional<std::string> serial;
+    std::optional<std::uint64_t> size; ///< bytes
+    std::optional<std::string> bay;
+};
+
+enum class Verb { EraseDisk, Eject };
+
+/// One call of the program.
+struct Request
+{
+    Verb verb = Verb::EraseDisk;
+    std::string format; ///< as said: "JHFS+", or a file system
+    std::string name;   ///< of the new volume
+    std::string node;   ///< "/dev/sdb"
+    Expectation expected;
+};
+
+inline constexpr const char *Usage =
+    "Usage: orvana-diskutil eraseDisk FORMAT NAME DEVICE EXPECTATIONS\n"
+    "       orvana-diskutil eject DEVICE EXPECTATIONS\n"
+    "EXPECTATIONS: --expect-sequence=N --expect-serial=TEXT --expect-size=BYTES --expect-bay=TEXT";
+
+/// Reads the words after the program's name. A word that is not understood makes all of it wrong.
+Outcome<Request> readRequest(const std::vector<std::string> &words);
+
+} // namespace orvana::diskutil

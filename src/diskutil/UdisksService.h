@@ -1,0 +1,35 @@
+#pragma once
+
+#include "diskutil/DiskService.h"
+
+#include <memory>
+
+namespace orvana::diskutil
+{
+
+/// The desktop's own disk service, asked over D-Bus. Who may do what is its decision, and it asks the user
+/// where it has to; without anybody to ask it refuses.
+class UdisksService final : public DiskService
+{
+public:
+    UdisksService();
+    ~UdisksService() override;
+    UdisksService(const UdisksService &) = delete;
+    UdisksService &operator=(const UdisksService &) = delete;
+
+    Outcome<void> checkFormat(const VolumeFormat &format) override;
+    Outcome<void> unmount(const std::string &node) override;
+    Outcome<void> checkNobodyHas(const std::string &node) override;
+    Outcome<void> makeTable(const std::string &node) override;
+    Outcome<std::string> makeVolume(const std::string &node, const VolumeFormat &format,
+                                    const std::string &name) override;
+    Outcome<std::string> mount(const std::string &node) override;
+    Outcome<void> release(const std::string &node) override;
+
+private:
+    class Bus;
+
+    std::unique_ptr<Bus> m_bus;
+};
+
+} // namespace orvana::diskutil

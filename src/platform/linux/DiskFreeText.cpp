@@ -1,0 +1,90 @@
+#include "platform/linux/DiskFreeText.h"
+
+#include "foundation/DisplayPath.h"
+#include "platform/linux/LinuxTree.h"
+
+#include <algorithm>
+#include <sys/statvfs.h>
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+constexpr std::uint64_t BlockSize = 512;
+
+std::string percent(std::uint64_t part, std::uint64_t whole)
+{
+    return std::to_string(whole == 0 ? 0 : (part * 100 + whole - 1) / whole) + "%";
+}
+
+std::string lineOf(const ListedVolume &volume, const VolumeRoom &room)
+{
+    const auto used = room.blocks - room.freeBlocks;
+    const auto usedFiles = room.files - room.freeFiles;
+    std::string line = volume.device;
+    for (const auto &column :
+         {std::to_string(room.blocks), std::to_string(used), std::to_string(room.availableBlocks),
+          percent(used, used + room.availableBlocks), std::to_string(usedFiles),
+          std::to_string(room.freeFiles), percent(usedFiles, room.files), volume.point})
+        line.append(" ").append(column);
+    return line + "\n";
+}
+
+} // namespace
+
+std::optional<VolumeRoom> measureRoom(const std::string &point)
+{
+    struct statvfs room{};
+    if (::statvfs(point.c_str(), &room) != 0)
+        return std::nullopt;
+    const auto inBlocks = [&](std::uint64_t count) { return count * room.f_frsize / BlockSize; };
+    return VolumeRoom{inBlocks(room.f_blocks), inBlocks(room.f_bfree), inBlocks(room.f_bavail), room.f_files,
+                      room.f_ffree};
+}
+
+std::vector<ListedVolume> listedVolumes(const Snapshot &snapshot, const std::vector<Disk> &disks,
+                                        const DiskNames &names)
+{
+    const auto mounted = mountedDevices(snapshot);
+    std::vector<ListedVolume> volumes;
+    for (const auto &disk : disks) {
+        const auto number = names.numberOf(disk);
+        for (const auto &piece : disk.pieces) {
+            if (!number)
+                continue;
+            const auto found = std::find_if(mounted.begin(), mounted.end(), [&](const MountedDevice &entry) {
+                return entry.device == piece.device;
+            });
+            const auto name = "/dev/" + DiskNames::nameOf(*number, piece);
+            if (piece.holdsRoot)
+                volumes.push_back({piece.isLeaf ? name : "/dev/" + nameOfRootAbove(*number, piece), "/"});
+            else if (found != mounted.end())
+                volumes.push_back({name, found->point});
+        }
+    }
+    return volumes;
+}
+
+bool survivesColumns(const std::string &point)
+{
+    const bool hasOddBlanks = point.starts_with(' ') || point.ends_with(' ') ||
+                              point.find("  ") != std::string::npos ||
+                              point.find_first_of("\t\n\v\f\r") != std::string::npos;
+    return !point.empty() && !hasOddBlanks && isUtf8(point);
+}
+
+std::string diskFreeText(const std::vector<ListedVolume> &volumes, const MeasureRoom &measure)
+{
+    std::string text = "Filesystem 512-blocks Used Available Capacity iused ifree %iused Mounted on\n";
+    for (const auto &volume : volumes) {
+        if (!survivesColumns(volume.point))
+            continue;
+        if (const auto room = measure(volume.point))
+            text += lineOf(volume, *room);
+    }
+    return text;
+}
+
+} // namespace orvana::platform::linux_host

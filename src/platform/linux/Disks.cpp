@@ -1,0 +1,238 @@
+#include "platform/linux/Disks.h"
+
+#include "platform/linux/ThunderboltRouters.h"
+#include "platform/posix/Descriptor.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+bool startsWithAny(const std::string &text, std::initializer_list<const char *> starts)
+{
+    return std::any_of(starts.begin(), starts.end(),
+                       [&](const char *start) { return text.starts_with(start); });
+}
+
+// Disks with several paths lie among the virtual devices, and are real all the same.
+bool isPhysicalDisk(const Device &device)
+{
+    if (device.type != "disk" || device.attribute("hidden") == "1" || device.property("ID_CDROM") == "1" ||
+        device.property("ID_TYPE") == "cd")
+        return false;
+    if (startsWithAny(device.name, {"sr", "fd", "nbd", "loop", "ram", "zram"}))
+        return false;
+    if (device.name.starts_with("mmcblk") &&
+        (device.name.find("boot") != std::string::npos || device.name.find("rpmb") != std::string::npos))
+        return false;
+    return !isBelow(device.path, "/sys/devices/virtual") ||
+           isBelow(device.path, "/sys/devices/virtual/nvme-subsystem");
+}
+
+std::optional<std::string> firstText(std::initializer_list<std::string> texts)
+{
+    for (const auto &text : texts) {
+        if (!text.empty())
+            return text;
+    }
+    return std::nullopt;
+}
+
+bool isCardReader(const DeviceList &devices, const Device &disk)
+{
+    for (const auto &[key, value] : disk.properties) {
+        if (startsWithAny(key, {"ID_DRIVE_FLASH", "ID_DRIVE_MEDIA_FLASH"}))
+            return true;
+    }
+    for (const auto *usb = devices.above(disk, "usb"); usb; usb = devices.above(*usb, "usb")) {
+        if (usb->type == "usb_device" && usb->attribute("removable") == "fixed")
+            return true;
+    }
+    return false;
+}
+
+std::string interconnectOf(const DeviceList &devices, const Device &disk)
+{
+    if (disk.property("ID_BUS") == "usb" || devices.above(disk, "usb"))
+        return "USB";
+    if (disk.property("ID_BUS") == "ieee1394" || devices.above(disk, "firewire"))
+        return "FireWire";
+    const auto *card = devices.above(disk, "mmc");
+    return card && card->attribute("type") == "SD" ? "Secure Digital" : std::string();
+}
+
+// "ata7" among the components of the path stands for a port, whose number the kernel tells beside it.
+void setPort(const DeviceList &devices, Disk &disk)
+{
+    for (auto path = pathAbove(disk.device->path); !path.empty(); path = pathAbove(path)) {
+        const auto name = path.substr(path.rfind('/') + 1);
+        if (!name.starts_with("ata"))
+            continue;
+        auto portPath = path;
+        const auto *port = devices.at(portPath.append("/ata_port/").append(name));
+        if (!port)
+            continue;
+        // The kernel counts from 1.
+        if (const auto number = decimalNumber(port->attribute("port_no")); number > 0)
+            disk.port = static_cast<int>(number - 1);
+        break;
+    }
+    // "6:1:0:0": host, channel, target, unit.
+    if (const auto *scsi = devices.above(*disk.device, "scsi"); scsi && disk.port) {
+        const auto first = scsi->name.find(':') + 1;
+        const auto channel = decimalNumber(scsi->name.substr(first, scsi->name.find(':', first) - first));
+        disk.channel = static_cast<int>(std::max(channel, 0L));
+    }
+}
+
+void setPlace(const DeviceList &devices, Disk &disk)
+{
+    disk.controller = devices.above(*disk.device, "pci");
+    if (!disk.controller)
+        return;
+    const auto place = routerOfPci(devices, *disk.controller);
+    disk.router = place.router;
+    disk.isPlaceUnclear = place.answer == RouterPlace::Answer::Unclear;
+    disk.isExternal = place.answer != RouterPlace::Answer::None || isRemovable(devices, *disk.controller);
+}
+
+void setNames(const DeviceList &devices, Disk &disk)
+{
+    const auto &device = *disk.device;
+    const auto *scsi = devices.above(device, "scsi");
+    const auto *nvme = devices.above(device, "nvme");
+    const auto *card = devices.above(device, "mmc");
+    const auto of = [](const Device *from, const char *name) {
+        return from ? from->attribute(name) : std::string();
+    };
+    disk.model = firstText({decoded(device.property("ID_MODEL_ENC")), device.property("ID_MODEL"),
+                            of(scsi, "model"), of(nvme, "model"), of(card, "name")});
+    disk.serial = firstText({device.property("ID_SERIAL_SHORT"), device.attribute("serial"),
+                             of(nvme, "serial"), of(card, "serial")});
+    disk.product = disk.model;
+    disk.vendor = firstText(
+        {decoded(device.property("ID_VENDOR_ENC")), device.property("ID_VENDOR"), of(scsi, "vendor")});
+}
+
+bool isInUse(const Snapshot &snapshot, const Device &device)
+{
+    return snapshot.isMounted(device) || !device.holders.empty() || snapshot.swaps.contains(device.name);
+}
+
+std::string contentOf(const Device &device)
+{
+    const auto table = device.property("ID_PART_TABLE_TYPE");
+    if (table == "gpt")
+        return "GUID_partition_scheme";
+    if (table == "dos")
+        return "FDisk_partition_scheme";
+    return firstText({table, device.property("ID_FS_TYPE"), device.property("ID_FS_USAGE"),
+                      device.property("ID_FS_AMBIVALENT")})
+        .value_or("");
+}
+
+void addPiece(const Snapshot &snapshot, const Device &device, int number, Disk &disk)
+{
+    disk.isRaid = disk.isRaid || isMember(device);
+    const bool holdsRoot = snapshot.beneathRoot.contains(device.name);
+    disk.pieces.push_back({.device = &device,
+                           .number = number,
+                           .isOpen = holdsRoot || isInUse(snapshot, device),
+                           .isLeaf = !isMember(device),
+                           .holdsRoot = holdsRoot});
+}
+
+void setContent(const Snapshot &snapshot, Disk &disk, const ExclusiveUse &inExclusiveUse)
+{
+    const auto &device = *disk.device;
+    const auto partitions = snapshot.devices.partitionsOf(device);
+    for (const auto *partition : partitions)
+        addPiece(snapshot, *partition, static_cast<int>(decimalNumber(partition->attribute("partition"))),
+                 disk);
+    disk.content = contentOf(device);
+    disk.isRaid = disk.isRaid || isMember(device);
+    if (partitions.empty() && (!device.property("ID_FS_TYPE").empty() || isInUse(snapshot, device)))
+        addPiece(snapshot, device, 0, disk);
+    disk.isOpen = !partitions.empty() || !disk.content.empty() || isInUse(snapshot, device) ||
+                  !hasUdevLooked(device) || inExclusiveUse("/dev/" + device.name);
+}
+
+Disk diskOf(const Snapshot &snapshot, const Device &device, const ExclusiveUse &inExclusiveUse)
+{
+    Disk disk;
+    disk.device = &device;
+    disk.blocks = static_cast<std::uint64_t>(std::max(decimalNumber(device.attribute("size")), 0L));
+    const auto sequence = firstText({device.property("DISKSEQ"), device.attribute("diskseq")});
+    if (const auto number = sequence ? decimalNumber(*sequence) : -1; number >= 0)
+        disk.sequence = static_cast<std::uint64_t>(number);
+    disk.interconnect = interconnectOf(snapshot.devices, device);
+    if (disk.interconnect.empty()) {
+        setPlace(snapshot.devices, disk);
+        setPort(snapshot.devices, disk);
+    } else {
+        disk.diskClass = DiskClass::Services;
+        disk.controller = snapshot.devices.above(device, "pci");
+        disk.isExternal = disk.interconnect != "Secure Digital" && !isCardReader(snapshot.devices, device);
+    }
+    setNames(snapshot.devices, disk);
+    setContent(snapshot, disk, inExclusiveUse);
+    return disk;
+}
+
+} // namespace
+
+bool isInExclusiveUse(const std::string &node)
+{
+    // Who may not open it learns nothing.
+    const posix::Descriptor disk(::open(node.c_str(), O_RDONLY | O_EXCL | O_NONBLOCK | O_CLOEXEC));
+    return !disk.isOpen() && errno == EBUSY;
+}
+
+std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse)
+{
+    std::vector<Disk> disks;
+    for (const auto *device : snapshot.devices.ofSubsystem("block")) {
+        if (isPhysicalDisk(*device))
+            disks.push_back(diskOf(snapshot, *device, isInUse));
+    }
+    return disks;
+}
+
+bool isMember(const Device &device)
+{
+    const auto type = device.property("ID_FS_TYPE");
+    // Where several things were recognised at once, udev lists them all and settles on none.
+    const auto several = device.property("ID_FS_AMBIVALENT");
+    return device.property("ID_FS_USAGE") == "raid" || type.ends_with("_member") || type == "bcache" ||
+           several.find("raid") != std::string::npos || several.find("_member") != std::string::npos;
+}
+
+bool hasUdevLooked(const Device &device)
+{
+    return device.isInitialized ||
+           std::any_of(device.properties.begin(), device.properties.end(),
+                       [](const auto &property) { return property.first.starts_with("ID_"); });
+}
+
+std::string decoded(const std::string &text)
+{
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto number =
+            text.compare(i, 2, "\\x") == 0 && i + 4 <= text.size() ? hexNumber(text.substr(i + 2, 2)) : -1;
+        if (number < 0) {
+            bytes += text[i];
+            continue;
+        }
+        bytes += static_cast<char>(number);
+        i += 3;
+    }
+    return bytes;
+}
+
+} // namespace orvana::platform::linux_host

@@ -1,0 +1,36 @@
+#include "platform/linux/LinuxHost.h"
+
+#include <filesystem>
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+// The disk utility lies beside the program that uses it.
+std::string pathOfDiskUtility()
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (program.parent_path() / "orvana-diskutil").native();
+}
+
+} // namespace
+
+LinuxHost::LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, SystemFiles files)
+    : m_machine(std::move(files)), m_launcher(m_machine, pathOfDiskUtility()),
+      m_workspace(std::move(workspace))
+{
+    if (queue)
+        m_watch = std::make_unique<MachineWatch>(*queue, [this](const MachineEvent &event) { take(event); });
+}
+
+void LinuxHost::take(const MachineEvent &event)
+{
+    m_registry.take(event);
+    if (event.action.empty() || event.subsystem == "block")
+        m_events.tellChanges();
+}
+
+} // namespace orvana::platform::linux_host

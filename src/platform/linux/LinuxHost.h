@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Host.h"
+#include "platform/Workspace.h"
+#include "platform/linux/LinuxLauncher.h"
+#include "platform/linux/LinuxRegistry.h"
+#include "platform/linux/LinuxVolumes.h"
+#include "platform/posix/PosixAccount.h"
+#include "platform/posix/PosixVolumeFiles.h"
+
+namespace orvana::platform::linux_host
+{
+
+/// The Linux machine that the program runs on. Used on the main thread, but for its files.
+class LinuxHost final : public Host
+{
+public:
+    /// With a queue, which must outlive the host, what changes is told on it.
+    LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, SystemFiles files = {});
+
+    /// Tells what an event of the machine means.
+    void take(const MachineEvent &event);
+
+    Account &account() override { return m_account; }
+    Places &places() override { return m_places; }
+    VolumeFiles &volumeFiles() override { return m_files; }
+    HardwareRegistry &registry() override { return m_registry; }
+    VolumeEvents &volumeEvents() override { return m_events; }
+    CommandLauncher &launcher() override { return m_launcher; }
+    Workspace &workspace() override { return *m_workspace; }
+
+private:
+    LinuxMachine m_machine;
+    posix::PosixAccount m_account;
+    posix::PosixVolumeFiles m_files;
+    LinuxPlaces m_places{m_machine};
+    LinuxRegistry m_registry{m_machine};
+    LinuxVolumeEvents m_events{m_machine};
+    LinuxLauncher m_launcher;
+    std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<MachineWatch> m_watch; // last: its events find everything in place
+};
+
+} // namespace orvana::platform::linux_host

@@ -1,0 +1,57 @@
+#include "platform/linux/LinuxLauncher.h"
+
+#include "foundation/DisplayPath.h"
+
+#include <algorithm>
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+constexpr int NotThere = 4;
+
+const Disk *diskCalled(const MachineLook &look, const DiskNames &names, const std::string &node)
+{
+    const auto found = std::find_if(look.disks.begin(), look.disks.end(), [&](const Disk &disk) {
+        const auto number = names.numberOf(disk);
+        return number && "/dev/" + DiskNames::nameOf(*number) == node;
+    });
+    return found == look.disks.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+CommandLauncher::Result LinuxLauncher::run(const std::string &path, const std::vector<std::string> &arguments)
+{
+    if (path == "/bin/df")
+        return {diskFreeText(m_machine.look()->volumes), 0};
+    if (path == "/usr/sbin/diskutil")
+        return runDiskUtility(arguments);
+    return m_programs.run(path, arguments);
+}
+
+// The program's name for the disk gives way to the kernel's, and what was known of the disk goes with it.
+// What is not known is left out; the utility does nothing without it.
+CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> arguments)
+{
+    if (arguments.empty())
+        return m_utilities.run(m_diskUtility, arguments);
+    auto &node = arguments.back();
+    const auto look = m_machine.look();
+    const auto *disk = diskCalled(*look, m_machine.names(), node);
+    if (!disk)
+        return {displayPath(node) + ": this disk is not there any more\n", NotThere};
+    const auto identity = identityOf(*disk);
+    node = "/dev/" + disk->device->name;
+    if (identity.sequence)
+        arguments.push_back("--expect-sequence=" + std::to_string(*identity.sequence));
+    if (identity.serial)
+        arguments.push_back("--expect-serial=" + *identity.serial);
+    arguments.push_back("--expect-size=" + std::to_string(identity.blocks * 512));
+    arguments.push_back("--expect-bay=" + identity.place);
+    return m_utilities.run(m_diskUtility, arguments);
+}
+
+} // namespace orvana::platform::linux_host

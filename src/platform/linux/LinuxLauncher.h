@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/CommandLauncher.h"
+#include "platform/linux/LinuxMachine.h"
+#include "platform/posix/PosixCommandLauncher.h"
+
+namespace orvana::platform::linux_host
+{
+
+/// Answers "/bin/df" from the mount table, has "/usr/sbin/diskutil" done by the program `diskUtility`, and
+/// runs everything else as it is.
+class LinuxLauncher final : public CommandLauncher
+{
+public:
+    LinuxLauncher(LinuxMachine &machine, std::string diskUtility)
+        : m_machine(machine), m_diskUtility(std::move(diskUtility))
+    {
+    }
+
+    Result run(const std::string &path, const std::vector<std::string> &arguments) override;
+
+private:
+    Result runDiskUtility(std::vector<std::string> arguments);
+
+    LinuxMachine &m_machine;
+    std::string m_diskUtility;
+    posix::PosixCommandLauncher m_programs;
+    // The reason why a disk was refused is what the caller has to show.
+    posix::PosixCommandLauncher m_utilities{posix::Complaints::IntoTheOutput};
+};
+
+} // namespace orvana::platform::linux_host

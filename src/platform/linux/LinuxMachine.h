@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/linux/DiskFreeText.h"
+#include "platform/linux/LinuxTree.h"
+
+namespace orvana::platform::linux_host
+{
+
+/// One look at the machine, with the names that its disks had then.
+struct MachineLook
+{
+    MachineLook() = default;
+    MachineLook(const MachineLook &) = delete;
+    MachineLook &operator=(const MachineLook &) = delete;
+
+    Snapshot snapshot;
+    std::vector<Disk> disks; ///< point into `snapshot`
+    LinuxTree tree;
+    std::vector<ListedVolume> volumes;
+};
+
+/// The machine as it is now. Every question is a new look; only the disks' names are kept. Main thread only.
+class LinuxMachine
+{
+public:
+    explicit LinuxMachine(SystemFiles files = {}) : m_files(std::move(files)) {}
+
+    std::shared_ptr<const MachineLook> look();
+
+    /// Devices and mounts alone: no disk is opened for it.
+    Snapshot snapshot() const { return readSnapshot(m_files); }
+
+    const DiskNames &names() const { return m_names; }
+
+private:
+    void report(const MachineLook &look);
+
+    SystemFiles m_files;
+    DiskNames m_names;
+    std::set<std::string> m_reported; // what the system log was told once
+};
+
+} // namespace orvana::platform::linux_host

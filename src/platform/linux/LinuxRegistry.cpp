@@ -1,0 +1,75 @@
+#include "platform/linux/LinuxRegistry.h"
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+constexpr const char *PciClass = "IOPCIDevice";
+
+} // namespace
+
+LinuxRegistry::LinuxRegistry(LinuxMachine &machine) : m_machine(machine), m_known(machine.look()->tree.pci) {}
+
+HardwareRegistry::Answer LinuxRegistry::match(const std::optional<RegistryMatching> &matching)
+{
+    if (!matching)
+        return {RegistryBadArgument, {}};
+    Answer answer;
+    m_machine.look()->tree.root->collect(*matching, answer.entries);
+    return answer;
+}
+
+HardwareRegistry::Answer LinuxRegistry::watch(const std::string &className, RegistryEvent event,
+                                              EventHandler handler)
+{
+    m_watches.push_back({className, event, std::move(handler)});
+    return event == RegistryEvent::Published ? match(RegistryMatching{className, {}}) : Answer{};
+}
+
+void LinuxRegistry::take(const MachineEvent &event)
+{
+    if (event.subsystem == "pci")
+        takePci(event);
+    else if (event.subsystem == "block" && event.type == "disk" && event.action == "add")
+        takeDisk(event);
+}
+
+void LinuxRegistry::takePci(const MachineEvent &event)
+{
+    if (event.action == "remove") {
+        if (const auto gone = m_known.extract(event.path))
+            tell(RegistryEvent::Terminated, gone.mapped());
+        return;
+    }
+    // "add" and "bind" tell of the same arrival.
+    if ((event.action != "add" && event.action != "bind") || m_known.contains(event.path))
+        return;
+    // What came along with it is found in the same look, and needs none of its own when its event comes.
+    const auto look = m_machine.look();
+    for (const auto &device : look->tree.pci) {
+        if (m_known.insert(device).second)
+            tell(RegistryEvent::Published, device.second);
+    }
+}
+
+void LinuxRegistry::takeDisk(const MachineEvent &event)
+{
+    const auto look = m_machine.look();
+    for (const auto &disk : look->disks) {
+        if (disk.device->path == event.path && disk.controller)
+            tell(RegistryEvent::Published, look->tree.pci.at(disk.controller->path));
+    }
+}
+
+void LinuxRegistry::tell(RegistryEvent event, const RegistryEntryPtr &entry)
+{
+    const auto watches = m_watches; // a handler may watch for more
+    for (const auto &watch : watches) {
+        if (watch.event == event && watch.className == PciClass)
+            watch.handler({entry});
+    }
+}
+
+} // namespace orvana::platform::linux_host

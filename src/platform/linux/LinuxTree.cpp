@@ -1,0 +1,262 @@
+#include "platform/linux/LinuxTree.h"
+
+#include "platform/linux/ThunderboltRouters.h"
+
+#include <charconv>
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+std::string hex(long number)
+{
+    char text[2 * sizeof number]{};
+    const auto end = std::to_chars(std::begin(text), std::end(text), number < 0 ? 0 : number, 16).ptr;
+    return {text, end};
+}
+
+std::vector<std::uint8_t> data(long number)
+{
+    const auto value = static_cast<std::uint32_t>(number);
+    const auto *bytes = reinterpret_cast<const std::uint8_t *>(&value);
+    return {bytes, bytes + sizeof value};
+}
+
+RegistryValue dictionary(RegistryProperties values)
+{
+    return std::make_shared<const RegistryDictionary>(RegistryDictionary{std::move(values)});
+}
+
+void setText(RegistryProperties &properties, const char *key, const std::optional<std::string> &text)
+{
+    if (text && !text->empty())
+        properties[key] = *text;
+}
+
+void setNumber(RegistryProperties &properties, const char *key, const std::string &text)
+{
+    if (const auto number = hexNumber(text); number >= 0)
+        properties[key] = std::int64_t{number};
+}
+
+// The registry wants a number; newer routers have an identifier twice as long, without any meaning of its
+// own.
+std::int64_t uidOf(const Device &router)
+{
+    std::uint64_t sum = 14695981039346656037U; // FNV-1a
+    for (const char c : router.attribute("unique_id"))
+        sum = (sum ^ static_cast<std::uint8_t>(c)) * 1099511628211U;
+    return static_cast<std::int64_t>(sum);
+}
+
+RegistryProperties routerProperties(const Device &router)
+{
+    RegistryProperties properties{{"Route String", std::int64_t{routeOf(router)}},
+                                  {"Depth", std::int64_t{depthOf(router)}},
+                                  {"UID", uidOf(router)}};
+    setNumber(properties, "Device Vendor ID", router.attribute("vendor"));
+    setNumber(properties, "Device Model ID", router.attribute("device"));
+    setText(properties, "Device Vendor Name", router.attribute("vendor_name"));
+    setText(properties, "Device Model Name", router.attribute("device_name"));
+    return properties;
+}
+
+RegistryProperties mediaProperties(const std::string &name, bool isWhole, bool isLeaf, bool isOpen,
+                                   std::int64_t size, const std::string &content)
+{
+    return {{"BSD Name", name}, {"Whole", isWhole}, {"Leaf", isLeaf},
+            {"Open", isOpen},   {"Size", size},     {"Content", content}};
+}
+
+class TreeBuilder
+{
+public:
+    TreeBuilder(const Snapshot &snapshot, const DiskNames &names)
+        : m_devices(snapshot.devices), m_names(names)
+    {
+        m_platform = &m_tree.root->add("IOPlatformExpertDevice", "Machine");
+    }
+
+    LinuxTree build(const std::vector<Disk> &disks)
+    {
+        for (const auto *pci : m_devices.ofSubsystem("pci"))
+            addPci(*pci);
+        for (const auto *router : routersOf(m_devices))
+            addRouter(*router);
+        for (const auto &disk : disks)
+            addDisk(disk);
+        for (const auto &[path, node] : m_pci)
+            m_tree.pci[path] = RegistryEntryPtr(m_tree.root, node);
+        return std::move(m_tree);
+    }
+
+private:
+    // Devices come in the order of their paths: what is above is there already.
+    void addPci(const Device &pci)
+    {
+        const auto *above = m_devices.above(pci, "pci");
+        auto &parent = above ? *m_below.at(above->path) : busOf(pci);
+        const auto dot = pci.name.rfind('.');
+        const auto function = dot == std::string::npos ? std::string("0") : pci.name.substr(dot + 1);
+        auto place = hex(std::max(slotNumberOf(pci), 0L));
+        if (function != "0")
+            place.append(",").append(function);
+        const auto name = isBridge(pci) ? std::string("pci-bridge") : pciNameOf(pci);
+        // One bridge may lead to several buses, with the same places on each.
+        if (!m_places.insert(parent.path() + "/" + name + "@" + place).second)
+            place = pci.name;
+        auto &node = parent.add("IOPCIDevice", name + "@" + place,
+                                {{"vendor-id", data(hexNumber(pci.attribute("vendor")))},
+                                 {"device-id", data(hexNumber(pci.attribute("device")))}});
+        m_pci[pci.path] = &node;
+        m_below[pci.path] = isBridge(pci) ? &node.add("IOPCI2PCIBridge", "IOPP") : &node;
+    }
+
+    // "/sys/devices/pci0000:00" is a folder of the root bus, and no device of it.
+    RegistryNode &busOf(const Device &pci)
+    {
+        const auto folder = pathAbove(pci.path);
+        auto *&bus = m_buses[folder];
+        if (!bus)
+            bus = &m_platform->add("IOPCIBridge", folder.substr(folder.rfind('/') + 1) + "@0");
+        return *bus;
+    }
+
+    void addRouter(const Device &router)
+    {
+        auto &parent = aboveRouter(router);
+        m_routers[router.path] = &parent.add(
+            "IOThunderboltSwitch", "IOThunderboltSwitch@" + hex(routeOf(router)), routerProperties(router));
+    }
+
+    RegistryNode &aboveRouter(const Device &router)
+    {
+        const auto *above = m_devices.above(router, "thunderbolt");
+        if (above) {
+            if (const auto found = m_routers.find(above->path); found != m_routers.end())
+                return *found->second;
+        }
+        auto *&domain = m_domains[above ? above->path : std::string()];
+        if (!domain) {
+            const auto *controller = m_devices.above(router, "pci");
+            auto &parent = controller ? *m_below.at(controller->path) : *m_platform;
+            domain = &parent.add("IOThunderboltController", above ? above->name : "IOThunderboltController");
+        }
+        return *domain;
+    }
+
+    void addDisk(const Disk &disk)
+    {
+        auto &parent = disk.controller ? *m_below.at(disk.controller->path) : *m_platform;
+        if (disk.diskClass == DiskClass::Services)
+            addMedia(addServices(parent, disk), disk);
+        else
+            addMedia(addDriver(parent, disk), disk);
+    }
+
+    static RegistryNode &addServices(RegistryNode &parent, const Disk &disk)
+    {
+        RegistryProperties device;
+        setText(device, "Vendor Name", disk.vendor);
+        setText(device, "Product Name", disk.product);
+        return parent.add("IOBlockStorageServices", "IOBlockStorageServices@" + disk.device->name,
+                          {{"Device Characteristics", dictionary(std::move(device))},
+                           {"Protocol Characteristics",
+                            dictionary({{"Physical Interconnect", disk.interconnect},
+                                        {"Physical Interconnect Location", locationOf(disk)}})}});
+    }
+
+    RegistryNode &addDriver(RegistryNode &parent, const Disk &disk)
+    {
+        RegistryProperties properties{{"Physical Interconnect Location", locationOf(disk)}};
+        setText(properties, "Model", disk.model);
+        setText(properties, "Serial Number", disk.serial);
+        if (disk.router)
+            properties["Thunderbolt Path"] = m_routers.at(disk.router->path)->path() + "/IOThunderboltPort@7";
+        auto *above = &parent;
+        if (disk.port) {
+            const auto number = std::to_string(*disk.port);
+            auto name = "PRT" + number;
+            name.append("@").append(number);
+            above = &controllerAt(parent).add("IOAHCIPort", name);
+        }
+        // Whatever else disks of one controller have in common, the kernel's names are their own.
+        return above->add("IOBlockStorageDevice", disk.device->name + "@" + std::to_string(disk.channel))
+            .add("AppleAHCIDiskDriver", "AppleAHCIDiskDriver", std::move(properties));
+    }
+
+    RegistryNode &controllerAt(RegistryNode &pci)
+    {
+        auto *&controller = m_controllers[&pci];
+        if (!controller)
+            controller = &pci.add("AppleAHCI", "AppleAHCI");
+        return *controller;
+    }
+
+    static std::string locationOf(const Disk &disk) { return disk.isExternal ? "External" : "Internal"; }
+
+    void addMedia(RegistryNode &driver, const Disk &disk)
+    {
+        const auto number = m_names.numberOf(disk);
+        if (!number || disk.blocks == 0)
+            return; // a card reader without a card
+        auto whole = mediaProperties(DiskNames::nameOf(*number), true, disk.pieces.empty(), disk.isOpen,
+                                     static_cast<std::int64_t>(disk.blocks * 512), disk.content);
+        if (disk.isRaid)
+            whole["RAID"] = true;
+        auto &media = driver.add("IOBlockStorageDriver", "IOBlockStorageDriver")
+                          .add("IOMedia", "Media@0", std::move(whole));
+        if (disk.pieces.empty())
+            return;
+        auto &scheme = media.add("IOPartitionScheme", "IOPartitionScheme");
+        for (const auto &piece : disk.pieces)
+            addPiece(scheme, piece, *number);
+    }
+
+    static void addPiece(RegistryNode &scheme, const Piece &piece, int number)
+    {
+        const auto blocks = std::max(decimalNumber(piece.device->attribute("size")), 0L);
+        const auto content = piece.number == 0 ? piece.device->property("ID_FS_TYPE")
+                                               : piece.device->property("ID_PART_ENTRY_TYPE");
+        auto &media = scheme.add("IOMedia", "Media@" + std::to_string(piece.number),
+                                 mediaProperties(DiskNames::nameOf(number, piece), false, piece.isLeaf,
+                                                 piece.isOpen, std::int64_t{blocks} * 512, content));
+        if (!piece.isLeaf && piece.holdsRoot)
+            media.add("IOMedia", "Media@1",
+                      mediaProperties(nameOfRootAbove(number, piece), false, true, true,
+                                      std::int64_t{blocks} * 512, {}));
+    }
+
+    const DeviceList &m_devices;
+    const DiskNames &m_names;
+    LinuxTree m_tree{RegistryNode::makeRoot(), {}};
+    RegistryNode *m_platform;
+    std::set<std::string> m_places;
+    std::map<std::string, RegistryNode *> m_buses;
+    std::map<std::string, RegistryNode *> m_pci;   // the devices' own entries
+    std::map<std::string, RegistryNode *> m_below; // where what is below them goes
+    std::map<std::string, RegistryNode *> m_domains;
+    std::map<std::string, RegistryNode *> m_routers;
+    std::map<RegistryNode *, RegistryNode *> m_controllers;
+};
+
+} // namespace
+
+LinuxTree makeTree(const Snapshot &snapshot, const std::vector<Disk> &disks, const DiskNames &names)
+{
+    return TreeBuilder(snapshot, names).build(disks);
+}
+
+std::string pciNameOf(const Device &pci)
+{
+    return "pci" + hex(hexNumber(pci.attribute("vendor"))) + "," + hex(hexNumber(pci.attribute("device")));
+}
+
+std::string nameOfRootAbove(int number, const Piece &piece)
+{
+    return DiskNames::nameOf(number, piece) + "s1";
+}
+
+} // namespace orvana::platform::linux_host

@@ -1,0 +1,71 @@
+#include "platform/linux/LinuxVolumes.h"
+
+#include "platform/VolumeFiles.h"
+#include "platform/posix/UserDatabase.h"
+
+namespace orvana::platform::linux_host
+{
+
+LinuxVolumeEvents::LinuxVolumeEvents(LinuxMachine &machine) : m_machine(machine), m_volumes(volumes()) {}
+
+void LinuxVolumeEvents::subscribe(std::function<void(VolumeChange)> handler)
+{
+    m_handlers.push_back(std::move(handler));
+}
+
+LinuxVolumeEvents::Volumes LinuxVolumeEvents::volumes()
+{
+    Volumes found;
+    const auto snapshot = m_machine.snapshot();
+    for (const auto &[device, point] : mountedDevices(snapshot))
+        found[device->path] = {point, device->property("ID_FS_LABEL_ENC")};
+    return found;
+}
+
+void LinuxVolumeEvents::tellChanges()
+{
+    const auto before = std::exchange(m_volumes, volumes());
+    const auto now = m_volumes; // a handler may look, too
+    for (const auto &[path, volume] : now) {
+        const auto found = before.find(path);
+        if (found == before.end())
+            tell(VolumeChange::Mounted);
+        else if (found->second != volume)
+            tell(VolumeChange::Renamed);
+    }
+    for (const auto &[path, volume] : before) {
+        if (!now.contains(path))
+            tell(VolumeChange::Unmounted);
+    }
+}
+
+void LinuxVolumeEvents::tell(VolumeChange change) const
+{
+    const auto handlers = m_handlers;
+    for (const auto &handler : handlers)
+        handler(change);
+}
+
+std::optional<std::string> LinuxPlaces::volumePath(const std::string &name) const
+{
+    std::set<std::string> found;
+    const auto look = m_machine.look();
+    for (const auto &volume : look->volumes) {
+        if (volume.point.substr(volume.point.rfind('/') + 1) == name)
+            found.insert(volume.point);
+    }
+    return found.size() == 1 ? std::optional(*found.begin()) : std::nullopt;
+}
+
+std::optional<std::string> LinuxPlaces::userPath(const std::string &login) const
+{
+    const auto user = posix::userByName(login);
+    return user ? std::optional(user->home) : std::nullopt;
+}
+
+bool LinuxPlaces::isVolumeRoot(const Folder &folder) const
+{
+    return folder.traits().isMountRoot;
+}
+
+} // namespace orvana::platform::linux_host

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Places.h"
+#include "platform/VolumeEvents.h"
+#include "platform/linux/LinuxMachine.h"
+
+namespace orvana::platform::linux_host
+{
+
+/// Volumes that come and go: what is mounted from a device that is there. A disk that was pulled takes its
+/// volumes along, whatever the mount table goes on to say.
+class LinuxVolumeEvents final : public VolumeEvents
+{
+public:
+    explicit LinuxVolumeEvents(LinuxMachine &machine);
+
+    void subscribe(std::function<void(VolumeChange)> handler) override;
+
+    /// Tells what is different since the last time.
+    void tellChanges();
+
+private:
+    struct Volume
+    {
+        std::string point, label;
+
+        bool operator==(const Volume &) const = default;
+    };
+    using Volumes = std::map<std::string, Volume>; // by the device's path in the kernel
+
+    Volumes volumes();
+    void tell(VolumeChange change) const;
+
+    LinuxMachine &m_machine;
+    Volumes m_volumes;
+    std::vector<std::function<void(VolumeChange)>> m_handlers;
+};
+
+/// Places from the machine's own volumes and the user database.
+class LinuxPlaces final : public Places
+{
+public:
+    explicit LinuxPlaces(LinuxMachine &machine) : m_machine(machine) {}
+
+    std::optional<std::string> volumePath(const std::string &name) const override;
+    std::optional<std::string> userPath(const std::string &login) const override;
+    bool isVolumeRoot(const Folder &folder) const override;
+
+private:
+    LinuxMachine &m_machine;
+};
+
+} // namespace orvana::platform::linux_host

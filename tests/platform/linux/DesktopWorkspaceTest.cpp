@@ -1,0 +1,201 @@
+// The desktop's services, played on a bus of the test's own.
+
+#include "platform/linux/DesktopWorkspace.h"
+#include "platform/posix/Descriptor.h"
+#include "support/Recorder.h"
+#include "support/TemporaryTree.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusUnixFileDescriptor>
+#include <QDBusVirtualObject>
+#include <QProcess>
+#include <QThread>
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <mutex>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace orvana::test
+{
+
+namespace
+{
+
+constexpr const char *BusSettings = R"(<busconfig><type>session</type><listen>unix:dir=FOLDER</listen>
+<auth>EXTERNAL</auth><policy context="default"><allow user="*"/><allow own="*"/>
+<allow send_type="method_call"/><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
+</policy></busconfig>)";
+
+/// Answers every call to the services that it plays, on a thread of its own.
+class PlayedService final : public QDBusVirtualObject
+{
+public:
+    QString introspect(const QString &) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_calls.push_back(message);
+        const auto what = message.arguments().value(0).toString();
+        if (message.member() == QStringLiteral("Inhibit")) {
+            if (isLidForbidden && what.contains(QStringLiteral("lid")))
+                return connection.send(message.createErrorReply(QDBusError::AccessDenied, {}));
+            return connection.send(message.createReply(QVariant::fromValue(QDBusUnixFileDescriptor(held))));
+        }
+        return connection.send(message.createReply(QVariant(1U)));
+    }
+
+    std::vector<QDBusMessage> calls()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_calls;
+    }
+
+    bool isLidForbidden = false;
+    int held = -1;
+
+private:
+    std::mutex m_mutex;
+    std::vector<QDBusMessage> m_calls;
+};
+
+} // namespace
+
+class Desktop : public testing::Test
+{
+protected:
+    Desktop()
+    {
+        auto settings = std::string(BusSettings);
+        settings.replace(settings.find("FOLDER"), 6, m_tree.root());
+        m_daemon.start(
+            QStringLiteral("dbus-daemon"),
+            {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+             QStringLiteral("--config-file=") + QString::fromStdString(m_tree.file("bus.conf", settings))});
+        m_daemon.waitForReadyRead(-1);
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        EXPECT_EQ(::pipe2(m_pipe.data(), O_CLOEXEC), 0);
+    }
+
+    ~Desktop() override
+    {
+        m_thread.quit();
+        m_thread.wait();
+        QDBusConnection::disconnectFromBus(QStringLiteral("played"));
+        ::close(m_pipe[0]);
+        m_daemon.kill();
+        m_daemon.waitForFinished(-1);
+    }
+
+    void play(const char *name)
+    {
+        m_service.held = m_pipe[1];
+        auto connection = QDBusConnection::connectToBus(m_address, QStringLiteral("played"));
+        ASSERT_TRUE(
+            connection.registerVirtualObject(QStringLiteral("/org"), &m_service, QDBusConnection::SubPath));
+        m_service.moveToThread(&m_thread);
+        m_thread.start();
+        ASSERT_TRUE(connection.registerService(QString::fromLatin1(name)));
+    }
+
+    std::string address() const { return m_address.toStdString(); }
+
+    TemporaryTree m_tree;
+    QProcess m_daemon;
+    QString m_address;
+    QThread m_thread;
+    PlayedService m_service;
+    std::array<int, 2> m_pipe{-1, -1};
+};
+
+TEST_F(Desktop, SleepIsHeldOffAsLongAsTheAnswerLives)
+{
+    play("org.freedesktop.login1");
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    auto awake = workspace.holdOffSleep("a run is on");
+    ASSERT_NE(awake, nullptr);
+    const auto calls = m_service.calls();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0].arguments().at(0).toString().toStdString(), "sleep:idle:handle-lid-switch");
+    EXPECT_EQ(calls[0].arguments().at(2).toString().toStdString(), "a run is on");
+    EXPECT_EQ(calls[0].arguments().at(3).toString().toStdString(), "block");
+    ::close(m_pipe[1]);
+    ::fcntl(m_pipe[0], F_SETFL, O_NONBLOCK);
+    char byte = 0;
+    EXPECT_EQ(::read(m_pipe[0], &byte, 1), -1) << "someone still holds the other end";
+    awake.reset();
+    ::fcntl(m_pipe[0], F_SETFL, 0);
+    EXPECT_EQ(::read(m_pipe[0], &byte, 1), 0) << "nobody holds it any more";
+}
+
+TEST_F(Desktop, UserWhoMayNotHoldTheLidHoldsOffSleepAlone)
+{
+    m_service.isLidForbidden = true;
+    play("org.freedesktop.login1");
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    EXPECT_NE(workspace.holdOffSleep("a run is on"), nullptr);
+    EXPECT_EQ(m_service.calls().at(1).arguments().at(0).toString().toStdString(), "sleep:idle");
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, NotificationCarriesItsTextAsItStands)
+{
+    play("org.freedesktop.Notifications");
+    platform::linux_host::DesktopWorkspace(address(), address()).notify("Finish !!!", "A & B <b>\x01");
+    const auto calls = m_service.calls();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0].arguments().at(3).toString().toStdString(), "Finish !!!");
+    EXPECT_EQ(calls[0].arguments().at(4).toString().toStdString(), "A &amp; B &lt;b&gt;\\x01");
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, PageIsOpenedByThePortal)
+{
+    play("org.freedesktop.portal.Desktop");
+    platform::linux_host::DesktopWorkspace(address(), address()).openPage("https://orvana.example/a b");
+    const auto calls = m_service.calls();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0].arguments().at(1).toString().toStdString(), "https://orvana.example/a%20b");
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, OnlyPagesOfTheWebAreOpened)
+{
+    const LogLines log;
+    play("org.freedesktop.portal.Desktop");
+    platform::linux_host::DesktopWorkspace(address(), address()).openPage("file:///etc/passwd");
+    EXPECT_TRUE(m_service.calls().empty());
+    EXPECT_EQ(log.all(), std::vector<std::string>{"file:///etc/passwd is no page of the web"});
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, WithoutServicesNothingIsHeldAndNothingWaits)
+{
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    workspace.notify("Finish !!!", "text");
+    EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, WithoutABusNothingIsHeldAndNothingWaits)
+{
+    const auto nowhere = "unix:path=" + m_tree.path("no-bus");
+    platform::linux_host::DesktopWorkspace workspace(nowhere, nowhere);
+    workspace.notify("Finish !!!", "text");
+    EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);
+    ::close(m_pipe[1]);
+}
+
+} // namespace orvana::test
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

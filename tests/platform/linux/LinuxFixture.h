@@ -1,0 +1,79 @@
+#pragma once
+
+#include "MadeUpMachine.h"
+#include "discovery/ORVScanDevice.h"
+#include "platform/NullDevices.h"
+#include "platform/linux/LinuxHost.h"
+#include "support/ManualMainQueue.h"
+#include "support/Recorder.h"
+
+#include <gtest/gtest.h>
+
+namespace orvana::test
+{
+
+/// A made-up machine with an integrated Thunderbolt controller, its two ports, and an internal SATA
+/// controller.
+class LinuxFixture : public testing::Test
+{
+protected:
+    LinuxFixture()
+    {
+        m_machine.add("/sys/devices/virtual/devlink/pci:0000:00:0d.2--pci:0000:00:07.0", "devlink");
+        m_machine.add("/sys/devices/virtual/devlink/pci:0000:00:0d.2--pci:0000:00:07.1", "devlink");
+        m_hostRouter = m_machine.addThunderbolt({}, "0000:00:0d.2");
+        m_port = m_machine.addBridge({}, "0000:00:07.0", {"A: removable=removable"});
+        m_otherPort = m_machine.addBridge({}, "0000:00:07.1", {"A: removable=removable"});
+        m_internal = m_machine.addAhci({}, "0000:00:17.0", "0x8086", "0xa352");
+    }
+
+    /// The host on this machine. Made at first use, so that the machine is as the test wants it.
+    platform::linux_host::LinuxHost &host()
+    {
+        if (!m_host) {
+            platform::linux_host::SystemFiles files;
+            files.mounts = m_machine.mountFile();
+            files.swaps = m_machine.swapFile();
+            files.btrfs = "/sys/fs/btrfs";
+            m_host = std::make_unique<platform::linux_host::LinuxHost>(
+                std::make_unique<platform::NullWorkspace>(), m_queue, files);
+        }
+        return *m_host;
+    }
+
+    /// A new scan of everything.
+    ORVScanDevice &scan()
+    {
+        m_scanner = std::make_unique<ORVScanDevice>(host().registry(), host().launcher());
+        m_scanner->setDetectOption("Orvana");
+        m_scanner->scanTBDevice();
+        m_scanner->scanOtherDevice();
+        m_scanner->scanOtherTBDevice();
+        return *m_scanner;
+    }
+
+    /// Bay and serial number of each disk in the enclosure: "Slot-A SN1".
+    static std::vector<std::string> baysOf(const ORVThunderboltInfo &enclosure)
+    {
+        std::vector<std::string> bays;
+        for (const auto &disk : enclosure.hddArray())
+            bays.push_back(disk->slotPath().value_or("none") + " " + disk->hddSN().value_or("none"));
+        return bays;
+    }
+
+    /// An enclosure of depth 1 on the first port; returns the upper side of its bridges.
+    std::string addEnclosure(const std::string &controller = "612")
+    {
+        m_router = m_machine.addRouter(m_hostRouter, "1");
+        return m_machine.addEnclosureBridges(m_port, controller, 1);
+    }
+
+    MadeUpMachine m_machine;
+    std::string m_hostRouter, m_port, m_otherPort, m_internal, m_router;
+    LogLines m_log;
+    MainQueue *m_queue = nullptr;
+    std::unique_ptr<platform::linux_host::LinuxHost> m_host;
+    std::unique_ptr<ORVScanDevice> m_scanner;
+};
+
+} // namespace orvana::test

@@ -1,0 +1,225 @@
+// Mounts, what lies beneath "/", the disk-free listing, and the names of disks.
+
+#include "LinuxFixture.h"
+
+namespace orvana::test
+{
+
+namespace linux_host = platform::linux_host;
+
+class LinuxVolumes : public LinuxFixture
+{
+protected:
+    std::shared_ptr<const linux_host::MachineLook> look()
+    {
+        linux_host::SystemFiles files;
+        files.mounts = m_machine.mountFile();
+        files.swaps = m_machine.swapFile();
+        files.btrfs = m_btrfs.root();
+        return linux_host::LinuxMachine(files).look();
+    }
+
+    /// "disk0s1 /media/COPY" for each listed volume.
+    std::vector<std::string> volumes()
+    {
+        std::vector<std::string> list;
+        const auto seen = look();
+        for (const auto &volume : seen->volumes)
+            list.push_back(volume.device + " " + volume.point);
+        return list;
+    }
+
+    std::string addInternal(const std::string &node, int partitions = 1)
+    {
+        auto path = m_machine.addSataDisk(m_internal, m_ports++, {.node = node});
+        for (int i = 1; i <= partitions; ++i)
+            m_machine.addPartition(path, i);
+        return path;
+    }
+
+    TemporaryTree m_btrfs;
+    int m_ports = 0;
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(LinuxVolumes, MountOfADeviceThatIsGoneIsNoVolume)
+{
+    addInternal("sda");
+    m_machine.mountLine("36 1 8:99 / /media/gone rw - ext4 /dev/sdz1 rw");
+    m_machine.mount("sda1", "/media/here");
+    EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /media/here"});
+}
+
+TEST_F(LinuxVolumes, FileSystemWithANumberOfItsOwnIsFoundByItsSource)
+{
+    addInternal("sda");
+    m_machine.mountLine("36 1 0:44 / /media/stick rw - fuseblk /dev/sda1 rw");
+    EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /media/stick"});
+}
+
+TEST_F(LinuxVolumes, DeviceThatIsMountedTwiceIsListedOnceByItsTopFolder)
+{
+    addInternal("sda", 2);
+    m_machine.mountLine("36 1 8:1 /sub /srv/sub rw - ext4 /dev/sda1 rw");
+    m_machine.mountLine("37 1 8:1 / /media/all rw - ext4 /dev/sda1 rw");
+    m_machine.mountLine("38 1 8:2 / /mnt rw - ext4 /dev/sda2 rw");
+    m_machine.mountLine("39 1 8:2 / / rw - ext4 /dev/sda2 rw");
+    EXPECT_EQ(volumes(), (Lines{"/dev/disk0s1 /media/all", "/dev/disk0s2 /"}));
+}
+
+TEST_F(LinuxVolumes, MountThatAnotherOneHidesIsNone)
+{
+    addInternal("sda", 2);
+    m_machine.mountLine("36 1 8:1 / /mnt rw - ext4 /dev/sda1 rw");
+    m_machine.mountLine("37 1 8:2 / /mnt rw - ext4 /dev/sda2 rw");
+    EXPECT_EQ(volumes(), Lines{"/dev/disk0s2 /mnt"});
+}
+
+TEST_F(LinuxVolumes, RootOnAVolumeGroupCountsForEveryDiskBeneath)
+{
+    for (const auto *node : {"sda", "sdb"}) {
+        const auto disk = m_machine.addSataDisk(m_internal, m_ports++, {.node = node});
+        const auto partition =
+            m_machine.addPartition(disk, 1, {"ID_FS_USAGE=raid", "ID_FS_TYPE=LVM2_member"});
+        m_machine.makeFolder(partition + "/holders/dm-0");
+    }
+    m_machine.add("/sys/devices/virtual/block/dm-0", "block",
+                  {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
+    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
+    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sdb1");
+    m_machine.mountLine("36 1 253:0 / / rw - ext4 /dev/mapper/vg-root rw");
+    EXPECT_EQ(volumes(), (Lines{"/dev/disk0s1s1 /", "/dev/disk1s1s1 /"}));
+    const auto &disks = scan().otherDiskArray();
+    ASSERT_EQ(disks.size(), 2U);
+    for (const auto &disk : disks) {
+        ASSERT_EQ(disk->bsdPathArray().size(), 1U) << "the member itself is no volume";
+        EXPECT_EQ(*disk->bsdPathArray()[0]->mountPoint(), "/");
+    }
+}
+
+TEST_F(LinuxVolumes, EncryptedRootCountsForItsDisk)
+{
+    const auto disk = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
+    const auto partition = m_machine.addPartition(disk, 1, {"ID_FS_USAGE=crypto", "ID_FS_TYPE=crypto_LUKS"});
+    m_machine.makeFolder(partition + "/holders/dm-0");
+    m_machine.add("/sys/devices/virtual/block/dm-0", "block",
+                  {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
+    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
+    m_machine.mountLine("36 1 253:0 / / rw - ext4 /dev/mapper/root rw");
+    EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /"});
+}
+
+TEST_F(LinuxVolumes, RootOverSeveralDevicesOfOneFileSystemCountsForEach)
+{
+    addInternal("sda");
+    addInternal("sdb");
+    m_btrfs.folder("some-uuid/devices/sda1");
+    m_btrfs.folder("some-uuid/devices/sdb1");
+    m_machine.mountLine("36 1 0:30 /@ / rw - btrfs /dev/sda1 rw");
+    EXPECT_EQ(volumes(), (Lines{"/dev/disk0s1 /", "/dev/disk1s1 /"}));
+}
+
+TEST_F(LinuxVolumes, LayeredRootCountsForTheDiskOfItsLayers)
+{
+    addInternal("sda");
+    m_machine.mountLine("35 1 8:1 / /run/live rw - ext4 /dev/sda1 rw");
+    m_machine.mountLine("36 1 0:30 / / rw - overlay overlay "
+                        "rw,lowerdir=/run/live/lower,upperdir=/run/live/upper,workdir=/run/live/work");
+    EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /"});
+}
+
+TEST_F(LinuxVolumes, RootInAnImageCountsForTheDiskOfTheImage)
+{
+    addInternal("sda");
+    m_machine.mountLine("35 1 8:1 / /run/live rw - ext4 /dev/sda1 rw");
+    m_machine.add("/sys/devices/virtual/block/loop0", "block",
+                  {"N: loop0", "E: DEVTYPE=disk", "E: MAJOR=7", "E: MINOR=0", "A: size=10",
+                   "A: loop/backing_file=/run/live/root.squashfs"});
+    m_machine.mountLine("36 1 7:0 / / ro - squashfs /dev/loop0 ro");
+    EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /"});
+}
+
+TEST_F(LinuxVolumes, SwappedPartitionIsOpen)
+{
+    addInternal("sda", 2);
+    m_machine.swapOn("sda2");
+    const auto seen = look();
+    EXPECT_FALSE(seen->disks.at(0).pieces.at(0).isOpen);
+    EXPECT_TRUE(seen->disks.at(0).pieces.at(1).isOpen);
+}
+
+TEST_F(LinuxVolumes, MountPointThatTheColumnsWouldChangeIsLeftOutAndTold)
+{
+    addInternal("sda", 3);
+    m_machine.mount("sda1", "/media/two\\040\\040blanks");
+    m_machine.mount("sda2", "/media/tab\\011tab");
+    m_machine.mount("sda3", "/media/\\377");
+    const auto text = host().launcher().run("/bin/df", {});
+    EXPECT_EQ(std::count(text.output.begin(), text.output.end(), '\n'), 1) << text.output;
+    EXPECT_EQ(m_log.all().size(), 3U);
+}
+
+TEST(DiskFreeText, HasTheColumnsOfTheListing)
+{
+    const auto measure = [](const std::string &) {
+        return linux_host::VolumeRoom{
+            .blocks = 1000, .freeBlocks = 400, .availableBlocks = 300, .files = 10, .freeFiles = 4};
+    };
+    EXPECT_EQ(linux_host::diskFreeText({{"/dev/disk3s1", "/media/COPY 1"}}, measure),
+              "Filesystem 512-blocks Used Available Capacity iused ifree %iused Mounted on\n"
+              "/dev/disk3s1 1000 600 300 67% 6 4 60% /media/COPY 1\n");
+}
+
+TEST(DiskFreeText, VolumeThatDoesNotAnswerIsLeftOut)
+{
+    const auto silent = [](const std::string &) { return std::optional<linux_host::VolumeRoom>(); };
+    const auto text = linux_host::diskFreeText({{"/dev/disk3s1", "/media/COPY"}}, silent);
+    EXPECT_EQ(text.find("disk3"), std::string::npos);
+}
+
+class LinuxDiskNames : public testing::Test
+{
+protected:
+    static linux_host::Disk disk(const std::string &path, std::optional<std::uint64_t> sequence,
+                                 const std::string &serial)
+    {
+        static std::map<std::string, linux_host::Device> devices;
+        auto &device = devices[path];
+        device.path = path;
+        linux_host::Disk made;
+        made.device = &device;
+        made.sequence = sequence;
+        made.serial = serial;
+        made.blocks = 100;
+        return made;
+    }
+
+    linux_host::DiskNames m_names;
+};
+
+TEST_F(LinuxDiskNames, DiskKeepsItsNumber)
+{
+    m_names.bind({disk("/a", 1, "A"), disk("/b", 2, "B")});
+    m_names.bind({disk("/b", 2, "B"), disk("/a", 1, "A")});
+    EXPECT_EQ(m_names.numberOf(disk("/a", 1, "A")), 0);
+    EXPECT_EQ(m_names.numberOf(disk("/b", 2, "B")), 1);
+}
+
+TEST_F(LinuxDiskNames, NumberIsNeverHandedOutTwice)
+{
+    m_names.bind({disk("/a", std::nullopt, "A")});
+    m_names.bind({});
+    EXPECT_EQ(m_names.numberOf(disk("/a", std::nullopt, "A")), std::nullopt);
+    m_names.bind({disk("/a", std::nullopt, "A")});
+    EXPECT_EQ(m_names.numberOf(disk("/a", std::nullopt, "A")), 1) << "it came back";
+}
+
+TEST_F(LinuxDiskNames, AnotherArrivalSerialOrPlaceIsAnotherDisk)
+{
+    m_names.bind({disk("/a", 1, "A")});
+    for (const auto &other : {disk("/a", 2, "A"), disk("/a", 1, "B"), disk("/b", 1, "A")})
+        EXPECT_EQ(m_names.numberOf(other), std::nullopt);
+}
+
+} // namespace orvana::test
