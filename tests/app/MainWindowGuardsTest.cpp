@@ -165,7 +165,7 @@ TEST_F(GuardsTest, ChoosingTheEnclosureAgainDuringARunKeepsCancelAndTheBars)
     EXPECT_FALSE(slots().EjectTargetDiskBtn->isEnabled());
     pressStart();
     until([this] { return !window().isBusy(); });
-    EXPECT_TRUE(log().ends_with("User Cancel\n"));
+    EXPECT_NE(log().find("User Cancel\n"), std::string::npos);
 }
 
 TEST_F(GuardsTest, StartUpDiskInABayIsNeverErased)

@@ -89,7 +89,7 @@ TEST_F(RunTest, CancelEndsTheRunWithoutACompletion)
     until([this] { return !window().isBusy(); });
     pass(std::chrono::seconds(1));
     EXPECT_EQ(sheetMessage(), "");
-    EXPECT_TRUE(log().ends_with("User Cancel\n"));
+    EXPECT_NE(log().find("User Cancel\n"), std::string::npos);
     EXPECT_EQ(report()["outcome"], "cancelled");
 }
 
@@ -154,7 +154,7 @@ TEST_F(RunTest, EmptyFileListRestoresTheTitleAloneAndTheNextClickIsCancel)
     EXPECT_FALSE(window().isBusy());
     pressStart();
     EXPECT_FALSE(actions().isDuplicating());
-    EXPECT_TRUE(log().ends_with("User Cancel\n"));
+    EXPECT_NE(log().find("User Cancel\n"), std::string::npos);
 }
 
 TEST_F(RunTest, PlaceholderLabelsAskForADeviceAndTheNextClickIsCancel)
@@ -288,7 +288,7 @@ TEST_F(RunTest, ClosingDuringARunAsksFirst)
     window().close();
     pressSheet("Quit");
     EXPECT_FALSE(window().isVisible());
-    EXPECT_TRUE(log().ends_with("User Cancel\n"));
+    EXPECT_NE(log().find("User Cancel\n"), std::string::npos);
 }
 
 TEST_F(RunTest, ClosingWithoutARunDoesNotAsk)
