@@ -26,8 +26,8 @@ bool SingleInstance::askTheFirst() const
 {
     QLocalSocket socket;
     socket.connectToServer(m_name);
-    // The first one answers with a byte; a socket that a killed program left behind does not.
-    return socket.waitForConnected(PatienceMilliseconds) && socket.waitForReadyRead(PatienceMilliseconds);
+    // A program that is erasing disks cannot answer, but it is there; what a killed one left behind refuses.
+    return socket.waitForConnected(PatienceMilliseconds);
 }
 
 void SingleInstance::listen(std::function<void()> raise)
@@ -37,7 +37,6 @@ void SingleInstance::listen(std::function<void()> raise)
     QObject::connect(&m_server, &QLocalServer::newConnection, &m_server, [this, raise = std::move(raise)] {
         while (auto *socket = m_server.nextPendingConnection()) {
             QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-            socket->write("!");
             socket->disconnectFromServer();
             raise();
         }
