@@ -81,7 +81,7 @@ void ScriptRunner::runNext()
         return;
     }
     const auto result = known->run(step.words);
-    const bool isLate = m_sinceStep.elapsed() > m_patienceSeconds * 1000;
+    const bool isLate = m_sinceStep.elapsed() > qint64{1000} * m_patienceSeconds;
     if (result.kind == Result::Kind::Failed || (result.kind == Result::Kind::NotYet && isLate)) {
         end(where + result.reason);
     } else if (result.kind == Result::Kind::Done) {
