@@ -92,8 +92,7 @@ TYPED_TEST_P(HostContract, PlacesOfNobodyAreNowhere)
 TYPED_TEST_P(HostContract, SubscribingToVolumesAndHoldingOffSleepAreAlwaysPossible)
 {
     this->host().volumeEvents().subscribe([](VolumeChange) {});
-#ifndef __SANITIZE_THREAD__ // the desktop is asked by Qt's own threads, which the thread checks know nothing
-                            // of
+#ifndef __SANITIZE_THREAD__ // Qt's threads ask the desktop, and the checks know nothing of them
     const auto awake = this->host().workspace().holdOffSleep("a run is on");
     this->host().workspace().notify("title", "text");
 #endif
