@@ -197,6 +197,8 @@ private:
     void showProgress();
     void requestProgress();
     void holdOffSleepWhileBusy();
+    void tellDesktop(const QString &title, const QString &text);
+    std::function<void()> logOpener();
     void askBeforeClosing();
 
     // Erase and eject

@@ -8,6 +8,7 @@
 #include "platform/Workspace.h"
 
 #include <QCloseEvent>
+#include <QFile>
 #include <QThread>
 
 namespace orvana
@@ -21,8 +22,7 @@ void MainWindow::showLastReport()
         m_reportWindow->close();
     auto *window = new RunReportWindow(reportTable(*m_report), m_problems->lines());
     m_reportWindow = window;
-    connect(window, &RunReportWindow::logWanted, this,
-            [this, log = QString::fromStdString(m_logData->logFilePath())] { Q_EMIT logWanted(log); });
+    connect(window, &RunReportWindow::logWanted, this, logOpener());
     connect(this, &QObject::destroyed, window, &QWidget::close);
     window->show();
 }
@@ -74,6 +74,24 @@ void MainWindow::showProgress()
     messageText->setText(isShown ? shownText(shown.message) : QString());
     fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);
     totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
+    const bool hasTotal = isShown && shown.total >= 0;
+    m_context.host.workspace().showProgress(hasTotal ? std::optional<double>(shown.total) : std::nullopt);
+}
+
+// A run takes hours; who started it is elsewhere when it ends.
+void MainWindow::tellDesktop(const QString &title, const QString &text)
+{
+    m_context.host.workspace().notify(
+        {title.toStdString(), text.toStdString(), tr("Open log").toStdString(), logOpener()});
+}
+
+// Wants the log of this run, also when there is another by then.
+std::function<void()> MainWindow::logOpener()
+{
+    return [window = QPointer(this), log = QFile::decodeName(m_logData->logFilePath().c_str())] {
+        if (window)
+            Q_EMIT window->logWanted(log);
+    };
 }
 
 // What the window shows as a run, with the engine at work or an erase.

@@ -7,6 +7,7 @@
 #include "version/VersionWindow.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 
 #include <utility>
@@ -35,7 +36,10 @@ MainWindow &OrvanaAppDelegate::mainWindow()
     if (!m_mainWindow) {
         m_mainWindow = std::make_unique<MainWindow>(m_context);
         connect(m_mainWindow.get(), &MainWindow::closed, this, &OrvanaAppDelegate::closeOthers);
-        connect(m_mainWindow.get(), &MainWindow::logWanted, this, &OrvanaAppDelegate::showLogDataWindows);
+        connect(m_mainWindow.get(), &MainWindow::logWanted, this, [this](const QString &path) {
+            showLogDataWindows();
+            logDataWindow().showLog(QFile::encodeName(path).toStdString());
+        });
     }
     return *m_mainWindow;
 }

@@ -225,6 +225,9 @@ void MainWindow::endWithoutCopy()
     restoreIdleControls();
     displayDialog(1, true);
     showLastReport();
+    // Without an erase before it, it ends with the click on Start.
+    if (!m_report->diskLines().empty())
+        tellDesktop(tr("Nothing was duplicated"), tr("There was no disk to copy to."));
 }
 
 void MainWindow::endRunOfLostEnclosure()
@@ -242,6 +245,7 @@ void MainWindow::endRunOfLostEnclosure()
     m_sheets.show(
         {tr("Warning"), tr("The device was removed while files were being duplicated to it. The run "
                            "has ended; its copies are not complete.")});
+    tellDesktop(tr("Duplication ended"), tr("The device was removed. The copies are not complete."));
 }
 
 void MainWindow::BackupFinish()
@@ -265,8 +269,12 @@ void MainWindow::runEnded()
     displayDialog(1, true);
     m_relay->runFinished();
     m_sheets.show({tr("File Copy Completed"), tr("All files have been copied successfully."), {tr("Done")}});
-    if (m_report && !m_report->allDone())
+    const bool isAllDone = !m_report || m_report->allDone();
+    if (!isAllDone)
         showLastReport();
+    tellDesktop(tr("Duplication finished"),
+                isAllDone ? tr("All files have been copied.")
+                          : tr("Not everything was copied. The report tells what is missing."));
 }
 
 void MainWindow::StopDuplicate()

@@ -22,12 +22,6 @@ namespace
 
 constexpr std::chrono::milliseconds BetweenLooks{500};
 
-// Bytes, not text: a path need not be UTF-8.
-std::string fileAddress(const std::string &path)
-{
-    return "file://" + QByteArray::fromStdString(path).toPercentEncoding("/").toStdString();
-}
-
 // What a user who may not write there, or has no such file any more, gets to hear.
 bool isNotDeletable(const platform::FileError &error)
 {
@@ -122,11 +116,27 @@ void LogDataWindows::updateLogFileView()
     // A path object of its own each time, so that the folder is read again.
     m_dataSource.setrepoRootPath(m_LogFileSysItem, std::make_shared<const std::string>(m_logs.path()));
     m_ui->myLogFileView->expandAll();
-    auto index = m_dataSource.index(0, 0);
-    for (; path && index.isValid(); index = m_ui->myLogFileView->indexBelow(index)) {
-        if (LogFileDataSource::item(index)->fullPath() == *path)
-            return m_ui->myLogFileView->setCurrentIndex(index);
+    if (path)
+        selectPath(*path);
+}
+
+bool LogDataWindows::selectPath(const std::string &path)
+{
+    for (auto index = m_dataSource.index(0, 0); index.isValid();
+         index = m_ui->myLogFileView->indexBelow(index)) {
+        if (LogFileDataSource::item(index)->fullPath() != path)
+            continue;
+        m_ui->myLogFileView->setCurrentIndex(index);
+        return true;
     }
+    return false;
+}
+
+void LogDataWindows::showLog(const std::string &path)
+{
+    updateLogFileView();
+    if (selectPath(path))
+        SelectedItem();
 }
 
 LogFileSystemItem *LogDataWindows::selectedItem() const
@@ -321,7 +331,7 @@ void LogDataWindows::find(Direction direction)
 
 void LogDataWindows::openFolder()
 {
-    m_host.workspace().openPage(fileAddress(m_logs.path()));
+    m_host.workspace().openFolder(m_logs.path());
 }
 
 } // namespace orvana

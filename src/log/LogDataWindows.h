@@ -67,6 +67,9 @@ public:
     /// A key that went down and up again in the list: Backspace and Delete remove, Up and Down show.
     void keyUp(int key);
 
+    /// Selects the log at the path and shows it; one that is not there leaves the list as it is.
+    void showLog(const std::string &path);
+
     /// Shows what was appended to the shown log, if anything was.
     void followShownLog();
 
@@ -85,6 +88,7 @@ private:
     LogFileSystemItem *selectedItem() const;
     int selectedRow() const;
     void selectRow(int row);
+    bool selectPath(const std::string &path);
     void removeLog(const std::string &name);
     void clearText();
     void showReading(const LogReading &reading);

@@ -30,7 +30,9 @@ class NullWorkspace final : public Workspace
 {
 public:
     void openPage(const std::string &) override {}
-    void notify(const std::string &, const std::string &) override {}
+    void openFolder(const std::string &) override {}
+    void notify(const DesktopNotice &) override {}
+    void showProgress(std::optional<double>) override {}
     std::shared_ptr<void> holdOffSleep(const std::string &) override { return nullptr; }
 };
 

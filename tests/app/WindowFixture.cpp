@@ -40,7 +40,9 @@ public:
     }
 
     void openPage(const std::string &address) override { pages.push_back(address); }
-    void notify(const std::string &, const std::string &) override {}
+    void openFolder(const std::string &) override {}
+    void notify(const platform::DesktopNotice &notice) override { notices.push_back(notice); }
+    void showProgress(std::optional<double> fraction) override { progress.push_back(fraction); }
     std::shared_ptr<void> holdOffSleep(const std::string &) override
     {
         ++*holds;
@@ -48,6 +50,8 @@ public:
     }
 
     std::vector<std::string> pages;
+    std::vector<platform::DesktopNotice> notices;
+    std::vector<std::optional<double>> progress;
     std::shared_ptr<int> holds = std::make_shared<int>(0);
 
 private:
@@ -260,6 +264,16 @@ int WindowTest::wakeHolds() const
 std::vector<std::string> WindowTest::openedPages() const
 {
     return m_host->pages;
+}
+
+const std::vector<platform::DesktopNotice> &WindowTest::notices() const
+{
+    return m_host->notices;
+}
+
+const std::vector<std::optional<double>> &WindowTest::shownProgress() const
+{
+    return m_host->progress;
 }
 
 } // namespace orvana

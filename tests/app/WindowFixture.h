@@ -44,6 +44,7 @@ protected:
     CopyActionViewController &actions() { return m_window->myCopyActionViewController(); }
 
     // What the user does.
+    void closeWindow() { m_window.reset(); }
     void chooseEnclosure(int item);
     void chooseSource(const std::string &title);
     void setErase(bool on);
@@ -82,9 +83,11 @@ protected:
     /// The words of each command of the disk utility so far.
     const std::vector<Files> &tools() const { return m_tools; }
 
-    struct DesktopLog;
+    // What the desktop was asked for.
     int wakeHolds() const;
     std::vector<std::string> openedPages() const;
+    const std::vector<platform::DesktopNotice> &notices() const;
+    const std::vector<std::optional<double>> &shownProgress() const;
 
     test::TemporaryTree m_tree;
     Json m_machine;

@@ -89,12 +89,14 @@ TYPED_TEST_P(HostContract, PlacesOfNobodyAreNowhere)
     EXPECT_EQ(this->host().places().userPath("no such user here"), std::nullopt);
 }
 
-TYPED_TEST_P(HostContract, SubscribingToVolumesAndHoldingOffSleepAreAlwaysPossible)
+TYPED_TEST_P(HostContract, SubscribingToVolumesAndAskingTheDesktopAreAlwaysPossible)
 {
     this->host().volumeEvents().subscribe([](VolumeChange) {});
 #ifndef __SANITIZE_THREAD__ // Qt's threads ask the desktop, and the checks know nothing of them
     const auto awake = this->host().workspace().holdOffSleep("a run is on");
-    this->host().workspace().notify("title", "text");
+    this->host().workspace().notify({"title", "text", "button", [] {}});
+    this->host().workspace().showProgress(0.5);
+    this->host().workspace().showProgress(std::nullopt);
 #endif
 }
 
@@ -102,6 +104,6 @@ REGISTER_TYPED_TEST_SUITE_P(HostContract, QueryWithoutADictionaryIsRejected,
                             QueryForAnUnknownClassFindsNothing, EntriesKnowTheirWayUpAndDown,
                             WatchesAnswerWithWhatIsThere, ProgramThatCannotStartGivesNoOutputAndALogLine,
                             AccountHasANameAndAHomeThatIsThere, PlacesOfNobodyAreNowhere,
-                            SubscribingToVolumesAndHoldingOffSleepAreAlwaysPossible);
+                            SubscribingToVolumesAndAskingTheDesktopAreAlwaysPossible);
 
 } // namespace orvana::platform

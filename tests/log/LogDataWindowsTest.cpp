@@ -42,6 +42,17 @@ TEST_F(LogViewer, ClickShowsALogAndTheFolderClearsTheText)
     EXPECT_EQ(text(), "");
 }
 
+TEST_F(LogViewer, LogThatIsAskedForIsSelectedAndShown)
+{
+    open();
+    makeTwoLogs(); // since the list was read
+    m_window->showLog(m_window->LogDirPath() + "/" + Older);
+    EXPECT_EQ(selected(), Older);
+    EXPECT_EQ(text(), "older run\n");
+    m_window->showLog(m_window->LogDirPath() + "/none-Log.txt");
+    EXPECT_EQ(selected(), Older);
+}
+
 TEST_F(LogViewer, ArrowKeysShowWhatTheySelect)
 {
     makeTwoLogs();

@@ -127,7 +127,8 @@ TEST_F(LogViewer, OpenFolderGoesThroughTheHostWithTheBytesOfThePath)
     m_window = std::make_unique<LogDataWindows>(m_host, m_tree.folder("Grö\xDF"
                                                                       "e 1"));
     press("openFolderButton");
-    EXPECT_EQ(m_host.openedPages(), std::vector<std::string>{"file://" + m_tree.path("Gr%C3%B6%DFe%201")});
+    EXPECT_EQ(m_host.openedFolders(), std::vector<std::string>{m_tree.path("Grö\xDF"
+                                                                           "e 1")});
 }
 
 TEST_F(LogViewer, EveryControlHasAnAccessibleName)

@@ -13,15 +13,18 @@
 namespace orvana::test
 {
 
-/// Keeps the addresses of the pages it was asked to open.
+/// Keeps what it was asked to open.
 class RecordingWorkspace final : public platform::Workspace
 {
 public:
     void openPage(const std::string &address) override { pages.push_back(address); }
-    void notify(const std::string &, const std::string &) override {}
+    void openFolder(const std::string &path) override { folders.push_back(path); }
+    void notify(const platform::DesktopNotice &) override {}
+    void showProgress(std::optional<double>) override {}
     std::shared_ptr<void> holdOffSleep(const std::string &) override { return nullptr; }
 
     std::vector<std::string> pages;
+    std::vector<std::string> folders;
 };
 
 /// Real files below folders of the test's own, with switches for faults; the user is "tester".
@@ -40,6 +43,7 @@ public:
     platform::Workspace &workspace() override { return m_workspace; }
     platform::FaultyVolumeFiles &faults() { return m_faulty; }
     const std::vector<std::string> &openedPages() const { return m_workspace.pages; }
+    const std::vector<std::string> &openedFolders() const { return m_workspace.folders; }
 
     std::string loginName() const override { return "tester"; }
     std::string homeFolder() const override { return m_home; }

@@ -2,6 +2,7 @@
 
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
+#include "platform/linux/NoticeButtons.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -9,6 +10,7 @@
 #include <QProcess>
 #include <QUrl>
 #include <QVariantMap>
+#include <utility>
 
 namespace orvana::platform::linux_host
 {
@@ -17,35 +19,6 @@ namespace
 {
 
 constexpr int PatienceMilliseconds = 2000;
-
-/// A connection to a bus that ends with the object.
-class Bus
-{
-public:
-    Bus(QDBusConnection::BusType type, const std::string &address)
-        : m_name(QStringLiteral("orvana-workspace-%1").arg(type)),
-          m_connection(address.empty()
-                           ? QDBusConnection::connectToBus(type, m_name)
-                           : QDBusConnection::connectToBus(QString::fromStdString(address), m_name))
-    {
-    }
-    ~Bus() { QDBusConnection::disconnectFromBus(m_name); }
-    Bus(const Bus &) = delete;
-    Bus &operator=(const Bus &) = delete;
-
-    QDBusConnection &connection() { return m_connection; }
-
-    /// Calls and waits, at most for the time that a desktop's service takes at its worst.
-    QDBusMessage call(const QDBusMessage &message)
-    {
-        return m_connection.isConnected() ? m_connection.call(message, QDBus::Block, PatienceMilliseconds)
-                                          : QDBusMessage();
-    }
-
-private:
-    QString m_name;
-    QDBusConnection m_connection;
-};
 
 QString shown(const std::string &text)
 {
@@ -61,11 +34,85 @@ QDBusMessage inhibit(const QString &what, const std::string &reason)
     return message;
 }
 
+QDBusMessage openPageMessage(const QString &address)
+{
+    // The portal knows the way out of a sandbox, and which browser the user chose.
+    auto message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
+    message << QString() << address << QVariantMap();
+    return message;
+}
+
+void startOpener(const QString &address)
+{
+    if (!QProcess::startDetached(QStringLiteral("xdg-open"), {address}))
+        systemLog("Nothing could be started to show " + displayPath(address.toStdString()));
+}
+
 } // namespace
+
+/// A connection to a bus that ends with the object.
+class DesktopWorkspace::Bus
+{
+public:
+    Bus(QDBusConnection::BusType type, const std::string &address)
+        : m_name(QStringLiteral("orvana-workspace-%1").arg(type)),
+          m_connection(address.empty()
+                           ? QDBusConnection::connectToBus(type, m_name)
+                           : QDBusConnection::connectToBus(QString::fromStdString(address), m_name))
+    {
+    }
+    ~Bus() { QDBusConnection::disconnectFromBus(m_name); }
+    Bus(const Bus &) = delete;
+    Bus &operator=(const Bus &) = delete;
+
+    bool isConnected() const { return m_connection.isConnected(); }
+
+    /// Calls and waits, at most for the time that a desktop's service takes at its worst.
+    QDBusMessage call(const QDBusMessage &message)
+    {
+        return isConnected() ? m_connection.call(message, QDBus::Block, PatienceMilliseconds)
+                             : QDBusMessage();
+    }
+
+    /// Whether and how it is answered does not matter.
+    void send(const QDBusMessage &message)
+    {
+        if (isConnected())
+            m_connection.send(message);
+    }
+
+    /// A name for a button of a notice.
+    QString addButton(std::function<void()> pressed)
+    {
+        if (!std::exchange(m_listens, true))
+            m_connection.connect(QString(), QStringLiteral("/org/freedesktop/Notifications"),
+                                 QStringLiteral("org.freedesktop.Notifications"),
+                                 QStringLiteral("ActionInvoked"), &m_buttons,
+                                 SLOT(ActionInvoked(uint, QString)));
+        return m_buttons.add(std::move(pressed));
+    }
+
+private:
+    QString m_name;
+    QDBusConnection m_connection;
+    NoticeButtons m_buttons;
+    bool m_listens = false;
+};
 
 DesktopWorkspace::DesktopWorkspace(std::string sessionBus, std::string systemBus)
     : m_sessionBus(std::move(sessionBus)), m_systemBus(std::move(systemBus))
 {
+}
+
+DesktopWorkspace::~DesktopWorkspace() = default;
+
+DesktopWorkspace::Bus &DesktopWorkspace::session()
+{
+    if (!m_session)
+        m_session = std::make_unique<Bus>(QDBusConnection::SessionBus, m_sessionBus);
+    return *m_session;
 }
 
 void DesktopWorkspace::openPage(const std::string &address)
@@ -76,26 +123,49 @@ void DesktopWorkspace::openPage(const std::string &address)
         return;
     }
     const auto text = page.toString(QUrl::FullyEncoded);
-    // The portal knows the way out of a sandbox, and which browser the user chose.
-    auto message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
-    message << QString() << text << QVariantMap();
-    if (Bus(QDBusConnection::SessionBus, m_sessionBus).call(message).type() == QDBusMessage::ReplyMessage)
-        return;
-    if (!QProcess::startDetached(QStringLiteral("xdg-open"), {text}))
-        systemLog("No browser could be started for " + displayPath(address));
+    if (session().call(openPageMessage(text)).type() != QDBusMessage::ReplyMessage)
+        startOpener(text);
 }
 
-void DesktopWorkspace::notify(const std::string &title, const std::string &text)
+void DesktopWorkspace::openFolder(const std::string &path)
 {
+    // Bytes, not text: a path need not be UTF-8.
+    const auto address =
+        QString::fromLatin1("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
+    auto message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowFolders"));
+    message << QStringList{address} << QString();
+    if (session().call(message).type() != QDBusMessage::ReplyMessage)
+        startOpener(address);
+}
+
+void DesktopWorkspace::notify(const DesktopNotice &notice)
+{
+    QStringList buttons;
+    if (!notice.button.empty())
+        buttons << session().addButton(notice.pressed) << shown(notice.button);
     auto message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
-    message << QStringLiteral("Orvana Plurimo") << 0U << QStringLiteral("orvana-plurimo") << shown(title)
-            << shown(text).toHtmlEscaped() << QStringList()
+    message << QStringLiteral("Orvana Plurimo") << 0U << QStringLiteral("orvana-plurimo")
+            << shown(notice.title) << shown(notice.text).toHtmlEscaped() << buttons
             << QVariantMap{{QStringLiteral("desktop-entry"), QStringLiteral("orvana-plurimo")}} << -1;
-    Bus(QDBusConnection::SessionBus, m_sessionBus).call(message);
+    session().send(message);
+}
+
+void DesktopWorkspace::showProgress(std::optional<double> fraction)
+{
+    const auto percent = fraction ? std::optional(static_cast<int>(*fraction * 100)) : std::nullopt;
+    if (std::exchange(m_percent, percent) == percent)
+        return;
+    auto message = QDBusMessage::createSignal(QStringLiteral("/example/orvana/plurimo"),
+                                              QStringLiteral("com.canonical.Unity.LauncherEntry"),
+                                              QStringLiteral("Update"));
+    message << QStringLiteral("application://orvana-plurimo.desktop")
+            << QVariantMap{{QStringLiteral("progress"), percent.value_or(0) / 100.0},
+                           {QStringLiteral("progress-visible"), percent.has_value()}};
+    session().send(message);
 }
 
 std::shared_ptr<void> DesktopWorkspace::holdOffSleep(const std::string &reason)

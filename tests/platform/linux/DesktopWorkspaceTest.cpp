@@ -11,6 +11,7 @@
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVirtualObject>
 #include <QProcess>
+#include <QTest>
 #include <QThread>
 #include <array>
 #include <csignal>
@@ -64,6 +65,24 @@ private:
     std::vector<QDBusMessage> m_calls;
 };
 
+/// Hears how far the work is, as a dock does.
+class Dock : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void Update(const QString &program, const QVariantMap &properties)
+    {
+        EXPECT_EQ(program.toStdString(), "application://orvana-plurimo.desktop");
+        shown.push_back(properties.value(QStringLiteral("progress-visible")).toBool()
+                            ? properties.value(QStringLiteral("progress")).toDouble()
+                            : -1);
+    }
+
+public:
+    std::vector<double> shown;
+};
+
 } // namespace
 
 class Desktop : public testing::Test
@@ -104,6 +123,21 @@ protected:
     }
 
     std::string address() const { return m_address.toStdString(); }
+
+    /// The user presses a button of some notice.
+    static void press(const QString &button)
+    {
+        auto message = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/Notifications"),
+                                                  QStringLiteral("org.freedesktop.Notifications"),
+                                                  QStringLiteral("ActionInvoked"));
+        message << 7U << button;
+        EXPECT_TRUE(QDBusConnection(QStringLiteral("played")).send(message));
+    }
+
+    static void until(const std::function<bool()> &condition)
+    {
+        EXPECT_TRUE(QTest::qWaitFor(condition, 30'000));
+    }
 
     TemporaryTree m_tree;
     QProcess m_daemon;
@@ -146,11 +180,58 @@ TEST_F(Desktop, UserWhoMayNotHoldTheLidHoldsOffSleepAlone)
 TEST_F(Desktop, NotificationCarriesItsTextAsItStands)
 {
     play("org.freedesktop.Notifications");
-    platform::linux_host::DesktopWorkspace(address(), address()).notify("Finish !!!", "A & B <b>\x01");
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    workspace.notify({"Finish !!!", "A & B <b>\x01", {}, {}});
+    until([&] { return m_service.calls().size() == 1; });
     const auto calls = m_service.calls();
-    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0].arguments().at(5).toStringList(), QStringList()) << "no button";
     EXPECT_EQ(calls[0].arguments().at(3).toString().toStdString(), "Finish !!!");
     EXPECT_EQ(calls[0].arguments().at(4).toString().toStdString(), "A &amp; B &lt;b&gt;\\x01");
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, ButtonOfANotificationIsAnsweredHoweverOldItIs)
+{
+    play("org.freedesktop.Notifications");
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    std::vector<std::string> opened;
+    for (const auto *log : {"first", "second"})
+        workspace.notify({"Finish !!!", "text", "Open log", [&opened, log] { opened.emplace_back(log); }});
+    until([&] { return m_service.calls().size() == 2; });
+    const auto buttons = m_service.calls()[0].arguments().at(5).toStringList();
+    ASSERT_EQ(buttons.size(), 2);
+    EXPECT_EQ(buttons[1].toStdString(), "Open log");
+    press(QStringLiteral("another program's"));
+    press(buttons[0]);
+    until([&] { return !opened.empty(); });
+    EXPECT_EQ(opened, std::vector<std::string>{"first"});
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, DocksHearOfEachPercentOnce)
+{
+    Dock dock;
+    play("example.nobody");
+    QDBusConnection(QStringLiteral("played"))
+        .connect({}, {}, QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"), &dock,
+                 SLOT(Update(QString, QVariantMap)));
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    for (const auto fraction :
+         {std::optional(0.5), std::optional(0.501), std::optional(1.0), std::optional<double>()})
+        workspace.showProgress(fraction);
+    until([&] { return dock.shown.size() == 3; });
+    EXPECT_EQ(dock.shown, (std::vector{0.5, 1.0, -1.0}));
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, FolderIsShownWithTheBytesOfItsPath)
+{
+    play("org.freedesktop.FileManager1");
+    platform::linux_host::DesktopWorkspace(address(), address()).openFolder("/home/anna/Gr\xDF 1");
+    const auto calls = m_service.calls();
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0].arguments().at(0).toStringList(),
+              QStringList{QStringLiteral("file:///home/anna/Gr%DF%201")});
     ::close(m_pipe[1]);
 }
 
@@ -177,7 +258,8 @@ TEST_F(Desktop, OnlyPagesOfTheWebAreOpened)
 TEST_F(Desktop, WithoutServicesNothingIsHeldAndNothingWaits)
 {
     platform::linux_host::DesktopWorkspace workspace(address(), address());
-    workspace.notify("Finish !!!", "text");
+    workspace.notify({"Finish !!!", "text", "Open log", [] {}});
+    workspace.showProgress(0.5);
     EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);
     ::close(m_pipe[1]);
 }
@@ -186,7 +268,8 @@ TEST_F(Desktop, WithoutABusNothingIsHeldAndNothingWaits)
 {
     const auto nowhere = "unix:path=" + m_tree.path("no-bus");
     platform::linux_host::DesktopWorkspace workspace(nowhere, nowhere);
-    workspace.notify("Finish !!!", "text");
+    workspace.notify({"Finish !!!", "text", "Open log", [] {}});
+    workspace.showProgress(0.5);
     EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);
     ::close(m_pipe[1]);
 }
@@ -199,3 +282,5 @@ int main(int argc, char **argv)
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
+
+#include "DesktopWorkspaceTest.moc"

@@ -1,0 +1,77 @@
+// What a run tells the desktop, for who is elsewhere while it goes on.
+
+#include "WindowFixture.h"
+
+#include <QFile>
+
+namespace orvana
+{
+
+class DesktopTest : public WindowTest
+{
+protected:
+    DesktopTest() { bay(3)["attached"] = false; } // the blank one, which would turn erase on
+};
+
+TEST_F(DesktopTest, EndOfARunIsToldWithAButtonForItsLog)
+{
+    startWithEnclosure();
+    QString wanted;
+    QObject::connect(&window(), &MainWindow::logWanted, [&](const QString &path) { wanted = path; });
+    pressStart();
+    untilSheet("File Copy Completed");
+    ASSERT_EQ(notices().size(), 1U);
+    EXPECT_EQ(notices()[0].title, "Duplication finished");
+    EXPECT_EQ(notices()[0].text, "All files have been copied.");
+    EXPECT_EQ(notices()[0].button, "Open log");
+    notices()[0].pressed();
+    EXPECT_TRUE(wanted.endsWith(QStringLiteral("-Log.txt"))) << wanted.toStdString();
+    EXPECT_TRUE(QFile::exists(wanted));
+}
+
+TEST_F(DesktopTest, EndOfARunWithFailuresSaysSo)
+{
+    bay(1)["volumes"][0]["faults"] = {{"writeErrorAfter", 1000}};
+    startWithEnclosure();
+    pressStart();
+    untilSheet("File Copy Completed");
+    ASSERT_EQ(notices().size(), 1U);
+    EXPECT_EQ(notices()[0].text, "Not everything was copied. The report tells what is missing.");
+}
+
+TEST_F(DesktopTest, CancelledRunIsNotTold)
+{
+    bay(1)["volumes"][0]["faults"] = {{"delayMilliseconds", 40}};
+    startWithEnclosure();
+    pressStart();
+    pressStart();
+    until([this] { return !window().isBusy(); });
+    pass(std::chrono::seconds(1));
+    EXPECT_TRUE(notices().empty());
+    EXPECT_EQ(shownProgress().back(), std::nullopt);
+}
+
+TEST_F(DesktopTest, ProgressIsShownWhileTheRunGoesOnAndOnlyThen)
+{
+    startWithEnclosure();
+    EXPECT_EQ(std::count_if(shownProgress().begin(), shownProgress().end(),
+                            [](const auto &shown) { return shown.has_value(); }),
+              0);
+    pressStart();
+    EXPECT_EQ(shownProgress().back(), 0.0);
+    untilSheet("File Copy Completed");
+    EXPECT_NE(std::find(shownProgress().begin(), shownProgress().end(), std::optional(1.0)),
+              shownProgress().end());
+    EXPECT_EQ(shownProgress().back(), std::nullopt);
+}
+
+TEST_F(DesktopTest, NoticeOutlivesTheWindow)
+{
+    startWithEnclosure();
+    pressStart();
+    untilSheet("File Copy Completed");
+    closeWindow();
+    notices().at(0).pressed();
+}
+
+} // namespace orvana
