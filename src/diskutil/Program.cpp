@@ -20,11 +20,12 @@ std::optional<std::string> formatSetting()
     return setting ? std::optional<std::string>(setting) : std::nullopt;
 }
 
-Outcome<std::string> perform(const Request &request, const BayRule &rule)
+Outcome<std::string> perform(const Request &request, const BayRule &rule,
+                             const platform::linux_host::SystemFiles &files)
 {
     UdisksService service;
     const auto lookAt = [&](const std::string &node) {
-        return factsOf(platform::linux_host::readSnapshot({}), node, rule);
+        return factsOf(platform::linux_host::readSnapshot(files), node, rule);
     };
     const Surroundings surroundings{lookAt, service, processesUsing, formatSetting()};
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
@@ -33,14 +34,15 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule)
 
 } // namespace
 
-int runProgram(const std::vector<std::string> &words, const BayRule &rule)
+int runProgram(const std::vector<std::string> &words, const BayRule &rule,
+               const platform::linux_host::SystemFiles &files)
 {
     if (words == std::vector<std::string>{"--version"}) {
         std::cout << "orvana-diskutil " PLURIMO_VERSION "\n";
         return Done;
     }
     const auto done =
-        readRequest(words).and_then([&](const Request &request) { return perform(request, rule); });
+        readRequest(words).and_then([&](const Request &request) { return perform(request, rule, files); });
     if (done) {
         std::cout << *done << '\n';
         return Done;

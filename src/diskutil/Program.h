@@ -7,6 +7,7 @@ namespace orvana::diskutil
 
 /// The whole program: looks at this machine by the rule, and works by way of its disk service. Prints what
 /// was done to standard output, and why something was not to standard error; returns the exit status.
-int runProgram(const std::vector<std::string> &words, const BayRule &rule);
+int runProgram(const std::vector<std::string> &words, const BayRule &rule,
+               const platform::linux_host::SystemFiles &files = {});
 
 } // namespace orvana::diskutil

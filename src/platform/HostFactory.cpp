@@ -1,17 +1,10 @@
 #include "platform/HostFactory.h"
 
-#include "platform/linux/DesktopWorkspace.h"
-#include "platform/linux/LinuxHost.h"
 #include "platform/simulator/DemoMachine.h"
 #include "platform/simulator/SimulatorHost.h"
 
 namespace orvana::platform
 {
-
-std::unique_ptr<Host> makeMachineHost(MainQueue *queue)
-{
-    return std::make_unique<linux_host::LinuxHost>(std::make_unique<linux_host::DesktopWorkspace>(), queue);
-}
 
 tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::string &file, MainQueue *queue)
 {

@@ -1,146 +1,180 @@
-"""The program on a real kernel with four SATA controllers behind a PCIe switch: vm_test.py KERNEL GUEST
+"""The programs on a real kernel with four SATA controllers behind a PCIe switch: vm_test.py FOLDER
+FOLDER is where tools/test-vm puts kernel, memory disk and system disk.
 
 Nothing here waits for a fixed time: what is to come is asked for until it is there, or until time is up."""
 
+import base64
+import glob
 import json
 import os
-import socket
-import subprocess
 import sys
 import tempfile
 import time
 
-PATIENCE = 240  # seconds, on a machine that emulates every instruction and is loaded
+from machine import BAYS, MEBIBYTE, Machine, until
+
+SOURCE = "/media/SOURCE"
+SOURCE_MEBIBYTES = 48
+DUPLICATE = "plurimoctl duplicate --enclosure 1 --verify --yes --json --log-dir /tmp"
+ERASE = "--erase --name B=COPY1 --name C=COPY2 --name D=COPY3"
 
 
-def until(what, ask):
-    end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
-        answer = ask()
-        if answer:
-            return answer
-        time.sleep(0.2)
-    raise AssertionError(f"in vain: {what}")
+def disks_by_bay(machine):
+    """Of the only enclosure: "A" and so on, each with what "devices" tells of the disk."""
+    enclosures = json.loads(machine.run("plurimoctl devices --json"))["enclosures"]
+    assert len(enclosures) == 1, enclosures
+    return {disk["bay"].removeprefix("Slot-"): disk for disk in enclosures[0]["disks"]}
 
 
-class Machine:
-    """A virtual machine; its four disks have the serial numbers SN1 to SN4, behind bridges 1 to 4."""
-
-    def __init__(self, folder, kernel, guest):
-        self.folder = folder
-        words = ["qemu-system-x86_64", "-nodefaults", "-no-user-config", "-display", "none", "-no-reboot",
-                 "-machine", "q35,usb=off", "-accel", "tcg", "-cpu", "max", "-smp", "2", "-m", "768",
-                 "-kernel", kernel, "-initrd", guest, "-append", "console=ttyS0 panic=-1",
-                 "-serial", f"file:{folder}/console",
-                 "-qmp", f"unix:{folder}/control,server=on,wait=off",
-                 "-device", "virtio-serial-pci",
-                 "-chardev", f"socket,id=orders,path={folder}/orders,server=on,wait=off",
-                 "-device", "virtserialport,chardev=orders,name=orders",
-                 "-device", "pcie-root-port,id=root,chassis=1,slot=1,bus-reserve=16",
-                 "-device", "x3130-upstream,id=switch,bus=root"]
-        for bay in range(1, 5):
-            image = f"{folder}/disk{bay}"
-            with open(image, "wb") as file:
-                file.truncate(64 * 1024 * 1024)
-            words += ["-device", f"xio3130-downstream,id=bay{bay},bus=switch,addr={bay},chassis={bay + 1},slot={bay + 1}",
-                      "-device", f"ich9-ahci,id=controller{bay},bus=bay{bay}",
-                      "-drive", f"if=none,id=image{bay},format=raw,file={image}",
-                      "-device", f"ide-hd,bus=controller{bay}.0,drive=image{bay},serial=SN{bay},model=Disk {bay}"]
-        self.process = subprocess.Popen(words)
-        self.control = self.connect("control").makefile("rw")
-        self.orders = self.connect("orders").makefile("rwb")
-        self.ask_control("qmp_capabilities")
-        while self.orders.readline().strip() != b"READY":
-            pass
-
-    def connect(self, name):
-        def attempt():
-            connection = socket.socket(socket.AF_UNIX)
-            try:
-                connection.connect(f"{self.folder}/{name}")
-            except OSError:
-                assert self.process.poll() is None, "the machine did not start"
-                return None
-            connection.settimeout(PATIENCE)
-            return connection
-        return until(f"the machine's {name}", attempt)
-
-    def ask_control(self, command, **arguments):
-        self.control.write(json.dumps({"execute": command, "arguments": arguments}) + "\n")
-        self.control.flush()
-        while True:
-            answer = json.loads(self.control.readline())
-            if "return" in answer or "error" in answer:
-                return answer
-
-    def run(self, order):
-        """Output of a shell line in the guest, which must succeed."""
-        self.orders.write(order.encode() + b"\n")
-        self.orders.flush()
-        lines = []
-        while True:
-            line = self.orders.readline().decode(errors="replace").rstrip("\n")
-            if line.startswith("STATUS "):
-                assert line == "STATUS 0", f"{order}: {line}: {lines}"
-                return "\n".join(lines).strip()
-            lines.append(line)
-
-    def end(self):
-        self.process.terminate()
-        self.process.wait()
+def mount_point(disk):
+    points = [volume["mountPoint"] for volume in disk["volumes"]]
+    return points[0] if len(points) == 1 else None
 
 
-def paths_by_serial(machine):
-    return {serial: path for path, serial in (line.split() for line in machine.run("machine-tree").splitlines())}
+def node_of(machine, bay):
+    return machine.run(f"readlink -f /dev/disk/by-id/ata-*SN{bay}")
 
 
-def mount_points(machine):
-    devices = json.loads(machine.run("plurimoctl devices --json"))
-    return [volume["mountPoint"] for disk in devices["otherDisks"] for volume in disk["volumes"]]
+def bridge_and_controller(machine, bay):
+    path = machine.run(f"readlink -f /sys/block/$(basename {node_of(machine, bay)})/device")
+    controller = path[:path.index("/ata")]
+    return os.path.dirname(controller), controller
+
+
+def is_same_as_source(machine, point):
+    """As the disk holds it, not as memory remembers it."""
+    machine.run("sync; echo 3 >/proc/sys/vm/drop_caches")
+    status, output = machine.try_to_run(f"cd {SOURCE} && find . -type f | while read -r file; do "
+                                        f"cmp \"$file\" \"{point}/$file\" || exit 1; done")
+    return status == 0 or print(output)
+
+
+def events(machine, file):
+    return [json.loads(line) for line in machine.run(f"cat {file}").splitlines()]
 
 
 def check_bays(machine):
-    paths = paths_by_serial(machine)
-    for bay in range(1, 5):
-        assert f"/pci-bridge@{bay}/IOPP/pci8086,2922@0/AppleAHCI/PRT0@0/" in paths[f"SN{bay}"], paths
+    disks = disks_by_bay(machine)
+    assert {bay: disk["serial"] for bay, disk in disks.items()} == {bay: f"SN{bay}" for bay in BAYS}, disks
+    assert all(disk["unformatted"] for disk in disks.values()), disks
+    others = json.loads(machine.run("plurimoctl devices --json"))["otherDisks"]
+    assert any(disk["startup"] for disk in others), others
+
+
+def check_erase_and_duplicate(machine):
+    node = node_of(machine, "A")
+    machine.run(f"(echo 'label: gpt'; echo ,) | sfdisk -q {node}; udevadm settle")
+    machine.run(f"mkfs.ext4 -q -L SOURCE {node}1 && mkdir -p {SOURCE} && mount -t ext4 {node}1 {SOURCE}")
+    machine.run(f"mkdir {SOURCE}/folder && echo small >{SOURCE}/folder/small && "
+                f"for i in 1 2 3 4; do dd if=/dev/urandom of={SOURCE}/file$i bs=1M "
+                f"count={SOURCE_MEBIBYTES // 4} 2>/dev/null; done; sync; udevadm settle")
+    machine.run(f"{DUPLICATE} {ERASE} >/tmp/first")
+    end = events(machine, "/tmp/first")[-1]
+    assert end["event"] == "end" and end["status"] == 0, end
+    assert [entry["verified"] for entry in end["destinations"]] == [5, 5, 5], end
+    disks = disks_by_bay(machine)
+    for number, bay in enumerate("BCD", 1):
+        point = mount_point(disks[bay])
+        assert point and os.path.basename(point) == f"COPY{number}", disks[bay]
+        assert is_same_as_source(machine, point), bay
+
+
+def check_disk_that_is_pulled_in_mid_run(machine):
+    """The others get everything; the one that is gone is named."""
+    bridge, controller = bridge_and_controller(machine, "D")
+    for bay in "BCD":
+        machine.limit_writes(bay, 8)  # so that the run has a middle
+    machine.run(f"(cd {SOURCE} && for i in 1 2 3 4; do mv file$i again$i; done)")
+    machine.run(f"({DUPLICATE} >/tmp/second 2>/tmp/reasons; echo $? >/tmp/status) >/dev/null 2>&1 &")
+
+    def is_in_the_middle():
+        progress = [event for event in events(machine, "/tmp/second") if event["event"] == "progress"]
+        return progress and progress[-1]["destinations"][2]["bytes"] > SOURCE_MEBIBYTES * MEBIBYTE // 4
+    until("the middle of the run", is_in_the_middle)
+    assert machine.try_to_run("cat /tmp/status")[0] != 0, "the run was over too soon"
+    machine.run(f"(echo 1 >{controller}/remove) >/dev/null 2>&1 &")
+    until("the end of the run", lambda: machine.try_to_run("cat /tmp/status")[0] == 0)
+    assert machine.run("cat /tmp/status") == "1", machine.run("cat /tmp/second /tmp/reasons")
+    end = events(machine, "/tmp/second")[-1]
+    failed = [entry["failed"] for entry in end["destinations"]]
+    assert failed[:2] == [0, 0] and failed[2] > 0, end
+    reasons = machine.run("cat /tmp/reasons")
+    assert "COPY3" in reasons and "COPY1" not in reasons, reasons
+    print(reasons)
+    for bay in "BCD":
+        machine.limit_writes(bay, 0)
+    until("the end of the pulled disk", lambda: "D" not in disks_by_bay(machine))
+    disks = disks_by_bay(machine)
+    for bay in "BC":
+        assert is_same_as_source(machine, mount_point(disks[bay])), bay
+    return bridge
+
+
+def check_disk_that_is_put_back(machine, bridge):
+    machine.run(f"echo 1 >{bridge}/rescan; udevadm settle")
+    until("the disk that is put back", lambda: "D" in disks_by_bay(machine))
+    assert disks_by_bay(machine)["D"]["serial"] == "SND"
+    machine.run(f"{DUPLICATE} {ERASE} >/tmp/third")
+    assert events(machine, "/tmp/third")[-1]["status"] == 0
+    disks = disks_by_bay(machine)
+    for bay in "BCD":
+        assert is_same_as_source(machine, mount_point(disks[bay])), bay
+
+
+def check_eject(machine):
+    machine.run("plurimoctl eject --enclosure 1 --bay B --bay C --bay D --yes")
+    disks = disks_by_bay(machine)
+    assert {bay: mount_point(disk) for bay, disk in disks.items()} == \
+        {"A": SOURCE, "B": None, "C": None, "D": None}, disks
+
+
+def check_refused_member_of_a_set(machine):
+    node = node_of(machine, "C")
+    mark = bytearray(256)  # the start of a second-generation superblock, 8 blocks from the start of the disk
+    mark[0:8] = b"\xfc\x4e\x2b\xa9\x01\0\0\0"
+    mark[16:32] = b"u" * 16
+    mark[144] = 8
+    text = base64.b64encode(mark).decode()
+    machine.run(f"dd if=/dev/zero of={node} bs=1M count=4 conv=notrunc 2>/dev/null; "
+                f"echo {text} | base64 -d | dd of={node} bs=4096 seek=1 conv=notrunc 2>/dev/null; sync; "
+                f"udevadm trigger --action=change /sys/block/$(basename {node}); udevadm settle")
+    assert disks_by_bay(machine)["C"]["raid"]
+    before = machine.run(f"sha256sum <{node}")
+    assert machine.try_to_run("plurimoctl erase --enclosure 1 --bay C --name C=COPY --yes")[0] == 3
+    assert machine.run(f"sync; echo 3 >/proc/sys/vm/drop_caches; sha256sum <{node}") == before
 
 
 def check_mounted_disk_that_is_pulled(machine):
-    node = machine.run("readlink -f /dev/disk/by-id/ata-*SN2")
-    machine.run(f"(echo 'label: gpt'; echo ,) | sfdisk -q {node}; udevadm settle")
-    machine.run(f"mkfs.ext4 -q {node}1 && mkdir -p /mnt/COPY && mount -t ext4 {node}1 /mnt/COPY")
-    assert mount_points(machine) == ["/mnt/COPY"]
+    """The mount table keeps the volume; the program does not."""
+    node = node_of(machine, "B")
+    machine.run(f"mkdir -p /mnt/COPY && mount -t ext4 {node}1 /mnt/COPY")
+    assert mount_point(disks_by_bay(machine)["B"]) == "/mnt/COPY"
     machine.run("(plurimoctl devices --json --watch >/tmp/watch 2>&1 &)")
     # Once the list is printed, the volumes are known: whatever changes from now on is told.
     until("the watch", lambda: machine.run("grep -c otherDisks /tmp/watch || true") != "0")
-    assert "error" not in machine.ask_control("device_del", id="controller2")
+    assert "error" not in machine.ask_control("device_del", id="controllerB")
     until("the pulled volume", lambda: "unmounted" in machine.run("cat /tmp/watch"))
-    assert mount_points(machine) == [], "though the mount table keeps it"
-    assert "/mnt/COPY" in machine.run("cat /proc/self/mountinfo")
-    until("the pulled disk", lambda: "SN2" not in paths_by_serial(machine))
+    until("the pulled disk", lambda: "B" not in disks_by_bay(machine))
 
 
-def check_disk_that_comes_back(machine):
-    controller = machine.run("readlink -f /sys/block/$(basename $(readlink -f /dev/disk/by-id/ata-*SN3))/device/../../../..")
-    bridge = os.path.dirname(controller)
-    machine.run(f"echo 1 >{controller}/remove")
-    until("the removal", lambda: "SN3" not in paths_by_serial(machine))
-    machine.run(f"echo 1 >{bridge}/rescan")
-    until("the return", lambda: "SN3" in paths_by_serial(machine))
-    path = paths_by_serial(machine)["SN3"]
-    assert "/pci-bridge@3/" in path, path
-
-
-def main(kernel, guest):
+def main(place):
     with tempfile.TemporaryDirectory(prefix="orvana-vm-") as folder:
-        machine = Machine(folder, kernel, guest)
+        machine = Machine(folder, glob.glob(f"{place}/kernel/boot/vmlinuz-*")[0], f"{place}/memory.gz",
+                          f"{place}/system", 256)
         try:
-            for check in (check_bays, check_mounted_disk_that_is_pulled, check_disk_that_comes_back):
-                check(machine)
-                print("passed:", check.__name__, flush=True)
+            bridge = None
+            for check in (check_bays, check_erase_and_duplicate, check_disk_that_is_pulled_in_mid_run,
+                          check_disk_that_is_put_back, check_eject, check_refused_member_of_a_set,
+                          check_mounted_disk_that_is_pulled):
+                start = time.monotonic()
+                bridge = check(machine, bridge) if check is check_disk_that_is_put_back else check(machine)
+                print(f"passed: {check.__name__} ({time.monotonic() - start:.0f} s)", flush=True)
+        except AssertionError:
+            print(machine.try_to_run("dmesg | tail -20; cat /tmp/reasons")[1])
+            raise
         finally:
             machine.end()
 
 
 if __name__ == "__main__":
-    main(*sys.argv[1:])
+    main(sys.argv[1])

@@ -108,7 +108,7 @@ bool Snapshot::isMounted(const Device &device) const
 
 Snapshot readSnapshot(const SystemFiles &files)
 {
-    Snapshot snapshot{readDevices(), readMounts(files.mounts), {}, {}};
+    Snapshot snapshot{files.devices(), readMounts(files.mounts), {}, {}};
     for (const auto &source : readSwaps(files.swaps)) {
         const auto *device = snapshot.devices.blockAtNode(source);
         // A file is swapped on by way of the file system that it lies on.

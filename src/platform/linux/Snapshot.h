@@ -9,9 +9,10 @@
 namespace orvana::platform::linux_host
 {
 
-/// Where the machine's tables are; tests name files of their own.
+/// Where the machine's devices and tables are found; tests name what is theirs.
 struct SystemFiles
 {
+    std::function<DeviceList()> devices = readDevices;
     std::string mounts = "/proc/self/mountinfo";
     std::string swaps = "/proc/swaps";
     std::string btrfs = "/sys/fs/btrfs"; ///< folder with one folder a file system, "devices" in each

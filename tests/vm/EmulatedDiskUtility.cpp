@@ -1,0 +1,15 @@
+// The disk utility with its own rules, on the virtual machine.
+
+#include "EmulatedEnclosure.h"
+#include "diskutil/Program.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char **argv)
+{
+    using namespace orvana;
+    const QCoreApplication application(argc, argv);
+    platform::linux_host::SystemFiles files;
+    files.devices = test::readEmulatedEnclosure;
+    return diskutil::runProgram({argv + 1, argv + argc}, diskutil::knownDisk, files);
+}

@@ -1,0 +1,18 @@
+// The terminal program's way to the virtual machine.
+
+#include "EmulatedEnclosure.h"
+#include "platform/HostFactory.h"
+#include "platform/NullDevices.h"
+#include "platform/linux/LinuxHost.h"
+
+namespace orvana::platform
+{
+
+std::unique_ptr<Host> makeMachineHost(MainQueue *queue)
+{
+    linux_host::SystemFiles files;
+    files.devices = test::readEmulatedEnclosure;
+    return std::make_unique<linux_host::LinuxHost>(std::make_unique<NullWorkspace>(), queue, files);
+}
+
+} // namespace orvana::platform
