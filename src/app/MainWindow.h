@@ -251,6 +251,7 @@ private:
     std::shared_ptr<RunProblems> m_problems;
     QPointer<QWidget> m_reportWindow;
     std::optional<ErasePlan> m_erasePlan;
+    PerBay<bool> m_isNotErased;           // in the present run
     std::set<std::string> m_toldRefusals; // of the present run
     std::shared_ptr<void> m_wakefulness;
     bool m_isClosing = false;

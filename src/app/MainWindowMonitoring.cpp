@@ -104,8 +104,10 @@ void MainWindow::eraseFinished()
 {
     if (!m_action->isErasing())
         return;
-    if (m_report && m_erasePlan)
+    if (m_report && m_erasePlan) {
         reportErase(*m_report, *m_erasePlan, m_diskTool->results());
+        m_isNotErased = baysNotErased(*m_erasePlan, m_diskTool->results());
+    }
     m_erasePlan.reset();
     m_action->setIsErasing(false);
     lockChoices(false);

@@ -192,6 +192,7 @@ void DuplicateCommand::erase()
     tool.setGoesOn([this] { return !m_run.isCancelled(); });
     tool.startEraseDiskThread();
     reportErase(m_run.report(), m_erase, tool.results());
+    m_plan.choice.isNotErased = baysNotErased(m_erase, tool.results());
     m_scan.scanEnclosures();
 }
 

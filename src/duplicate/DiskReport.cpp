@@ -11,6 +11,8 @@ namespace
 void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
 {
     for (const auto &refusal : refusals) {
+        if (refusal.reason == DiskGuard::NotErased)
+            continue; // the report of the erase says it, and why
         const bool isSource = refusal.reason == DiskGuard::CarriesSource;
         report.disk({refusal.bay,
                      refusal.name,
@@ -21,6 +23,14 @@ void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
 }
 
 } // namespace
+
+PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> &results)
+{
+    PerBay<bool> bays;
+    for (std::size_t i = 0; i < plan.disks.size(); ++i)
+        bays[plan.disks[i].bay] = i >= results.size() || !results[i].succeeded;
+    return bays;
+}
 
 void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results)
 {

@@ -8,6 +8,9 @@ namespace orvana
 
 class RunReport;
 
+/// The bays whose disks an erase was to empty, and did not.
+PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> &results);
+
 /// Puts an erase into the report: what the tool did to each disk of the plan, and what was refused. A disk
 /// that the tool did not come to counts as failed.
 void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results);

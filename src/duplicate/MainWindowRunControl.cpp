@@ -72,6 +72,7 @@ bool MainWindow::isStartRefused()
 bool MainWindow::areNamesRefused()
 {
     m_toldRefusals.clear();
+    m_isNotErased = {};
     if (!m_action->EraseDiskCheckBox->isChecked())
         return false;
     const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
@@ -101,6 +102,7 @@ RunChoice MainWindow::choiceNow() const
     choice.isOverSize[Bay::B] = m_diskInfo->isOverSize_SlotB();
     choice.isOverSize[Bay::C] = m_diskInfo->isOverSize_SlotC();
     choice.isOverSize[Bay::D] = m_diskInfo->isOverSize_SlotD();
+    choice.isNotErased = m_isNotErased;
     choice.shown = m_shown;
     choice.erase = m_action->EraseDiskCheckBox->isChecked();
     choice.verify = m_action->verifyFiles();

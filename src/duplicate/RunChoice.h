@@ -60,6 +60,7 @@ struct RunChoice
     bool slotAisSource = true;
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
     PerBay<bool> isOverSize;   ///< the selection does not fit into the bay
+    PerBay<bool> isNotErased;  ///< the run was to erase the bay's disk first, and could not
     /// The disks whose rows the bays showed; a disk that is another one by the time of the run is passed
     /// over. Without it that is not compared.
     std::optional<ShownDisks> shown;
@@ -69,8 +70,5 @@ struct RunChoice
     /// Bay A while the source is the disk in it.
     bool isSourceBay(Bay bay) const { return bay == Bay::A && slotAisSource; }
 };
-
-/// The formats that an erase can give to a disk; each has a limit for names.
-enum class EraseFormat { Ext4, Xfs, ExFat };
 
 } // namespace orvana

@@ -3,54 +3,12 @@
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace orvana
 {
 
 namespace
 {
-
-struct FormatLimit
-{
-    const char *name;
-    std::size_t length;
-    const char *unit;
-};
-
-FormatLimit limitOf(EraseFormat format)
-{
-    switch (format) {
-    case EraseFormat::Xfs:
-        return {"xfs", 12, "bytes"};
-    case EraseFormat::ExFat:
-        return {"exFAT", 11, "characters"};
-    default:
-        return {"ext4", 16, "bytes"};
-    }
-}
-
-// Characters are counted as exFAT keeps them: those of four bytes take the place of two.
-std::size_t lengthIn(EraseFormat format, const std::string &name)
-{
-    if (format != EraseFormat::ExFat)
-        return name.size();
-    std::size_t length = 0;
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte & 0xC0U) != 0x80)
-            length += byte >= 0xF0 ? 2 : 1;
-    }
-    return length;
-}
-
-bool hasControls(const std::string &name)
-{
-    return std::any_of(name.begin(), name.end(), [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < 0x20 || byte == 0x7F;
-    });
-}
 
 bool isAtOrBelow(const std::string &path, const std::string &folder)
 {
@@ -184,6 +142,8 @@ std::string reasonText(DiskGuard guard)
         return "its volume is not mounted";
     case DiskGuard::OtherDisk:
         return "it is not the disk that was shown";
+    case DiskGuard::NotErased:
+        return "it was not erased, and keeps what it holds";
     case DiskGuard::OtherVolume:
         return "it no longer holds the volume that was shown";
     default:
@@ -233,58 +193,9 @@ std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderb
     return std::nullopt;
 }
 
-EraseFormat eraseFormatOf(std::string_view setting)
-{
-    if (setting == "xfs")
-        return EraseFormat::Xfs;
-    return setting == "exfat" ? EraseFormat::ExFat : EraseFormat::Ext4;
-}
-
-EraseFormat eraseFormat()
-{
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
-    const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
-    return eraseFormatOf(setting ? setting : "");
-}
-
-std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)
-{
-    if (name.empty())
-        return NameGuard::Empty;
-    if (name.find('/') != std::string::npos || name.find('\0') != std::string::npos)
-        return NameGuard::Separator;
-    if (name == "." || name == ".." || name == NoVolume || name == UnformattedDisk)
-        return NameGuard::Reserved;
-    if (!isUtf8(name) || hasControls(name))
-        return NameGuard::NotText;
-    if (lengthIn(format, name) > limitOf(format).length)
-        return NameGuard::TooLong;
-    if (name.front() == ' ' || name.back() == ' ' || name.find("  ") != std::string::npos)
-        return NameGuard::LostBlanks;
-    return std::nullopt;
-}
-
 std::string refusalText(const NameRefusal &refusal)
 {
-    const auto limit = limitOf(refusal.format);
-    const auto place = placeText(refusal.bay, refusal.name) + ": ";
-    switch (refusal.reason) {
-    case NameGuard::Empty:
-        return place + "a disk needs a name";
-    case NameGuard::Reserved:
-        return place + "this cannot be the name of a disk";
-    case NameGuard::Separator:
-        return place + "a name cannot hold \"/\"";
-    case NameGuard::NotText:
-        return place + "a name is text on one line";
-    case NameGuard::OfSource:
-        return place + "this is the name of the source";
-    case NameGuard::LostBlanks:
-        return place + "a name cannot begin or end with a blank, nor hold two in a row";
-    default:
-        return place + "longer than " + std::to_string(limit.length) + " " + limit.unit +
-               ", which is the limit of " + limit.name;
-    }
+    return placeText(refusal.bay, refusal.name) + ": " + reasonText(refusal.reason, refusal.format);
 }
 
 } // namespace orvana

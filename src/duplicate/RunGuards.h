@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/ScannedDevices.h"
+#include "duplicate/VolumeName.h"
 
 #include <tl/expected.hpp>
 
@@ -38,6 +39,7 @@ enum class DiskGuard {
     NotCertain,    ///< another disk claims the same bay, or the same device node
     NoName,        ///< its volume has no name
     NotMounted,    ///< its volume is mounted nowhere, or something else is there
+    NotErased,     ///< the run was to erase it, and could not
     OtherDisk,     ///< it is not the disk that was shown
     OtherVolume,   ///< it no longer holds the volume that was shown
     SameName,      ///< a bay before it shows the same name
@@ -73,17 +75,6 @@ std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderb
                                        const ScannedDevices &devices, const RunChoice &choice,
                                        const UserHome &user);
 
-/// Why a disk may not be given a name.
-enum class NameGuard {
-    Empty,
-    Reserved,   ///< ".", "..", "None" or "Unformatted"
-    Separator,  ///< holds "/" or NUL
-    TooLong,    ///< over the format's limit
-    NotText,    ///< not UTF-8, or with control characters
-    OfSource,   ///< the source is called so
-    LostBlanks, ///< blanks at an end or in a row, which the list of mounted volumes does not keep
-};
-
 struct NameRefusal
 {
     std::string bay;
@@ -94,13 +85,5 @@ struct NameRefusal
 
 /// "Slot-B (A name that is too long): longer than 16 bytes, which is the limit of ext4"
 std::string refusalText(const NameRefusal &refusal);
-
-/// The format of a setting's text: "xfs" or "exfat"; ext4 for anything else.
-EraseFormat eraseFormatOf(std::string_view setting);
-
-/// The format that disks get on this machine, by the environment's ORVANA_FILE_SYSTEM.
-EraseFormat eraseFormat();
-
-std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format);
 
 } // namespace orvana

@@ -47,7 +47,7 @@ private:
     void add(Bay bay, const std::string &name)
     {
         const auto *disk = diskIn(bay, m_enclosure);
-        if (const auto guard = disk ? guardOfBay(*disk, name) : DiskGuard::OtherDisk)
+        if (const auto guard = disk ? guardOfBay(*disk, bay, name) : DiskGuard::OtherDisk)
             m_plan.refusals.push_back({slotNameOf(bay), name, *guard});
         else if (m_choice.isOverSize[bay])
             m_plan.tooSmall.push_back(bay);
@@ -61,10 +61,12 @@ private:
         return {bay, name, *volume.mountPoint(), diskUtilInfo(disk, name), volume.devPath()};
     }
 
-    std::optional<DiskGuard> guardOfBay(const ORVHddInfo &disk, const std::string &name) const
+    std::optional<DiskGuard> guardOfBay(const ORVHddInfo &disk, Bay bay, const std::string &name) const
     {
         if (const auto guard = guardOfTarget(disk, m_enclosure, m_devices, m_choice, m_user))
             return guard;
+        if (m_choice.isNotErased[bay])
+            return DiskGuard::NotErased;
         if (disk.bsdPathArray().empty())
             return DiskGuard::OtherVolume;
         const auto &mountPoint = disk.bsdPathArray().front()->mountPoint();

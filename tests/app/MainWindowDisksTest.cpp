@@ -181,7 +181,11 @@ TEST_F(DisksTest, FailedEraseIsInTheReportAndOpensIt)
     m_machine["failing"] = Json::array({"eraseDisk C"});
     startWithEnclosure();
     pressStart();
+    untilSheet("Warning");
+    EXPECT_EQ(sheetText(), "Slot-C (COPY2): it was not erased, and keeps what it holds");
+    pressSheet("OK");
     untilCompleted();
+    EXPECT_EQ(filesOn("COPY2"), Files{"old2"});
     EXPECT_EQ(reportWindows(), 1);
     int failed = 0;
     const auto account = report();

@@ -141,6 +141,15 @@ TEST_F(Duplicate, EraseThatFailsIsToldAndTheRestGoesOn)
     EXPECT_EQ(report()["disks"][0]["outcome"], "eraseFailed");
 }
 
+TEST_F(Duplicate, DiskThatCouldNotBeErasedKeepsWhatItHolds)
+{
+    m_machine["failing"] = {"eraseDisk B"};
+    m_options.erase = m_options.yes = true;
+    EXPECT_EQ(duplicate(), SomethingFailed);
+    EXPECT_EQ(filesOn("COPY1"), (Files{"old1"}));
+    EXPECT_EQ(report()["destinations"].size(), 2U) << "C and D";
+}
+
 TEST_F(Duplicate, BlankDiskWhoseEraseFailsIsNoDestination)
 {
     m_machine["failing"] = {"eraseDisk D"};
