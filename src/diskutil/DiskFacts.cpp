@@ -41,8 +41,10 @@ bool isImage(const Snapshot &snapshot, const Device &piece)
 
 void addPiece(const Snapshot &snapshot, const Device &piece, DiskFacts &facts)
 {
+    facts.isExamined = facts.isExamined && platform::linux_host::hasUdevLooked(piece);
     facts.isMember = facts.isMember || platform::linux_host::isMember(piece);
-    facts.isHeld = facts.isHeld || !piece.holders.empty() || isImage(snapshot, piece);
+    facts.isHeld =
+        facts.isHeld || !piece.holders.empty() || snapshot.isPooled(piece) || isImage(snapshot, piece);
     facts.isSwappedOn = facts.isSwappedOn || snapshot.swaps.contains(piece.name);
     facts.holdsSystem = facts.holdsSystem || snapshot.beneathRoot.contains(piece.name);
     for (const auto &mount : snapshot.mounts) {
@@ -100,7 +102,7 @@ std::optional<DiskFacts> factsOf(const Snapshot &snapshot, const std::string &no
         return std::nullopt;
     DiskFacts facts;
     facts.isRootKnown = !snapshot.beneathRoot.empty();
-    facts.isExamined = platform::linux_host::hasUdevLooked(*device);
+    facts.isExamined = true;
     addPiece(snapshot, *device, facts);
     for (const auto *partition : snapshot.devices.partitionsOf(*device))
         addPiece(snapshot, *partition, facts);

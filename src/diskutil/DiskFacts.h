@@ -27,7 +27,7 @@ struct DiskFacts
     bool isRootKnown = false; ///< it is known which disks hold the running system
     bool holdsSystem = false;
     bool isSwappedOn = false;
-    bool isExamined = false; ///< udev has looked at what is on it
+    bool isExamined = false; ///< udev has looked at what is on it and on each of its partitions
     bool isMember = false;   ///< of a RAID set or a volume group
     bool isHeld = false;     ///< something is built upon it
     std::vector<MountedPiece> mounted;

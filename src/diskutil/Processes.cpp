@@ -1,11 +1,11 @@
 #include "diskutil/Processes.h"
 
 #include "foundation/DisplayPath.h"
+#include "platform/linux/DeviceList.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <sys/stat.h>
 
 namespace orvana::diskutil
 {
@@ -15,25 +15,24 @@ namespace
 
 namespace fs = std::filesystem;
 
-bool liesOn(const fs::path &path, dev_t device)
+// Where the link leads is only read: to follow it could wait for ever, for a file system that does not
+// answer.
+bool leadsTo(const fs::path &link, const std::string &point)
 {
-    struct stat found{};
-    return ::stat(path.c_str(), &found) == 0 && found.st_dev == device;
+    std::error_code error;
+    const auto target = fs::read_symlink(link, error).native();
+    return target == point || platform::linux_host::isBelow(target, point);
 }
 
-bool uses(const fs::path &process, dev_t device)
+bool uses(const fs::path &process, const std::string &point)
 {
     for (const char *place : {"cwd", "root", "exe"}) {
-        if (liesOn(process / place, device))
+        if (leadsTo(process / place, point))
             return true;
     }
-    std::error_code error;
-    for (fs::directory_iterator file(process / "fd", error), end; !error && file != end;
-         file.increment(error)) {
-        if (liesOn(file->path(), device))
-            return true;
-    }
-    return false;
+    const auto files = platform::linux_host::namesIn(process / "fd");
+    return std::any_of(files.begin(), files.end(),
+                       [&](const std::string &file) { return leadsTo(process / "fd" / file, point); });
 }
 
 } // namespace
@@ -41,18 +40,13 @@ bool uses(const fs::path &process, dev_t device)
 std::vector<std::string> processesUsing(const std::string &point)
 {
     std::vector<std::string> found;
-    struct stat volume{};
-    if (::stat(point.c_str(), &volume) != 0)
-        return found;
-    std::error_code error;
-    for (fs::directory_iterator process("/proc", error), end; !error && process != end;
-         process.increment(error)) {
-        const auto number = process->path().filename().native();
+    for (const auto &number : platform::linux_host::namesIn("/proc")) {
         const bool isProcess = number.find_first_not_of("0123456789") == std::string::npos;
-        if (!isProcess || !uses(process->path(), volume.st_dev))
+        const auto process = fs::path("/proc") / number;
+        if (!isProcess || !uses(process, point))
             continue;
         std::string name;
-        std::getline(std::ifstream(process->path() / "comm"), name);
+        std::getline(std::ifstream(process / "comm"), name);
         auto &text = found.emplace_back(displayPath(name));
         text.append(" (").append(number).append(")");
     }

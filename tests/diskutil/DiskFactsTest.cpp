@@ -157,6 +157,25 @@ TEST_F(DiskFactsOf, MemberAmongSeveralThingsAtOnceIsFound)
     EXPECT_TRUE(facts().isMember);
 }
 
+TEST_F(DiskFactsOf, MembersThatUdevDoesNotNameAreFoundByTheTable)
+{
+    for (const auto *type : {"52414944-0000-11aa-aa11-00306543ecac", "af9b60a0-1431-4f62-bc68-3311714a69ad",
+                             "e75caf8f-f680-4cee-afa3-b001e56efc2d", "0x42"}) {
+        const auto disk = addBayDisk({std::string("ID_PART_ENTRY_TYPE=") + type});
+        EXPECT_TRUE(facts().isMember) << type;
+        m_machine.pull(disk);
+    }
+    addBayDisk({"ID_PART_ENTRY_TYPE=0x42", "ID_FS_TYPE=ext4"});
+    EXPECT_FALSE(facts().isMember) << "it was one before";
+}
+
+TEST_F(DiskFactsOf, DiskWithAPartitionThatUdevHasNotLookedAtIsNotErasable)
+{
+    addBayDisk(Unexamined);
+    EXPECT_FALSE(facts().isExamined);
+    EXPECT_FALSE(diskutil::checkErasable("/dev/sdb", facts()));
+}
+
 TEST_F(DiskFactsOf, WhatIsBuiltUponItIsFound)
 {
     addBayDisk();

@@ -148,6 +148,16 @@ long decimalNumber(const std::string &text)
     return numberIn(text, 10);
 }
 
+std::vector<std::string> namesIn(const std::filesystem::path &folder)
+{
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        names.push_back(entry->path().filename().native());
+    return names;
+}
+
 bool isBelow(std::string_view path, std::string_view above)
 {
     return path.size() > above.size() && path.starts_with(above) && path[above.size()] == '/';

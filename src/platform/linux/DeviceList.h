@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
@@ -68,6 +69,9 @@ std::string pathAbove(const std::string &path);
 /// The number behind "0x", or plain; -1 when the text is none.
 long hexNumber(const std::string &text);
 long decimalNumber(const std::string &text);
+
+/// The names of what is in a folder; none for one that is not there.
+std::vector<std::string> namesIn(const std::filesystem::path &folder);
 
 /// True when `path` lies below `above`.
 bool isBelow(std::string_view path, std::string_view above);

@@ -2,7 +2,6 @@
 
 #include "platform/linux/DeviceList.h"
 
-#include <filesystem>
 #include <libudev.h>
 #include <memory>
 
@@ -46,16 +45,6 @@ const std::vector<Subsystem> &subsystems()
 std::string textOf(const char *text)
 {
     return text ? text : std::string();
-}
-
-std::vector<std::string> namesIn(const std::filesystem::path &folder)
-{
-    std::vector<std::string> names;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error))
-        names.push_back(entry->path().filename().native());
-    return names;
 }
 
 Device deviceOf(udev_device &source, const Subsystem &subsystem)

@@ -205,6 +205,18 @@ std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse)
 
 bool isMember(const Device &device)
 {
+    // udev names nothing on these; a file system that it does name was made there since.
+    static const std::set<std::string> memberTypes{
+        "52414944-0000-11aa-aa11-00306543ecac", // a set of HFS+'s own system
+        "52414944-5f4f-11aa-aa11-00306543ecac", // the same, taken apart
+        "53746f72-6167-11aa-aa11-00306543ecac", // that system's volume group
+        "5808c8aa-7e8f-42e0-85d2-e1e90434cfb3", // dynamic disk, its description
+        "af9b60a0-1431-4f62-bc68-3311714a69ad", // dynamic disk, its data
+        "e75caf8f-f680-4cee-afa3-b001e56efc2d", // storage pool
+        "0x42",                                 // dynamic disk, in the older table
+    };
+    if (device.property("ID_FS_TYPE").empty() && memberTypes.contains(device.property("ID_PART_ENTRY_TYPE")))
+        return true;
     const auto type = device.property("ID_FS_TYPE");
     // Where several things were recognised at once, udev lists them all and settles on none.
     const auto several = device.property("ID_FS_AMBIVALENT");

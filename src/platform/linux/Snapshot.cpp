@@ -9,37 +9,46 @@ namespace orvana::platform::linux_host
 namespace
 {
 
-// Longer chains of images within images are no sane system's.
-constexpr int DeepestStack = 16;
+std::vector<std::set<std::string>> readPools(const std::string &folder)
+{
+    std::vector<std::set<std::string>> pools;
+    for (const auto &name : namesIn(folder)) {
+        const auto devices = namesIn(std::filesystem::path(folder) / name / "devices");
+        if (devices.size() > 1)
+            pools.emplace_back(devices.begin(), devices.end());
+    }
+    return pools;
+}
 
-/// Follows a file system down to the devices that it really lies on.
+/// Follows a file system down to the devices that it really lies on. Layers and images may refer to each
+/// other in any way; each mount and each device is followed once.
 class Foundations
 {
 public:
-    Foundations(const Snapshot &snapshot, const SystemFiles &files) : m_snapshot(snapshot), m_files(files) {}
+    explicit Foundations(const Snapshot &snapshot) : m_snapshot(snapshot) {}
 
     std::set<std::string> ofPath(const std::string &path)
     {
-        addPath(path, 0);
+        addPath(path);
         return std::move(m_found);
     }
 
 private:
-    void addPath(const std::string &path, int level)
+    void addPath(const std::string &path)
     {
         const auto *mount = mountAt(m_snapshot.mounts, path);
-        if (!mount || level > DeepestStack)
+        if (!mount || !m_seenMounts.insert(mount).second)
             return;
         if (const auto *device = deviceOf(m_snapshot.devices, *mount))
-            addDevice(*device, level);
+            addDevice(*device);
         if (mount->type == "overlay") {
             for (const char *layer : {"lowerdir=", "upperdir="})
-                addLayers(mount->options, layer, path, level);
+                addLayers(mount->options, layer);
         }
     }
 
     // "lowerdir=/a:/b": each is a path of its own, seen from where the layers were put together.
-    void addLayers(const std::string &options, const std::string &key, const std::string &own, int level)
+    void addLayers(const std::string &options, const std::string &key)
     {
         auto start = options.find(key);
         if (start == std::string::npos)
@@ -49,44 +58,39 @@ private:
         while (start < end) {
             const auto next = std::min(options.find(':', start), end);
             const auto path = options.substr(start, next - start);
-            if (path.starts_with('/') && path != own)
-                addPath(path, level + 1);
+            if (path.starts_with('/'))
+                addPath(path);
             start = next + 1;
         }
     }
 
-    void addDevice(const Device &device, int level)
+    void addDevice(const Device &device)
     {
-        if (level > DeepestStack)
+        if (!m_seenDevices.insert(&device).second)
             return;
-        for (const auto &name : device.slaves) {
-            if (const auto *slave = m_snapshot.devices.blockNamed(name))
-                addDevice(*slave, level + 1);
+        addNamed(device.slaves);
+        for (const auto &pool : m_snapshot.pools) {
+            if (pool.contains(device.name))
+                addNamed(pool);
         }
         if (const auto image = device.attribute("loop/backing_file"); !image.empty())
-            addPath(image, level + 1);
+            addPath(image);
         else if (device.slaves.empty())
-            addWithCompanions(device);
+            m_found.insert(device.name);
     }
 
-    // A file system over several devices is mounted by one of them.
-    void addWithCompanions(const Device &device)
+    template <class Names>
+    void addNamed(const Names &names)
     {
-        m_found.insert(device.name);
-        std::error_code error;
-        for (std::filesystem::directory_iterator entry(m_files.btrfs, error), end; !error && entry != end;
-             entry.increment(error)) {
-            const auto members = entry->path() / "devices";
-            std::error_code none;
-            if (!std::filesystem::exists(members / device.name, none))
-                continue;
-            for (const auto &member : std::filesystem::directory_iterator(members, none))
-                m_found.insert(member.path().filename().native());
+        for (const auto &name : names) {
+            if (const auto *device = m_snapshot.devices.blockNamed(name))
+                addDevice(*device);
         }
     }
 
     const Snapshot &m_snapshot;
-    const SystemFiles &m_files;
+    std::set<const Mount *> m_seenMounts;
+    std::set<const Device *> m_seenDevices;
     std::set<std::string> m_found;
 };
 
@@ -106,9 +110,15 @@ bool Snapshot::isMounted(const Device &device) const
                        [&](const Mount &mount) { return deviceOf(devices, mount) == &device; });
 }
 
+bool Snapshot::isPooled(const Device &device) const
+{
+    return std::any_of(pools.begin(), pools.end(),
+                       [&](const std::set<std::string> &pool) { return pool.contains(device.name); });
+}
+
 Snapshot readSnapshot(const SystemFiles &files)
 {
-    Snapshot snapshot{files.devices(), readMounts(files.mounts), {}, {}};
+    Snapshot snapshot{files.devices(), readMounts(files.mounts), {}, readPools(files.btrfs), {}};
     for (const auto &source : readSwaps(files.swaps)) {
         const auto *device = snapshot.devices.blockAtNode(source);
         // A file is swapped on by way of the file system that it lies on.
@@ -118,7 +128,7 @@ Snapshot readSnapshot(const SystemFiles &files)
         if (device)
             snapshot.swaps.insert(device->name);
     }
-    snapshot.beneathRoot = Foundations(snapshot, files).ofPath("/");
+    snapshot.beneathRoot = Foundations(snapshot).ofPath("/");
     return snapshot;
 }
 

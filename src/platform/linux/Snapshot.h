@@ -12,10 +12,10 @@ namespace orvana::platform::linux_host
 /// Where the machine's devices and tables are found; tests name what is theirs.
 struct SystemFiles
 {
-    std::function<DeviceList()> devices = readDevices;
     std::string mounts = "/proc/self/mountinfo";
     std::string swaps = "/proc/swaps";
     std::string btrfs = "/sys/fs/btrfs"; ///< folder with one folder a file system, "devices" in each
+    std::function<DeviceList()> devices = readDevices;
 };
 
 /// Devices and mounts as they were at one time.
@@ -24,12 +24,17 @@ struct Snapshot
     DeviceList devices;
     std::vector<Mount> mounts;
     std::set<std::string> swaps; ///< kernel names of block devices that are swapped on, or hold a swap file
+    /// Of each file system in use that lies on several devices, their kernel names.
+    std::vector<std::set<std::string>> pools;
     /// Kernel names of the partitions and whole disks that hold the running system: what "/" lies on, by way
     /// of volume groups, encryption, images, layers and file systems over several devices.
     std::set<std::string> beneathRoot;
 
     /// True when a file system on this very device is mounted.
     bool isMounted(const Device &device) const;
+
+    /// True when a file system in use lies on this device and others.
+    bool isPooled(const Device &device) const;
 };
 
 Snapshot readSnapshot(const SystemFiles &files);

@@ -189,6 +189,8 @@ std::string MadeUpMachine::addPartition(const std::string &disk, int number,
                                    "E: DEVNAME=/dev/" + node,
                                    "A: partition=" + std::to_string(number),
                                    "A: size=2048"};
+    if (properties != Unexamined)
+        lines.push_back("E: ID_PART_ENTRY_NUMBER=" + std::to_string(number));
     for (const auto &property : properties)
         lines.push_back("E: " + property);
     const auto path = add(disk + "/" + node, "block", lines);

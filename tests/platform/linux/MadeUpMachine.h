@@ -26,6 +26,9 @@ struct MadeUpDisk
     std::vector<std::string> properties{}; ///< further ones of udev's: "ID_PART_TABLE_TYPE=gpt"
 };
 
+/// In place of a partition's properties: udev has not looked at it yet.
+inline const std::vector<std::string> Unexamined{"PARTN=1"};
+
 /// A machine whose devices the test makes up, seen by the kernel's and udev's own interfaces. One at a time.
 ///
 /// Paths are the kernel's, below "/sys"; functions that add a device return its path.

@@ -120,6 +120,33 @@ TEST_F(LinuxVolumes, RootOverSeveralDevicesOfOneFileSystemCountsForEach)
     EXPECT_EQ(volumes(), (Lines{"/dev/disk0s1 /", "/dev/disk1s1 /"}));
 }
 
+TEST_F(LinuxVolumes, RootOverSeveralEncryptedDevicesCountsForEach)
+{
+    for (int i = 0; i < 2; ++i) {
+        const auto disk = std::string("sd") + "ab"[i];
+        const auto mapped = "dm-" + std::to_string(i);
+        m_machine.makeFolder(m_machine.addPartition(m_machine.addSataDisk(m_internal, i, {.node = disk}), 1) +
+                             "/holders/" + mapped);
+        m_machine.add("/sys/devices/virtual/block/" + mapped, "block",
+                      {"N: " + mapped, "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=" + std::to_string(i),
+                       "A: size=10"});
+        m_machine.makeFolder("/sys/devices/virtual/block/" + mapped + "/slaves/" + disk + "1");
+        m_btrfs.folder("some-uuid/devices/" + mapped);
+    }
+    m_machine.mountLine("36 1 0:30 /@ / rw - btrfs /dev/dm-0 rw");
+    EXPECT_EQ(volumes(), (Lines{"/dev/disk0s1 /", "/dev/disk1s1 /"}));
+}
+
+TEST_F(LinuxVolumes, ManyLayersThatCannotBeSeenFromHereAreFollowedOnce)
+{
+    addInternal("sda");
+    std::string layers = "/l/0";
+    for (int i = 1; i < 60; ++i)
+        layers.append(":/l/").append(std::to_string(i));
+    m_machine.mountLine("36 1 0:30 / / rw - overlay overlay rw,lowerdir=" + layers);
+    EXPECT_EQ(look()->snapshot.beneathRoot, std::set<std::string>());
+}
+
 TEST_F(LinuxVolumes, LayeredRootCountsForTheDiskOfItsLayers)
 {
     addInternal("sda");
