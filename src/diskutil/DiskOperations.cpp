@@ -90,10 +90,13 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(same.error());
     const auto volume = with.service.makeVolume(request.node, *format, request.name);
     if (!volume)
-        return tl::unexpected(volume.error());
+        return trouble(Failed,
+                       displayPath(request.node) +
+                           " has a new partition table, but no volume to use: " + volume.error().reason);
     const auto point = with.service.mount(*volume);
     if (!point)
-        return tl::unexpected(point.error());
+        return trouble(Failed,
+                       displayPath(*volume) + " is erased, but cannot be mounted: " + point.error().reason);
     return "Finished erase on " + request.node + ": " + format->type + " at " + displayPath(*point);
 }
 

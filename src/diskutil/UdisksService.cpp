@@ -44,7 +44,9 @@ std::string reasonOf(const QDBusMessage &reply)
         return "it is in use";
     if (name.endsWith(QStringLiteral("NoReply")) || name.endsWith(QStringLiteral("Timeout")))
         return "the disk service did not answer in time";
-    return displayPath(reply.errorMessage().toStdString());
+    // The programs that the service runs may add pages of advice.
+    const auto text = reply.errorMessage().toStdString();
+    return displayPath(text.substr(0, text.find('\n')));
 }
 
 bool isMissing(const QDBusMessage &reply)
@@ -233,8 +235,7 @@ Outcome<std::string> UdisksService::makeVolume(const std::string &node, const Vo
                      QString(), QVariantMap(), QString::fromLatin1(format.type), formatting},
                     Failed, InTimeMilliseconds);
     if (!reply)
-        return trouble(Failed, displayPath(node) +
-                                   " has an empty partition table, but no volume: " + reply.error().reason);
+        return tl::unexpected(reply.error());
     const auto partition = reply->value(0).value<QDBusObjectPath>().path();
     const auto device = m_bus->property(partition, "Block", "Device");
     if (!device)
@@ -255,7 +256,7 @@ Outcome<std::string> UdisksService::mount(const std::string &node)
         if (!list.isEmpty())
             return textOf(list[0]);
     }
-    return trouble(Failed, displayPath(node) + " is erased, but cannot be mounted: " + reply.error().reason);
+    return tl::unexpected(reply.error());
 }
 
 Outcome<void> UdisksService::release(const std::string &node)

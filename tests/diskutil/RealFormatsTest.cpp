@@ -91,6 +91,17 @@ TEST_F(RealDisks, VolumeThatIsMadeAndCannotBeMountedIsTold)
     EXPECT_EQ(disk->mountPoint(), "");
 }
 
+TEST_F(RealDisks, VolumeThatCannotBeMadeIsToldInOneLine)
+{
+    const auto disk = addBlankDisk(8);
+    const auto said = erase(*disk, "COPY", "xfs");
+    EXPECT_EQ(said.status, 1) << said.text;
+    EXPECT_NE(said.text.find(disk->node() + " has a new partition table, but no volume to use: "),
+              std::string::npos)
+        << said.text;
+    EXPECT_EQ(said.text.find("\\x0A"), std::string::npos) << said.text;
+}
+
 TEST_F(PlayedAuthority, VolumeBelongsToWhoErasedInEveryFormat)
 {
     const ExfatMounts mounts;
