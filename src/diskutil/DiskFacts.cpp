@@ -45,12 +45,15 @@ void addPiece(const Snapshot &snapshot, const Device &piece, DiskFacts &facts)
     facts.isHeld = facts.isHeld || !piece.holders.empty() || isImage(snapshot, piece);
     facts.isSwappedOn = facts.isSwappedOn || snapshot.swaps.contains(piece.name);
     facts.holdsSystem = facts.holdsSystem || snapshot.beneathRoot.contains(piece.name);
+    const auto before = facts.mounted.size();
     for (const auto &mount : snapshot.mounts) {
         if (platform::linux_host::deviceOf(snapshot.devices, mount) != &piece)
             continue;
         facts.holdsSystem = facts.holdsSystem || isSystemPlace(mount.target);
         facts.mounted.push_back({"/dev/" + piece.name, mount.target});
     }
+    // Mounted by another disk, where it cannot be unmounted for this one.
+    facts.isHeld = facts.isHeld || (facts.mounted.size() == before && snapshot.isMounted(piece));
 }
 
 Outcome<void> refuse(const std::string &node, const char *why)

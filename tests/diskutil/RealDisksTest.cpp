@@ -129,7 +129,8 @@ TEST_F(RealDisks, OtherHalfOfAMountedPairIsRefused)
     first->mount(m_tree.folder("here"));
     ASSERT_EQ(first->mountPoint(), m_tree.path("here"));
     ASSERT_EQ(second->mountPoint(), "");
-    expectRefusal(*second, "is in use");
+    expectRefusal(*second, "is in use: something is built upon it");
+    EXPECT_EQ(eject(*second).status, 3);
     EXPECT_EQ(first->mountPoint(), m_tree.path("here"));
 }
 

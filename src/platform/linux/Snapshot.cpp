@@ -90,6 +90,21 @@ private:
     std::set<std::string> m_found;
 };
 
+// Folders are there as long as the file system is mounted.
+std::set<std::string> readCompanions(const std::string &folder)
+{
+    std::set<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code none;
+        for (std::filesystem::directory_iterator member(entry->path() / "devices", none);
+             !none && member != end; member.increment(none))
+            names.insert(member->path().filename().native());
+    }
+    return names;
+}
+
 // The higher, the sooner it is taken for the device's mount point.
 int rankOf(const Mount &mount)
 {
@@ -102,13 +117,14 @@ int rankOf(const Mount &mount)
 
 bool Snapshot::isMounted(const Device &device) const
 {
-    return std::any_of(mounts.begin(), mounts.end(),
+    return companions.contains(device.name) ||
+           std::any_of(mounts.begin(), mounts.end(),
                        [&](const Mount &mount) { return deviceOf(devices, mount) == &device; });
 }
 
 Snapshot readSnapshot(const SystemFiles &files)
 {
-    Snapshot snapshot{files.devices(), readMounts(files.mounts), {}, {}};
+    Snapshot snapshot{files.devices(), readMounts(files.mounts), {}, {}, readCompanions(files.btrfs)};
     for (const auto &source : readSwaps(files.swaps)) {
         const auto *device = snapshot.devices.blockAtNode(source);
         // A file is swapped on by way of the file system that it lies on.

@@ -27,8 +27,10 @@ struct Snapshot
     /// Kernel names of the partitions and whole disks that hold the running system: what "/" lies on, by way
     /// of volume groups, encryption, images, layers and file systems over several devices.
     std::set<std::string> beneathRoot;
+    /// Kernel names of what mounted file systems over several devices lie on; the mount table names one each.
+    std::set<std::string> companions;
 
-    /// True when a file system on this very device is mounted.
+    /// True when a file system on this very device is mounted, if only as one of several.
     bool isMounted(const Device &device) const;
 };
 
