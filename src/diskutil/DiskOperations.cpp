@@ -75,7 +75,7 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(possible.error());
     if (const auto unmounted = unmountAll(request, with, checkErasable); !unmounted)
         return tl::unexpected(unmounted.error());
-    if (const auto alone = with.service.checkNobodyHas(request.node); !alone)
+    if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
         return tl::unexpected(alone.error());
     // The service cannot work on a disk that is held open, so between this look and its first write the disk
     // is guarded by nothing.
@@ -104,6 +104,9 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
 {
     if (const auto unmounted = unmountAll(request, with, checkEjectable); !unmounted)
         return tl::unexpected(unmounted.error());
+    // A password for each disk that is let go would be too much.
+    if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsNotAskedFor); !alone)
+        return tl::unexpected(alone.error());
     if (const auto released = with.service.release(request.node); !released)
         return tl::unexpected(released.error());
     return "Disk " + request.node + " ejected";

@@ -234,7 +234,15 @@ TEST_F(DiskUtility, EjectUnmountsEverythingAndLetsGo)
     const auto done = eject();
     ASSERT_TRUE(done) << done.error().reason;
     EXPECT_EQ(*done, "Disk /dev/sdb ejected");
-    EXPECT_EQ(m_service.calls, (Calls{"unmount /dev/sdb2", "unmount /dev/sdb1", "release /dev/sdb"}));
+    EXPECT_EQ(m_service.calls, (Calls{"unmount /dev/sdb2", "unmount /dev/sdb1", "checkWithoutAsking /dev/sdb",
+                                      "release /dev/sdb"}));
+}
+
+TEST_F(DiskUtility, DiskThatSomebodyElseHasIsNotEjected)
+{
+    m_service.failing["checkWithoutAsking"] = Refused;
+    EXPECT_EQ(eject().error().status, Refused);
+    EXPECT_EQ(m_service.calls, Calls{"checkWithoutAsking /dev/sdb"});
 }
 
 TEST_F(DiskUtility, EjectOfABusyVolumeSaysWhoUsesItAndKeepsTheDisk)

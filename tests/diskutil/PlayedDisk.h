@@ -25,9 +25,10 @@ public:
             m_disk->mounted.pop_back();
         return done;
     }
-    Outcome<void> checkNobodyHas(const std::string &node) override
+    Outcome<void> checkNobodyHas(const std::string &node, Password password) override
     {
-        const auto done = note("checkNobodyHas " + node);
+        const auto done =
+            note((password == Password::IsAskedFor ? "checkNobodyHas " : "checkWithoutAsking ") + node);
         afterCheck();
         return done;
     }

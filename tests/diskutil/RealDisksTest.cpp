@@ -73,6 +73,7 @@ TEST_F(RealDisks, DiskThatAnotherNamespaceHasMountedIsRefused)
     const ForeignMount elsewhere(disk->partition(), m_tree.folder("here"));
     EXPECT_EQ(disk->mountPoint(), "");
     expectRefusal(*disk, "is in use by another program");
+    EXPECT_EQ(eject(*disk).status, 3);
 }
 
 TEST_F(RealDisks, PartOfTheSystemIsRefused)
