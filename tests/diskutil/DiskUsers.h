@@ -72,7 +72,7 @@ public:
     AttachedImage(const AttachedImage &) = delete;
     AttachedImage &operator=(const AttachedImage &) = delete;
 
-    const std::string &node() const { return m_node; }
+    std::string device() const { return m_node.substr(5); } ///< "loop3"
 
 private:
     std::string m_node;

@@ -113,12 +113,12 @@ TEST_F(RealDisks, VolumeWithASwapFileIsRefused)
     EXPECT_EQ(disk->mountPoint(), m_tree.path("here"));
 }
 
-TEST_F(RealDisks, VolumeWithAnAttachedImageIsRefused)
+TEST_F(RealDisks, VolumeWithAnAttachedImageIsRefusedWithTheImage)
 {
     const auto disk = addDisk();
     disk->mount(m_tree.folder("here"));
     const AttachedImage image(m_tree.path("here/image"));
-    expectRefusal(*disk, m_tree.path("here") + " cannot be unmounted: it is in use");
+    expectRefusal(*disk, "cannot be unmounted: it is in use; in use by image (" + image.device() + ")");
     EXPECT_EQ(disk->mountPoint(), m_tree.path("here"));
 }
 

@@ -1,4 +1,4 @@
-#include "diskutil/Processes.h"
+#include "diskutil/VolumeUsers.h"
 
 #include "foundation/DisplayPath.h"
 
@@ -36,9 +36,24 @@ bool uses(const fs::path &process, dev_t device)
     return false;
 }
 
+// A file of the volume may be a loop device's, which no process has open.
+void addImages(dev_t device, std::vector<std::string> &found)
+{
+    std::error_code error;
+    for (fs::directory_iterator block("/sys/block", error), end; !error && block != end;
+         block.increment(error)) {
+        std::string image;
+        if (!std::getline(std::ifstream(block->path() / "loop/backing_file"), image) ||
+            !liesOn(image, device))
+            continue;
+        auto &text = found.emplace_back(displayPath(fs::path(image).filename().native()));
+        text.append(" (").append(block->path().filename().native()).append(")");
+    }
+}
+
 } // namespace
 
-std::vector<std::string> processesUsing(const std::string &point)
+std::vector<std::string> usersOf(const std::string &point)
 {
     std::vector<std::string> found;
     struct stat volume{};
@@ -56,6 +71,7 @@ std::vector<std::string> processesUsing(const std::string &point)
         auto &text = found.emplace_back(displayPath(name));
         text.append(" (").append(number).append(")");
     }
+    addImages(volume.st_dev, found);
     std::sort(found.begin(), found.end());
     return found;
 }
