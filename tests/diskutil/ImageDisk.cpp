@@ -137,6 +137,15 @@ void ImageDisk::plantVolumeGroupMember() const
     examine();
 }
 
+void ImageDisk::markExternal() const
+{
+    const auto name = m_node.substr(m_node.rfind('/') + 1);
+    std::ofstream("/run/udev/rules.d/98-" + name + ".rules")
+        << "KERNEL==\"" << name << "|" << name << "p*\", ENV{UDISKS_SYSTEM}=\"0\", ENV{UDISKS_AUTO}=\"1\"\n";
+    must("udevadm control --reload");
+    examine();
+}
+
 std::vector<std::string> ImageDisk::expectations() const
 {
     const auto device = m_node.substr(m_node.rfind('/') + 1);

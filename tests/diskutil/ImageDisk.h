@@ -43,6 +43,9 @@ public:
     void plantRaidMember() const;
     void plantVolumeGroupMember() const;
 
+    /// Has udev say of it what the package's rule says of disks in bays.
+    void markExternal() const;
+
     /// "--expect-..." for the disk as it is now.
     std::vector<std::string> expectations() const;
 

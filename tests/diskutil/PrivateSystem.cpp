@@ -21,11 +21,30 @@ bool hasNoDiskService()
     return hasPrivateSystem() && std::getenv("ORVANA_NO_DISK_SERVICE") != nullptr;
 }
 
-void setAuthority(Authority answer)
+namespace
+{
+
+void tellAuthority(const std::string &words)
 {
     must("dbus-send --system --print-reply --dest=org.freedesktop.PolicyKit1 "
-         "/org/freedesktop/PolicyKit1/Authority org.freedesktop.DBus.Mock.AllowUnknown boolean:" +
-         std::string(answer == Authority::Allows ? "true" : "false"));
+         "/org/freedesktop/PolicyKit1/Authority org.freedesktop.DBus.Mock." +
+         words);
+}
+
+} // namespace
+
+void setAuthority(Authority answer)
+{
+    tellAuthority("AllowUnknown boolean:" + std::string(answer == Authority::Allows ? "true" : "false"));
+}
+
+void allowOnly(const std::vector<std::string> &actions)
+{
+    setAuthority(Authority::Denies);
+    std::string list;
+    for (const auto &action : actions)
+        list.append(list.empty() ? "" : ",").append("org.freedesktop.udisks2.").append(action);
+    tellAuthority("SetAllowed array:string:" + list);
 }
 
 Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user)

@@ -20,6 +20,9 @@ enum class Authority { Allows, Denies };
 /// What the played authority says to everything that an ordinary user asks for.
 void setAuthority(Authority answer);
 
+/// Has the played authority allow these of the disk service's actions ("modify-device"), and nothing else.
+void allowOnly(const std::vector<std::string> &actions);
+
 /// Runs the disk utility that takes images in `bays` for disks; as another user where one is named.
 Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user);
 

@@ -40,9 +40,9 @@ Said RealDisks::erase(const ImageDisk &disk, const std::string &name, const std:
     return diskUtility({"eraseDisk", format, name, disk.node()}, disk.expectations(), as);
 }
 
-Said RealDisks::eject(const ImageDisk &disk)
+Said RealDisks::eject(const ImageDisk &disk, const std::string &as)
 {
-    return diskUtility({"eject", disk.node()}, disk.expectations());
+    return diskUtility({"eject", disk.node()}, disk.expectations(), as);
 }
 
 Said RealDisks::diskUtility(std::vector<std::string> words, const std::vector<std::string> &expectations,

@@ -29,7 +29,7 @@ protected:
     /// Calls the utility for a disk, with what is known of it; as another user where one is named.
     Said erase(const ImageDisk &disk, const std::string &name, const std::string &format = "JHFS+",
                const std::string &as = {});
-    Said eject(const ImageDisk &disk);
+    Said eject(const ImageDisk &disk, const std::string &as = {});
     Said diskUtility(std::vector<std::string> words, const std::vector<std::string> &expectations,
                      const std::string &as = {});
 

@@ -211,6 +211,21 @@ TEST_F(PlayedAuthority, UserWhoIsDeniedChangesNothing)
     EXPECT_EQ(disk->digest(), before);
 }
 
+// What an active user may do without a password, and the one question that remains.
+TEST_F(PlayedAuthority, DiskThatIsMarkedExternalNeedsNoRightsOverTheSystemsDisks)
+{
+    const auto disk = addDisk();
+    allowOnly({"modify-device", "filesystem-mount", "open-device"});
+    EXPECT_EQ(erase(*disk, "COPY", "JHFS+", "nobody").status, 3);
+    EXPECT_EQ(disk->label(), "OLD");
+    disk->markExternal();
+    const auto said = erase(*disk, "COPY", "JHFS+", "nobody");
+    EXPECT_EQ(said.status, 0) << said.text;
+    EXPECT_EQ(disk->label(), "COPY");
+    allowOnly({});
+    EXPECT_EQ(eject(*disk, "nobody").status, 0);
+}
+
 class NoDiskService : public RealDisks
 {
 protected:
