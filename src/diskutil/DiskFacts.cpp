@@ -43,16 +43,18 @@ void addPiece(const Snapshot &snapshot, const Device &piece, DiskFacts &facts)
 {
     facts.isExamined = facts.isExamined && platform::linux_host::hasUdevLooked(piece);
     facts.isMember = facts.isMember || platform::linux_host::isMember(piece);
-    facts.isHeld =
-        facts.isHeld || !piece.holders.empty() || snapshot.isPooled(piece) || isImage(snapshot, piece);
+    facts.isHeld = facts.isHeld || !piece.holders.empty() || isImage(snapshot, piece);
     facts.isSwappedOn = facts.isSwappedOn || snapshot.swaps.contains(piece.name);
     facts.holdsSystem = facts.holdsSystem || snapshot.beneathRoot.contains(piece.name);
+    const auto before = facts.mounted.size();
     for (const auto &mount : snapshot.mounts) {
         if (platform::linux_host::deviceOf(snapshot.devices, mount) != &piece)
             continue;
         facts.holdsSystem = facts.holdsSystem || isSystemPlace(mount.target);
         facts.mounted.push_back({"/dev/" + piece.name, mount.target});
     }
+    // Mounted by another disk, where it cannot be unmounted for this one.
+    facts.isHeld = facts.isHeld || (facts.mounted.size() == before && snapshot.isPooled(piece));
 }
 
 Outcome<void> refuse(const std::string &node, const char *why)

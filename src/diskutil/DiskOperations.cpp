@@ -75,7 +75,7 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(possible.error());
     if (const auto unmounted = unmountAll(request, with, checkErasable); !unmounted)
         return tl::unexpected(unmounted.error());
-    if (const auto alone = with.service.checkNobodyHas(request.node); !alone)
+    if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
         return tl::unexpected(alone.error());
     // The service cannot work on a disk that is held open, so between this look and its first write the disk
     // is guarded by nothing.
@@ -90,10 +90,13 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(same.error());
     const auto volume = with.service.makeVolume(request.node, *format, request.name);
     if (!volume)
-        return tl::unexpected(volume.error());
+        return trouble(Failed,
+                       displayPath(request.node) +
+                           " has a new partition table, but no volume to use: " + volume.error().reason);
     const auto point = with.service.mount(*volume);
     if (!point)
-        return tl::unexpected(point.error());
+        return trouble(Failed,
+                       displayPath(*volume) + " is erased, but cannot be mounted: " + point.error().reason);
     return "Finished erase on " + request.node + ": " + format->type + " at " + displayPath(*point);
 }
 
@@ -101,6 +104,9 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
 {
     if (const auto unmounted = unmountAll(request, with, checkEjectable); !unmounted)
         return tl::unexpected(unmounted.error());
+    // A password for each disk that is let go would be too much.
+    if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsNotAskedFor); !alone)
+        return tl::unexpected(alone.error());
     if (const auto released = with.service.release(request.node); !released)
         return tl::unexpected(released.error());
     return "Disk " + request.node + " ejected";

@@ -11,7 +11,7 @@ struct Surroundings
 {
     std::function<std::optional<DiskFacts>(const std::string &node)> lookAt;
     DiskService &service;
-    /// Which processes use the file system mounted at the point: "cp (1234)".
+    /// Who uses the file system mounted at the point: "cp (1234)".
     std::function<std::vector<std::string>(const std::string &point)> usersOf;
     std::optional<std::string> formatSetting;
 };

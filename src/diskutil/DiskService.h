@@ -8,6 +8,8 @@
 namespace orvana::diskutil
 {
 
+enum class Password { IsAskedFor, IsNotAskedFor };
+
 /// What changes disks. Nodes are the kernel's, "/dev/sdb" and "/dev/sdb1". Calls wait for their end; every
 /// one has an end.
 class DiskService
@@ -21,8 +23,9 @@ public:
     /// Unmounts the file system of the node once. In use is a trouble of status Refused.
     virtual Outcome<void> unmount(const std::string &node) = 0;
 
-    /// Whether nobody else has the whole disk: a mount in another namespace, a set, a program.
-    virtual Outcome<void> checkNobodyHas(const std::string &node) = 0;
+    /// Whether nobody else has the whole disk: a mount in another namespace, a set, a program. Without asking
+    /// the user for a password, what an ordinary user may not look at counts as free.
+    virtual Outcome<void> checkNobodyHas(const std::string &node, Password password) = 0;
 
     /// Writes a new, empty partition table over the whole disk.
     virtual Outcome<void> makeTable(const std::string &node) = 0;

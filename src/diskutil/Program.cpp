@@ -1,8 +1,8 @@
 #include "diskutil/Program.h"
 
 #include "diskutil/DiskOperations.h"
-#include "diskutil/Processes.h"
 #include "diskutil/UdisksService.h"
+#include "diskutil/VolumeUsers.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -27,7 +27,7 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule,
     const auto lookAt = [&](const std::string &node) {
         return factsOf(platform::linux_host::readSnapshot(files), node, rule);
     };
-    const Surroundings surroundings{lookAt, service, processesUsing, formatSetting()};
+    const Surroundings surroundings{lookAt, service, usersOf, formatSetting()};
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
                                            : ejectDisk(request, surroundings);
 }

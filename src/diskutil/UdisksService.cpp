@@ -44,7 +44,9 @@ std::string reasonOf(const QDBusMessage &reply)
         return "it is in use";
     if (name.endsWith(QStringLiteral("NoReply")) || name.endsWith(QStringLiteral("Timeout")))
         return "the disk service did not answer in time";
-    return displayPath(reply.errorMessage().toStdString());
+    // The programs that the service runs may add pages of advice.
+    const auto text = reply.errorMessage().toStdString();
+    return displayPath(text.substr(0, text.find('\n')));
 }
 
 bool isMissing(const QDBusMessage &reply)
@@ -185,7 +187,7 @@ Outcome<void> UdisksService::unmount(const std::string &node)
     return {};
 }
 
-Outcome<void> UdisksService::checkNobodyHas(const std::string &node)
+Outcome<void> UdisksService::checkNobodyHas(const std::string &node, Password password)
 {
     const auto inUse = trouble(Refused, displayPath(node) + " is in use by another program");
     const platform::posix::Descriptor own(::open(node.c_str(), O_RDONLY | O_EXCL | O_NONBLOCK | O_CLOEXEC));
@@ -193,6 +195,8 @@ Outcome<void> UdisksService::checkNobodyHas(const std::string &node)
         return {};
     if (errno == EBUSY)
         return inUse;
+    if (password == Password::IsNotAskedFor)
+        return {};
     // An ordinary user may not open disks; the service can do it in their place.
     const auto object = m_bus->objectOf(node);
     if (!object)
@@ -233,8 +237,7 @@ Outcome<std::string> UdisksService::makeVolume(const std::string &node, const Vo
                      QString(), QVariantMap(), QString::fromLatin1(format.type), formatting},
                     Failed, InTimeMilliseconds);
     if (!reply)
-        return trouble(Failed, displayPath(node) +
-                                   " has an empty partition table, but no volume: " + reply.error().reason);
+        return tl::unexpected(reply.error());
     const auto partition = reply->value(0).value<QDBusObjectPath>().path();
     const auto device = m_bus->property(partition, "Block", "Device");
     if (!device)
@@ -255,7 +258,7 @@ Outcome<std::string> UdisksService::mount(const std::string &node)
         if (!list.isEmpty())
             return textOf(list[0]);
     }
-    return trouble(Failed, displayPath(node) + " is erased, but cannot be mounted: " + reply.error().reason);
+    return tl::unexpected(reply.error());
 }
 
 Outcome<void> UdisksService::release(const std::string &node)

@@ -183,6 +183,18 @@ TEST_F(DiskFactsOf, WhatIsBuiltUponItIsFound)
     EXPECT_TRUE(facts().isHeld);
 }
 
+TEST_F(DiskFactsOf, FileSystemThatIsMountedByAnotherDiskIsBuiltUponIt)
+{
+    addBayDisk();
+    m_machine.addPartition(
+        m_machine.addSataDisk(m_machine.controllerOf(m_upper, 1), 0, {.node = "sdc", .serial = "SN2"}), 1);
+    m_machine.makeFolder("/sys/fs/btrfs/some-uuid/devices/sdb1");
+    m_machine.makeFolder("/sys/fs/btrfs/some-uuid/devices/sdc1");
+    m_machine.mountLine("36 1 0:30 / /media/pair rw - btrfs /dev/sdc1 rw");
+    EXPECT_TRUE(facts("/dev/sdb").isHeld);
+    EXPECT_FALSE(facts("/dev/sdc").isHeld) << "it is unmounted like any other";
+}
+
 TEST_F(DiskFactsOf, ImageOnTheBareDeviceIsFound)
 {
     addBayDisk();

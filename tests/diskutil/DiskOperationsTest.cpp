@@ -1,128 +1,9 @@
 // The order of erase and eject, and their refusals, with a service and a disk that the test plays.
 
-#include "diskutil/DiskOperations.h"
-
-#include <algorithm>
-#include <gtest/gtest.h>
+#include "PlayedDisk.h"
 
 namespace orvana::diskutil
 {
-
-namespace
-{
-
-/// Notes what it is asked to do; `failing` names the calls that fail, with their status.
-class PlayedService final : public DiskService
-{
-public:
-    explicit PlayedService(std::optional<DiskFacts> &disk) : m_disk(disk) {}
-
-    Outcome<void> checkFormat(const VolumeFormat &format) override
-    {
-        return note(std::string("checkFormat ") + format.type);
-    }
-    Outcome<void> unmount(const std::string &node) override
-    {
-        const auto done = note("unmount " + node);
-        if (done && m_disk && staysMounted != node)
-            m_disk->mounted.pop_back();
-        return done;
-    }
-    Outcome<void> checkNobodyHas(const std::string &node) override
-    {
-        const auto done = note("checkNobodyHas " + node);
-        afterCheck();
-        return done;
-    }
-    Outcome<void> makeTable(const std::string &node) override
-    {
-        const auto done = note("makeTable " + node);
-        afterTable();
-        return done;
-    }
-    Outcome<std::string> makeVolume(const std::string &node, const VolumeFormat &format,
-                                    const std::string &name) override
-    {
-        const auto done = note("makeVolume " + node + " " + format.type + " " + name);
-        return done.map([&] { return node + "1"; });
-    }
-    Outcome<std::string> mount(const std::string &node) override
-    {
-        return note("mount " + node).map([] { return std::string("/media/anna/COPY 11"); });
-    }
-    Outcome<void> release(const std::string &node) override { return note("release " + node); }
-
-    /// True when a byte of the disk may have been written.
-    bool hasWritten() const
-    {
-        return std::any_of(calls.begin(), calls.end(), [](const std::string &call) {
-            return call.starts_with("makeTable") || call.starts_with("makeVolume");
-        });
-    }
-
-    std::vector<std::string> calls;
-    std::map<std::string, ExitStatus> failing;
-    std::string staysMounted;
-    std::function<void()> afterCheck = [] {};
-    std::function<void()> afterTable = [] {};
-
-private:
-    Outcome<void> note(const std::string &call)
-    {
-        calls.push_back(call);
-        const auto found = failing.find(call.substr(0, call.find(' ')));
-        return found == failing.end() ? Outcome<void>() : trouble(found->second, "played trouble");
-    }
-
-    std::optional<DiskFacts> &m_disk;
-};
-
-} // namespace
-
-class DiskUtility : public testing::Test
-{
-protected:
-    DiskUtility()
-    {
-        DiskFacts facts;
-        facts.isWholeDisk = true;
-        facts.identity = {.sequence = 7, .serial = "SN1", .blocks = 1000, .place = "uid/00.0/0"};
-        facts.isInBay = true;
-        facts.isRootKnown = true;
-        facts.isExamined = true;
-        m_disk = facts;
-        m_request.verb = Verb::EraseDisk;
-        m_request.format = "JHFS+";
-        m_request.name = "COPY 1";
-        m_request.node = "/dev/sdb";
-        m_request.expected = {.sequence = 7, .serial = "SN1", .size = 512'000, .bay = "uid/00.0/0"};
-    }
-
-    Outcome<std::string> erase() { return eraseDisk(m_request, surroundings()); }
-    Outcome<std::string> eject() { return ejectDisk(m_request, surroundings()); }
-
-    Surroundings surroundings()
-    {
-        return {[this](const std::string &) { return m_disk; }, m_service,
-                [this](const std::string &) { return m_users; }, m_setting};
-    }
-
-    /// The erase is refused for the reason, and nothing at all was asked of the service.
-    void expectRefusal(const std::string &reason)
-    {
-        const auto done = erase();
-        ASSERT_FALSE(done);
-        EXPECT_EQ(done.error().status, Refused);
-        EXPECT_EQ(done.error().reason, reason);
-        EXPECT_TRUE(m_service.calls.empty());
-    }
-
-    std::optional<DiskFacts> m_disk;
-    PlayedService m_service{m_disk};
-    Request m_request;
-    std::vector<std::string> m_users;
-    std::optional<std::string> m_setting;
-};
 
 using Calls = std::vector<std::string>;
 
@@ -315,15 +196,33 @@ TEST_F(DiskUtility, DiskThatChangesBetweenTheWritesGetsNoVolumeAndFails)
     EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
 }
 
-TEST_F(DiskUtility, TroubleOfTheServiceIsPassedOn)
+TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)
 {
-    for (const auto *call : {"makeTable", "makeVolume", "mount"}) {
-        m_service.failing = {{call, Failed}};
+    for (const auto status : {Failed, Refused, NotThere}) {
+        m_service.failing = {{"makeTable", status}};
         const auto done = erase();
         ASSERT_FALSE(done);
-        EXPECT_EQ(done.error().status, Failed);
+        EXPECT_EQ(done.error().status, status);
         EXPECT_EQ(done.error().reason, "played trouble");
-        EXPECT_TRUE(m_service.calls.back().starts_with(call)) << "nothing comes after it";
+        EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
+    }
+}
+
+// By then the disk is changed, whatever the service says.
+TEST_F(DiskUtility, TroubleAfterTheTableIsNoRefusalAnyMore)
+{
+    const std::pair<const char *, const char *> troubles[] = {
+        {"makeVolume", "/dev/sdb has a new partition table, but no volume to use: played trouble"},
+        {"mount", "/dev/sdb1 is erased, but cannot be mounted: played trouble"}};
+    for (const auto &[call, reason] : troubles) {
+        for (const auto status : {Failed, Refused, NotThere}) {
+            m_service.failing = {{call, status}};
+            const auto done = erase();
+            ASSERT_FALSE(done);
+            EXPECT_EQ(done.error().status, Failed);
+            EXPECT_EQ(done.error().reason, reason);
+            EXPECT_TRUE(m_service.calls.back().starts_with(call)) << "nothing comes after it";
+        }
     }
 }
 
@@ -335,7 +234,15 @@ TEST_F(DiskUtility, EjectUnmountsEverythingAndLetsGo)
     const auto done = eject();
     ASSERT_TRUE(done) << done.error().reason;
     EXPECT_EQ(*done, "Disk /dev/sdb ejected");
-    EXPECT_EQ(m_service.calls, (Calls{"unmount /dev/sdb2", "unmount /dev/sdb1", "release /dev/sdb"}));
+    EXPECT_EQ(m_service.calls, (Calls{"unmount /dev/sdb2", "unmount /dev/sdb1", "checkWithoutAsking /dev/sdb",
+                                      "release /dev/sdb"}));
+}
+
+TEST_F(DiskUtility, DiskThatSomebodyElseHasIsNotEjected)
+{
+    m_service.failing["checkWithoutAsking"] = Refused;
+    EXPECT_EQ(eject().error().status, Refused);
+    EXPECT_EQ(m_service.calls, Calls{"checkWithoutAsking /dev/sdb"});
 }
 
 TEST_F(DiskUtility, EjectOfABusyVolumeSaysWhoUsesItAndKeepsTheDisk)

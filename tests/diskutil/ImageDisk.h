@@ -1,37 +1,10 @@
 #pragma once
 
-#include "support/TemporaryTree.h"
-
-#include <sys/types.h>
+#include <string>
+#include <vector>
 
 namespace orvana::test
 {
-
-/// True when this process runs on a system of its own: what is mounted and told there stays there.
-bool hasPrivateSystem();
-
-/// True when who may do what is decided by an authority that the test plays, or when there is no disk
-/// service.
-bool hasPlayedAuthority();
-bool hasNoDiskService();
-
-enum class Authority { Allows, Denies };
-
-/// What the played authority says to everything that an ordinary user asks for.
-void setAuthority(Authority answer);
-
-/// What a program said, both outputs together, and left with.
-struct Said
-{
-    std::string text;
-    int status = -1;
-};
-
-/// Runs the disk utility that takes images in `bays` for disks; as another user where one is named.
-Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user);
-
-/// Runs the disk utility as it is installed.
-Said runInstalledDiskUtility(const std::vector<std::string> &words);
 
 /// An image file on a loop device, which stands for a disk. Detached at the end, with all that is mounted of
 /// it.
@@ -49,6 +22,9 @@ public:
     /// A partition table with one file system, in which there is a file.
     void makeVolume(const std::string &type, const std::string &label) const;
 
+    /// One file system over this disk and another; it keeps everything on both.
+    void makePairWith(const ImageDisk &other) const;
+
     void mount(const std::string &place) const;
     void unmount() const;
 
@@ -58,6 +34,7 @@ public:
     /// Where its volume is mounted; empty when it is not.
     std::string mountPoint() const;
     std::string label() const;
+    std::string type() const; ///< "ext4"
 
     /// Detaches and attaches it: the same disk at the same node, arrived anew.
     void attachAgain() const;
@@ -65,6 +42,9 @@ public:
     /// What marks the disk as a member, and nothing else of one.
     void plantRaidMember() const;
     void plantVolumeGroupMember() const;
+
+    /// Has udev say of it what the package's rule says of disks in bays.
+    void markExternal() const;
 
     /// "--expect-..." for the disk as it is now.
     std::vector<std::string> expectations() const;
@@ -76,53 +56,11 @@ public:
     void examine() const;
 
 private:
+    void makePartition() const;
     void write(std::size_t offset, const std::string &bytes) const;
 
     std::string m_name;
     std::string m_image;
-    std::string m_node;
-};
-
-/// A process of the test's own that goes on until the end of the object.
-class ChildProcess
-{
-public:
-    ~ChildProcess();
-    ChildProcess(const ChildProcess &) = delete;
-    ChildProcess &operator=(const ChildProcess &) = delete;
-
-    std::string number() const { return std::to_string(m_process); }
-
-protected:
-    ChildProcess() = default;
-
-    pid_t m_process = -1;
-};
-
-/// A program, "sleep", that works in a folder.
-class BusyProcess : public ChildProcess
-{
-public:
-    explicit BusyProcess(const std::string &folder);
-};
-
-/// A process that has mounted a device where no other process sees it.
-class ForeignMount : public ChildProcess
-{
-public:
-    ForeignMount(const std::string &node, const std::string &place);
-};
-
-/// Swap space on a whole disk, in use.
-class Swap
-{
-public:
-    explicit Swap(const ImageDisk &disk);
-    ~Swap();
-    Swap(const Swap &) = delete;
-    Swap &operator=(const Swap &) = delete;
-
-private:
     std::string m_node;
 };
 

@@ -1,4 +1,4 @@
-#include "ImageDisk.h"
+#include "PrivateSystem.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -106,8 +106,9 @@ int rankOf(const Mount &mount)
 
 bool Snapshot::isMounted(const Device &device) const
 {
-    return std::any_of(mounts.begin(), mounts.end(),
-                       [&](const Mount &mount) { return deviceOf(devices, mount) == &device; });
+    return isPooled(device) || std::any_of(mounts.begin(), mounts.end(), [&](const Mount &mount) {
+               return deviceOf(devices, mount) == &device;
+           });
 }
 
 bool Snapshot::isPooled(const Device &device) const

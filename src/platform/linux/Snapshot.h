@@ -30,10 +30,10 @@ struct Snapshot
     /// of volume groups, encryption, images, layers and file systems over several devices.
     std::set<std::string> beneathRoot;
 
-    /// True when a file system on this very device is mounted.
+    /// True when a file system on this very device is mounted, if only as one of several.
     bool isMounted(const Device &device) const;
 
-    /// True when a file system in use lies on this device and others.
+    /// True when a file system in use lies on this device and others; the mount table names one of them.
     bool isPooled(const Device &device) const;
 };
 

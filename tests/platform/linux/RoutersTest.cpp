@@ -157,6 +157,21 @@ TEST_F(Routers, PortWithoutALinkAndWithoutAnEnclosuresControllersIsUnclear)
     EXPECT_EQ(routerOf(m_machine.addAhci(port, "0000:01:00.0", "0x1b21", "0x0612")), "unclear");
 }
 
+// The kernel says it of what is below a port that things are plugged into, and not of the port.
+TEST_F(Routers, RemovableIsWhatSaysSoAndWhatIsBelow)
+{
+    const auto port = m_machine.addBridge({}, "0000:00:1b.0");
+    const auto plugged = m_machine.addBridge(port, "0000:20:00.0", {"A: removable=removable"});
+    const auto below = m_machine.addAhci(plugged, "0000:21:00.0", "0x1b21", "0x0612");
+    const auto fixed =
+        m_machine.addPci({}, "0000:00:1a.0", "0x1b21", "0x0612", "0x010601", {"A: removable=fixed"});
+    const auto devices = linux_host::readDevices();
+    for (const auto &path : {port, fixed})
+        EXPECT_FALSE(linux_host::isRemovable(devices, *devices.at(path))) << path;
+    for (const auto &path : {plugged, below})
+        EXPECT_TRUE(linux_host::isRemovable(devices, *devices.at(path))) << path;
+}
+
 TEST_F(Routers, DepthIsTheNumberOfHops)
 {
     const auto first = m_machine.addRouter(m_hostRouter, "1");

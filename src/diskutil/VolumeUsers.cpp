@@ -1,4 +1,4 @@
-#include "diskutil/Processes.h"
+#include "diskutil/VolumeUsers.h"
 
 #include "foundation/DisplayPath.h"
 #include "platform/linux/DeviceList.h"
@@ -35,9 +35,22 @@ bool uses(const fs::path &process, const std::string &point)
                        [&](const std::string &file) { return leadsTo(process / "fd" / file, point); });
 }
 
+// A file of the volume may be a loop device's, which no process has open.
+void addImages(const std::string &point, std::vector<std::string> &found)
+{
+    for (const auto &block : platform::linux_host::namesIn("/sys/block")) {
+        std::string image;
+        std::getline(std::ifstream(fs::path("/sys/block") / block / "loop/backing_file"), image);
+        if (!platform::linux_host::isBelow(image, point))
+            continue;
+        auto &text = found.emplace_back(displayPath(image.substr(image.rfind('/') + 1)));
+        text.append(" (").append(block).append(")");
+    }
+}
+
 } // namespace
 
-std::vector<std::string> processesUsing(const std::string &point)
+std::vector<std::string> usersOf(const std::string &point)
 {
     std::vector<std::string> found;
     for (const auto &number : platform::linux_host::namesIn("/proc")) {
@@ -50,6 +63,7 @@ std::vector<std::string> processesUsing(const std::string &point)
         auto &text = found.emplace_back(displayPath(name));
         text.append(" (").append(number).append(")");
     }
+    addImages(point, found);
     std::sort(found.begin(), found.end());
     return found;
 }

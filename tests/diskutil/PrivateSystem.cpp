@@ -1,0 +1,85 @@
+#include "PrivateSystem.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace orvana::test
+{
+
+bool hasPrivateSystem()
+{
+    return std::getenv("ORVANA_PRIVATE_SYSTEM") != nullptr;
+}
+
+bool hasPlayedAuthority()
+{
+    return hasPrivateSystem() && std::getenv("ORVANA_PLAYED_POLKIT") != nullptr;
+}
+
+bool hasNoDiskService()
+{
+    return hasPrivateSystem() && std::getenv("ORVANA_NO_DISK_SERVICE") != nullptr;
+}
+
+namespace
+{
+
+void tellAuthority(const std::string &words)
+{
+    must("dbus-send --system --print-reply --dest=org.freedesktop.PolicyKit1 "
+         "/org/freedesktop/PolicyKit1/Authority org.freedesktop.DBus.Mock." +
+         words);
+}
+
+} // namespace
+
+void setAuthority(Authority answer)
+{
+    tellAuthority("AllowUnknown boolean:" + std::string(answer == Authority::Allows ? "true" : "false"));
+}
+
+void allowOnly(const std::vector<std::string> &actions)
+{
+    setAuthority(Authority::Denies);
+    std::string list;
+    for (const auto &action : actions)
+        list.append(list.empty() ? "" : ",").append("org.freedesktop.udisks2.").append(action);
+    tellAuthority("SetAllowed array:string:" + list);
+}
+
+Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user)
+{
+    std::string command = "ORVANA_IMAGE_BAYS=" + asWord(bays);
+    if (!user.empty())
+        command += " setpriv --reuid=" + user + " --regid=nogroup --clear-groups";
+    command += " " + asWord(IMAGE_DISK_UTILITY);
+    for (const auto &word : words)
+        command.append(" ").append(asWord(word));
+    return runShell(command);
+}
+
+Said runInstalledDiskUtility(const std::vector<std::string> &words)
+{
+    auto command = asWord(INSTALLED_DISK_UTILITY);
+    for (const auto &word : words)
+        command.append(" ").append(asWord(word));
+    return runShell(command);
+}
+
+// The programs' own folder is not to be touched: the helper is laid over it.
+MountHelper::MountHelper(const std::string &type, const std::string &program)
+{
+    const std::string layer = "/run/mount-helper";
+    must("mkdir -p " + layer + " && ln -sfn " + program + " " + layer + "/mount." + type);
+    must("mount -t overlay overlay -o lowerdir=" + layer + ":$(realpath /sbin) $(realpath /sbin)");
+}
+
+// A helper may go on for a moment after its last volume.
+MountHelper::~MountHelper()
+{
+    if (const auto said = runShell("umount -l $(realpath /sbin) && rm -r /run/mount-helper");
+        said.status != 0)
+        ADD_FAILURE() << said.text;
+}
+
+} // namespace orvana::test
