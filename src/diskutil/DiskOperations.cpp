@@ -49,15 +49,52 @@ Outcome<DiskFacts> unmountAll(const Request &request, const Surroundings &with, 
     return facts;
 }
 
-// From here on the disk is being changed: a refusal is one no more.
-Outcome<void> makeSureAgain(const Request &request, const Surroundings &with)
+using Change = std::function<Outcome<std::string>()>;
+
+// Looks at the disk, and changes it at once: the service cannot work on a disk that is held open, so between
+// the two it is guarded by nothing. A right that is missing is asked for, and then all is looked at anew, for
+// who is asked may take their time.
+Outcome<std::string> lookAndChange(const Request &request, const Surroundings &with, const Change &change)
 {
-    const auto facts = lookAndCheck(request, with, checkErasable);
-    if (!facts)
-        return trouble(Failed, facts.error().reason + "; its new partition table is empty");
-    if (!facts->mounted.empty())
-        return trouble(Failed, displayPath(request.node) + " was mounted meanwhile");
-    return {};
+    for (bool wasAsked = false;; wasAsked = true) {
+        const auto facts = lookAndCheck(request, with, checkErasable);
+        if (!facts)
+            return tl::unexpected(facts.error());
+        if (!facts->mounted.empty())
+            return trouble(Refused, displayPath(request.node) + " was mounted again");
+        auto changed = change();
+        if (changed || wasAsked || !changed.error().canBeAllowed)
+            return changed;
+        if (const auto allowed = with.service.askForRight(request.node); !allowed)
+            return tl::unexpected(allowed.error());
+    }
+}
+
+Outcome<void> makeTable(const Request &request, const Surroundings &with)
+{
+    const auto made = lookAndChange(request, with, [&] {
+        return with.service.makeTable(request.node).map([&] { return request.node; });
+    });
+    if (made)
+        return {};
+    if (made.error().status != Failed)
+        return tl::unexpected(made.error());
+    return trouble(Failed, displayPath(request.node) + ": what it held may be lost: " + made.error().reason);
+}
+
+// The disk has been changed by now: nothing is a refusal any more.
+Outcome<std::string> makeVolume(const Request &request, const Surroundings &with, const VolumeFormat &format)
+{
+    const auto made = lookAndChange(
+        request, with, [&] { return with.service.makeVolume(request.node, format, request.name); });
+    if (!made)
+        return trouble(Failed, displayPath(request.node) +
+                                   " was emptied, but has no volume to use: " + made.error().reason);
+    const auto point = with.service.mount(*made);
+    if (!point)
+        return trouble(Failed,
+                       displayPath(*made) + " is erased, but cannot be mounted: " + point.error().reason);
+    return *point;
 }
 
 } // namespace
@@ -77,31 +114,23 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(unmounted.error());
     if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
         return tl::unexpected(alone.error());
-    // The service cannot work on a disk that is held open, so between this look and its first write the disk
-    // is guarded by nothing.
-    if (const auto facts = lookAndCheck(request, with, checkErasable); !facts)
-        return tl::unexpected(facts.error());
-    else if (!facts->mounted.empty())
-        return trouble(Refused, displayPath(request.node) + " was mounted again");
-
-    if (const auto table = with.service.makeTable(request.node); !table)
+    if (const auto table = makeTable(request, with); !table)
         return tl::unexpected(table.error());
-    if (const auto same = makeSureAgain(request, with); !same)
-        return tl::unexpected(same.error());
-    const auto volume = with.service.makeVolume(request.node, *format, request.name);
-    if (!volume)
-        return trouble(Failed,
-                       displayPath(request.node) +
-                           " has a new partition table, but no volume to use: " + volume.error().reason);
-    const auto point = with.service.mount(*volume);
-    if (!point)
-        return trouble(Failed,
-                       displayPath(*volume) + " is erased, but cannot be mounted: " + point.error().reason);
-    return "Finished erase on " + request.node + ": " + format->type + " at " + displayPath(*point);
+    return makeVolume(request, with, *format).map([&](const std::string &point) {
+        return "Finished erase on " + request.node + ": " + format->type + " at " + displayPath(point);
+    });
 }
 
 Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
 {
+    const auto facts = lookAndCheck(request, with, checkEjectable);
+    if (!facts)
+        return tl::unexpected(facts.error());
+    std::string lost;
+    for (const auto &piece : facts->mounted) {
+        if (const auto written = with.writeOut(piece.point); !written)
+            lost = written.error().reason;
+    }
     if (const auto unmounted = unmountAll(request, with, checkEjectable); !unmounted)
         return tl::unexpected(unmounted.error());
     // A password for each disk that is let go would be too much.
@@ -109,6 +138,9 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(alone.error());
     if (const auto released = with.service.release(request.node); !released)
         return tl::unexpected(released.error());
+    if (!lost.empty())
+        return trouble(Failed,
+                       "Disk " + request.node + " ejected, but not all could be written to it: " + lost);
     return "Disk " + request.node + " ejected";
 }
 

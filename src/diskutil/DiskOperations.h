@@ -13,6 +13,8 @@ struct Surroundings
     DiskService &service;
     /// Who uses the file system mounted at the point: "cp (1234)".
     std::function<std::vector<std::string>(const std::string &point)> usersOf;
+    /// Has the system write out what it still holds back of the file system mounted at the point.
+    std::function<Outcome<void>(const std::string &point)> writeOut;
     std::optional<std::string> formatSetting;
 };
 

@@ -27,7 +27,12 @@ public:
     /// the user for a password, what an ordinary user may not look at counts as free.
     virtual Outcome<void> checkNobodyHas(const std::string &node, Password password) = 0;
 
-    /// Writes a new, empty partition table over the whole disk.
+    /// Asks the user for the right to change the disk, and waits for the answer. What changes disks does not
+    /// ask: a question can stand for hours, and the disk may be another one by then.
+    virtual Outcome<void> askForRight(const std::string &node) = 0;
+
+    /// Writes a new, empty partition table over the whole disk. Only a missing right is a trouble of status
+    /// Refused, or a service that is not there one of status NotThere; with any other the table may be gone.
     virtual Outcome<void> makeTable(const std::string &node) = 0;
 
     /// Makes one partition over all of the disk, with a file system of that name which belongs to the calling
@@ -38,7 +43,7 @@ public:
     /// Mounts the file system of the node, unless somebody has already; returns where.
     virtual Outcome<std::string> mount(const std::string &node) = 0;
 
-    /// Ejects or powers down the drive, as far as it can that by itself. Never another one.
+    /// Ejects the drive, powers it down or has it rest, as far as it can that by itself. Never another one.
     virtual Outcome<void> release(const std::string &node) = 0;
 };
 

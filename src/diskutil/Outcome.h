@@ -20,6 +20,7 @@ struct Trouble
 {
     ExitStatus status;
     std::string reason;
+    bool canBeAllowed = false; ///< only a right is missing, for which the user can be asked
 };
 
 template <class T>

@@ -4,8 +4,15 @@
 #include "diskutil/UdisksService.h"
 #include "diskutil/VolumeUsers.h"
 
+#include "foundation/DisplayPath.h"
+#include "platform/posix/Descriptor.h"
+
+#include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <iostream>
+#include <system_error>
+#include <unistd.h>
 
 namespace orvana::diskutil
 {
@@ -20,6 +27,16 @@ std::optional<std::string> formatSetting()
     return setting ? std::optional<std::string>(setting) : std::nullopt;
 }
 
+Outcome<void> writeOut(const std::string &point)
+{
+    const platform::posix::Descriptor folder(
+        ::open(point.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
+    // Who may not look into it may unmount it all the same, and that writes out, too.
+    if (!folder.isOpen() || ::syncfs(folder.number()) == 0)
+        return {};
+    return trouble(Failed, displayPath(point) + ": " + std::generic_category().message(errno));
+}
+
 Outcome<std::string> perform(const Request &request, const BayRule &rule,
                              const platform::linux_host::SystemFiles &files)
 {
@@ -27,7 +44,7 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule,
     const auto lookAt = [&](const std::string &node) {
         return factsOf(platform::linux_host::readSnapshot(files), node, rule);
     };
-    const Surroundings surroundings{lookAt, service, usersOf, formatSetting()};
+    const Surroundings surroundings{lookAt, service, usersOf, writeOut, formatSetting()};
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
                                            : ejectDisk(request, surroundings);
 }
@@ -49,6 +66,13 @@ int runProgram(const std::vector<std::string> &words, const BayRule &rule,
     }
     std::cerr << "orvana-diskutil: " << done.error().reason << '\n';
     return done.error().status;
+}
+
+void leave(int status)
+{
+    std::cout.flush();
+    std::cerr.flush();
+    std::_Exit(status);
 }
 
 } // namespace orvana::diskutil

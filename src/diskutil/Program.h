@@ -10,4 +10,8 @@ namespace orvana::diskutil
 int runProgram(const std::vector<std::string> &words, const BayRule &rule,
                const platform::linux_host::SystemFiles &files = {});
 
+/// Ends the program at once, with all that was printed. The bus is served by a thread of its own, which
+/// complains when the program is taken down around it.
+[[noreturn]] void leave(int status);
+
 } // namespace orvana::diskutil

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <string_view>
+#include <utility>
 
 namespace orvana::diskutil
 {
@@ -18,6 +19,17 @@ std::optional<std::uint64_t> numberIn(std::string_view text)
     return number;
 }
 
+// False when the value was given before, or is none.
+bool take(std::optional<std::string> &known, std::string_view value)
+{
+    return !std::exchange(known, value);
+}
+
+bool take(std::optional<std::uint64_t> &known, std::string_view value)
+{
+    return !std::exchange(known, numberIn(value)) && known;
+}
+
 // False when the word is no expectation, or its value none.
 bool readExpectation(std::string_view word, Expectation &expected)
 {
@@ -27,16 +39,12 @@ bool readExpectation(std::string_view word, Expectation &expected)
     const auto key = word.substr(0, equals);
     const auto value = word.substr(equals + 1);
     if (key == "--expect-serial")
-        expected.serial = value;
-    else if (key == "--expect-bay")
-        expected.bay = value;
-    else if (key == "--expect-sequence")
-        return (expected.sequence = numberIn(value)).has_value();
-    else if (key == "--expect-size")
-        return (expected.size = numberIn(value)).has_value();
-    else
-        return false;
-    return true;
+        return take(expected.serial, value);
+    if (key == "--expect-bay")
+        return take(expected.bay, value);
+    if (key == "--expect-sequence")
+        return take(expected.sequence, value);
+    return key == "--expect-size" && take(expected.size, value);
 }
 
 } // namespace

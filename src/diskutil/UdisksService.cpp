@@ -28,6 +28,9 @@ constexpr int InTimeMilliseconds = 30 * 60 * 1000;
 constexpr std::uint64_t FirstByte = 1'048'576;
 constexpr std::uint64_t AllThatIsLeft = 0;
 
+constexpr const char *NotAuthorised = "you are not authorised to do this, and nobody could be asked";
+constexpr const char *NotAllowed = "you were asked, and did not allow it";
+
 const QString Interfaces = QStringLiteral("org.freedesktop.UDisks2.");
 
 QString fromText(const std::string &text)
@@ -38,8 +41,10 @@ QString fromText(const std::string &text)
 std::string reasonOf(const QDBusMessage &reply)
 {
     const auto name = reply.errorName();
+    if (name.endsWith(QStringLiteral("NotAuthorizedDismissed")))
+        return NotAllowed;
     if (name.contains(QStringLiteral("NotAuthorized")) || name.endsWith(QStringLiteral("AccessDenied")))
-        return "you are not authorised to do this, and nobody could be asked";
+        return NotAuthorised;
     if (name.endsWith(QStringLiteral("DeviceBusy")))
         return "it is in use";
     if (name.endsWith(QStringLiteral("NoReply")) || name.endsWith(QStringLiteral("Timeout")))
@@ -52,23 +57,28 @@ std::string reasonOf(const QDBusMessage &reply)
 bool isMissing(const QDBusMessage &reply)
 {
     const auto name = reply.errorName();
-    return name.endsWith(QStringLiteral("ServiceUnknown")) ||
-           name.endsWith(QStringLiteral("NameHasNoOwner")) || name.endsWith(QStringLiteral("Disconnected"));
+    return name.endsWith(QStringLiteral("ServiceUnknown")) || name.endsWith(QStringLiteral("NameHasNoOwner"));
 }
 
 // Refused before anything was done, whatever the caller was about to do.
 bool isRefusal(const QDBusMessage &reply)
 {
     const auto name = reply.errorName();
-    return name.contains(QStringLiteral("NotAuthorized")) || name.endsWith(QStringLiteral("AccessDenied")) ||
-           name.endsWith(QStringLiteral("DeviceBusy"));
+    return name.contains(QStringLiteral("NotAuthorized")) || name.endsWith(QStringLiteral("AccessDenied"));
 }
 
 Trouble troubleOf(const QDBusMessage &reply, ExitStatus otherwise)
 {
     if (isMissing(reply))
         return {NotThere, "The disk service (udisks2) is not there"};
-    return {isRefusal(reply) ? Refused : otherwise, reasonOf(reply)};
+    return {isRefusal(reply) ? Refused : otherwise, reasonOf(reply),
+            reply.errorName().endsWith(QStringLiteral("NotAuthorizedCanObtain"))};
+}
+
+// For calls that must not wait for a question that somebody is asked.
+QVariantMap withoutAsking()
+{
+    return {{QStringLiteral("auth.no_user_interaction"), true}};
 }
 
 // A text that the service gives in bytes ends with a NUL.
@@ -143,6 +153,35 @@ public:
         return value && value->toBool();
     }
 
+    /// Asks the user for the right to an action, which this process then keeps for a while.
+    Outcome<void> obtain(const QString &action)
+    {
+        constexpr quint32 MayAsk = 1;
+        QDBusArgument subject;
+        subject.beginStructure();
+        subject << QStringLiteral("system-bus-name")
+                << QVariantMap{{QStringLiteral("name"), m_connection.baseService()}};
+        subject.endStructure();
+        QDBusArgument details;
+        details.beginMap(QMetaType(QMetaType::QString), QMetaType(QMetaType::QString));
+        details.endMap();
+        auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.PolicyKit1"),
+                                                      QStringLiteral("/org/freedesktop/PolicyKit1/Authority"),
+                                                      QStringLiteral("org.freedesktop.PolicyKit1.Authority"),
+                                                      QStringLiteral("CheckAuthorization"));
+        message << QVariant::fromValue(subject) << action << QVariant::fromValue(details) << MayAsk
+                << QString();
+        const auto reply = m_connection.call(message, QDBus::Block, InTimeMilliseconds);
+        if (reply.type() != QDBusMessage::ReplyMessage)
+            return trouble(Refused, NotAuthorised);
+        bool isAuthorised = false;
+        bool isChallenge = false;
+        const auto answer = reply.arguments().value(0).value<QDBusArgument>();
+        answer.beginStructure();
+        answer >> isAuthorised >> isChallenge;
+        return isAuthorised ? Outcome<void>() : trouble(Refused, NotAuthorised);
+    }
+
     /// Calls a method without arguments and options.
     Outcome<QVariantList> simply(const std::string &node, const char *interface, const char *method,
                                  ExitStatus otherwise)
@@ -211,13 +250,24 @@ Outcome<void> UdisksService::checkNobodyHas(const std::string &node, Password pa
     return {};
 }
 
+Outcome<void> UdisksService::askForRight(const std::string &node)
+{
+    const auto object = m_bus->objectOf(node);
+    if (!object)
+        return tl::unexpected(object.error());
+    // The service decides by the same two: a system's disk, or else one that is not at this user's own seat.
+    return m_bus->obtain(m_bus->flag(*object, "Block", "HintSystem")
+                             ? QStringLiteral("org.freedesktop.udisks2.modify-device-system")
+                             : QStringLiteral("org.freedesktop.udisks2.modify-device-other-seat"));
+}
+
 Outcome<void> UdisksService::makeTable(const std::string &node)
 {
     const auto object = m_bus->objectOf(node);
     if (!object)
         return tl::unexpected(object.error());
-    const auto reply = m_bus->call(*object, "Block", "Format", {QStringLiteral("gpt"), QVariantMap()}, Failed,
-                                   InTimeMilliseconds);
+    const auto reply = m_bus->call(*object, "Block", "Format", {QStringLiteral("gpt"), withoutAsking()},
+                                   Failed, InTimeMilliseconds);
     if (!reply)
         return tl::unexpected(reply.error());
     return {};
@@ -234,7 +284,7 @@ Outcome<std::string> UdisksService::makeVolume(const std::string &node, const Vo
     const auto reply =
         m_bus->call(*object, "PartitionTable", "CreatePartitionAndFormat",
                     {quint64{FirstByte}, quint64{AllThatIsLeft}, QString::fromLatin1(format.partitionType),
-                     QString(), QVariantMap(), QString::fromLatin1(format.type), formatting},
+                     QString(), withoutAsking(), QString::fromLatin1(format.type), formatting},
                     Failed, InTimeMilliseconds);
     if (!reply)
         return tl::unexpected(reply.error());
@@ -279,8 +329,12 @@ Outcome<void> UdisksService::release(const std::string &node)
         if (sibling && sibling->toString().isEmpty())
             method = "PowerOff";
     }
-    if (!method)
+    if (!method) {
+        // A SATA disk writes out its own memory and parks its heads; where it cannot, it is unmounted all the
+        // same.
+        m_bus->call(path, "Drive.Ata", "PmStandby", {withoutAsking()}, Failed);
         return {};
+    }
     const auto reply = m_bus->call(path, "Drive", method, {QVariantMap()}, Failed, InTimeMilliseconds);
     if (!reply)
         return trouble(reply.error().status,

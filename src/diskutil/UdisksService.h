@@ -20,6 +20,7 @@ public:
     Outcome<void> checkFormat(const VolumeFormat &format) override;
     Outcome<void> unmount(const std::string &node) override;
     Outcome<void> checkNobodyHas(const std::string &node, Password password) override;
+    Outcome<void> askForRight(const std::string &node) override;
     Outcome<void> makeTable(const std::string &node) override;
     Outcome<std::string> makeVolume(const std::string &node, const VolumeFormat &format,
                                     const std::string &name) override;

@@ -4,6 +4,7 @@
 
 int main(int argc, char **argv)
 {
+    using namespace orvana::diskutil;
     const QCoreApplication application(argc, argv);
-    return orvana::diskutil::runProgram({argv + 1, argv + argc}, orvana::diskutil::knownDisk);
+    leave(runProgram({argv + 1, argv + argc}, knownDisk));
 }

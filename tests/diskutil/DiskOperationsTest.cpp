@@ -37,7 +37,7 @@ TEST_F(DiskUtility, DiskThatIsGoneIsNotThere)
 TEST_F(DiskUtility, NameOverTheLimitIsRefused)
 {
     m_request.name = "seventeen letters";
-    expectRefusal("\"seventeen letters\" is too long a name: ext4 takes at most 16 bytes, this has 17");
+    expectRefusal("\"seventeen letters\": longer than 16 bytes, which is the limit of ext4");
 }
 
 TEST_F(DiskUtility, DiskThatDiffersInAnythingIsRefused)
@@ -196,6 +196,43 @@ TEST_F(DiskUtility, DiskThatChangesBetweenTheWritesGetsNoVolumeAndFails)
     EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
 }
 
+TEST_F(DiskUtility, MissingRightIsAskedForOnceAndThenTheDiskIsLookedAtAgain)
+{
+    m_service.missingRights = 1;
+    ASSERT_TRUE(erase());
+    EXPECT_EQ(m_service.calls, (Calls{"checkFormat ext4", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
+                                      "askForRight /dev/sdb", "makeTable /dev/sdb",
+                                      "makeVolume /dev/sdb ext4 COPY 1", "mount /dev/sdb1"}));
+    m_service.calls.clear();
+    m_service.missingRights = 2;
+    EXPECT_EQ(erase().error().status, Refused);
+    EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb") << "and not for ever";
+}
+
+TEST_F(DiskUtility, DiskThatChangesWhileAQuestionStandsIsRefused)
+{
+    m_service.missingRights = 1;
+    m_service.whileAsked = [this] { m_disk->identity.sequence = 8; };
+    EXPECT_EQ(erase().error().reason, "/dev/sdb is not the disk that was meant");
+    EXPECT_EQ(m_service.calls.back(), "askForRight /dev/sdb");
+}
+
+TEST_F(DiskUtility, DiskThatIsMountedWhileAQuestionStandsIsRefused)
+{
+    m_service.missingRights = 1;
+    m_service.whileAsked = [this] { m_disk->mounted = {{"/dev/sdb1", "/media/A"}}; };
+    EXPECT_EQ(erase().error().reason, "/dev/sdb was mounted again");
+    EXPECT_EQ(m_service.calls.back(), "askForRight /dev/sdb");
+}
+
+TEST_F(DiskUtility, RightThatIsNotGivenIsARefusal)
+{
+    m_service.missingRights = 1;
+    m_service.failing["askForRight"] = Refused;
+    EXPECT_EQ(erase().error().status, Refused);
+    EXPECT_EQ(m_service.calls.back(), "askForRight /dev/sdb");
+}
+
 TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)
 {
     for (const auto status : {Failed, Refused, NotThere}) {
@@ -203,7 +240,8 @@ TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)
         const auto done = erase();
         ASSERT_FALSE(done);
         EXPECT_EQ(done.error().status, status);
-        EXPECT_EQ(done.error().reason, "played trouble");
+        EXPECT_EQ(done.error().reason,
+                  status == Failed ? "/dev/sdb: what it held may be lost: played trouble" : "played trouble");
         EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
     }
 }
@@ -212,7 +250,7 @@ TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)
 TEST_F(DiskUtility, TroubleAfterTheTableIsNoRefusalAnyMore)
 {
     const std::pair<const char *, const char *> troubles[] = {
-        {"makeVolume", "/dev/sdb has a new partition table, but no volume to use: played trouble"},
+        {"makeVolume", "/dev/sdb was emptied, but has no volume to use: played trouble"},
         {"mount", "/dev/sdb1 is erased, but cannot be mounted: played trouble"}};
     for (const auto &[call, reason] : troubles) {
         for (const auto status : {Failed, Refused, NotThere}) {
@@ -236,6 +274,25 @@ TEST_F(DiskUtility, EjectUnmountsEverythingAndLetsGo)
     EXPECT_EQ(*done, "Disk /dev/sdb ejected");
     EXPECT_EQ(m_service.calls, (Calls{"unmount /dev/sdb2", "unmount /dev/sdb1", "checkWithoutAsking /dev/sdb",
                                       "release /dev/sdb"}));
+}
+
+TEST_F(DiskUtility, EjectWritesOutWhatIsStillHeldBack)
+{
+    m_disk->mounted = {{"/dev/sdb1", "/media/A"}, {"/dev/sdb2", "/media/B"}};
+    ASSERT_TRUE(eject());
+    EXPECT_EQ(m_writtenOut, (Calls{"/media/A", "/media/B"}));
+}
+
+TEST_F(DiskUtility, EjectSaysWhenNotAllCouldBeWrittenAndLetsGoAllTheSame)
+{
+    m_disk->mounted = {{"/dev/sdb1", "/media/A"}};
+    m_writeOut = trouble(Failed, "/media/A: Input/output error");
+    const auto done = eject();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().status, Failed);
+    EXPECT_EQ(done.error().reason, "Disk /dev/sdb ejected, but not all could be written to it: "
+                                   "/media/A: Input/output error");
+    EXPECT_EQ(m_service.calls.back(), "release /dev/sdb");
 }
 
 TEST_F(DiskUtility, DiskThatSomebodyElseHasIsNotEjected)

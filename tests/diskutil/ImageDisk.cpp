@@ -106,9 +106,14 @@ std::string ImageDisk::type() const
 
 void ImageDisk::attachAgain() const
 {
+    attach(m_image);
+}
+
+void ImageDisk::attach(const std::string &image) const
+{
     runShell("partx -d " + m_node);
     must("losetup -d " + m_node);
-    must("losetup " + m_node + " " + asWord(m_image));
+    must("losetup " + m_node + " " + asWord(image));
     examine();
 }
 

@@ -39,6 +39,9 @@ public:
     /// Detaches and attaches it: the same disk at the same node, arrived anew.
     void attachAgain() const;
 
+    /// Another disk takes its place at the node.
+    void attach(const std::string &image) const;
+
     /// What marks the disk as a member, and nothing else of one.
     void plantRaidMember() const;
     void plantVolumeGroupMember() const;

@@ -35,5 +35,5 @@ std::optional<diskutil::KnownDisk> imageDisk(const platform::linux_host::Snapsho
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    return diskutil::runProgram({argv + 1, argv + argc}, imageDisk);
+    diskutil::leave(diskutil::runProgram({argv + 1, argv + argc}, imageDisk));
 }

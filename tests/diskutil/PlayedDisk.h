@@ -32,9 +32,19 @@ public:
         afterCheck();
         return done;
     }
+    Outcome<void> askForRight(const std::string &node) override
+    {
+        const auto done = note("askForRight " + node);
+        whileAsked();
+        return done;
+    }
     Outcome<void> makeTable(const std::string &node) override
     {
-        const auto done = note("makeTable " + node);
+        auto done = note("makeTable " + node);
+        if (missingRights > 0) {
+            --missingRights;
+            done = tl::unexpected(Trouble{Refused, "a right is missing", true});
+        }
         afterTable();
         return done;
     }
@@ -63,6 +73,8 @@ public:
     std::string staysMounted;
     std::function<void()> afterCheck = [] {};
     std::function<void()> afterTable = [] {};
+    std::function<void()> whileAsked = [] {};
+    int missingRights = 0; ///< so often the table is refused
 
 private:
     Outcome<void> note(const std::string &call)
@@ -101,7 +113,12 @@ protected:
     Surroundings surroundings()
     {
         return {[this](const std::string &) { return m_disk; }, m_service,
-                [this](const std::string &) { return m_users; }, m_setting};
+                [this](const std::string &) { return m_users; },
+                [this](const std::string &point) {
+                    m_writtenOut.push_back(point);
+                    return m_writeOut;
+                },
+                m_setting};
     }
 
     /// The erase is refused for the reason, and nothing at all was asked of the service.
@@ -118,6 +135,8 @@ protected:
     PlayedService m_service{m_disk};
     Request m_request;
     std::vector<std::string> m_users;
+    std::vector<std::string> m_writtenOut;
+    Outcome<void> m_writeOut;
     std::optional<std::string> m_setting;
 };
 

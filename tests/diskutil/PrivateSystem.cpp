@@ -24,11 +24,19 @@ bool hasNoDiskService()
 namespace
 {
 
-void tellAuthority(const std::string &words)
+std::string tellAuthority(const std::string &words)
 {
-    must("dbus-send --system --print-reply --dest=org.freedesktop.PolicyKit1 "
-         "/org/freedesktop/PolicyKit1/Authority org.freedesktop.DBus.Mock." +
-         words);
+    return must("dbus-send --system --print-reply --dest=org.freedesktop.PolicyKit1 "
+                "/org/freedesktop/PolicyKit1/Authority org.freedesktop.DBus.Mock." +
+                words);
+}
+
+std::string listOf(const std::vector<std::string> &actions)
+{
+    std::string list;
+    for (const auto &action : actions)
+        list.append(list.empty() ? "" : ",").append("org.freedesktop.udisks2.").append(action);
+    return "array:string:" + list;
 }
 
 } // namespace
@@ -41,10 +49,24 @@ void setAuthority(Authority answer)
 void allowOnly(const std::vector<std::string> &actions)
 {
     setAuthority(Authority::Denies);
-    std::string list;
-    for (const auto &action : actions)
-        list.append(list.empty() ? "" : ",").append("org.freedesktop.udisks2.").append(action);
-    tellAuthority("SetAllowed array:string:" + list);
+    tellAuthority("SetAllowed " + listOf(actions));
+}
+
+void askFor(const std::vector<std::string> &actions, Answers answers)
+{
+    tellAuthority("SetAsked " + listOf(actions));
+    tellAuthority(std::string("LetQuestionsStand boolean:") +
+                  (answers == Answers::WhenGiven ? "true" : "false"));
+}
+
+bool doesQuestionStand()
+{
+    return tellAuthority("Questions").find("int32 0") == std::string::npos;
+}
+
+void answerQuestions(bool yes)
+{
+    tellAuthority(std::string("Answer boolean:") + (yes ? "true" : "false"));
 }
 
 Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user)

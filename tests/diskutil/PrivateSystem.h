@@ -23,6 +23,12 @@ void setAuthority(Authority answer);
 /// Has the played authority allow these of the disk service's actions ("modify-device"), and nothing else.
 void allowOnly(const std::vector<std::string> &actions);
 
+/// Has it ask the user for these, whose answer comes at once (yes) or when the test gives it.
+enum class Answers { AtOnce, WhenGiven };
+void askFor(const std::vector<std::string> &actions, Answers answers);
+bool doesQuestionStand();
+void answerQuestions(bool yes);
+
 /// Runs the disk utility that takes images in `bays` for disks; as another user where one is named.
 Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user);
 

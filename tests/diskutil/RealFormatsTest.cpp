@@ -74,8 +74,8 @@ TEST_F(RealDisks, NamesOfJustTheLimitAreCarriedAsTheyAre)
 TEST_F(RealDisks, NameOverTheLimitIsRefused)
 {
     const auto disk = addDisk();
-    expectRefusal(*disk, "ext4 takes at most 16 bytes", "seventeen letters");
-    expectRefusal(*disk, "exfat takes at most 11 characters", "äöüÄÖÜßéñx😀", "exfat");
+    expectRefusal(*disk, "longer than 16 bytes, which is the limit of ext4", "seventeen letters");
+    expectRefusal(*disk, "longer than 11 characters, which is the limit of exFAT", "äöüÄÖÜßéñx😀", "exfat");
 }
 
 TEST_F(RealDisks, VolumeThatIsMadeAndCannotBeMountedIsTold)
@@ -96,8 +96,7 @@ TEST_F(RealDisks, VolumeThatCannotBeMadeIsToldInOneLine)
     const auto disk = addBlankDisk(8);
     const auto said = erase(*disk, "COPY", "xfs");
     EXPECT_EQ(said.status, 1) << said.text;
-    EXPECT_NE(said.text.find(disk->node() + " has a new partition table, but no volume to use: "),
-              std::string::npos)
+    EXPECT_NE(said.text.find(disk->node() + " was emptied, but has no volume to use: "), std::string::npos)
         << said.text;
     EXPECT_EQ(said.text.find("\\x0A"), std::string::npos) << said.text;
 }

@@ -51,6 +51,7 @@ TEST(DiskUtilityRequest, AnythingElseIsWrongUsage)
         {"eject", "/dev/sdb", "--force"},
         {"eject", "/dev/sdb", "--expect-size=12x"},
         {"eject", "/dev/sdb", "--expect-sequence="},
+        {"eject", "/dev/sdb", "--expect-serial=SN1", "--expect-serial=SN2"},
         {"erasedisk", "JHFS+", "COPY", "/dev/sdb"},
     };
     for (const auto &words : wrong) {
@@ -65,6 +66,7 @@ TEST(DiskUtilityFormat, JournaledStandsForExt4OrTheSetting)
     EXPECT_STREQ(formatOf("JHFS+", std::nullopt)->type, "ext4");
     EXPECT_STREQ(formatOf("JHFS+", "xfs")->type, "xfs");
     EXPECT_STREQ(formatOf("exfat", "xfs")->type, "exfat");
+    EXPECT_STREQ(formatOf("JHFS+", "")->type, "ext4") << "an empty setting is none";
 }
 
 TEST(DiskUtilityFormat, UnknownFormatIsRefused)
@@ -85,12 +87,11 @@ TEST(DiskUtilityFormat, NameOverTheLimitIsRefusedWithNameAndLimit)
     const auto ext4 = checkName(*formatOf("ext4", {}), "seventeen letters");
     ASSERT_FALSE(ext4);
     EXPECT_EQ(ext4.error().status, Refused);
-    EXPECT_EQ(ext4.error().reason,
-              "\"seventeen letters\" is too long a name: ext4 takes at most 16 bytes, this has 17");
+    EXPECT_EQ(ext4.error().reason, "\"seventeen letters\": longer than 16 bytes, which is the limit of ext4");
     EXPECT_FALSE(checkName(*formatOf("ext4", {}), "äöüäöüäöü")) << "its bytes count";
     EXPECT_FALSE(checkName(*formatOf("xfs", {}), std::string(13, 'x')));
     EXPECT_EQ(checkName(*formatOf("exfat", {}), std::string(12, 'x')).error().reason,
-              "\"xxxxxxxxxxxx\" is too long a name: exfat takes at most 11 characters, this has 12");
+              "\"xxxxxxxxxxxx\": longer than 11 characters, which is the limit of exFAT");
     EXPECT_FALSE(checkName(*formatOf("exfat", {}), "😀😀😀😀😀😀")) << "each counts twice";
 }
 

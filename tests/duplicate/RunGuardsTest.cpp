@@ -176,6 +176,21 @@ TEST(NameGuards, BlanksThatTheListOfVolumesLosesAreRefused)
         EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), NameGuard::LostBlanks) << name;
 }
 
+TEST(NameGuards, XfsTakesNoBlanks)
+{
+    EXPECT_EQ(nameGuardOf("COPY 1", EraseFormat::Xfs), NameGuard::Blanks);
+    EXPECT_EQ(nameGuardOf("COPY 1", EraseFormat::ExFat), std::nullopt);
+}
+
+TEST(NameGuards, CharacterThatIsNotShownIsRefused)
+{
+    EXPECT_EQ(nameGuardOf("a\xE2\x80\x8E"
+                          "b",
+                          EraseFormat::Ext4),
+              NameGuard::NotText)
+        << "it turns the writing direction";
+}
+
 TEST(NameGuards, EachFormatHasItsLimit)
 {
     EXPECT_EQ(nameGuardOf(std::string(16, 'a'), EraseFormat::Ext4), std::nullopt);

@@ -11,5 +11,5 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     platform::linux_host::SystemFiles files;
     files.devices = test::readEmulatedEnclosure;
-    return diskutil::runProgram({argv + 1, argv + argc}, diskutil::knownDisk, files);
+    diskutil::leave(diskutil::runProgram({argv + 1, argv + argc}, diskutil::knownDisk, files));
 }
