@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <ctime>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -40,8 +41,12 @@ CancelRequest::CancelRequest(std::function<void()> onSignal)
               if (sigtimedwait(&signals, nullptr, &aMoment) < 0)
                   continue;
               // Who asks again does not want to wait for an orderly end.
-              if (std::exchange(wasAsked, true))
+              if (std::exchange(wasAsked, true)) {
+                  constexpr std::string_view Left =
+                      "plurimoctl: left at once; an erase that was begun goes on by itself\n";
+                  [[maybe_unused]] const auto written = ::write(STDERR_FILENO, Left.data(), Left.size());
                   ::_exit(130);
+              }
               onSignal();
           }
       })

@@ -37,13 +37,25 @@ Outcome<void> writeOut(const std::string &point)
     return trouble(Failed, displayPath(point) + ": " + std::generic_category().message(errno));
 }
 
+// udev asks this of each disk that comes, and has not finished with it yet.
+Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFacts> &facts)
+{
+    if (!facts)
+        return trouble(NotThere, displayPath(node) + ": there is no such disk");
+    if (!facts->isInBay)
+        return trouble(Refused, displayPath(node) + " is in no bay of an enclosure");
+    return displayPath(node) + " is in a bay of an enclosure";
+}
+
 Outcome<std::string> perform(const Request &request, const BayRule &rule,
                              const platform::linux_host::SystemFiles &files)
 {
-    UdisksService service;
     const auto lookAt = [&](const std::string &node) {
         return factsOf(platform::linux_host::readSnapshot(files), node, rule);
     };
+    if (request.verb == Verb::IsInBay)
+        return isInBay(request.node, lookAt(request.node));
+    UdisksService service;
     const Surroundings surroundings{lookAt, service, usersOf, writeOut, formatSetting()};
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
                                            : ejectDisk(request, surroundings);

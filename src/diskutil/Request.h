@@ -18,7 +18,7 @@ struct Expectation
     std::optional<std::string> bay;
 };
 
-enum class Verb { EraseDisk, Eject };
+enum class Verb { EraseDisk, Eject, IsInBay };
 
 /// One call of the program.
 struct Request
@@ -33,6 +33,7 @@ struct Request
 inline constexpr const char *Usage =
     "Usage: orvana-diskutil eraseDisk FORMAT NAME DEVICE EXPECTATIONS\n"
     "       orvana-diskutil eject DEVICE EXPECTATIONS\n"
+    "       orvana-diskutil isInBay DEVICE\n"
     "EXPECTATIONS: --expect-sequence=N --expect-serial=TEXT --expect-size=BYTES --expect-bay=TEXT";
 
 /// Reads the words after the program's name. A word that is not understood makes all of it wrong.

@@ -32,6 +32,16 @@ TEST(DiskUtilityRequest, EjectHasADevice)
     EXPECT_EQ(request->expected.serial, std::nullopt);
 }
 
+TEST(DiskUtilityRequest, QuestionForABayHasADeviceAlone)
+{
+    const auto request = readRequest({"isInBay", "/dev/sdb"});
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->verb, Verb::IsInBay);
+    EXPECT_EQ(request->node, "/dev/sdb");
+    EXPECT_FALSE(readRequest({"isInBay"}));
+    EXPECT_FALSE(readRequest({"isInBay", "/dev/sdb", "/dev/sdc"}));
+}
+
 TEST(DiskUtilityRequest, VolumeMayBeNamedLikeAnOption)
 {
     const auto request = readRequest({"eraseDisk", "ext4", "--expect-size=1", "/dev/sdb"});

@@ -1,56 +1,68 @@
 // The package's udev rule, read and applied by udev itself together with the machine's own rules.
 
-#include "MadeUpMachine.h"
+#include "LinuxFixture.h"
 #include "support/Shell.h"
 
-#include <gtest/gtest.h>
+#include <cstdlib>
+#include <filesystem>
 #include <sstream>
 
 namespace orvana::test
 {
 
-class UdevRule : public testing::Test
+class UdevRule : public LinuxFixture
 {
 protected:
-    using Lines = std::vector<std::string>;
-
     void SetUp() override
     {
         if (runShell("unshare --mount true && command -v udevadm").status != 0)
             GTEST_SKIP() << "needs root with namespaces, and the package udev";
-        m_fixedPort = m_machine.addBridge({}, "0000:00:1c.0");
-        m_port = m_machine.addBridge({}, "0000:00:07.0");
-        m_upper = m_machine.addBridge(m_port, "0000:01:00.0", Removable);
+        installRule();
     }
 
-    /// A controller below the port that things are plugged into. The kernel calls removable what is below
-    /// such a port, and not the port.
-    std::string addPlugged(const std::string &vendor, const std::string &device)
+    /// The rule, with a disk utility that sees the made-up devices, too: udev starts it without our
+    /// environment.
+    void installRule()
     {
-        const auto number = std::to_string(++m_count);
-        const auto bridge = m_machine.addBridge(m_upper, "0000:02:0" + number + ".0", Removable);
-        return m_machine.addPci(bridge, "0000:1" + number + ":00.0", vendor, device, "0x010601", Removable);
+        std::string text = "#!/bin/sh\n";
+        for (const char *name : {"LD_PRELOAD", "UMOCKDEV_DIR", "ASAN_OPTIONS", "TSAN_OPTIONS"}) {
+            if (const char *value = std::getenv(name))
+                text.append("export ").append(name).append("=").append(asWord(value)).append("\n");
+        }
+        text.append("exec ").append(asWord(INSTALLED_DISK_UTILITY)).append(" \"$@\"\n");
+        const auto utility = m_tree.file("orvana-diskutil", text);
+        std::filesystem::permissions(utility, std::filesystem::perms::all);
+        auto rule = contentOf(UDEV_RULE);
+        const std::string installed = "/usr/bin/orvana-diskutil";
+        rule.replace(rule.find(installed), installed.size(), utility);
+        m_tree.file("60-orvana-plurimo.rules", rule);
     }
 
-    /// A disk on a controller, and what the disk service is told of it.
-    std::string markOfDiskOn(const std::string &controller)
+    /// A disk on a controller, and what udev makes known of it.
+    std::string markOfDiskOn(const std::string &controller, int port = 0)
     {
-        return markOf(m_machine.addSataDisk(controller, 0, {.node = "sd" + std::string(1, m_letter++)}));
+        return markOf(m_machine.addSataDisk(controller, port, {.node = "sd" + std::string(1, m_letter++)}));
     }
 
-    /// What the disk service is told of a device: "UDISKS_SYSTEM=0 UDISKS_AUTO=1", or nothing.
-    static std::string markOf(const std::string &device, const std::string &action = "add")
+    /// What udev makes known of a device: "UDISKS_SYSTEM=0 UDISKS_AUTO=1", and "uaccess" first when who sits
+    /// at the machine may open it; or nothing.
+    std::string markOf(const std::string &device, const std::string &action = "add") const
     {
-        const auto said = runShell(std::string("unshare --mount --propagation private -- sh -ec '") + Script +
-                                   "' sh " + asWord(UDEV_RULE) + " " + action + " " + asWord(device));
+        const auto said =
+            runShell(std::string("unshare --mount --propagation private -- sh -ec '") + Script + "' sh " +
+                     asWord(m_tree.path("60-orvana-plurimo.rules")) + " " + action + " " + asWord(device));
         EXPECT_EQ(said.status, 0) << said.text;
         EXPECT_NE(said.text.find("DEVPATH=" + device.substr(4)), std::string::npos) << said.text;
-        EXPECT_EQ(said.text.find("60-orvana-plurimo.rules:"), std::string::npos) << said.text;
+        EXPECT_EQ(said.text.find("\n/run/udev/rules.d/60-orvana-plurimo.rules:"), std::string::npos)
+            << "a line is not understood: " << said.text;
         std::string mark;
         std::istringstream lines(said.text);
         for (std::string line; std::getline(lines, line);) {
-            if (line.starts_with("UDISKS_"))
-                mark.append(mark.empty() ? "" : " ").append(line);
+            if (line.starts_with("CURRENT_TAGS=") && line.find(":uaccess:") != std::string::npos)
+                line = "uaccess";
+            else if (!line.starts_with("UDISKS_"))
+                continue;
+            mark.append(mark.empty() ? "" : " ").append(line);
         }
         return mark;
     }
@@ -60,77 +72,86 @@ protected:
         "mount -t tmpfs tmpfs /run; mount -t tmpfs tmpfs /dev; "
         "mknod -m 666 /dev/null c 1 3; mkdir -p /run/udev/rules.d; "
         "cp \"$1\" /run/udev/rules.d/; exec udevadm test --action=$2 \"$3\"";
-    static constexpr const char *External = "UDISKS_SYSTEM=0 UDISKS_AUTO=1";
-    const Lines Removable{"A: removable=removable"};
+    static constexpr const char *ExternalDisk = "uaccess UDISKS_SYSTEM=0 UDISKS_AUTO=1";
+    static constexpr const char *ExternalPartition = "UDISKS_SYSTEM=0 UDISKS_AUTO=1";
 
-    MadeUpMachine m_machine;
-    std::string m_fixedPort, m_port, m_upper;
-    int m_count = 0;
+    TemporaryTree m_tree;
     char m_letter = 'a';
 };
 
-TEST_F(UdevRule, DisksInTheBaysAreExternal)
+TEST_F(UdevRule, DisksInTheBaysAreExternalAndOpenToWhoSitsThere)
 {
-    EXPECT_EQ(markOfDiskOn(addPlugged("0x1b21", "0x0612")), External);
-    EXPECT_EQ(markOfDiskOn(addPlugged("0x1b21", "0x0625")), External);
+    const auto upper = addEnclosure("612");
+    for (int bridge = 0; bridge < 4; ++bridge)
+        EXPECT_EQ(markOfDiskOn(m_machine.controllerOf(upper, bridge)), ExternalDisk) << bridge;
 }
 
-TEST_F(UdevRule, PartitionsOfSuchADiskAreExternalToo)
+TEST_F(UdevRule, DisksOfTwoPortControllersAre)
 {
-    const auto disk = m_machine.addSataDisk(addPlugged("0x1b21", "0x0612"), 0, {.node = "sda"});
-    EXPECT_EQ(markOf(m_machine.addPartition(disk, 1)), External);
+    const auto upper = addEnclosure("625");
+    for (const int bridge : {0, 3}) {
+        EXPECT_EQ(markOfDiskOn(m_machine.controllerOf(upper, bridge), 0), ExternalDisk);
+        EXPECT_EQ(markOfDiskOn(m_machine.controllerOf(upper, bridge), 1), ExternalDisk);
+    }
+}
+
+TEST_F(UdevRule, PartitionOfSuchADiskIsExternalAndNotOpen)
+{
+    const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
+    // As udev keeps it from the disk's own turn.
+    const auto disk =
+        m_machine.addSataDisk(controller, 0, {.node = "sda", .properties = {"ORVANA_IN_BAY=1"}});
+    EXPECT_EQ(markOf(m_machine.addPartition(disk, 1)), ExternalPartition);
+    const auto other = m_machine.addSataDisk(m_internal, 0, {.node = "sdb"});
+    EXPECT_EQ(markOf(m_machine.addPartition(other, 1)), "");
 }
 
 TEST_F(UdevRule, DiskStaysExternalWhenItIsWrittenAnew)
 {
-    const auto disk = m_machine.addSataDisk(addPlugged("0x1b21", "0x0612"), 0, {.node = "sda"});
-    EXPECT_EQ(markOf(disk, "change"), External);
+    const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
+    EXPECT_EQ(markOf(m_machine.addSataDisk(controller, 0, {.node = "sda"}), "change"), ExternalDisk);
 }
 
-TEST_F(UdevRule, PortThatCallsItselfRemovableDoesAsWell)
+TEST_F(UdevRule, ControllerOfTheSameKindElsewhereIsLeftAlone)
 {
-    const auto port = m_machine.addBridge({}, "0000:00:07.1", Removable);
-    EXPECT_EQ(markOfDiskOn(m_machine.addAhci(port, "0000:20:00.0", "0x1b21", "0x0612")), External);
+    addEnclosure("612");
+    EXPECT_EQ(markOfDiskOn(m_machine.addAhci({}, "0000:00:18.0", "0x1b21", "0x0612")), "") << "internal";
+    EXPECT_EQ(markOfDiskOn(m_machine.addAhci(m_otherPort, "0000:20:00.0", "0x1b21", "0x0612")), "")
+        << "plugged in, and in no bay";
 }
 
-TEST_F(UdevRule, InternalControllerOfTheSameKindIsLeftAlone)
+TEST_F(UdevRule, AnotherMakersDeviceWithSuchControllersIsLeftAlone)
 {
-    EXPECT_EQ(markOfDiskOn(m_machine.addAhci(m_fixedPort, "0000:20:00.0", "0x1b21", "0x0612")), "");
-    const auto fixed =
-        m_machine.addPci(m_fixedPort, "0000:21:00.0", "0x1b21", "0x0625", "0x010601", {"A: removable=fixed"});
-    EXPECT_EQ(markOfDiskOn(fixed), "");
+    m_machine.addRouter(m_hostRouter, "1", "0x4d", "0x11");
+    const auto upper = m_machine.addEnclosureBridges(m_port, "612", 1);
+    EXPECT_EQ(markOfDiskOn(m_machine.controllerOf(upper, 0)), "");
 }
 
-TEST_F(UdevRule, OtherControllersBehindThePortAreLeftAlone)
+TEST_F(UdevRule, OtherDisksInTheEnclosureAreLeftAlone)
 {
-    EXPECT_EQ(markOfDiskOn(addPlugged("0x8086", "0x2922")), "");
-    EXPECT_EQ(markOfDiskOn(addPlugged("0x1b21", "0x1166")), "");
-}
-
-TEST_F(UdevRule, MakerAndModelAreOneDevices)
-{
-    const auto bridge = m_machine.addPci(m_upper, "0000:02:09.0", "0x1b21", "0x2824", "0x060400", Removable);
-    EXPECT_EQ(markOfDiskOn(m_machine.addAhci(bridge, "0000:20:00.0", "0x1234", "0x0612")), "");
-}
-
-TEST_F(UdevRule, DiskWhoseMediumIsRemovableIsNotExternalForThat)
-{
-    const auto controller = m_machine.addAhci(m_fixedPort, "0000:20:00.0", "0x1b21", "0x0612");
-    const auto scsi = m_machine.add(controller + "/ata9/host9/target9:0:0/9:0:0:0", "scsi",
-                                    {"E: DEVTYPE=scsi_device", "A: removable=removable"});
-    EXPECT_EQ(markOf(m_machine.addBlock(scsi, {.node = "sda"})), "");
+    const auto upper = addEnclosure("612");
+    const auto bridge = m_machine.addBridge(upper, "0000:02:05.0");
+    EXPECT_EQ(markOfDiskOn(m_machine.addAhci(bridge, "0000:30:00.0", "0x8086", "0x2922")), "");
+    EXPECT_EQ(markOfDiskOn(m_machine.addAhci(bridge, "0000:30:00.1", "0x1b21", "0x0612")), "")
+        << "no bay has that bridge";
 }
 
 TEST_F(UdevRule, OnlyDisksAreMarked)
 {
-    const auto controller = addPlugged("0x1b21", "0x0612");
-    EXPECT_EQ(markOf(controller), "");
+    EXPECT_EQ(markOf(m_machine.controllerOf(addEnclosure("612"), 0)), "");
 }
 
 TEST_F(UdevRule, DiskThatLeavesIsNotMarkedAnew)
 {
-    const auto disk = m_machine.addSataDisk(addPlugged("0x1b21", "0x0612"), 0, {.node = "sda"});
-    EXPECT_EQ(markOf(disk, "remove"), "");
+    const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
+    EXPECT_EQ(markOf(m_machine.addSataDisk(controller, 0, {.node = "sda"}), "remove"), "");
+}
+
+TEST_F(UdevRule, WithoutTheDiskUtilityNothingIsMarked)
+{
+    const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
+    std::filesystem::remove(m_tree.path("orvana-diskutil"));
+    EXPECT_EQ(markOfDiskOn(controller), "");
 }
 
 } // namespace orvana::test
