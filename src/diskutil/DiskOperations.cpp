@@ -63,8 +63,12 @@ Outcome<std::string> lookAndChange(const Request &request, const Surroundings &w
         if (!facts->mounted.empty())
             return trouble(Refused, displayPath(request.node) + " was mounted again");
         auto changed = change();
-        if (changed || wasAsked || !changed.error().canBeAllowed)
+        if (changed || !changed.error().canBeAllowed)
             return changed;
+        if (wasAsked)
+            return trouble(Refused, "the right to change " + displayPath(request.node) +
+                                        " was given for one time only, and is needed for longer; who sits at "
+                                        "the machine, and root, can have it");
         if (const auto allowed = with.service.askForRight(request.node); !allowed)
             return tl::unexpected(allowed.error());
     }

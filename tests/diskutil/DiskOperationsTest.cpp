@@ -205,7 +205,11 @@ TEST_F(DiskUtility, MissingRightIsAskedForOnceAndThenTheDiskIsLookedAtAgain)
                                       "makeVolume /dev/sdb ext4 COPY 1", "mount /dev/sdb1"}));
     m_service.calls.clear();
     m_service.missingRights = 2;
-    EXPECT_EQ(erase().error().status, Refused);
+    const auto refused = erase();
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().status, Refused);
+    EXPECT_NE(refused.error().reason.find("was given for one time only"), std::string::npos)
+        << refused.error().reason;
     EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb") << "and not for ever";
 }
 
