@@ -105,4 +105,29 @@ AttachedImage::~AttachedImage()
         ADD_FAILURE() << said.text;
 }
 
+ServedMount::ServedMount(const std::string &place) : m_place(place)
+{
+    const auto image = asWord(place + ".image");
+    m_node =
+        must("mkdir " + asWord(place) + " && truncate -s 10M " + image + " && losetup -f --show " + image);
+    must("mkfs.exfat " + m_node + " && mount.exfat-fuse " + m_node + " " + asWord(place));
+    m_server = must("pgrep -x mount.exfat-fus"); // as much as the kernel keeps of the name
+}
+
+ServedMount::~ServedMount()
+{
+    const auto said =
+        runShell("kill -CONT " + m_server + "; umount " + asWord(m_place) + " && losetup -d " + m_node);
+    if (said.status != 0)
+        ADD_FAILURE() << said.text;
+}
+
+void ServedMount::fallSilent() const
+{
+    must("kill -STOP " + m_server);
+    // What was answered before is remembered for a second.
+    must("for i in $(seq 100); do timeout 0.2 test -d " + asWord(m_place) +
+         " || exit 0; sleep 0.1; done; exit 1");
+}
+
 } // namespace orvana::test

@@ -63,6 +63,25 @@ private:
     std::string m_path;
 };
 
+/// A small file system that is served by a program.
+class ServedMount
+{
+public:
+    /// Makes the folder, and the image beside it.
+    explicit ServedMount(const std::string &place);
+    ~ServedMount();
+    ServedMount(const ServedMount &) = delete;
+    ServedMount &operator=(const ServedMount &) = delete;
+
+    /// The program answers no more, and who looks into the folder waits.
+    void fallSilent() const;
+
+private:
+    std::string m_place;
+    std::string m_node;
+    std::string m_server; ///< number of the process
+};
+
 /// An image file on a mounted volume, on a loop device of its own; no process has it open.
 class AttachedImage
 {

@@ -67,6 +67,20 @@ TEST_F(RealDisks, BusyVolumeIsRefusedWithWhoUsesIt)
     EXPECT_NE(ejected.text.find("in use by sleep"), std::string::npos) << ejected.text;
 }
 
+TEST_F(RealDisks, BusyVolumeIsToldThoughAnotherFileSystemDoesNotAnswer)
+{
+    const auto disk = addDisk();
+    disk->mount(m_tree.folder("here"));
+    const BusyProcess user(m_tree.path("here"));
+    const ServedMount served(m_tree.path("served"));
+    const BusyProcess elsewhere(m_tree.path("served"));
+    served.fallSilent();
+    const auto ejected = eject(*disk);
+    EXPECT_EQ(ejected.status, 3);
+    EXPECT_NE(ejected.text.find("in use by sleep (" + user.number() + ")"), std::string::npos)
+        << ejected.text;
+}
+
 TEST_F(RealDisks, DiskThatAnotherNamespaceHasMountedIsRefused)
 {
     const auto disk = addDisk();
