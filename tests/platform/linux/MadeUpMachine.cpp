@@ -75,6 +75,13 @@ std::string MadeUpMachine::add(const std::string &path, const std::string &subsy
     return path;
 }
 
+void MadeUpMachine::load(const std::string &file) const
+{
+    GError *error = nullptr;
+    if (!umockdev_testbed_add_from_file(m_testbed->bed, file.c_str(), &error))
+        throw std::runtime_error(error->message);
+}
+
 std::string MadeUpMachine::addPci(const std::string &above, const std::string &name,
                                   const std::string &vendor, const std::string &device,
                                   const std::string &pciClass, const std::vector<std::string> &lines)

@@ -44,6 +44,9 @@ public:
     std::string add(const std::string &path, const std::string &subsystem,
                     const std::vector<std::string> &lines = {});
 
+    /// The devices of a record that umockdev made.
+    void load(const std::string &file) const;
+
     /// A PCI device; `above` is the path of another, or nothing for the root bus. `name` is "0000:02:01.0".
     std::string addPci(const std::string &above, const std::string &name, const std::string &vendor,
                        const std::string &device, const std::string &pciClass,
