@@ -114,6 +114,8 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(facts.error());
     if (const auto possible = with.service.checkFormat(*format); !possible)
         return tl::unexpected(possible.error());
+    if (!with.canBeMounted(format->type))
+        return trouble(Refused, std::string(format->type) + " volumes cannot be mounted on this machine");
     if (const auto unmounted = unmountAll(request, with, checkErasable); !unmounted)
         return tl::unexpected(unmounted.error());
     if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)

@@ -15,6 +15,8 @@ struct Surroundings
     std::function<std::vector<std::string>(const std::string &point)> usersOf;
     /// Has the system write out what it still holds back of the file system mounted at the point.
     std::function<Outcome<void>(const std::string &point)> writeOut;
+    /// Whether volumes of a type can be mounted on this machine.
+    std::function<bool(const std::string &type)> canBeMounted;
     std::optional<std::string> formatSetting;
 };
 

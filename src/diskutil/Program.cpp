@@ -1,6 +1,7 @@
 #include "diskutil/Program.h"
 
 #include "diskutil/DiskOperations.h"
+#include "diskutil/MountableTypes.h"
 #include "diskutil/UdisksService.h"
 #include "diskutil/VolumeUsers.h"
 
@@ -11,6 +12,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <iostream>
+#include <sys/utsname.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -37,6 +39,12 @@ Outcome<void> writeOut(const std::string &point)
     return trouble(Failed, displayPath(point) + ": " + std::generic_category().message(errno));
 }
 
+bool isMountableHere(const std::string &type)
+{
+    struct utsname kernel{};
+    return ::uname(&kernel) == 0 && canBeMounted(type, static_cast<const char *>(kernel.release));
+}
+
 // udev asks this of each disk that comes, and has not finished with it yet.
 Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFacts> &facts)
 {
@@ -56,7 +64,7 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule,
     if (request.verb == Verb::IsInBay)
         return isInBay(request.node, lookAt(request.node));
     UdisksService service;
-    const Surroundings surroundings{lookAt, service, usersOf, writeOut, formatSetting()};
+    const Surroundings surroundings{lookAt, service, usersOf, writeOut, isMountableHere, formatSetting()};
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
                                            : ejectDisk(request, surroundings);
 }

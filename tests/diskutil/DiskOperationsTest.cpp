@@ -143,6 +143,16 @@ TEST_F(DiskUtility, FormatThatCannotBeMadeIsRefusedBeforeAnythingIsUnmounted)
     EXPECT_EQ(m_service.calls, Calls{"checkFormat ext4"});
 }
 
+TEST_F(DiskUtility, FormatThatCannotBeMountedIsRefusedBeforeAnythingIsUnmounted)
+{
+    m_isMountable = false;
+    const auto done = erase();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().status, Refused);
+    EXPECT_EQ(done.error().reason, "ext4 volumes cannot be mounted on this machine");
+    EXPECT_EQ(m_service.calls, Calls{"checkFormat ext4"});
+}
+
 TEST_F(DiskUtility, BusyVolumeIsRefusedWithWhoUsesIt)
 {
     m_disk->mounted = {{"/dev/sdb1", "/media/A"}};

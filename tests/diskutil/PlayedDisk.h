@@ -112,12 +112,14 @@ protected:
 
     Surroundings surroundings()
     {
-        return {[this](const std::string &) { return m_disk; }, m_service,
+        return {[this](const std::string &) { return m_disk; },
+                m_service,
                 [this](const std::string &) { return m_users; },
                 [this](const std::string &point) {
                     m_writtenOut.push_back(point);
                     return m_writeOut;
                 },
+                [this](const std::string &) { return m_isMountable; },
                 m_setting};
     }
 
@@ -137,6 +139,7 @@ protected:
     std::vector<std::string> m_users;
     std::vector<std::string> m_writtenOut;
     Outcome<void> m_writeOut;
+    bool m_isMountable = true;
     std::optional<std::string> m_setting;
 };
 
