@@ -122,7 +122,9 @@ int runProgram(const Words &words)
     if (instance.askTheFirst())
         return 0;
     QtMainQueue queue;
-    auto host = cli::makeHost(words.machine, &queue);
+    // A script opens and tells nothing outside of its window.
+    auto host = cli::makeHost(words.machine, &queue,
+                              words.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)
         return fail(host.error().status, host.error().reason);
     Program program(words, std::move(*host), queue);

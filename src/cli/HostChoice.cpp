@@ -24,14 +24,15 @@ tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice)
     return *file;
 }
 
-tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue)
+tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue,
+                                                                platform::Desktop desktop)
 {
     if (!choice.simulatorFile && !choice.demo && !choice.demoFolder)
         return platform::makeMachineHost(queue);
     const auto file = simulatorFileOf(choice);
     if (!file)
         return tl::unexpected(file.error());
-    auto host = platform::makeSimulatorHost(*file, queue);
+    auto host = platform::makeSimulatorHost(*file, queue, desktop);
     if (!host)
         return tl::unexpected(Refusal{NotThere, host.error()});
     return std::move(*host);

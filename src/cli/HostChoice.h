@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/ExitStatus.h"
-#include "platform/Host.h"
+#include "platform/HostFactory.h"
 
 #include <memory>
 #include <optional>
@@ -24,8 +24,10 @@ struct HostChoice
     std::optional<std::string> demoFolder; ///< instead of one in the temporary folder
 };
 
-/// Makes the host; `queue` is where it tells changes, if the command watches for them.
-tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue);
+/// Makes the host; `queue` is where it tells changes, if the command watches for them. `desktop` is for a
+/// simulated machine.
+tl::expected<std::unique_ptr<platform::Host>, Refusal>
+makeHost(const HostChoice &choice, MainQueue *queue, platform::Desktop desktop = platform::Desktop::None);
 
 /// The file of the simulated machine that is meant; the demo machine is made when it is missing.
 tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice);

@@ -1,17 +1,22 @@
 #include "platform/HostFactory.h"
 
+#include "platform/linux/DesktopWorkspace.h"
 #include "platform/simulator/DemoMachine.h"
 #include "platform/simulator/SimulatorHost.h"
 
 namespace orvana::platform
 {
 
-tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::string &file, MainQueue *queue)
+tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::string &file, MainQueue *queue,
+                                                                   Desktop desktop)
 {
     auto machine = simulator::SimulatedMachine::open(file);
     if (!machine)
         return tl::unexpected(machine.error());
-    return std::make_unique<simulator::SimulatorHost>(std::move(*machine), queue);
+    if (desktop == Desktop::None)
+        return std::make_unique<simulator::SimulatorHost>(std::move(*machine), queue);
+    return std::make_unique<simulator::SimulatorHost>(std::move(*machine), queue,
+                                                      std::make_unique<linux_host::DesktopWorkspace>());
 }
 
 tl::expected<void, std::string> moveSimulatorLever(const std::string &file, const std::string &lever,

@@ -18,10 +18,14 @@ namespace orvana::platform
 /// without one nothing is watched.
 std::unique_ptr<Host> makeMachineHost(MainQueue *queue = nullptr);
 
+/// Whose desktop a simulated machine has: with the user's, its pages open and its notices show.
+enum class Desktop { None, Users };
+
 /// The simulated machine of a file. Edits of the file, and what other programs do to the machine, are seen
 /// on `queue`, which must outlive the host; without one nothing is watched. The error names file, entry and
 /// reason.
-tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::string &file, MainQueue *queue);
+tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::string &file, MainQueue *queue,
+                                                                   Desktop desktop = Desktop::None);
 
 /// Writes the ready-made demo machine into `folder`, unless it is there already, and returns its file.
 tl::expected<std::string, std::string> prepareDemo(const std::string &folder);

@@ -18,9 +18,8 @@ public:
     /// A name for the button, which no other one in the session has.
     QString add(std::function<void()> pressed);
 
-public Q_SLOTS:
     /// The desktop's signal: the user pressed a button, of this program or of another.
-    void ActionInvoked(uint notice, const QString &name);
+    Q_SLOT void ActionInvoked(uint notice, const QString &name);
 
 private:
     std::map<QString, std::function<void()>> m_pressed;

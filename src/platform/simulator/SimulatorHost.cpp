@@ -255,14 +255,15 @@ private:
     std::function<void()> m_onChange;
 };
 
-SimulatorHost::SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueue *queue)
+SimulatorHost::SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueue *queue,
+                             std::unique_ptr<Workspace> workspace)
     : m_machine(std::move(machine)), m_queue(queue),
       m_account(std::make_unique<SimulatedAccount>(*m_machine)),
       m_places(std::make_unique<SimulatedPlaces>(*m_machine)),
       m_registry(std::make_unique<SimulatedRegistry>(*m_machine)),
       m_events(std::make_unique<SimulatedEvents>(*m_machine)),
       m_launcher(std::make_unique<SimulatedTools>(*m_machine, [this] { setUpVolumes(); })),
-      m_self(std::make_shared<SimulatorHost *>(this))
+      m_workspace(std::move(workspace)), m_self(std::make_shared<SimulatorHost *>(this))
 {
     setUpVolumes();
     if (m_queue)

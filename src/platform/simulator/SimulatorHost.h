@@ -25,8 +25,10 @@ namespace orvana::platform::simulator
 class SimulatorHost final : public Host
 {
 public:
-    /// With a queue, changes are looked for ten times a second and told on it.
-    SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueue *queue);
+    /// With a queue, changes are looked for ten times a second and told on it. The desktop is no part of the
+    /// machine: it is whose the caller says.
+    SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueue *queue,
+                  std::unique_ptr<Workspace> workspace = std::make_unique<NullWorkspace>());
     ~SimulatorHost() override;
     SimulatorHost(const SimulatorHost &) = delete;
     SimulatorHost &operator=(const SimulatorHost &) = delete;
@@ -42,7 +44,7 @@ public:
     HardwareRegistry &registry() override;
     VolumeEvents &volumeEvents() override;
     CommandLauncher &launcher() override;
-    Workspace &workspace() override { return m_workspace; }
+    Workspace &workspace() override { return *m_workspace; }
 
 private:
     class SimulatedAccount;
@@ -63,7 +65,7 @@ private:
     std::unique_ptr<SimulatedRegistry> m_registry;
     std::unique_ptr<SimulatedEvents> m_events;
     std::unique_ptr<SimulatedTools> m_launcher;
-    NullWorkspace m_workspace;
+    std::unique_ptr<Workspace> m_workspace;
     std::shared_ptr<SimulatorHost *> m_self; // what waits on the queue finds the host by it, or nothing
 };
 

@@ -70,8 +70,8 @@ class Dock : public QObject
 {
     Q_OBJECT
 
-public Q_SLOTS:
-    void Update(const QString &program, const QVariantMap &properties)
+public:
+    Q_SLOT void Update(const QString &program, const QVariantMap &properties)
     {
         EXPECT_EQ(program.toStdString(), "application://orvana-plurimo.desktop");
         shown.push_back(properties.value(QStringLiteral("progress-visible")).toBool()
@@ -79,7 +79,6 @@ public Q_SLOTS:
                             : -1);
     }
 
-public:
     std::vector<double> shown;
 };
 
