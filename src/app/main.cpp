@@ -121,6 +121,8 @@ int runProgram(const Words &words)
     SingleInstance instance(QString::fromStdString(*file));
     if (instance.askTheFirst())
         return 0;
+    if (const auto refusal = cli::makeLogFolder(words.logFolder))
+        return fail(refusal->status, refusal->reason);
     QtMainQueue queue;
     // A script opens and tells nothing outside of its window.
     auto host = cli::makeHost(words.machine, &queue,

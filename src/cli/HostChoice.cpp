@@ -1,5 +1,6 @@
 #include "cli/HostChoice.h"
 
+#include "foundation/DisplayPath.h"
 #include "platform/HostFactory.h"
 
 #include <filesystem>
@@ -36,6 +37,17 @@ tl::expected<std::unique_ptr<platform::Host>, Refusal> makeHost(const HostChoice
     if (!host)
         return tl::unexpected(Refusal{NotThere, host.error()});
     return std::move(*host);
+}
+
+std::optional<Refusal> makeLogFolder(const std::optional<std::string> &named)
+{
+    std::error_code error;
+    if (named)
+        std::filesystem::create_directories(std::filesystem::absolute(*named), error);
+    if (!error)
+        return std::nullopt;
+    return Refusal{NotThere,
+                   "the folder for logs, " + displayPath(*named) + ", cannot be made: " + error.message()};
 }
 
 } // namespace orvana::cli

@@ -29,6 +29,9 @@ struct HostChoice
 tl::expected<std::unique_ptr<platform::Host>, Refusal>
 makeHost(const HostChoice &choice, MainQueue *queue, platform::Desktop desktop = platform::Desktop::None);
 
+/// Makes the folder for logs that the user named, if it is not there yet; the refusal says why it cannot be.
+std::optional<Refusal> makeLogFolder(const std::optional<std::string> &named);
+
 /// The file of the simulated machine that is meant; the demo machine is made when it is missing.
 tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice);
 

@@ -124,6 +124,11 @@ cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::s
 {
     PlainMainQueue queue;
     const bool watches = command == "devices" ? words.devices.watch : command != "copy" && command != "logs";
+    const bool writesLog = command != "devices" && command != "logs";
+    if (const auto refusal = writesLog ? cli::makeLogFolder(words.logFolder) : std::nullopt) {
+        terminal.printError("plurimoctl: " + refusal->reason);
+        return refusal->status;
+    }
     const auto host = cli::makeHost(words.machine, watches ? &queue : nullptr);
     if (!host) {
         terminal.printError("plurimoctl: " + host.error().reason);

@@ -1,3 +1,4 @@
+#include "cli/HostChoice.h"
 #include "cli/LogsCommand.h"
 #include "cli/Terminal.h"
 #include "foundation/PathJson.h"
@@ -158,6 +159,26 @@ TEST_F(LogsCommand, WhatCannotBeRemovedIsNamedAndTheOthersGo)
     EXPECT_EQ(run("clear"), SomethingFailed);
     EXPECT_EQ(m_err, "plurimoctl: 30000101-000000-Log.txt: Not a regular file\n");
     EXPECT_EQ(left(), std::vector<std::string>{"30000101-000000-Log.txt"});
+}
+
+TEST(LogFolder, IsMadeWhereItIsNamed)
+{
+    const test::TemporaryTree tree;
+    EXPECT_FALSE(makeLogFolder(std::nullopt));
+    EXPECT_FALSE(makeLogFolder(tree.path("a/b")));
+    EXPECT_FALSE(makeLogFolder(tree.path("a/b"))) << "it is there";
+    EXPECT_EQ(test::treeOf(tree.root()), (std::vector<std::string>{"a", "a/b"}));
+}
+
+TEST(LogFolder, ThatCannotBeMadeIsRefusedWithTheReason)
+{
+    const test::TemporaryTree tree;
+    tree.file("file", "");
+    const auto refusal = makeLogFolder(tree.path("file/logs"));
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->status, NotThere);
+    EXPECT_EQ(refusal->reason,
+              "the folder for logs, " + tree.path("file/logs") + ", cannot be made: Not a directory");
 }
 
 } // namespace orvana::cli
