@@ -190,6 +190,7 @@ private:
     void tellRefusals(const std::vector<DiskRefusal> &refusals);
     void runEnded();
     void finishReportWithoutCopy();
+    void tellOfNoCopy();
     void endWithoutCopy();
     void endRunOfLostEnclosure();
     void restoreIdleControls();
@@ -251,7 +252,8 @@ private:
     std::shared_ptr<RunProblems> m_problems;
     QPointer<QWidget> m_reportWindow;
     std::optional<ErasePlan> m_erasePlan;
-    PerBay<bool> m_isNotErased;           // in the present run
+    PerBay<bool> m_isNotErased; // in the present run
+    bool m_isAfterErase = false;
     std::set<std::string> m_toldRefusals; // of the present run
     std::shared_ptr<void> m_wakefulness;
     bool m_isClosing = false;

@@ -109,6 +109,7 @@ void MainWindow::eraseFinished()
         m_isNotErased = baysNotErased(*m_erasePlan, m_diskTool->results());
     }
     m_erasePlan.reset();
+    m_isAfterErase = true;
     m_action->setIsErasing(false);
     lockChoices(false);
     setProgressMsg(std::string());

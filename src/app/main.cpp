@@ -124,7 +124,7 @@ int runProgram(const Words &words)
     if (const auto refusal = cli::makeLogFolder(words.logFolder))
         return fail(refusal->status, refusal->reason);
     QtMainQueue queue;
-    // A script opens and tells nothing outside of its window.
+    // On a simulated machine, a script opens and tells nothing outside of its window.
     auto host = cli::makeHost(words.machine, &queue,
                               words.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)

@@ -27,8 +27,10 @@ void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
 PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> &results)
 {
     PerBay<bool> bays;
-    for (std::size_t i = 0; i < plan.disks.size(); ++i)
-        bays[plan.disks[i].bay] = i >= results.size() || !results[i].succeeded;
+    for (const auto bay : AllBays)
+        bays[bay] = true;
+    for (std::size_t i = 0; i < plan.disks.size() && i < results.size(); ++i)
+        bays[plan.disks[i].bay] = !results[i].succeeded;
     return bays;
 }
 

@@ -8,7 +8,7 @@ namespace orvana
 
 class RunReport;
 
-/// The bays whose disks an erase was to empty, and did not.
+/// The bays that an erase did not empty, for whatever reason: all but those of which it is known that it did.
 PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> &results);
 
 /// Puts an erase into the report: what the tool did to each disk of the plan, and what was refused. A disk

@@ -45,6 +45,8 @@ void MainWindow::EraseDisk()
         endWithoutCopy();
         return;
     }
+    if (plan && !plan->badNames.empty())
+        warn(textOf(plan->badNames));
     std::vector<DiskUtilInfo> disks;
     if (plan && plan->badNames.empty()) {
         for (const auto &erase : plan->disks)

@@ -73,6 +73,7 @@ bool MainWindow::areNamesRefused()
 {
     m_toldRefusals.clear();
     m_isNotErased = {};
+    m_isAfterErase = false;
     if (!m_action->EraseDiskCheckBox->isChecked())
         return false;
     const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
@@ -217,6 +218,14 @@ void MainWindow::finishReportWithoutCopy()
     m_report->finish(RunOutcome::Finished);
     if (!m_report->diskLines().empty())
         showLastReport();
+    tellOfNoCopy();
+}
+
+// Without an erase before it, a run that comes to no copy ends with the click on Start.
+void MainWindow::tellOfNoCopy()
+{
+    if (m_isAfterErase)
+        tellDesktop(tr("Nothing was duplicated"), tr("There was nothing to copy, or no disk to copy to."));
 }
 
 // Nothing can be copied to: the report says why, and no sheet says that all is well.
@@ -227,9 +236,7 @@ void MainWindow::endWithoutCopy()
     restoreIdleControls();
     displayDialog(1, true);
     showLastReport();
-    // Without an erase before it, it ends with the click on Start.
-    if (!m_report->diskLines().empty())
-        tellDesktop(tr("Nothing was duplicated"), tr("There was no disk to copy to."));
+    tellOfNoCopy();
 }
 
 void MainWindow::endRunOfLostEnclosure()

@@ -60,7 +60,7 @@ struct RunChoice
     bool slotAisSource = true;
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
     PerBay<bool> isOverSize;   ///< the selection does not fit into the bay
-    PerBay<bool> isNotErased;  ///< the run was to erase the bay's disk first, and could not
+    PerBay<bool> isNotErased;  ///< the run was to erase the bay's disk first, and did not
     /// The disks whose rows the bays showed; a disk that is another one by the time of the run is passed
     /// over. Without it that is not compared.
     std::optional<ShownDisks> shown;

@@ -143,7 +143,7 @@ std::string reasonText(DiskGuard guard)
     case DiskGuard::OtherDisk:
         return "it is not the disk that was shown";
     case DiskGuard::NotErased:
-        return "it was not erased, and keeps what it holds";
+        return "its erase did not succeed";
     case DiskGuard::OtherVolume:
         return "it no longer holds the volume that was shown";
     default:

@@ -39,7 +39,7 @@ enum class DiskGuard {
     NotCertain,    ///< another disk claims the same bay, or the same device node
     NoName,        ///< its volume has no name
     NotMounted,    ///< its volume is mounted nowhere, or something else is there
-    NotErased,     ///< the run was to erase it, and could not
+    NotErased,     ///< the run was to erase it first, and did not
     OtherDisk,     ///< it is not the disk that was shown
     OtherVolume,   ///< it no longer holds the volume that was shown
     SameName,      ///< a bay before it shows the same name

@@ -51,6 +51,27 @@ TEST_F(DesktopTest, CancelledRunIsNotTold)
     EXPECT_EQ(shownProgress().back(), std::nullopt);
 }
 
+TEST_F(DesktopTest, RunThatCameToNoCopyAfterItsEraseIsTold)
+{
+    m_machine["failing"] = Json::array({"eraseDisk"});
+    startWithEnclosure();
+    setErase(true);
+    pressStart();
+    until([this] { return !notices().empty(); });
+    EXPECT_EQ(notices()[0].title, "Nothing was duplicated");
+    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
+}
+
+TEST_F(DesktopTest, RunThatEndsWithTheClickIsNotTold)
+{
+    bay(1)["attached"] = false;
+    bay(2)["attached"] = false;
+    startWithEnclosure();
+    pressStart();
+    pass(std::chrono::seconds(1));
+    EXPECT_TRUE(notices().empty());
+}
+
 TEST_F(DesktopTest, ProgressIsShownWhileTheRunGoesOnAndOnlyThen)
 {
     startWithEnclosure();

@@ -182,7 +182,7 @@ TEST_F(DisksTest, FailedEraseIsInTheReportAndOpensIt)
     startWithEnclosure();
     pressStart();
     untilSheet("Warning");
-    EXPECT_EQ(sheetText(), "Slot-C (COPY2): it was not erased, and keeps what it holds");
+    EXPECT_EQ(sheetText(), "Slot-C (COPY2): its erase did not succeed");
     pressSheet("OK");
     untilCompleted();
     EXPECT_EQ(filesOn("COPY2"), Files{"old2"});

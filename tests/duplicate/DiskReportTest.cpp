@@ -52,6 +52,14 @@ TEST_F(DiskReport, FailedEraseIsToldWithItsReason)
     EXPECT_EQ(disk["reason"], "Error: busy");
 }
 
+TEST_F(DiskReport, OnlyBaysWhoseEraseIsKnownToHaveSucceededAreErased)
+{
+    const auto bays = baysNotErased(m_erase, {{m_erase.disks[0].info, true, {}}});
+    EXPECT_FALSE(bays[Bay::B]);
+    EXPECT_TRUE(bays[Bay::C]) << "the tool was stopped before it";
+    EXPECT_TRUE(bays[Bay::D]) << "it was in no plan";
+}
+
 TEST_F(DiskReport, DiskThatTheToolDidNotComeToCountsAsFailed)
 {
     reportErase(m_report, m_erase, {{m_erase.disks[0].info, true, {}}});
