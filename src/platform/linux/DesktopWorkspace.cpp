@@ -2,6 +2,7 @@
 
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
+#include "platform/linux/BusProbe.h"
 #include "platform/linux/NoticeButtons.h"
 
 #include <QDBusConnection>
@@ -56,11 +57,10 @@ void startOpener(const QString &address)
 class DesktopWorkspace::Bus
 {
 public:
-    Bus(QDBusConnection::BusType type, const std::string &address)
-        : m_name(QStringLiteral("orvana-workspace-%1").arg(type)),
-          m_connection(address.empty()
-                           ? QDBusConnection::connectToBus(type, m_name)
-                           : QDBusConnection::connectToBus(QString::fromStdString(address), m_name))
+    Bus(BusKind kind, const std::string &address)
+        : m_name(QStringLiteral("orvana-workspace-%1").arg(static_cast<int>(kind))),
+          m_connection(doesBusAnswer(kind, address) ? connectionTo(kind, address, m_name)
+                                                    : QDBusConnection(QString()))
     {
     }
     ~Bus() { QDBusConnection::disconnectFromBus(m_name); }
@@ -83,26 +83,28 @@ public:
             m_connection.send(message);
     }
 
-    /// A name for a button of a notice.
-    QString addButton(std::function<void()> pressed)
+    void listenTo(NoticeButtons &buttons)
     {
-        if (!std::exchange(m_listens, true))
-            m_connection.connect(QString(), QStringLiteral("/org/freedesktop/Notifications"),
-                                 QStringLiteral("org.freedesktop.Notifications"),
-                                 QStringLiteral("ActionInvoked"), &m_buttons,
-                                 SLOT(ActionInvoked(uint, QString)));
-        return m_buttons.add(std::move(pressed));
+        m_connection.connect(QString(), QStringLiteral("/org/freedesktop/Notifications"),
+                             QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("ActionInvoked"),
+                             &buttons, SLOT(ActionInvoked(uint, QString)));
     }
 
 private:
+    static QDBusConnection connectionTo(BusKind kind, const std::string &address, const QString &name)
+    {
+        const auto own = kind == BusKind::Session ? QDBusConnection::SessionBus : QDBusConnection::SystemBus;
+        return address.empty() ? QDBusConnection::connectToBus(own, name)
+                               : QDBusConnection::connectToBus(QString::fromStdString(address), name);
+    }
+
     QString m_name;
     QDBusConnection m_connection;
-    NoticeButtons m_buttons;
-    bool m_listens = false;
 };
 
 DesktopWorkspace::DesktopWorkspace(std::string sessionBus, std::string systemBus)
-    : m_sessionBus(std::move(sessionBus)), m_systemBus(std::move(systemBus))
+    : m_sessionBus(std::move(sessionBus)), m_systemBus(std::move(systemBus)),
+      m_buttons(std::make_unique<NoticeButtons>())
 {
 }
 
@@ -110,8 +112,14 @@ DesktopWorkspace::~DesktopWorkspace() = default;
 
 DesktopWorkspace::Bus &DesktopWorkspace::session()
 {
-    if (!m_session)
-        m_session = std::make_unique<Bus>(QDBusConnection::SessionBus, m_sessionBus);
+    constexpr std::chrono::minutes BetweenTries{1};
+    const auto now = std::chrono::steady_clock::now();
+    if (!m_session || (!m_session->isConnected() && now >= m_nextTry)) {
+        m_session.reset(); // its name is free for the next one
+        m_session = std::make_unique<Bus>(BusKind::Session, m_sessionBus);
+        m_session->listenTo(*m_buttons);
+        m_nextTry = now + BetweenTries;
+    }
     return *m_session;
 }
 
@@ -144,7 +152,7 @@ void DesktopWorkspace::notify(const DesktopNotice &notice)
 {
     QStringList buttons;
     if (!notice.button.empty())
-        buttons << session().addButton(notice.pressed) << shown(notice.button);
+        buttons << m_buttons->add(notice.pressed) << shown(notice.button);
     auto message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
@@ -170,7 +178,7 @@ void DesktopWorkspace::showProgress(std::optional<double> fraction)
 
 std::shared_ptr<void> DesktopWorkspace::holdOffSleep(const std::string &reason)
 {
-    Bus bus(QDBusConnection::SystemBus, m_systemBus);
+    Bus bus(BusKind::System, m_systemBus);
     // Not every user may keep the lid from putting the machine to sleep.
     for (const auto *what : {"sleep:idle:handle-lid-switch", "sleep:idle"}) {
         const auto reply = bus.call(inhibit(QString::fromLatin1(what), reason));

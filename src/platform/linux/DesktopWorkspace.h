@@ -2,10 +2,13 @@
 
 #include "platform/Workspace.h"
 
+#include <chrono>
 #include <string>
 
 namespace orvana::platform::linux_host
 {
+
+class NoticeButtons;
 
 /// The desktop, by way of D-Bus. Where a service is missing, what it would have done is left undone, without
 /// waiting for long.
@@ -37,8 +40,10 @@ private:
 
     std::string m_sessionBus;
     std::string m_systemBus;
-    std::unique_ptr<Bus> m_session; // made at first use
-    std::optional<int> m_percent;   // as it is shown
+    std::unique_ptr<NoticeButtons> m_buttons;
+    std::unique_ptr<Bus> m_session; // made at first use, and anew when it has ended
+    std::chrono::steady_clock::time_point m_nextTry;
+    std::optional<int> m_percent; // as it is shown
 };
 
 } // namespace orvana::platform::linux_host

@@ -19,6 +19,8 @@
 #include <gtest/gtest.h>
 #include <mutex>
 #include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace orvana::test
@@ -257,6 +259,22 @@ TEST_F(Desktop, OnlyPagesOfTheWebAreOpened)
 TEST_F(Desktop, WithoutServicesNothingIsHeldAndNothingWaits)
 {
     platform::linux_host::DesktopWorkspace workspace(address(), address());
+    workspace.notify({"Finish !!!", "text", "Open log", [] {}});
+    workspace.showProgress(0.5);
+    EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, BusThatAcceptsAndSaysNothingKeepsNobodyWaiting)
+{
+    const auto place = m_tree.path("silent");
+    const platform::posix::Descriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un name{};
+    name.sun_family = AF_UNIX;
+    place.copy(name.sun_path, sizeof name.sun_path - 1);
+    ASSERT_EQ(::bind(silent.number(), reinterpret_cast<const sockaddr *>(&name), sizeof name), 0);
+    ASSERT_EQ(::listen(silent.number(), 5), 0);
+    platform::linux_host::DesktopWorkspace workspace("unix:path=" + place, "unix:path=" + place);
     workspace.notify({"Finish !!!", "text", "Open log", [] {}});
     workspace.showProgress(0.5);
     EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);

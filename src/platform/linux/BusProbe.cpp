@@ -1,0 +1,73 @@
+#include "platform/linux/BusProbe.h"
+
+#include "platform/posix/Descriptor.h"
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <poll.h>
+#include <string_view>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+namespace orvana::platform::linux_host
+{
+
+namespace
+{
+
+constexpr int PatienceMilliseconds = 2000;
+
+std::string environment(const char *name)
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
+    const char *value = std::getenv(name);
+    return value ? value : std::string();
+}
+
+std::string ownAddress(BusKind kind)
+{
+    auto address =
+        environment(kind == BusKind::Session ? "DBUS_SESSION_BUS_ADDRESS" : "DBUS_SYSTEM_BUS_ADDRESS");
+    if (!address.empty())
+        return address;
+    return kind == BusKind::System ? "unix:path=/var/run/dbus/system_bus_socket" : std::string();
+}
+
+// Of "unix:path=/run/bus,guid=..."; other kinds of addresses are not tried.
+std::optional<sockaddr_un> socketOf(std::string_view address)
+{
+    constexpr std::string_view Start = "unix:path=";
+    if (!address.starts_with(Start) || address.find('%') != std::string_view::npos)
+        return std::nullopt;
+    const auto path = address.substr(Start.size(), address.find_first_of(",;") - Start.size());
+    sockaddr_un socket{};
+    socket.sun_family = AF_UNIX;
+    if (path.empty() || path.size() >= sizeof socket.sun_path)
+        return std::nullopt;
+    std::memcpy(&socket.sun_path, path.data(), path.size());
+    return socket;
+}
+
+} // namespace
+
+bool doesBusAnswer(BusKind kind, const std::string &address)
+{
+    const auto socket = socketOf(address.empty() ? ownAddress(kind) : address);
+    if (!socket)
+        return true;
+    const posix::Descriptor connection(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    if (::connect(connection.number(), reinterpret_cast<const sockaddr *>(&*socket), sizeof *socket) != 0)
+        return false;
+    // Who asks how to prove who they are is told at once.
+    constexpr std::string_view Question("\0AUTH\r\n", 7);
+    if (::send(connection.number(), Question.data(), Question.size(), MSG_NOSIGNAL) < 0)
+        return false;
+    pollfd wait{connection.number(), POLLIN, 0};
+    std::array<char, 64> answer{};
+    return ::poll(&wait, 1, PatienceMilliseconds) == 1 &&
+           ::recv(connection.number(), answer.data(), answer.size(), 0) > 0;
+}
+
+} // namespace orvana::platform::linux_host
