@@ -51,32 +51,51 @@ Outcome<DiskFacts> unmountAll(const Request &request, const Surroundings &with, 
 
 using Change = std::function<Outcome<std::string>()>;
 
-// Looks at the disk, and changes it at once: the service cannot work on a disk that is held open, so between
-// the two it is guarded by nothing. A right that is missing is asked for, and then all is looked at anew, for
-// who is asked may take their time.
-Outcome<std::string> lookAndChange(const Request &request, const Surroundings &with, const Change &change)
+// Changes the disk at once after the look. A right that is missing is asked for, and then all is looked at
+// anew, for who is asked may take their time.
+Outcome<std::string> lookAndChange(const Request &request, const Surroundings &with,
+                                   const std::function<Outcome<void>()> &look, const Change &change)
 {
-    for (bool wasAsked = false;; wasAsked = true) {
-        const auto facts = lookAndCheck(request, with, checkErasable);
-        if (!facts)
-            return tl::unexpected(facts.error());
-        if (!facts->mounted.empty())
-            return trouble(Refused, displayPath(request.node) + " was mounted again");
-        auto changed = change();
+    const auto attempt = [&]() -> Outcome<std::string> {
+        const auto good = look();
+        return good ? change() : tl::unexpected(good.error());
+    };
+    auto changed = attempt();
+    if (changed || !changed.error().canBeAllowed)
+        return changed;
+    for (const auto &right : with.service.rightsToChange(request.node)) {
+        if (const auto allowed = with.service.askFor(right); !allowed)
+            return tl::unexpected(allowed.error());
+        changed = attempt();
         if (changed || !changed.error().canBeAllowed)
             return changed;
-        if (wasAsked)
-            return trouble(Refused, "the right to change " + displayPath(request.node) +
-                                        " was given for one time only, and is needed for longer; who sits at "
-                                        "the machine, and root, can have it");
-        if (const auto allowed = with.service.askForRight(request.node); !allowed)
-            return tl::unexpected(allowed.error());
     }
+    return trouble(Refused,
+                   "the right to change " + displayPath(request.node) +
+                       " was given for one time only, and is needed for longer; who sits at the machine, "
+                       "and root, can have it");
 }
 
+Outcome<void> lookThatItIsFree(const Request &request, const Surroundings &with)
+{
+    const auto facts = lookAndCheck(request, with, checkErasable);
+    if (!facts)
+        return tl::unexpected(facts.error());
+    if (!facts->mounted.empty())
+        return trouble(Refused, displayPath(request.node) + " was mounted again");
+    return {};
+}
+
+// The service cannot work on a disk that is held open, so between this look and the write it is guarded by
+// nothing.
 Outcome<void> makeTable(const Request &request, const Surroundings &with)
 {
-    const auto made = lookAndChange(request, with, [&] {
+    const auto look = [&]() -> Outcome<void> {
+        if (auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
+            return alone;
+        return lookThatItIsFree(request, with);
+    };
+    const auto made = lookAndChange(request, with, look, [&] {
         return with.service.makeTable(request.node).map([&] { return request.node; });
     });
     if (made)
@@ -90,7 +109,8 @@ Outcome<void> makeTable(const Request &request, const Surroundings &with)
 Outcome<std::string> makeVolume(const Request &request, const Surroundings &with, const VolumeFormat &format)
 {
     const auto made = lookAndChange(
-        request, with, [&] { return with.service.makeVolume(request.node, format, request.name); });
+        request, with, [&] { return lookThatItIsFree(request, with); },
+        [&] { return with.service.makeVolume(request.node, format, request.name); });
     if (!made)
         return trouble(Failed, displayPath(request.node) +
                                    " was emptied, but has no volume to use: " + made.error().reason);
@@ -118,8 +138,6 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return trouble(Refused, std::string(format->type) + " volumes cannot be mounted on this machine");
     if (const auto unmounted = unmountAll(request, with, checkErasable); !unmounted)
         return tl::unexpected(unmounted.error());
-    if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
-        return tl::unexpected(alone.error());
     if (const auto table = makeTable(request, with); !table)
         return tl::unexpected(table.error());
     return makeVolume(request, with, *format).map([&](const std::string &point) {
@@ -138,7 +156,9 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
             lost = written.error().reason;
     }
     if (const auto unmounted = unmountAll(request, with, checkEjectable); !unmounted)
-        return tl::unexpected(unmounted.error());
+        return trouble(unmounted.error().status,
+                       unmounted.error().reason +
+                           (lost.empty() ? "" : "; not all could be written: " + lost));
     // A password for each disk that is let go would be too much.
     if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsNotAskedFor); !alone)
         return tl::unexpected(alone.error());

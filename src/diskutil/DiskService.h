@@ -27,9 +27,12 @@ public:
     /// the user for a password, what an ordinary user may not look at counts as free.
     virtual Outcome<void> checkNobodyHas(const std::string &node, Password password) = 0;
 
-    /// Asks the user for the right to change the disk, and waits for the answer. What changes disks does not
-    /// ask: a question can stand for hours, and the disk may be another one by then.
-    virtual Outcome<void> askForRight(const std::string &node) = 0;
+    /// The rights that the service may want of who changes the disk, in the order in which to ask for them.
+    virtual std::vector<std::string> rightsToChange(const std::string &node) = 0;
+
+    /// Asks the user for the right, unless they have it, and waits for the answer. What changes disks never
+    /// asks: a question can stand for hours, and the disk may be another one by then.
+    virtual Outcome<void> askFor(const std::string &right) = 0;
 
     /// Writes a new, empty partition table over the whole disk. Only a missing right is a trouble of status
     /// Refused, or a service that is not there one of status NotThere; with any other the table may be gone.
@@ -43,7 +46,8 @@ public:
     /// Mounts the file system of the node, unless somebody has already; returns where.
     virtual Outcome<std::string> mount(const std::string &node) = 0;
 
-    /// Ejects the drive, powers it down or has it rest, as far as it can that by itself. Never another one.
+    /// Ejects the drive, powers it down or has it rest, as far as it can that by itself and the user may.
+    /// Never another one.
     virtual Outcome<void> release(const std::string &node) = 0;
 };
 

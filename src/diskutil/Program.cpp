@@ -45,13 +45,16 @@ bool isMountableHere(const std::string &type)
     return ::uname(&kernel) == 0 && canBeMounted(type, static_cast<const char *>(kernel.release));
 }
 
-// udev asks this of each disk that comes, and has not finished with it yet.
+// udev asks this of disks that come, and has not finished with them yet. A disk in a bay that the system
+// works with stays the system's own.
 Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFacts> &facts)
 {
     if (!facts)
         return trouble(NotThere, displayPath(node) + ": there is no such disk");
     if (!facts->isInBay)
         return trouble(Refused, displayPath(node) + " is in no bay of an enclosure");
+    if (const auto free = checkEjectable(node, *facts); !free)
+        return tl::unexpected(free.error());
     return displayPath(node) + " is in a bay of an enclosure";
 }
 

@@ -67,7 +67,7 @@ Outcome<Request> readRequest(const std::vector<std::string> &words)
         request.name = plain[2];
     } else if (plain.size() == 2 && plain[0] == "eject") {
         request.verb = Verb::Eject;
-    } else if (words.size() == 2 && words[0] == "isInBay") {
+    } else if (words.size() == 2 && plain.size() == 2 && plain[0] == "isInBay") {
         request.verb = Verb::IsInBay;
     } else {
         return trouble(WrongUsage, Usage);

@@ -7,6 +7,8 @@
 namespace orvana::diskutil
 {
 
+class UdisksBus;
+
 /// The desktop's own disk service, asked over D-Bus. Who may do what is its decision, and it asks the user
 /// where it has to; without anybody to ask it refuses.
 class UdisksService final : public DiskService
@@ -20,7 +22,8 @@ public:
     Outcome<void> checkFormat(const VolumeFormat &format) override;
     Outcome<void> unmount(const std::string &node) override;
     Outcome<void> checkNobodyHas(const std::string &node, Password password) override;
-    Outcome<void> askForRight(const std::string &node) override;
+    std::vector<std::string> rightsToChange(const std::string &node) override;
+    Outcome<void> askFor(const std::string &right) override;
     Outcome<void> makeTable(const std::string &node) override;
     Outcome<std::string> makeVolume(const std::string &node, const VolumeFormat &format,
                                     const std::string &name) override;
@@ -28,9 +31,7 @@ public:
     Outcome<void> release(const std::string &node) override;
 
 private:
-    class Bus;
-
-    std::unique_ptr<Bus> m_bus;
+    std::unique_ptr<UdisksBus> m_bus;
 };
 
 } // namespace orvana::diskutil

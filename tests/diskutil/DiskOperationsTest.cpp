@@ -206,21 +206,25 @@ TEST_F(DiskUtility, DiskThatChangesBetweenTheWritesGetsNoVolumeAndFails)
     EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
 }
 
-TEST_F(DiskUtility, MissingRightIsAskedForOnceAndThenTheDiskIsLookedAtAgain)
+TEST_F(DiskUtility, MissingRightIsAskedForAndThenTheDiskIsLookedAtAgain)
 {
-    m_service.missingRights = 1;
+    m_service.missingRights = 2;
     ASSERT_TRUE(erase());
     EXPECT_EQ(m_service.calls, (Calls{"checkFormat ext4", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
-                                      "askForRight /dev/sdb", "makeTable /dev/sdb",
+                                      "askFor first", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
+                                      "askFor second", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
                                       "makeVolume /dev/sdb ext4 COPY 1", "mount /dev/sdb1"}));
-    m_service.calls.clear();
-    m_service.missingRights = 2;
+}
+
+TEST_F(DiskUtility, RightThatDoesNotLastIsToldAndNotAskedForForEver)
+{
+    m_service.missingRights = 3;
     const auto refused = erase();
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error().status, Refused);
     EXPECT_NE(refused.error().reason.find("was given for one time only"), std::string::npos)
         << refused.error().reason;
-    EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb") << "and not for ever";
+    EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
 }
 
 TEST_F(DiskUtility, DiskThatChangesWhileAQuestionStandsIsRefused)
@@ -228,7 +232,7 @@ TEST_F(DiskUtility, DiskThatChangesWhileAQuestionStandsIsRefused)
     m_service.missingRights = 1;
     m_service.whileAsked = [this] { m_disk->identity.sequence = 8; };
     EXPECT_EQ(erase().error().reason, "/dev/sdb is not the disk that was meant");
-    EXPECT_EQ(m_service.calls.back(), "askForRight /dev/sdb");
+    EXPECT_EQ(m_service.calls.back(), "checkNobodyHas /dev/sdb");
 }
 
 TEST_F(DiskUtility, DiskThatIsMountedWhileAQuestionStandsIsRefused)
@@ -236,15 +240,23 @@ TEST_F(DiskUtility, DiskThatIsMountedWhileAQuestionStandsIsRefused)
     m_service.missingRights = 1;
     m_service.whileAsked = [this] { m_disk->mounted = {{"/dev/sdb1", "/media/A"}}; };
     EXPECT_EQ(erase().error().reason, "/dev/sdb was mounted again");
-    EXPECT_EQ(m_service.calls.back(), "askForRight /dev/sdb");
+    EXPECT_EQ(m_service.calls.back(), "checkNobodyHas /dev/sdb");
+}
+
+TEST_F(DiskUtility, DiskThatSomebodyTakesWhileAQuestionStandsIsRefused)
+{
+    m_service.missingRights = 1;
+    m_service.whileAsked = [this] { m_service.failing["checkNobodyHas"] = Refused; };
+    EXPECT_EQ(erase().error().status, Refused);
+    EXPECT_EQ(m_service.calls.back(), "checkNobodyHas /dev/sdb");
 }
 
 TEST_F(DiskUtility, RightThatIsNotGivenIsARefusal)
 {
     m_service.missingRights = 1;
-    m_service.failing["askForRight"] = Refused;
+    m_service.failing["askFor"] = Refused;
     EXPECT_EQ(erase().error().status, Refused);
-    EXPECT_EQ(m_service.calls.back(), "askForRight /dev/sdb");
+    EXPECT_EQ(m_service.calls.back(), "askFor first");
 }
 
 TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)

@@ -110,15 +110,18 @@ ServedMount::ServedMount(const std::string &place) : m_place(place)
     const auto image = asWord(place + ".image");
     m_node =
         must("mkdir " + asWord(place) + " && truncate -s 10M " + image + " && losetup -f --show " + image);
-    must("mkfs.exfat " + m_node + " && mount.exfat-fuse " + m_node + " " + asWord(place));
+    const auto said =
+        runShell("mkfs.exfat " + m_node + " && mount.exfat-fuse " + m_node + " " + asWord(place));
+    must("losetup -d " + m_node); // when it is unmounted
+    if (said.status != 0)
+        throw std::runtime_error(said.text);
     m_server = must("pgrep -x mount.exfat-fus"); // as much as the kernel keeps of the name
 }
 
 ServedMount::~ServedMount()
 {
-    const auto said =
-        runShell("kill -CONT " + m_server + "; umount " + asWord(m_place) + " && losetup -d " + m_node);
-    if (said.status != 0)
+    if (const auto said = runShell("kill -CONT " + m_server + "; umount " + asWord(m_place));
+        said.status != 0)
         ADD_FAILURE() << said.text;
 }
 

@@ -32,9 +32,10 @@ public:
         afterCheck();
         return done;
     }
-    Outcome<void> askForRight(const std::string &node) override
+    std::vector<std::string> rightsToChange(const std::string &) override { return {"first", "second"}; }
+    Outcome<void> askFor(const std::string &right) override
     {
-        const auto done = note("askForRight " + node);
+        const auto done = note("askFor " + right);
         whileAsked();
         return done;
     }

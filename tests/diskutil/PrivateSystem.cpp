@@ -64,6 +64,11 @@ bool doesQuestionStand()
     return tellAuthority("Questions").find("int32 0") == std::string::npos;
 }
 
+bool doesServiceAsk()
+{
+    return tellAuthority("DoesServiceAsk").find("boolean true") != std::string::npos;
+}
+
 void answerQuestions(bool yes)
 {
     tellAuthority(std::string("Answer boolean:") + (yes ? "true" : "false"));

@@ -27,6 +27,7 @@ void allowOnly(const std::vector<std::string> &actions);
 enum class Answers { AtOnce, WhenGiven };
 void askFor(const std::vector<std::string> &actions, Answers answers);
 bool doesQuestionStand();
+bool doesServiceAsk(); ///< the question that stands is the disk service's
 void answerQuestions(bool yes);
 
 /// Runs the disk utility that takes images in `bays` for disks; as another user where one is named.

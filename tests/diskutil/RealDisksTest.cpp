@@ -69,6 +69,8 @@ TEST_F(RealDisks, BusyVolumeIsRefusedWithWhoUsesIt)
 
 TEST_F(RealDisks, BusyVolumeIsToldThoughAnotherFileSystemDoesNotAnswer)
 {
+    if (runShell("test -r /dev/fuse && : </dev/fuse && command -v mount.exfat-fuse").status != 0)
+        GTEST_SKIP() << "needs FUSE, and the package exfat-fuse";
     const auto disk = addDisk();
     disk->mount(m_tree.folder("here"));
     const BusyProcess user(m_tree.path("here"));

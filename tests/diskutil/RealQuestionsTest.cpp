@@ -1,5 +1,6 @@
 // An erase for which the user is asked: what happens to the disk while the question stands.
 
+#include "DiskUsers.h"
 #include "RealDisks.h"
 
 #include <chrono>
@@ -30,6 +31,7 @@ protected:
         for (int i = 0; i < 600 && !doesQuestionStand(); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
         EXPECT_TRUE(doesQuestionStand());
+        EXPECT_FALSE(doesServiceAsk()) << "it would go on when the answer comes, whatever is there by then";
         return said;
     }
 };
@@ -50,7 +52,9 @@ TEST_F(PlayedAuthorityAsks, DeniedRightChangesNothing)
     const auto before = disk->digest();
     auto erased = startErase(*disk);
     answerQuestions(false);
-    EXPECT_EQ(erased.get().status, 3);
+    const auto said = erased.get();
+    EXPECT_EQ(said.status, 3);
+    EXPECT_NE(said.text.find("you are not authorised to do this"), std::string::npos) << said.text;
     EXPECT_EQ(disk->digest(), before);
 }
 
@@ -79,6 +83,19 @@ TEST_F(PlayedAuthorityAsks, VolumeThatIsMountedWhileTheQuestionStandsKeepsEveryB
     EXPECT_EQ(said.status, 3) << said.text;
     EXPECT_EQ(disk->mountPoint(), m_tree.path("here"));
     EXPECT_EQ(disk->label(), "OLD");
+}
+
+TEST_F(PlayedAuthorityAsks, DiskThatSomebodyElseMountsWhileTheQuestionStandsKeepsEveryByte)
+{
+    const auto disk = addDisk();
+    auto erased = startErase(*disk);
+    const ForeignMount elsewhere(disk->partition(), m_tree.folder("here"));
+    const auto before = disk->digest();
+    answerQuestions(true);
+    const auto said = erased.get();
+    EXPECT_EQ(said.status, 3) << said.text;
+    EXPECT_NE(said.text.find("is in use by another program"), std::string::npos) << said.text;
+    EXPECT_EQ(disk->digest(), before);
 }
 
 TEST_F(PlayedAuthorityAsks, AnswerThatComesWhenNobodyWaitsAnyMoreErasesNothing)

@@ -39,6 +39,7 @@ TEST(DiskUtilityRequest, QuestionForABayHasADeviceAlone)
     EXPECT_EQ(request->verb, Verb::IsInBay);
     EXPECT_EQ(request->node, "/dev/sdb");
     EXPECT_FALSE(readRequest({"isInBay"}));
+    EXPECT_FALSE(readRequest({"isInBay", "--expect-size=1"}));
     EXPECT_FALSE(readRequest({"isInBay", "/dev/sdb", "/dev/sdc"}));
 }
 

@@ -27,7 +27,7 @@ def load(mock, _parameters):
 
 @dbus.service.method(MAIN_IFACE, in_signature="(sa{sv})sa{ss}us", out_signature="(bba{ss})",
                      async_callbacks=("reply", "_fail"))
-def CheckAuthorization(self, _subject, action, _details, flags, _cancellation, reply, _fail):
+def CheckAuthorization(self, _subject, action, details, flags, _cancellation, reply, _fail):
     nothing = dbus.Dictionary({}, signature="ss")
     if action in self.allowed or self.allow_unknown:
         reply((True, False, nothing))
@@ -36,7 +36,7 @@ def CheckAuthorization(self, _subject, action, _details, flags, _cancellation, r
     elif not flags & MAY_ASK:
         reply((False, True, nothing))
     elif self.questions_stand:
-        self.questions.append((action, reply))
+        self.questions.append((action, reply, len(details) > 0))
     else:
         self.allowed = list(self.allowed) + [action]
         reply((True, False, nothing))
@@ -72,10 +72,16 @@ def Questions(self):
     return len(self.questions)
 
 
+@dbus.service.method(MOCK_IFACE, out_signature="b")
+def DoesServiceAsk(self):
+    """The disk service says what its question is about; the program does not."""
+    return any(is_described for _, _, is_described in self.questions)
+
+
 @dbus.service.method(MOCK_IFACE, in_signature="b")
 def Answer(self, granted):
     questions, self.questions = self.questions, []
-    for action, reply in questions:
+    for action, reply, _ in questions:
         if granted:
             self.allowed = list(self.allowed) + [action]
         reply((granted, False, dbus.Dictionary({}, signature="ss")))
