@@ -15,9 +15,23 @@ class UdevRule : public LinuxFixture
 protected:
     void SetUp() override
     {
-        if (runShell("unshare --mount true && command -v udevadm").status != 0)
-            GTEST_SKIP() << "needs root with namespaces, and the package udev";
+        if (runShell("unshare --mount sh -c 'mount -t tmpfs tmpfs /run && mknod /run/null c 1 3' && command "
+                     "-v udevadm")
+                .status != 0)
+            GTEST_SKIP() << "needs root with namespaces and device nodes, and the package udev";
         installRule();
+        m_machine.addPartition(m_machine.addSataDisk(m_internal, 5, {.node = "sdz"}), 1);
+        rootOn("sdz1");
+    }
+
+    /// What the running system lies on. The table of mounts is at its usual place for who looks there.
+    void rootOn(const std::string &node)
+    {
+        m_machine.mount(node, "/");
+        const auto folder = std::string(std::getenv("UMOCKDEV_DIR")) + "/proc/self";
+        std::filesystem::create_directories(folder);
+        std::filesystem::copy_file(m_machine.mountFile(), folder + "/mountinfo",
+                                   std::filesystem::copy_options::overwrite_existing);
     }
 
     /// The rule, with a disk utility that sees the made-up devices, too: udev starts it without our
@@ -48,15 +62,8 @@ protected:
     /// at the machine may open it; or nothing.
     std::string markOf(const std::string &device, const std::string &action = "add") const
     {
-        const auto said =
-            runShell(std::string("unshare --mount --propagation private -- sh -ec '") + Script + "' sh " +
-                     asWord(m_tree.path("60-orvana-plurimo.rules")) + " " + action + " " + asWord(device));
-        EXPECT_EQ(said.status, 0) << said.text;
-        EXPECT_NE(said.text.find("DEVPATH=" + device.substr(4)), std::string::npos) << said.text;
-        EXPECT_EQ(said.text.find("\n/run/udev/rules.d/60-orvana-plurimo.rules:"), std::string::npos)
-            << "a line is not understood: " << said.text;
         std::string mark;
-        std::istringstream lines(said.text);
+        std::istringstream lines(sayingsOn(device, action));
         for (std::string line; std::getline(lines, line);) {
             if (line.starts_with("CURRENT_TAGS=") && line.find(":uaccess:") != std::string::npos)
                 line = "uaccess";
@@ -65,6 +72,19 @@ protected:
             mark.append(mark.empty() ? "" : " ").append(line);
         }
         return mark;
+    }
+
+    /// All that udev says when it takes the device on.
+    std::string sayingsOn(const std::string &device, const std::string &action) const
+    {
+        const auto said =
+            runShell(std::string("unshare --mount --propagation private -- sh -ec '") + Script + "' sh " +
+                     asWord(m_tree.path("60-orvana-plurimo.rules")) + " " + action + " " + asWord(device));
+        EXPECT_EQ(said.status, 0) << said.text;
+        EXPECT_NE(said.text.find("DEVPATH=" + device.substr(4)), std::string::npos) << said.text;
+        EXPECT_EQ(said.text.find("\n/run/udev/rules.d/60-orvana-plurimo.rules:"), std::string::npos)
+            << "a line is not understood: " << said.text;
+        return said.text;
     }
 
     // udev writes below these folders, and with the made-up devices it would leave links to them there.
@@ -134,6 +154,23 @@ TEST_F(UdevRule, OtherDisksInTheEnclosureAreLeftAlone)
     EXPECT_EQ(markOfDiskOn(m_machine.addAhci(bridge, "0000:30:00.0", "0x8086", "0x2922")), "");
     EXPECT_EQ(markOfDiskOn(m_machine.addAhci(bridge, "0000:30:00.1", "0x1b21", "0x0612")), "")
         << "no bay has that bridge";
+}
+
+TEST_F(UdevRule, DiskOfTheRunningSystemStaysTheSystemsOwnInWhateverBay)
+{
+    const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
+    const auto disk = m_machine.addSataDisk(controller, 0, {.node = "sda"});
+    m_machine.addPartition(disk, 1);
+    EXPECT_EQ(markOf(disk), ExternalDisk);
+    rootOn("sda1");
+    EXPECT_EQ(markOf(disk), "");
+}
+
+TEST_F(UdevRule, ThunderboltDeviceThatComesHasTheDisksLookedAtAgain)
+{
+    addEnclosure("612");
+    EXPECT_NE(sayingsOn(m_router, "add").find("udevadm trigger"), std::string::npos);
+    EXPECT_EQ(sayingsOn(m_router, "remove").find("udevadm trigger"), std::string::npos);
 }
 
 TEST_F(UdevRule, OnlyDisksAreMarked)
