@@ -49,6 +49,13 @@ class Machine:
                       "-device", f"ide-hd,id=disk{bay},bus=controller{bay}.0,drive=image{bay},serial=SN{bay},"
                                  f"model=Disk {bay}"]
         self.process = subprocess.Popen(words)
+        try:
+            self.start_talking()
+        except BaseException:
+            self.end()
+            raise
+
+    def start_talking(self):
         self.control = self.connect("control").makefile("rw")
         self.orders = self.connect("orders").makefile("rwb")
         self.ask_control("qmp_capabilities")
