@@ -61,6 +61,14 @@ def check_bays(machine):
     assert any(disk["startup"] for disk in others), others
 
 
+def check_mark_of_udev(machine):
+    """udev asks the disk utility, and marks the disks in bays."""
+    for bay in BAYS:
+        properties = machine.run(f"udevadm info -q property {node_of(machine, bay)}").splitlines()
+        assert "UDISKS_SYSTEM=0" in properties, (bay, properties)
+    assert "UDISKS_SYSTEM=0" not in machine.run("udevadm info -q property /dev/vda").splitlines()
+
+
 def check_erase_and_duplicate(machine):
     node = node_of(machine, "A")
     machine.run(f"(echo 'label: gpt'; echo ,) | sfdisk -q {node}; udevadm settle")
@@ -77,6 +85,7 @@ def check_erase_and_duplicate(machine):
         point = mount_point(disks[bay])
         assert point and os.path.basename(point) == f"COPY{number}", disks[bay]
         assert is_same_as_source(machine, point), bay
+        assert "UDISKS_SYSTEM=0" in machine.run(f"udevadm info -q property {node_of(machine, bay)}1").splitlines()
 
 
 def check_disk_that_is_pulled_in_mid_run(machine):
@@ -107,11 +116,11 @@ def check_disk_that_is_pulled_in_mid_run(machine):
     disks = disks_by_bay(machine)
     for bay in "BC":
         assert is_same_as_source(machine, mount_point(disks[bay])), bay
-    return bridge
+    machine.run(f"echo {bridge} >/tmp/bridge")  # it is put back there
 
 
-def check_disk_that_is_put_back(machine, bridge):
-    machine.run(f"echo 1 >{bridge}/rescan; udevadm settle")
+def check_disk_that_is_put_back(machine):
+    machine.run("echo 1 >$(cat /tmp/bridge)/rescan; udevadm settle")
     until("the disk that is put back", lambda: "D" in disks_by_bay(machine))
     assert disks_by_bay(machine)["D"]["serial"] == "SND"
     machine.run(f"{DUPLICATE} {ERASE} >/tmp/third")
@@ -162,12 +171,11 @@ def main(place):
         machine = Machine(folder, glob.glob(f"{place}/kernel/boot/vmlinuz-*")[0], f"{place}/memory.gz",
                           f"{place}/system", 256)
         try:
-            bridge = None
-            for check in (check_bays, check_erase_and_duplicate, check_disk_that_is_pulled_in_mid_run,
-                          check_disk_that_is_put_back, check_eject, check_refused_member_of_a_set,
-                          check_mounted_disk_that_is_pulled):
+            for check in (check_bays, check_mark_of_udev, check_erase_and_duplicate,
+                          check_disk_that_is_pulled_in_mid_run, check_disk_that_is_put_back, check_eject,
+                          check_refused_member_of_a_set, check_mounted_disk_that_is_pulled):
                 start = time.monotonic()
-                bridge = check(machine, bridge) if check is check_disk_that_is_put_back else check(machine)
+                check(machine)
                 print(f"passed: {check.__name__} ({time.monotonic() - start:.0f} s)", flush=True)
         except AssertionError:
             print(machine.try_to_run("dmesg | tail -20; cat /tmp/reasons")[1])
