@@ -69,6 +69,9 @@ public:
 
     bool isConnected() const { return m_connection.isConnected(); }
 
+    /// It was there, and is no more.
+    bool isLost() const { return m_wasConnected && !isConnected(); }
+
     /// Calls and waits, at most for the time that a desktop's service takes at its worst.
     QDBusMessage call(const QDBusMessage &message)
     {
@@ -100,6 +103,7 @@ private:
 
     QString m_name;
     QDBusConnection m_connection;
+    bool m_wasConnected = m_connection.isConnected();
 };
 
 DesktopWorkspace::DesktopWorkspace(std::string sessionBus, std::string systemBus)
@@ -114,7 +118,7 @@ DesktopWorkspace::Bus &DesktopWorkspace::session()
 {
     constexpr std::chrono::minutes BetweenTries{1};
     const auto now = std::chrono::steady_clock::now();
-    if (!m_session || (!m_session->isConnected() && now >= m_nextTry)) {
+    if (!m_session || m_session->isLost() || (!m_session->isConnected() && now >= m_nextTry)) {
         m_session.reset(); // its name is free for the next one
         m_session = std::make_unique<Bus>(BusKind::Session, m_sessionBus);
         m_session->listenTo(*m_buttons);

@@ -16,6 +16,7 @@
 #include <array>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <sys/prctl.h>
@@ -29,7 +30,7 @@ namespace orvana::test
 namespace
 {
 
-constexpr const char *BusSettings = R"(<busconfig><type>session</type><listen>unix:dir=FOLDER</listen>
+constexpr const char *BusSettings = R"(<busconfig><type>session</type><listen>ADDRESS</listen>
 <auth>EXTERNAL</auth><policy context="default"><allow user="*"/><allow own="*"/>
 <allow send_type="method_call"/><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
 </policy></busconfig>)";
@@ -91,14 +92,7 @@ class Desktop : public testing::Test
 protected:
     Desktop()
     {
-        auto settings = std::string(BusSettings);
-        settings.replace(settings.find("FOLDER"), 6, m_tree.root());
-        m_daemon.start(
-            QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-             QStringLiteral("--config-file=") + QString::fromStdString(m_tree.file("bus.conf", settings))});
-        m_daemon.waitForReadyRead(-1);
-        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        startDaemon("unix:dir=" + m_tree.root());
         EXPECT_EQ(::pipe2(m_pipe.data(), O_CLOEXEC), 0);
     }
 
@@ -110,6 +104,29 @@ protected:
         ::close(m_pipe[0]);
         m_daemon.kill();
         m_daemon.waitForFinished(-1);
+    }
+
+    void startDaemon(const std::string &listening)
+    {
+        auto settings = std::string(BusSettings);
+        settings.replace(settings.find("ADDRESS"), 7, listening);
+        m_daemon.start(
+            QStringLiteral("dbus-daemon"),
+            {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+             QStringLiteral("--config-file=") + QString::fromStdString(m_tree.file("bus.conf", settings))});
+        m_daemon.waitForReadyRead(-1);
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        m_address.truncate(m_address.indexOf(QStringLiteral(",guid=")));
+    }
+
+    /// Another bus at the same address.
+    void restartDaemon()
+    {
+        m_daemon.kill();
+        m_daemon.waitForFinished(-1);
+        QDBusConnection::disconnectFromBus(QStringLiteral("played"));
+        std::filesystem::remove(address().substr(address().find('/')));
+        startDaemon(address());
     }
 
     void play(const char *name)
@@ -206,6 +223,22 @@ TEST_F(Desktop, ButtonOfANotificationIsAnsweredHoweverOldItIs)
     press(buttons[0]);
     until([&] { return !opened.empty(); });
     EXPECT_EQ(opened, std::vector<std::string>{"first"});
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, BusThatCameBackIsToldAgain)
+{
+    play("org.freedesktop.Notifications");
+    platform::linux_host::DesktopWorkspace workspace(address(), address());
+    workspace.notify({"before", {}, {}, {}});
+    until([&] { return m_service.calls().size() == 1; });
+    restartDaemon();
+    play("org.freedesktop.Notifications");
+    // What is sent before the end of the old bus was noticed is lost with it.
+    until([&] {
+        workspace.notify({"after", {}, {}, {}});
+        return m_service.calls().size() > 1;
+    });
     ::close(m_pipe[1]);
 }
 
