@@ -137,17 +137,9 @@ Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts)
         return refuse(node, "is in no bay of an enclosure");
     if (!facts.isExamined)
         return refuse(node, "is not examined yet: what is on it is not known");
-    if (!facts.isRootKnown)
-        return refuse(node, "is left alone: it cannot be told which disks hold the running system");
-    if (facts.holdsSystem)
-        return refuse(node, "holds the running system");
-    if (facts.isSwappedOn)
-        return refuse(node, "is in use as swap space");
     if (facts.isMember)
         return refuse(node, "is a member of a RAID set or a volume group");
-    if (facts.isHeld)
-        return refuse(node, "is in use: something is built upon it");
-    return {};
+    return checkEjectable(node, facts);
 }
 
 Outcome<void> checkEjectable(const std::string &node, const DiskFacts &facts)

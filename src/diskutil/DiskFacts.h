@@ -58,7 +58,7 @@ Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, con
 /// Refuses a disk that must not be erased, whatever else holds. Mounted file systems are no reason yet.
 Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts);
 
-/// Refuses a disk that must not be ejected.
+/// Refuses a disk that the system works with; it is neither erased nor ejected.
 Outcome<void> checkEjectable(const std::string &node, const DiskFacts &facts);
 
 } // namespace orvana::diskutil
