@@ -1,5 +1,5 @@
-#include "cli/HostChoice.h"
 #include "cli/LogsCommand.h"
+#include "cli/HostChoice.h"
 #include "cli/Terminal.h"
 #include "foundation/PathJson.h"
 #include "support/TemporaryTree.h"
