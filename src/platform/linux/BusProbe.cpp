@@ -58,7 +58,8 @@ bool doesBusAnswer(BusKind kind, const std::string &address)
     if (!socket)
         return true;
     const posix::Descriptor connection(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
-    if (::connect(connection.number(), reinterpret_cast<const sockaddr *>(&*socket), sizeof *socket) != 0)
+    if (!connection.isOpen() ||
+        ::connect(connection.number(), reinterpret_cast<const sockaddr *>(&*socket), sizeof *socket) != 0)
         return false;
     // Who asks how to prove who they are is told at once.
     constexpr std::string_view Question("\0AUTH\r\n", 7);
