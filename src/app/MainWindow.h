@@ -252,9 +252,8 @@ private:
     std::shared_ptr<RunProblems> m_problems;
     QPointer<QWidget> m_reportWindow;
     std::optional<ErasePlan> m_erasePlan;
-    PerBay<bool> m_isNotErased; // in the present run
-    bool m_isAfterErase = false;
-    std::set<std::string> m_toldRefusals; // of the present run
+    std::optional<PerBay<bool>> m_isNotErased; // once the present run has erased
+    std::set<std::string> m_toldRefusals;      // of the present run
     std::shared_ptr<void> m_wakefulness;
     bool m_isClosing = false;
 

@@ -109,7 +109,6 @@ void MainWindow::eraseFinished()
         m_isNotErased = baysNotErased(*m_erasePlan, m_diskTool->results());
     }
     m_erasePlan.reset();
-    m_isAfterErase = true;
     m_action->setIsErasing(false);
     lockChoices(false);
     setProgressMsg(std::string());

@@ -72,8 +72,7 @@ bool MainWindow::isStartRefused()
 bool MainWindow::areNamesRefused()
 {
     m_toldRefusals.clear();
-    m_isNotErased = {};
-    m_isAfterErase = false;
+    m_isNotErased.reset();
     if (!m_action->EraseDiskCheckBox->isChecked())
         return false;
     const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
@@ -103,7 +102,7 @@ RunChoice MainWindow::choiceNow() const
     choice.isOverSize[Bay::B] = m_diskInfo->isOverSize_SlotB();
     choice.isOverSize[Bay::C] = m_diskInfo->isOverSize_SlotC();
     choice.isOverSize[Bay::D] = m_diskInfo->isOverSize_SlotD();
-    choice.isNotErased = m_isNotErased;
+    choice.isNotErased = m_isNotErased.value_or(PerBay<bool>());
     choice.shown = m_shown;
     choice.erase = m_action->EraseDiskCheckBox->isChecked();
     choice.verify = m_action->verifyFiles();
@@ -224,7 +223,7 @@ void MainWindow::finishReportWithoutCopy()
 // Without an erase before it, a run that comes to no copy ends with the click on Start.
 void MainWindow::tellOfNoCopy()
 {
-    if (m_isAfterErase)
+    if (m_isNotErased)
         tellDesktop(tr("Nothing was duplicated"), tr("There was nothing to copy, or no disk to copy to."));
 }
 
