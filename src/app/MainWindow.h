@@ -6,7 +6,7 @@
 #include "discovery/ThunderBoltMonitor.h"
 #include "duplicate/DiskUtil.h"
 #include "duplicate/FileCopy.h"
-#include "duplicate/RunPlan.h"
+#include "duplicate/RunOrder.h"
 #include "duplicate/RunRelay.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/PendingUpdate.h"
@@ -37,8 +37,9 @@ class TBDeviceViewController;
 /// The program's window and its main controller: it owns the workers and the panels, and turns every event
 /// into action. Its functions live where they belong: start-up and layout in app/MainWindow.cpp, the choice
 /// of enclosure and source in app/MainWindowSelection.cpp, events in app/MainWindowMonitoring.cpp, what a run
-/// shows and holds off in app/MainWindowProgress.cpp, the run itself in duplicate/MainWindowRunControl.cpp,
-/// erase and eject in duplicate/MainWindowDisks.cpp.
+/// shows and holds off in app/MainWindowProgress.cpp, what comes before a run in
+/// duplicate/MainWindowStart.cpp, the run itself in duplicate/MainWindowRunControl.cpp, erase and eject in
+/// duplicate/MainWindowDisks.cpp.
 ///
 /// Main thread only, except what `RunDisplay` and `UserEventChange` say.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunDisplay
@@ -167,6 +168,7 @@ private:
     void scanAll();
     bool isPlaceholderSelected() const;
     void rememberEnclosure();
+    void showSource(const PathObject &root);
     void fillSourcePopup(const SourcePlan &plan);
     void disableSlots(bool disabled);
     void refuseEnclosure();
@@ -182,11 +184,22 @@ private:
 
     // Run control
     bool isRunning() const;
-    void startIfUnchanged(const ChosenEnclosure &asked);
     bool isStartRefused();
-    bool areNamesRefused();
     void warn(const std::string &text);
     RunChoice choiceNow() const;
+    RunChoice choiceOfRun() const;
+    std::vector<std::string> selectionNow() const;
+
+    // From the click on Start to the run
+    void afterCounting(const ChosenEnclosure &asked);
+    void checkSpace(const ChosenEnclosure &asked);
+    void startInOrder(const ChosenEnclosure &asked, const std::vector<DiskAtStake> &agreed);
+    bool decideOrderNow();
+    void afterSurvey(const ChosenEnclosure &asked, const std::vector<DiskAtStake> &agreed);
+    void askForErase(const ChosenEnclosure &asked, const std::vector<DiskAtStake> &agreed);
+    bool isUnchanged(const ChosenEnclosure &asked);
+    void waitWith(const QString &text);
+    void endWaiting();
     void tellRefusals(const std::vector<DiskRefusal> &refusals);
     void runEnded();
     void finishReportWithoutCopy();
@@ -241,6 +254,7 @@ private:
     int m_contentHeight = 0;
     ChosenEnclosure m_chosen;
     ShownDisks m_shown;
+    SourceMemory m_source; // of the tree that is shown
 
     std::mutex m_progressMutex;
     ShownProgress m_progress;
@@ -251,6 +265,9 @@ private:
     std::shared_ptr<RunReport> m_report;
     std::shared_ptr<RunProblems> m_problems;
     QPointer<QWidget> m_reportWindow;
+    std::optional<RunOrder> m_order; // of the run that is being started, or goes on
+    std::unique_ptr<DiskSurvey> m_survey;
+    std::optional<Sheets::Id> m_waitingSheet; // while Start waits for a count or a survey
     std::optional<ErasePlan> m_erasePlan;
     std::optional<PerBay<bool>> m_isNotErased; // once the present run has erased
     std::set<std::string> m_toldRefusals;      // of the present run

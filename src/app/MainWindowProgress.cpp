@@ -130,10 +130,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::askBeforeClosing()
 {
-    m_sheets.show({tr("Warning"),
-                   tr("Disks are being duplicated. If you quit now, the copies are not complete."),
-                   {tr("Quit"), tr("Go On")},
-                   [this](int button) {
+    m_sheets.show({.message = tr("Warning"),
+                   .text = tr("Disks are being duplicated. If you quit now, the copies are not complete."),
+                   .buttons = {tr("Quit"), tr("Go On")},
+                   .completion = [this](int button) {
                        if (button != 0)
                            return;
                        m_isClosing = true;

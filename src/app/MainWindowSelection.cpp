@@ -59,7 +59,7 @@ void MainWindow::rescanDevice()
     scanAll();
     m_tbDevice->updateTBDevPopUp(m_ScanDevice.tbArray());
     rememberEnclosure();
-    m_fileList->showRoot(nullptr);
+    showSource(nullptr);
     setSourceDiskInfo();
     setTargetDiskInfo();
     m_diskInfo->setSlotAisSource();
@@ -75,7 +75,7 @@ void MainWindow::tbDevSelectionChange()
         m_diskInfo->initDiskVolume();
         m_diskInfo->initDiskInfo(std::string());
         m_diskInfo->setHasBootDisk(false);
-        m_fileList->showRoot(nullptr);
+        showSource(nullptr);
         displayDialog(0, true);
         return;
     }
@@ -125,7 +125,7 @@ void MainWindow::setSourceDiskInfo()
 {
     setRow("Source", DiskRow());
     if (isPlaceholderSelected()) {
-        m_fileList->showRoot(nullptr);
+        showSource(nullptr);
         return;
     }
     const auto plan = planSources(selectedEnclosure(), scannedDevices(m_ScanDevice), user());
@@ -136,7 +136,14 @@ void MainWindow::setSourceDiskInfo()
     }
     m_maySourceBeEjected = plan.mayBeEjected;
     m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
-    m_fileList->showRoot(plan.root);
+    showSource(plan.root);
+}
+
+// The disks beneath the tree's root are remembered with it: a volume may lose its name or its place later.
+void MainWindow::showSource(const PathObject &root)
+{
+    m_fileList->showRoot(root);
+    m_source = rememberSource(m_context.host, scannedDevices(m_ScanDevice), root ? *root : std::string());
 }
 
 void MainWindow::fillSourcePopup(const SourcePlan &plan)
@@ -175,7 +182,7 @@ void MainWindow::SourceDiskSelectionChange()
     m_maySourceBeEjected = match.mayBeEjected;
     m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
     setRow("Source", match.row);
-    m_fileList->showRoot(match.root);
+    showSource(match.root);
     m_fileList->startCountThread();
 }
 

@@ -8,18 +8,34 @@
 namespace orvana
 {
 
-void Sheets::show(Sheet sheet)
+Sheets::Id Sheets::show(Sheet sheet)
 {
-    m_waiting.push_back(std::move(sheet));
+    const auto id = ++m_last;
+    m_waiting.push_back({id, std::move(sheet)});
     if (!m_box)
         showNext();
+    return id;
+}
+
+void Sheets::withdraw(Id id)
+{
+    std::erase_if(m_waiting, [&](const Numbered &waiting) { return waiting.id == id; });
+    if (!m_box || m_shown != id)
+        return;
+    auto *box = m_box.data();
+    box->disconnect(&m_window);
+    m_box.clear();
+    box->hide();
+    box->deleteLater();
+    showNext();
 }
 
 void Sheets::showNext()
 {
     if (m_waiting.empty())
         return;
-    const auto sheet = std::move(m_waiting.front());
+    const auto sheet = std::move(m_waiting.front().sheet);
+    m_shown = m_waiting.front().id;
     m_waiting.pop_front();
     m_box = new QMessageBox(&m_window);
     m_box->setWindowTitle(m_window.windowTitle());
@@ -32,7 +48,7 @@ void Sheets::showNext()
     QList<QAbstractButton *> buttons; // a desktop may change their texts
     for (const auto &title : sheet.buttons) {
         auto *button = m_box->addButton(title, QMessageBox::AcceptRole);
-        if (m_box->buttons().size() == 1)
+        if (m_box->buttons().size() == sheet.defaultButton + 1)
             m_box->setDefaultButton(button);
         m_box->setEscapeButton(button);
         buttons.append(button);

@@ -15,7 +15,8 @@ struct Sheet
 {
     QString message;
     QString text;
-    QStringList buttons = {QStringLiteral("OK")}; ///< the first is the default, the last answers Escape
+    QStringList buttons = {QStringLiteral("OK")}; ///< the last answers Escape
+    int defaultButton = 0;                        ///< position of the button that Return presses
     /// Called with the pressed button's position once the sheet is gone; may be empty.
     std::function<void(int)> completion = nullptr;
 };
@@ -28,18 +29,32 @@ public:
     Sheets(const Sheets &) = delete;
     Sheets &operator=(const Sheets &) = delete;
 
-    void show(Sheet sheet);
+    using Id = std::uint64_t;
+
+    Id show(Sheet sheet);
+
+    /// Takes the sheet away without calling its completion, whether it is on the screen or still waits. Does
+    /// nothing for a sheet that is gone.
+    void withdraw(Id id);
 
     /// The sheet on the screen, or null.
     QMessageBox *current() const { return m_box; }
 
 private:
+    struct Numbered
+    {
+        Id id;
+        Sheet sheet;
+    };
+
     void showNext();
     void finished(const Sheet &sheet, int button);
 
     QWidget &m_window;
-    std::deque<Sheet> m_waiting;
+    std::deque<Numbered> m_waiting;
     QPointer<QMessageBox> m_box;
+    Id m_shown = 0;
+    Id m_last = 0;
 };
 
 } // namespace orvana

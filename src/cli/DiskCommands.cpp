@@ -25,7 +25,7 @@ class DiskCommand final : public RunDisplay
 {
 public:
     DiskCommand(platform::Host &host, PlainMainQueue &queue, Terminal &terminal, const DiskOptions &options)
-        : m_terminal(terminal), m_options(options), m_scan(host, queue),
+        : m_host(host), m_terminal(terminal), m_options(options), m_scan(host, queue),
           m_log(logFolderOf(host, options.logFolder), m_clock), m_relay(m_log, *this),
           m_messages(m_center.subscribe(notification::DiskMessage,
                                         [this](const Notification &n) { m_relay.relay(n); })),
@@ -53,6 +53,7 @@ private:
     ExitStatus refuse(const Refusal &refusal);
     ExitStatus statusOfResults(const char *failed) const;
 
+    platform::Host &m_host;
     Terminal &m_terminal;
     const DiskOptions &m_options;
     DeviceScan m_scan;
@@ -180,7 +181,8 @@ ExitStatus DiskCommand::erase()
     const auto plan = presentErase();
     if (!plan)
         return refuse(plan.error());
-    auto lines = eraseLines(*plan, m_choice, m_present);
+    auto lines =
+        m_options.yes ? std::vector<std::string>() : eraseLines(m_host, m_scan.devices(), *plan, m_present);
     lines.insert(lines.begin(), "These disks will lose everything they hold:");
     if (const auto refusal = ask("Erase them?", lines))
         return refuse(*refusal);

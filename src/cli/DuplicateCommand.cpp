@@ -50,6 +50,7 @@ private:
     void sayWhatIsLeftOut() const;
     Check askForSpace();
     Check askForErase();
+    Check decideDestinations();
     Check checkOnceMore();
     tl::expected<EnclosurePtr, Refusal> enclosure() const
     {
@@ -68,7 +69,7 @@ private:
     CopyRun m_run;
     Duplication m_plan;
     CopyCensus m_census;
-    ErasePlan m_erase;
+    RunOrder m_order;
 };
 
 ExitStatus DuplicateCommand::run()
@@ -107,11 +108,24 @@ DuplicateCommand::Check DuplicateCommand::prepare()
     sayWhatIsLeftOut();
     if (const auto refusal = askForSpace())
         return refusal;
-    if (m_options.erase) {
-        if (const auto refusal = askForErase())
-            return refusal;
-    }
+    if (const auto refusal = m_options.erase ? askForErase() : decideDestinations())
+        return refusal;
     return checkOnceMore();
+}
+
+// What is copied to later is among these, or it is not copied to.
+DuplicateCommand::Check DuplicateCommand::decideDestinations()
+{
+    auto plan = planDestinations(m_scan.devices(), m_plan.choice, m_scan.user());
+    if (!plan)
+        return refusalOf(plan.error());
+    refuseWhatIsNotMounted(m_host, *plan);
+    for (const auto &refusal : plan->refusals) {
+        if (refusal.reason == DiskGuard::ReadOnly)
+            m_terminal.printError("plurimoctl: " + refusalText(refusal));
+    }
+    m_order = {m_plan.choice, m_plan.source, {}, std::move(*plan)};
+    return std::nullopt;
 }
 
 tl::expected<ErasePlan, Refusal> DuplicateCommand::presentErase() const
@@ -156,10 +170,12 @@ DuplicateCommand::Check DuplicateCommand::askForErase()
     auto plan = presentErase();
     if (!plan)
         return plan.error();
-    m_erase = std::move(*plan);
-    auto lines = eraseLines(m_erase, m_plan.choice, m_plan.present);
+    m_order = {m_plan.choice, m_plan.source, std::move(*plan), {}};
+    if (m_order.erase.disks.empty() || m_options.yes)
+        return std::nullopt;
+    auto lines = eraseLines(m_host, m_scan.devices(), m_order.erase, m_plan.present);
     lines.insert(lines.begin(), "These disks will lose everything they hold:");
-    return m_erase.disks.empty() ? std::nullopt : ask("Erase them?", lines);
+    return ask("Erase them?", lines);
 }
 
 // Time has passed since the answers: only what was agreed to is done.
@@ -168,12 +184,12 @@ DuplicateCommand::Check DuplicateCommand::checkOnceMore()
     m_scan.scan();
     if (const auto present = enclosure(); !present)
         return present.error();
-    if (const auto refusal = sourceChange(m_host, m_plan))
+    if (const auto refusal = sourceChange(m_host, m_scan.devices(), m_plan))
         return refusal;
     if (!m_options.erase)
         return std::nullopt;
     const auto present = presentErase();
-    return present && present->disks == m_erase.disks ? std::nullopt : Check(changedMeanwhile());
+    return present && present->disks == m_order.erase.disks ? std::nullopt : Check(changedMeanwhile());
 }
 
 void DuplicateCommand::erase()
@@ -185,14 +201,15 @@ void DuplicateCommand::erase()
         });
     DiskUtil tool(m_host.launcher(), m_run.center());
     std::vector<DiskUtilInfo> disks;
-    disks.reserve(m_erase.disks.size());
-    for (const auto &disk : m_erase.disks)
+    disks.reserve(m_order.erase.disks.size());
+    for (const auto &disk : m_order.erase.disks)
         disks.push_back(disk.info);
+    tool.setSparedDisks(m_plan.choice.sourceDisks);
     tool.setDiskArray(std::move(disks));
     tool.setGoesOn([this] { return !m_run.isCancelled(); });
     tool.startEraseDiskThread();
-    reportErase(m_run.report(), m_erase, tool.results());
-    m_plan.choice.isNotErased = baysNotErased(m_erase, tool.results());
+    reportErase(m_run.report(), m_order.erase, tool.results());
+    m_plan.choice.isNotErased = baysNotErased(m_order.erase, tool.results());
     m_scan.scanEnclosures();
 }
 
@@ -208,7 +225,10 @@ ExitStatus DuplicateCommand::copy()
     auto destinations = planDestinations(devices, choice, m_scan.user());
     if (!destinations)
         return endBecause(refusalText(destinations.error()), refusalOf(destinations.error()).status);
+    if (const auto refusal = sourceChange(m_host, devices, m_plan))
+        return endBecause(refusal->reason, refusal->status);
     refuseWhatIsNotMounted(m_host, *destinations);
+    destinations = destinationsWithin(m_order, std::move(*destinations));
     reportDestinations(m_run.report(), *destinations, choice);
     if (destinations->destinations.empty())
         return endBecause("no destination", NotThere);

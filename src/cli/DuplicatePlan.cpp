@@ -119,17 +119,19 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
     const auto folder = attributesOf(host, choice.sourceRoot);
     if (!folder || folder->type != FileType::Folder)
         return tl::unexpected(Refusal{NotThere, displayPath(choice.sourceRoot) + ": no such folder"});
-    plan.sourceFolder = {folder->device, folder->inode};
+    plan.source = rememberSource(host, scan.devices(), choice.sourceRoot);
+    choice.sourceDisks = plan.source.disks;
+    addDisksOf(host, scan.devices(), plan.job.SrcFileArray, choice.sourceDisks);
     return plan;
 }
 
-std::optional<Refusal> sourceChange(platform::Host &host, const Duplication &duplication)
+std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &devices,
+                                    const Duplication &duplication)
 {
-    const auto &root = duplication.job.SrcDiskPath;
-    const auto folder = attributesOf(host, root);
-    if (folder && FolderIdentity{folder->device, folder->inode} == duplication.sourceFolder)
+    if (isStillThere(host, devices, duplication.source))
         return std::nullopt;
-    return Refusal{NotThere, displayPath(root) + ": the source is not there any more; nothing was touched"};
+    return Refusal{NotThere, displayPath(duplication.source.root) +
+                                 ": the source is not there any more; nothing was touched"};
 }
 
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes)

@@ -2,6 +2,7 @@
 
 #include "cli/DeviceScan.h"
 #include "duplicate/CopyJob.h"
+#include "duplicate/SourceDisks.h"
 
 namespace orvana::cli
 {
@@ -27,15 +28,16 @@ struct Duplication
     PerBay<std::optional<std::string>> typed; ///< the names that were given
     PerBay<std::string> present;              ///< the names that the bays have
     CopyJob job;                              ///< without destinations
-    FolderIdentity sourceFolder;              ///< what the source's root was
+    SourceMemory source;                      ///< what the source was
 };
 
 /// The duplication that the options ask for, or why there is none. Reads only.
 tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const DeviceScan &scan,
                                                    const DuplicateOptions &options);
 
-/// Why the source is not what it was when the duplication was planned; nothing while it is.
-std::optional<Refusal> sourceChange(platform::Host &host, const Duplication &duplication);
+/// Why the source is not what it was when the duplication was planned; nullopt while it is.
+std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &devices,
+                                    const Duplication &duplication);
 
 /// Notes into which bays a selection of that many bytes does not fit.
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes);

@@ -22,7 +22,9 @@ std::optional<Refusal> refusalOfTyped(const ErasePlan &plan, const PerBay<std::o
     for (const auto bay : AllBays) {
         const bool isErased = std::any_of(plan.disks.begin(), plan.disks.end(),
                                           [&](const PlannedErase &disk) { return disk.bay == bay; });
-        if (typed[bay] && !isErased)
+        const bool isTooSmall =
+            std::find(plan.tooSmall.begin(), plan.tooSmall.end(), bay) != plan.tooSmall.end();
+        if (typed[bay] && !isErased && !isTooSmall)
             return Refusal{WrongUsage, slotNameOf(bay) + " is given a name, but no disk in it is erased"};
     }
     return std::nullopt;
@@ -38,6 +40,7 @@ tl::expected<ErasePlan, Refusal> planRequestedErase(const EraseRequest &request,
         return tl::unexpected(refusalOf(plan.error()));
     std::erase_if(plan->disks, [&](const auto &disk) { return !isIn(request.bays, slotNameOf(disk.bay)); });
     std::erase_if(plan->refusals, [&](const auto &refusal) { return !isIn(request.bays, refusal.bay); });
+    std::erase_if(plan->tooSmall, [&](Bay bay) { return !isIn(request.bays, slotNameOf(bay)); });
     std::erase_if(plan->badNames, [&](const auto &refusal) { return !isIn(request.bays, refusal.bay); });
     if (!plan->badNames.empty())
         return tl::unexpected(Refusal{Refused, textOf(plan->badNames)});
@@ -46,21 +49,16 @@ tl::expected<ErasePlan, Refusal> planRequestedErase(const EraseRequest &request,
     return std::move(*plan);
 }
 
-std::vector<std::string> eraseLines(const ErasePlan &plan, const RunChoice &choice,
-                                    const PerBay<std::string> &present)
+std::vector<std::string> eraseLines(platform::Host &host, const ScannedDevices &devices,
+                                    const ErasePlan &plan, const PerBay<std::string> &present)
 {
+    const DiskSurvey survey(host, disksToErase(plan, devices));
+    survey.waitUntilOver(DiskSurvey::TimeToCount);
+    const auto contents = survey.results();
     std::vector<std::string> lines;
     lines.reserve(plan.disks.size());
-    for (const auto &[bay, info] : plan.disks) {
-        auto line = "  " + slotNameOf(bay) + ": " + displayPath(info.diskModule) + ", serial number " +
-                    (info.diskSN.empty() ? "unknown" : displayPath(info.diskSN));
-        if (present[bay] != UnformattedDisk)
-            line.append(", now ").append(displayPath(present[bay]));
-        line.append(", will be ").append(displayPath(info.diskVolume));
-        if (choice.isOverSize[bay])
-            line += " (erased, but too small for a copy)";
-        lines.push_back(std::move(line));
-    }
+    for (std::size_t i = 0; i < plan.disks.size(); ++i)
+        lines.push_back("  " + stakeText({plan.disks[i], contents[i]}, present[plan.disks[i].bay]));
     return lines;
 }
 

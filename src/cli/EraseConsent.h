@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/ExitStatus.h"
-#include "duplicate/RunPlan.h"
+#include "duplicate/RunOrder.h"
 
 #include <functional>
 #include <tl/expected.hpp>
@@ -27,9 +27,10 @@ struct EraseRequest
 tl::expected<ErasePlan, Refusal> planRequestedErase(const EraseRequest &request,
                                                     const PerBay<std::optional<std::string>> &typed);
 
-/// A line for each disk that will lose what it holds; `present` are the names that they have now.
-std::vector<std::string> eraseLines(const ErasePlan &plan, const RunChoice &choice,
-                                    const PerBay<std::string> &present);
+/// A line for each disk that will lose what it holds; `present` are the names that they have now. Looks at
+/// what the disks hold, for two seconds at most.
+std::vector<std::string> eraseLines(platform::Host &host, const ScannedDevices &devices,
+                                    const ErasePlan &plan, const PerBay<std::string> &present);
 
 /// Asks, where there is somebody to ask, or refuses. Nothing when the user agrees or has agreed.
 std::optional<Refusal> askFor(const std::string &question, const std::vector<std::string> &lines,

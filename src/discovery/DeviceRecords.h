@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/PathObject.h"
+#include "platform/DiskFingerprint.h"
 
 #include <cstdint>
 #include <memory>
@@ -10,6 +11,8 @@
 
 namespace orvana
 {
+
+using platform::DiskFingerprint;
 
 /// A usable volume: a partition, or the whole disk of a RAID set.
 class ORVBsdInfo
@@ -29,11 +32,16 @@ public:
     const std::optional<std::int64_t> &availableSize() const { return m_availableSize; }
     void setAvailableSize(std::optional<std::int64_t> blocks) { m_availableSize = blocks; }
 
+    /// Blocks of 512 bytes that hold something, as the listing has them.
+    const std::optional<std::int64_t> &usedSize() const { return m_usedSize; }
+    void setUsedSize(std::optional<std::int64_t> blocks) { m_usedSize = blocks; }
+
 private:
     std::string m_devPath;
     PathObject m_mountPoint;
     std::optional<std::int64_t> m_capacitySize;
     std::optional<std::int64_t> m_availableSize;
+    std::optional<std::int64_t> m_usedSize;
 };
 
 /// A physical disk.
@@ -65,6 +73,28 @@ public:
     const std::optional<std::int64_t> &diskSize() const { return m_diskSize; }
     void setDiskSize(std::optional<std::int64_t> bytes) { m_diskSize = bytes; }
 
+    // What guards go by, and no row shows.
+
+    /// The serial number as the disk itself says. USB disks have one here, too.
+    const std::optional<std::string> &unitSerial() const { return m_unitSerial; }
+    void setUnitSerial(std::optional<std::string> serial) { m_unitSerial = std::move(serial); }
+    const std::optional<std::string> &wwn() const { return m_wwn; }
+    void setWwn(std::optional<std::string> name) { m_wwn = std::move(name); }
+
+    /// The system's number of this arrival of the disk; another one each time that it is plugged in.
+    const std::optional<std::int64_t> &arrival() const { return m_arrival; }
+    void setArrival(std::optional<std::int64_t> number) { m_arrival = number; }
+
+    /// The disk has partitions that are not among its usable volumes, such as those that are not mounted.
+    bool hasOtherPartitions() const { return m_hasOtherPartitions; }
+    void setHasOtherPartitions(bool has) { m_hasOtherPartitions = has; }
+
+    DiskFingerprint fingerprint() const
+    {
+        return {m_devPath.value_or(std::string()), m_unitSerial ? m_unitSerial : m_hddSN, m_wwn, m_arrival,
+                m_diskSize};
+    }
+
     /// Its usable volumes, in registry order.
     Volumes &bsdPathArray() { return m_bsdPathArray; }
     const Volumes &bsdPathArray() const { return m_bsdPathArray; }
@@ -78,6 +108,10 @@ private:
     bool m_isUnFormated = false;
     bool m_isRaidFormated = false;
     std::optional<std::int64_t> m_diskSize;
+    std::optional<std::string> m_unitSerial;
+    std::optional<std::string> m_wwn;
+    std::optional<std::int64_t> m_arrival;
+    bool m_hasOtherPartitions = false;
     Volumes m_bsdPathArray;
 };
 

@@ -47,6 +47,7 @@ DiskFreeLine lineOf(const std::vector<std::string_view> &columns)
 {
     DiskFreeLine line{.device = std::string(columns[0]),
                       .capacity = numberIn(columns, 1),
+                      .used = numberIn(columns, 2),
                       .available = numberIn(columns, 3),
                       .mountPoint = {}};
     for (std::size_t i = MountPointColumn; i < columns.size(); ++i) {

@@ -14,6 +14,7 @@ struct DiskFreeLine
 {
     std::string device;                    ///< column 0
     std::optional<std::int64_t> capacity;  ///< column 1, blocks of 512 bytes; nothing if it is no number
+    std::optional<std::int64_t> used;      ///< column 2, the same
     std::optional<std::int64_t> available; ///< column 3, the same
     std::string mountPoint;                ///< columns 8 and after, joined by single blanks; may be empty
 };

@@ -140,6 +140,7 @@ void ORVScanDevice::fillMountPoints(const Volumes &volumes, std::string_view fil
             found->second->setMountPoint(std::make_shared<const std::string>(line.mountPoint));
             found->second->setCapacitySize(line.capacity);
             found->second->setAvailableSize(line.available);
+            found->second->setUsedSize(line.used);
         }
     }
 }

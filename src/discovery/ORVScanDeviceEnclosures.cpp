@@ -70,6 +70,7 @@ void ORVScanDevice::searchPartition(const RegistryEntry &entry, std::size_t tbAr
         } else if (isOpen == true && flagOf(*child, "Leaf") == true && isWhole == false) {
             disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
         }
+        noteOtherPartition(*child, disk);
         searchPartition(*child, tbArrayIndex, hddArrayIndex);
     }
 }

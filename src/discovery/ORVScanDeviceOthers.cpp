@@ -84,6 +84,7 @@ int ORVScanDevice::getExternelDiskInfo(const Iterator &iterator)
         const auto device = dictionaryOf(*entry, "Device Characteristics");
         auto disk = std::make_shared<ORVHddInfo>();
         disk->setHddModel(trimmedIn(device, "Vendor Name") + " " + trimmedIn(device, "Product Name"));
+        readMarks(*entry, *disk);
         addOtherDisk(std::move(disk), *entry);
     }
     return iterator.empty() ? NothingSeen : Seen;

@@ -95,7 +95,22 @@ std::shared_ptr<ORVHddInfo> diskRecordOf(const RegistryEntry &entry)
     auto disk = std::make_shared<ORVHddInfo>();
     disk->setHddModel(trimmedTextOf(entry, "Model"));
     disk->setHddSN(trimmedTextOf(entry, "Serial Number"));
+    readMarks(entry, *disk);
     return disk;
+}
+
+void readMarks(const RegistryEntry &entry, ORVHddInfo &disk)
+{
+    disk.setUnitSerial(trimmedTextOf(entry, "Unit Serial Number"));
+    disk.setWwn(trimmedTextOf(entry, "World Wide Name"));
+    disk.setArrival(numberOf(entry, "Arrival Number"));
+}
+
+void noteOtherPartition(const RegistryEntry &entry, ORVHddInfo &disk)
+{
+    const bool isUsable = flagOf(entry, "Open") == true && flagOf(entry, "Leaf") == true;
+    if (flagOf(entry, "Whole") == false && !isUsable)
+        disk.setHasOtherPartitions(true);
 }
 
 std::shared_ptr<ORVBsdInfo> volumeRecord(std::string devPath)

@@ -28,8 +28,14 @@ std::shared_ptr<ORVThunderboltInfo> switchRecordOf(const platform::RegistryEntry
 /// last component.
 std::optional<std::string> switchPathOf(const platform::RegistryEntry &entry);
 
-/// A new record with the driver's trimmed model and serial number.
+/// A new record with the driver's trimmed model and serial number, and its marks.
 std::shared_ptr<ORVHddInfo> diskRecordOf(const platform::RegistryEntry &entry);
+
+/// Reads the marks that tell the disk from others: "Unit Serial Number", "World Wide Name", "Arrival Number".
+void readMarks(const platform::RegistryEntry &entry, ORVHddInfo &disk);
+
+/// Notes on the disk that `entry`, an object below it, is a partition which is no usable volume.
+void noteOtherPartition(const platform::RegistryEntry &entry, ORVHddInfo &disk);
 
 /// A new volume record.
 std::shared_ptr<ORVBsdInfo> volumeRecord(std::string devPath);

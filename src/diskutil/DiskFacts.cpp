@@ -68,6 +68,18 @@ bool isSame(const std::optional<T> &expected, const std::optional<T> &found)
     return expected && found && *expected == *found;
 }
 
+bool isSpared(const std::string &node, const DiskFacts &facts, const Expectation &expected)
+{
+    const platform::DiskFingerprint marks{.device = node,
+                                          .serial = facts.identity.serial,
+                                          .wwn = facts.wwn,
+                                          .arrival =
+                                              static_cast<std::int64_t>(facts.identity.sequence.value_or(0)),
+                                          .size = static_cast<std::int64_t>(facts.identity.blocks * 512)};
+    return std::any_of(expected.spared.begin(), expected.spared.end(),
+                       [&](const auto &spared) { return mayBeTheSame(spared, marks); });
+}
+
 } // namespace
 
 std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &device)
@@ -78,7 +90,7 @@ std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &devic
         std::find_if(disks.begin(), disks.end(), [&](const Disk &one) { return one.device == &device; });
     if (disk == disks.end())
         return std::nullopt;
-    KnownDisk known{identityOf(*disk), false};
+    KnownDisk known{identityOf(*disk), false, disk->wwn};
     if (!disk->router || !isFourBayEnclosure(*disk->router))
         return known;
     platform::linux_host::DiskNames names;
@@ -112,6 +124,7 @@ std::optional<DiskFacts> factsOf(const Snapshot &snapshot, const std::string &no
     facts.isWholeDisk = known.has_value();
     if (known) {
         facts.identity = known->identity;
+        facts.wwn = known->wwn;
         facts.isInBay = known->isInBay;
     }
     return facts;
@@ -128,7 +141,11 @@ Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, con
                             isSame(expected.serial, facts.identity.serial) &&
                             isSame(expected.size, std::optional(facts.identity.blocks * 512)) &&
                             isSame(expected.bay, std::optional(facts.identity.place));
-    return isSameDisk ? Outcome<void>() : refuse(node, "is not the disk that was meant");
+    if (!isSameDisk)
+        return refuse(node, "is not the disk that was meant");
+    return isSpared(node, facts, expected)
+               ? refuse(node, "is a disk of the source, which must not be touched")
+               : Outcome<void>();
 }
 
 Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts)

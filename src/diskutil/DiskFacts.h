@@ -23,6 +23,7 @@ struct DiskFacts
 {
     bool isWholeDisk = false;
     platform::linux_host::DiskIdentity identity;
+    std::optional<std::string> wwn; ///< World Wide Name
     bool isInBay = false;
     bool isRootKnown = false; ///< it is known which disks hold the running system
     bool holdsSystem = false;
@@ -39,6 +40,7 @@ struct KnownDisk
 {
     platform::linux_host::DiskIdentity identity;
     bool isInBay = false;
+    std::optional<std::string> wwn = std::nullopt;
 };
 using BayRule = std::function<std::optional<KnownDisk>(const platform::linux_host::Snapshot &,
                                                        const platform::linux_host::Device &)>;
@@ -52,7 +54,8 @@ std::optional<KnownDisk> knownDisk(const platform::linux_host::Snapshot &snapsho
 std::optional<DiskFacts> factsOf(const platform::linux_host::Snapshot &snapshot, const std::string &node,
                                  const BayRule &rule);
 
-/// Refuses a disk that is not exactly the expected one, or of which anything is missing on either side.
+/// Refuses a disk that is not exactly the expected one, or of which anything is missing on either side, and a
+/// disk that may be one of those that must not be touched.
 Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, const Expectation &expected);
 
 /// Refuses a disk that must not be erased, whatever else holds. Mounted file systems are no reason yet.

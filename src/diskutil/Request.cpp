@@ -30,6 +30,47 @@ bool take(std::optional<std::uint64_t> &known, std::string_view value)
     return !std::exchange(known, numberIn(value)) && known;
 }
 
+bool take(std::optional<std::int64_t> &known, std::string_view value)
+{
+    const auto number = numberIn(value);
+    if (known || !number || *number > std::uint64_t{INT64_MAX})
+        return false;
+    known = static_cast<std::int64_t>(*number);
+    return true;
+}
+
+bool readMark(std::string_view key, std::string_view value, platform::DiskFingerprint &disk)
+{
+    if (key == "device" && disk.device.empty()) {
+        disk.device = value;
+        return !value.empty();
+    }
+    if (key == "arrival")
+        return take(disk.arrival, value);
+    if (key == "size")
+        return take(disk.size, value);
+    return key == "wwn" && take(disk.wwn, value);
+}
+
+// "device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". Everything behind "serial=" is the serial number.
+bool readSpared(std::string_view text, Expectation &expected)
+{
+    constexpr std::string_view Serial = "serial=";
+    platform::DiskFingerprint disk;
+    while (!text.starts_with(Serial)) {
+        const auto equals = text.find('=');
+        const auto comma = text.find(',');
+        if (comma == std::string_view::npos || equals > comma ||
+            !readMark(text.substr(0, equals), text.substr(equals + 1, comma - equals - 1), disk))
+            return false;
+        text.remove_prefix(comma + 1);
+    }
+    if (text.size() > Serial.size())
+        disk.serial = text.substr(Serial.size());
+    expected.spared.push_back(std::move(disk));
+    return true;
+}
+
 // False when the word is no expectation, or its value none.
 bool readExpectation(std::string_view word, Expectation &expected)
 {
@@ -38,6 +79,8 @@ bool readExpectation(std::string_view word, Expectation &expected)
         return false;
     const auto key = word.substr(0, equals);
     const auto value = word.substr(equals + 1);
+    if (key == "--spare")
+        return readSpared(value, expected);
     if (key == "--expect-serial")
         return take(expected.serial, value);
     if (key == "--expect-bay")

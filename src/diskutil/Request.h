@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diskutil/Outcome.h"
+#include "platform/DiskFingerprint.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,6 +17,9 @@ struct Expectation
     std::optional<std::string> serial;
     std::optional<std::uint64_t> size; ///< bytes
     std::optional<std::string> bay;
+    /// Disks that must not be touched, those of a run's source: one mark that agrees refuses the disk.
+    /// Devices are the kernel's nodes here.
+    std::vector<platform::DiskFingerprint> spared{};
 };
 
 enum class Verb { EraseDisk, Eject, IsInBay };
@@ -34,7 +38,8 @@ inline constexpr const char *Usage =
     "Usage: orvana-diskutil eraseDisk FORMAT NAME DEVICE EXPECTATIONS\n"
     "       orvana-diskutil eject DEVICE EXPECTATIONS\n"
     "       orvana-diskutil isInBay DEVICE\n"
-    "EXPECTATIONS: --expect-sequence=N --expect-serial=TEXT --expect-size=BYTES --expect-bay=TEXT";
+    "EXPECTATIONS: --expect-sequence=N --expect-serial=TEXT --expect-size=BYTES --expect-bay=TEXT\n"
+    "              [--spare=[device=NODE,][arrival=N,][size=BYTES,][wwn=TEXT,]serial=TEXT]...";
 
 /// Reads the words after the program's name. A word that is not understood makes all of it wrong.
 Outcome<Request> readRequest(const std::vector<std::string> &words);

@@ -29,6 +29,8 @@ PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> 
     PerBay<bool> bays;
     for (const auto bay : AllBays)
         bays[bay] = true;
+    for (const auto bay : plan.tooSmall)
+        bays[bay] = false; // that the selection does not fit is what is said of it
     for (std::size_t i = 0; i < plan.disks.size() && i < results.size(); ++i)
         bays[plan.disks[i].bay] = !results[i].succeeded;
     return bays;
@@ -37,8 +39,9 @@ PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> 
 void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results)
 {
     for (std::size_t i = 0; i < plan.disks.size(); ++i) {
-        const auto &[bay, info] = plan.disks[i];
-        DiskEntry entry{slotNameOf(bay), info.diskVolume, info, DiskOutcome::EraseFailed,
+        const auto &disk = plan.disks[i];
+        const auto &info = disk.info;
+        DiskEntry entry{slotNameOf(disk.bay), info.diskVolume, info, DiskOutcome::EraseFailed,
                         "the erase was stopped before it"};
         if (i < results.size()) {
             entry.outcome = results[i].succeeded ? DiskOutcome::Erased : DiskOutcome::EraseFailed;

@@ -8,7 +8,8 @@ namespace orvana
 
 class RunReport;
 
-/// The bays that an erase did not empty, for whatever reason: all but those of which it is known that it did.
+/// The bays that an erase was to empty and did not, for whatever reason: all but those of which it is known
+/// that it did, and those that are too small anyway.
 PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> &results);
 
 /// Puts an erase into the report: what the tool did to each disk of the plan, and what was refused. A disk

@@ -40,6 +40,7 @@ bool DiskUtil::workThrough(const Message &message, const Command &command)
     m_results.clear();
     // The list is the owner's, who may set another one while a message is handled.
     const auto disks = m_diskArray;
+    m_launcher.setSparedDisks(m_sparedDisks);
     for (const auto &disk : disks) {
         if (m_goesOn && !m_goesOn())
             return false;

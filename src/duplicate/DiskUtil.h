@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/DiskUtilInfo.h"
+#include "platform/DiskFingerprint.h"
 
 #include <functional>
 #include <optional>
@@ -44,6 +45,10 @@ public:
     const std::vector<DiskUtilInfo> &diskArray() const { return m_diskArray; }
     void setDiskArray(std::vector<DiskUtilInfo> disks) { m_diskArray = std::move(disks); }
 
+    /// Disks that no command may change, such as those of the source. The utility itself looks for them again
+    /// right before it changes anything.
+    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) { m_sparedDisks = std::move(disks); }
+
     /// Asked before each disk; once it says no, the rest of the list is left alone. Without one nothing stops
     /// the tool.
     void setGoesOn(std::function<bool()> goesOn) { m_goesOn = std::move(goesOn); }
@@ -77,6 +82,7 @@ private:
     platform::CommandLauncher &m_launcher;
     NotificationCenter &m_center;
     std::vector<DiskUtilInfo> m_diskArray;
+    std::vector<platform::DiskFingerprint> m_sparedDisks;
     std::vector<DiskResult> m_results;
     std::function<bool()> m_goesOn;
 };

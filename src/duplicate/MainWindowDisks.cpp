@@ -39,21 +39,28 @@ void MainWindow::EraseDisk()
     // The records may be old: a disk that was pulled and another one that came tell nobody. Scanning again
     // shows which disks are still those that the bays showed.
     scanAll();
-    auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
+    if (!m_order && !decideOrderNow())
+        return;
+    const auto devices = scannedDevices(m_ScanDevice);
+    auto plan = planErase(devices, m_order->choice, user(), eraseFormat());
     if (!plan && plan.error() != EnclosureRefusal::NoneChosen) {
         warn(refusalText(plan.error()));
         endWithoutCopy();
         return;
     }
-    if (plan && !plan->badNames.empty())
-        warn(textOf(plan->badNames));
     std::vector<DiskUtilInfo> disks;
-    if (plan && plan->badNames.empty()) {
+    if (plan) {
+        if (!m_order->erase.disks.empty() && !isStillThere(m_context.host, devices, m_order->source)) {
+            warn(refusalText(OrderRefusal::SourceGone));
+            endWithoutCopy();
+            return;
+        }
+        plan = eraseWithin(*m_order, std::move(*plan));
         for (const auto &erase : plan->disks)
             disks.push_back(erase.info);
-    }
-    if (plan)
         m_erasePlan = std::move(*plan);
+    }
+    m_diskTool->setSparedDisks(m_order->choice.sourceDisks);
     m_diskTool->setDiskArray(std::move(disks));
     m_diskTool->startEraseDiskThread();
 }
@@ -94,7 +101,10 @@ void MainWindow::EjectTargetDisks()
         return;
     setEjectButtonsEnabled(false);
     m_diskTool->setDiskArray({});
-    auto plan = planTargetEject(scannedDevices(m_ScanDevice), choiceNow(), user());
+    auto choice = choiceNow();
+    addDisksOf(m_context.host, scannedDevices(m_ScanDevice), selectionNow(), choice.sourceDisks);
+    auto plan = planTargetEject(scannedDevices(m_ScanDevice), choice, user());
+    m_diskTool->setSparedDisks(choice.sourceDisks);
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else
@@ -116,6 +126,7 @@ void MainWindow::EjectSourceDisk()
     setEjectButtonsEnabled(false);
     m_diskTool->setDiskArray({});
     auto plan = planSourceEject(scannedDevices(m_ScanDevice), choiceNow());
+    m_diskTool->setSparedDisks({});
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else

@@ -14,41 +14,6 @@ namespace orvana
 
 using Title = CopyActionViewController::Title;
 
-void MainWindow::Duplicate()
-{
-    if (m_action->isErasing() || m_action->isDuplicating()) {
-        StopDuplicate();
-        return;
-    }
-    if (isStartRefused())
-        return;
-    if (m_diskInfo->isOverSize_AllDisks()) {
-        m_sheets.show({tr("Insufficient Disk Space"),
-                       tr("There is insufficient free disk space on the destination drive(s)."),
-                       {tr("OK")}});
-    } else if (m_diskInfo->isOverSize_SomeDisks()) {
-        m_sheets.show({tr("Insufficient Disk Space"),
-                       tr("There is insufficient free disk space on the destination drive(s)") +
-                           shownText(m_diskInfo->OverSizeVolume()) +
-                           tr("\n\nPress OK to continue duplicating to the remaining drive(s)."),
-                       {tr("OK"), tr("Cancel")},
-                       [this, asked = chosenNow()](int button) {
-                           if (button == 0)
-                               startIfUnchanged(asked);
-                       }});
-    } else {
-        StartDuplicate();
-    }
-}
-
-// What was asked may have been pulled or changed while the question stood.
-void MainWindow::startIfUnchanged(const ChosenEnclosure &asked)
-{
-    const auto now = chosenNow();
-    if (now.pickerIndex == asked.pickerIndex && now.uid == asked.uid && !isStartRefused())
-        StartDuplicate();
-}
-
 void MainWindow::warn(const std::string &text)
 {
     m_sheets.show({tr("Warning"), shownText(text)});
@@ -68,24 +33,6 @@ bool MainWindow::isStartRefused()
     return true;
 }
 
-// Names are looked at before anything is touched, the log included.
-bool MainWindow::areNamesRefused()
-{
-    m_toldRefusals.clear();
-    m_isNotErased.reset();
-    if (!m_action->EraseDiskCheckBox->isChecked())
-        return false;
-    const auto plan = planErase(scannedDevices(m_ScanDevice), choiceNow(), user(), eraseFormat());
-    if (!plan)
-        return false;
-    if (plan->badNames.empty()) {
-        tellRefusals(plan->refusals);
-        return false;
-    }
-    m_sheets.show({tr("Warning"), QString::fromStdString(textOf(plan->badNames))});
-    return true;
-}
-
 RunChoice MainWindow::choiceNow() const
 {
     RunChoice choice;
@@ -93,6 +40,7 @@ RunChoice MainWindow::choiceNow() const
     choice.source = m_diskInfo->Source();
     choice.sourceItem = m_diskInfo->SourcePopup->selectedTitle();
     choice.sourceRoot = *FileSystemItem::repoRoot();
+    choice.sourceDisks = m_source.disks;
     choice.slotAisSource = m_diskInfo->SlotAisSource();
     choice.names[Bay::A] = m_diskInfo->SlotA();
     choice.names[Bay::B] = m_diskInfo->SlotB();
@@ -109,9 +57,22 @@ RunChoice MainWindow::choiceNow() const
     return choice;
 }
 
+// What the run in hand may do was decided at its start; what the bays show now may be newer.
+RunChoice MainWindow::choiceOfRun() const
+{
+    auto choice = choiceNow();
+    if (!m_order)
+        return choice;
+    choice.source = m_order->choice.source;
+    choice.sourceItem = m_order->choice.sourceItem;
+    choice.sourceRoot = m_order->choice.sourceRoot;
+    choice.sourceDisks = m_order->choice.sourceDisks;
+    return choice;
+}
+
 void MainWindow::StartDuplicate()
 {
-    if (areNamesRefused())
+    if (!m_order && !decideOrderNow())
         return;
     ++m_run;
     m_runEnclosure = chosenNow().uid;
@@ -166,14 +127,22 @@ void MainWindow::CopyFile()
         finishReportWithoutCopy();
         return;
     }
-    const auto choice = choiceNow();
-    auto plan = planDestinations(scannedDevices(m_ScanDevice), choice, user());
+    const auto choice = choiceOfRun();
+    const auto devices = scannedDevices(m_ScanDevice);
+    auto plan = planDestinations(devices, choice, user());
     if (!plan) {
         warn(refusalText(plan.error()));
         endWithoutCopy();
         return;
     }
+    if (m_order && !isStillThere(m_context.host, devices, m_order->source)) {
+        warn(refusalText(OrderRefusal::SourceGone));
+        endWithoutCopy();
+        return;
+    }
     refuseWhatIsNotMounted(m_context.host, *plan);
+    if (m_order)
+        plan = destinationsWithin(*m_order, std::move(*plan));
     reportDestinations(*m_report, *plan, choice);
     tellRefusals(plan->refusals);
     if (plan->destinations.empty()) {
@@ -208,12 +177,14 @@ void MainWindow::restoreIdleControls()
     lockChoices(false);
     disableSlots(false);
     m_runEnclosure.reset();
+    m_order.reset();
 }
 
 // The run came to no copy; what was erased before it, or could not be, is told all the same.
 void MainWindow::finishReportWithoutCopy()
 {
     m_runEnclosure.reset();
+    m_order.reset();
     m_report->finish(RunOutcome::Finished);
     if (!m_report->diskLines().empty())
         showLastReport();
@@ -272,6 +243,7 @@ void MainWindow::runEnded()
     disableSlots(false);
     hiddenPrpgressBar(true);
     m_runEnclosure.reset();
+    m_order.reset();
     m_ScanDevice.reGetDiskVolume();
     setTargetDiskInfo();
     displayDialog(1, true);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/DiskUtilInfo.h"
+#include "platform/DiskFingerprint.h"
 
 #include <array>
 #include <cstddef>
@@ -8,9 +9,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvana
 {
+
+using platform::DiskFingerprint;
 
 enum class Bay : std::size_t { A, B, C, D };
 
@@ -46,17 +50,27 @@ struct ChosenEnclosure
     std::optional<std::int64_t> uid;
 };
 
-/// The disk in each bay as it was when the user saw it; nothing in an empty bay.
-using ShownDisks = PerBay<std::optional<DiskUtilInfo>>;
+/// A disk as it was when the user saw it.
+struct ShownDisk
+{
+    DiskUtilInfo info;
+    DiskFingerprint fingerprint;
+
+    bool operator==(const ShownDisk &) const = default;
+};
+
+/// The disk in each bay as it was when the user saw it; nullopt for an empty bay.
+using ShownDisks = PerBay<std::optional<ShownDisk>>;
 
 /// What the user chose for a run, in the window or in the terminal. Texts are bytes as they came from the
 /// disks or were typed.
 struct RunChoice
 {
     ChosenEnclosure enclosure;
-    std::string source;     ///< the source row's name: a volume's, or the login name
-    std::string sourceItem; ///< title of the chosen item in the source pop-up
-    std::string sourceRoot; ///< root of the file tree; empty when there is none
+    std::string source;                       ///< the source row's name: a volume's, or the login name
+    std::string sourceItem;                   ///< title of the chosen item in the source pop-up
+    std::string sourceRoot;                   ///< root of the file tree; empty when there is none
+    std::vector<DiskFingerprint> sourceDisks; ///< all disks that the run reads from; none of them is touched
     bool slotAisSource = true;
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
     PerBay<bool> isOverSize;   ///< the selection does not fit into the bay

@@ -1,5 +1,6 @@
 #include "duplicate/RunGuards.h"
 
+#include "duplicate/SourceDisks.h"
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
@@ -67,7 +68,8 @@ bool isCertain(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure, cons
 bool isAsShown(const ORVHddInfo &disk, const RunChoice &choice)
 {
     const auto bay = bayOfDisk(disk);
-    return !choice.shown || (bay && (*choice.shown)[*bay] == diskUtilInfo(disk, std::string()));
+    return !choice.shown ||
+           (bay && (*choice.shown)[*bay] == ShownDisk{diskUtilInfo(disk, std::string()), disk.fingerprint()});
 }
 
 std::string placeText(const std::string &bay, const std::string &name)
@@ -90,9 +92,10 @@ std::string refusalText(EnclosureRefusal refusal)
         return "Another device has taken the place of the selected one.";
     case EnclosureRefusal::StartupDisk:
         return "This device cannot be selected when it's used as a startup disk.";
-    default:
-        return "This device cannot be selected, because it includes a RAID set.";
+    case EnclosureRefusal::RaidSet:
+        break;
     }
+    return "This device cannot be selected, because it includes a RAID set.";
 }
 
 tl::expected<std::shared_ptr<ORVThunderboltInfo>, EnclosureRefusal>
@@ -146,9 +149,12 @@ std::string reasonText(DiskGuard guard)
         return "its erase did not succeed";
     case DiskGuard::OtherVolume:
         return "it no longer holds the volume that was shown";
-    default:
-        return "a bay before it shows the same name";
+    case DiskGuard::ReadOnly:
+        return "its volume is mounted read-only";
+    case DiskGuard::SameName:
+        break;
     }
+    return "a bay before it shows the same name";
 }
 
 std::string refusalText(const DiskRefusal &refusal)
@@ -161,7 +167,8 @@ bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const 
 {
     return anyRecordOf(disk, devices, [&](const ORVHddInfo &record) {
         const auto &volumes = record.bsdPathArray();
-        return std::any_of(volumes.begin(), volumes.end(),
+        return isAmong(record, choice.sourceDisks) ||
+               std::any_of(volumes.begin(), volumes.end(),
                            [&](const auto &volume) { return isOfSource(*volume, choice, user); });
     });
 }

@@ -42,6 +42,7 @@ enum class DiskGuard {
     NotErased,     ///< the run was to erase it first, and did not
     OtherDisk,     ///< it is not the disk that was shown
     OtherVolume,   ///< it no longer holds the volume that was shown
+    ReadOnly,      ///< its volume is mounted read-only, and the run does not erase it first
     SameName,      ///< a bay before it shows the same name
 };
 
@@ -58,8 +59,8 @@ struct DiskRefusal
 /// "Slot-B (COPY1): it carries the source"
 std::string refusalText(const DiskRefusal &refusal);
 
-/// Whether the disk, any disk of the machine, carries a volume of the source: one that the tree's root lies
-/// in, or one called like the source row or the chosen pop-up item.
+/// True when the disk may be one of the disks that the run reads from, or carries a volume that the tree's
+/// root lies in, or one called like the source row or the chosen pop-up item.
 bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const RunChoice &choice,
                    const UserHome &user);
 

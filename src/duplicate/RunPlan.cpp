@@ -121,10 +121,12 @@ tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &device
         const auto name = newNameOf(*disk, choice.names[*bay]);
         if (const auto guard = guardOfTarget(*disk, **enclosure, devices, choice, user))
             plan.refusals.push_back({slotNameOf(*bay), choice.names[*bay], *guard});
+        else if (choice.isOverSize[*bay])
+            plan.tooSmall.push_back(*bay);
         else if (const auto bad = nameGuardIn(choice, name, format))
             plan.badNames.push_back({slotNameOf(*bay), name, *bad, format});
         else
-            plan.disks.push_back({*bay, diskUtilInfo(*disk, name)});
+            plan.disks.push_back({*bay, diskUtilInfo(*disk, name), disk->fingerprint()});
     }
     return plan;
 }

@@ -46,6 +46,7 @@ struct PlannedErase
 {
     Bay bay;
     DiskUtilInfo info;
+    DiskFingerprint fingerprint{};
 
     bool operator==(const PlannedErase &) const = default;
 };
@@ -55,9 +56,11 @@ struct ErasePlan
     std::vector<PlannedErase> disks;   ///< in the order of the records
     std::vector<DiskRefusal> refusals; ///< disks that keep their content
     std::vector<NameRefusal> badNames; ///< not empty: nothing may be erased, and nothing started
+    std::vector<Bay> tooSmall{};       ///< keep their content: the selection does not fit into them
 };
 
-/// The disks that a run erases. RAID members and the source's bay are never among them.
+/// The disks that a run erases. RAID members, the source's bay and bays that are too small are never among
+/// them.
 tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &devices, const RunChoice &choice,
                                                     const UserHome &user, EraseFormat format);
 
@@ -68,6 +71,9 @@ struct PlannedDestination
     std::string root; ///< mount point of the volume, by the disk's own record
     DiskUtilInfo disk;
     std::string device; ///< node of the volume
+    DiskFingerprint fingerprint{};
+
+    bool operator==(const PlannedDestination &) const = default;
 };
 
 struct DestinationPlan
@@ -84,7 +90,7 @@ tl::expected<DestinationPlan, EnclosureRefusal>
 planDestinations(const ScannedDevices &devices, const RunChoice &choice, const UserHome &user);
 
 /// Moves destinations to the refusals whose root is, at this moment, not the top of a mounted volume, or of
-/// another one than the record says. Asks the list of mounted volumes.
+/// another one than the record says, or mounted read-only. Asks the list of mounted volumes.
 void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan);
 
 struct EjectPlan

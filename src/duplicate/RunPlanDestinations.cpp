@@ -58,7 +58,8 @@ private:
     static PlannedDestination destinationOf(const ORVHddInfo &disk, Bay bay, const std::string &name)
     {
         const auto &volume = *disk.bsdPathArray().front();
-        return {bay, name, *volume.mountPoint(), diskUtilInfo(disk, name), volume.devPath()};
+        return {
+            bay, name, *volume.mountPoint(), diskUtilInfo(disk, name), volume.devPath(), disk.fingerprint()};
     }
 
     std::optional<DiskGuard> guardOfBay(const ORVHddInfo &disk, Bay bay, const std::string &name) const
@@ -117,6 +118,8 @@ void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan)
         const auto folder = host.volumeFiles().openFolder(destination.root, platform::Reach::Beneath);
         if (!folder || !host.places().isVolumeRoot(**folder))
             return DiskGuard::NotMounted;
+        if ((*folder)->traits().isReadOnly)
+            return DiskGuard::ReadOnly;
         // Of several volumes at one place the last is the one that is seen.
         const auto there = std::find_if(mounted.rbegin(), mounted.rend(), [&](const auto &line) {
             return line.mountPoint == destination.root;

@@ -105,7 +105,7 @@ ShownDisks shownDisks(const ORVThunderboltInfo &enclosure)
     ShownDisks shown;
     for (const auto &disk : enclosure.hddArray()) {
         if (const auto bay = bayOfDisk(*disk))
-            shown[*bay] = diskUtilInfo(*disk, std::string());
+            shown[*bay] = ShownDisk{diskUtilInfo(*disk, std::string()), disk->fingerprint()};
     }
     return shown;
 }

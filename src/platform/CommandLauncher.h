@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/DiskFingerprint.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +24,10 @@ public:
     /// Runs the program at `path` and waits for its end, taking up its output meanwhile. A program that
     /// cannot be started gives no output and a line in the system log. Blocks the calling thread.
     virtual Result run(const std::string &path, const std::vector<std::string> &arguments) = 0;
+
+    /// From now on the disk utility changes no disk that may be one of these, whatever it is told to do.
+    /// Replaces the disks of the last call.
+    virtual void setSparedDisks(std::vector<DiskFingerprint> disks) = 0;
 };
 
 } // namespace orvana::platform

@@ -169,7 +169,13 @@ public:
         return m_real.syncVolume();
     }
 
-    VolumeTraits traits() const override { return m_real.traits(); }
+    VolumeTraits traits() const override
+    {
+        auto traits = m_real.traits();
+        const auto *faults = faultsAt(".");
+        traits.isReadOnly = traits.isReadOnly || (faults && faults->readOnly);
+        return traits;
+    }
     Expected<std::uint64_t> freeBytes() const override { return m_real.freeBytes(); }
 
 private:

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvana::platform
 {
@@ -23,6 +24,12 @@ public:
 
     /// True when the open folder is the top of a mounted volume.
     virtual bool isVolumeRoot(const Folder &folder) const = 0;
+
+    /// The whole disks that hold the file systems at these paths, and every file system that is mounted below
+    /// one of them: through volume groups, encryption, pools, layers and images. Links are followed. Each
+    /// disk is named by the node that the registry gives it, "/dev/disk3". Paths on no disk of the machine,
+    /// and paths that do not exist, add nothing. Main thread only.
+    virtual std::vector<std::string> disksBeneath(const std::vector<std::string> &paths) const = 0;
 };
 
 } // namespace orvana::platform

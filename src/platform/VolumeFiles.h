@@ -91,6 +91,7 @@ struct VolumeTraits
 {
     std::uint64_t device = 0;
     bool isMountRoot = false;           ///< the folder is the top of a mounted volume
+    bool isReadOnly = false;            ///< the volume, or this mount of it, takes no writes
     bool readsBackFromDisk = false;     ///< cached pages can be dropped, so that a read shows the disk
     bool writesOutInBackground = false; ///< holds written data in memory for a while
 };

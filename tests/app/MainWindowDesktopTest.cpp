@@ -56,7 +56,7 @@ TEST_F(DesktopTest, RunThatCameToNoCopyAfterItsEraseIsTold)
     m_machine["failing"] = Json::array({"eraseDisk"});
     startWithEnclosure();
     setErase(true);
-    pressStart();
+    startErase();
     until([this] { return !notices().empty(); });
     EXPECT_EQ(notices()[0].title, "Nothing was duplicated");
     EXPECT_EQ(filesOn("COPY1"), Files{"old1"});

@@ -19,7 +19,7 @@ protected:
 TEST_F(DisksTest, TypicalRunWithEraseNamesTheBlankDiskUntitled)
 {
     startWithEnclosure();
-    pressStart();
+    startErase();
     EXPECT_FALSE(actions().StartBtn->isEnabled()) << "an erase cannot be cancelled";
     EXPECT_TRUE(actions().isErasing());
     EXPECT_EQ(window().totalProgress->kind(), ProgressIndicator::Kind::Indeterminate);
@@ -40,7 +40,7 @@ TEST_F(DisksTest, TypedNamesAreTheNewNames)
 {
     startWithEnclosure();
     typeName(slots().SlotBVolume, "SHOW-B");
-    pressStart();
+    startErase();
     untilCompleted();
     EXPECT_EQ(filesOn("SHOW-B").size(), 4U);
     EXPECT_FALSE(isMounted("COPY1"));
@@ -146,9 +146,10 @@ TEST_P(SharedSourceDisk, KeepsEveryByteWhicheverOfItsVolumesIsTheSource)
     chooseSource(GetParam());
     setErase(true);
     pressStart();
-    until([this] { return sheetMessage() == "Warning" || sheetMessage() == "File Copy Completed"; });
+    until([this] { return !sheetMessage().empty(); });
     if (sheetMessage() == "Warning")
         pressSheet("OK");
+    pressSheet("Erase");
     untilCompleted();
     for (const char *name : {"One", "Two", "Three"})
         EXPECT_EQ(filesOn(name), Files{"file"});
@@ -170,6 +171,7 @@ TEST_F(DisksTest, SourceInAnotherBayIsToldAndTheRestGoesOn)
     untilSheet("Warning");
     EXPECT_NE(sheetText().find("Slot-C"), std::string::npos);
     pressSheet("OK");
+    pressSheet("Erase");
     untilCompleted();
     for (const auto &tool : tools())
         EXPECT_NE(tool[2], "anna");
@@ -180,7 +182,7 @@ TEST_F(DisksTest, FailedEraseIsInTheReportAndOpensIt)
 {
     m_machine["failing"] = Json::array({"eraseDisk C"});
     startWithEnclosure();
-    pressStart();
+    startErase();
     untilSheet("Warning");
     EXPECT_EQ(sheetText(), "Slot-C (COPY2): its erase did not succeed");
     pressSheet("OK");
@@ -201,7 +203,7 @@ TEST_F(DisksTest, EnclosurePulledDuringAnEraseEndsWithAWarning)
         if (!std::exchange(pulled, true))
             move("detach", "1");
     };
-    pressStart();
+    startErase();
     untilSheet("Warning");
     EXPECT_FALSE(actions().isErasing());
     EXPECT_FALSE(window().isBusy());

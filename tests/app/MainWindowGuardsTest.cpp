@@ -56,6 +56,9 @@ TEST_F(GuardsTest, DiskThatIsNoLongerTheOneThatWasShownIsNotErased)
     actions().setIsDuplicating(false);
     ASSERT_EQ(window().layoutState(), 1);
     pressStart();
+    untilSheet("Warning");
+    pressSheet("OK");
+    pressSheet("Erase");
     until([this] { return !actions().isErasing(); });
     EXPECT_FALSE(wasErased("COPY1"));
     EXPECT_TRUE(wasErased("COPY2"));
@@ -74,7 +77,7 @@ TEST_F(GuardsTest, DiskPluggedInDuringAnEraseIsNotWrittenTo)
         if (!std::exchange(plugged, true))
             move("attach", "1/C");
     };
-    pressStart();
+    startErase();
     until([this] { return !actions().isErasing() && !window().isBusy(); });
     EXPECT_EQ(filesOn("COPY2"), Files{"old2"});
 }
@@ -82,7 +85,7 @@ TEST_F(GuardsTest, DiskPluggedInDuringAnEraseIsNotWrittenTo)
 TEST_F(GuardsTest, ChoicesAreLockedUntilTheEraseIsDone)
 {
     startWithEnclosure();
-    pressStart();
+    startErase();
     EXPECT_FALSE(window().myTBDeviceViewController().tbDevicePopup->isEnabled());
     EXPECT_FALSE(actions().EraseDiskCheckBox->isEnabled());
     EXPECT_FALSE(files().sourceFileListView->isEnabled());

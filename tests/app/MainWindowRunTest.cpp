@@ -177,7 +177,7 @@ TEST_F(RunTest, SlotThatIsStillUnformattedAfterTheEraseIsNoDestination)
     bay(3)["attached"] = true;
     m_machine["failing"] = Json::array({"eraseDisk D"});
     startWithEnclosure();
-    pressStart();
+    startErase();
     untilCompleted();
     EXPECT_EQ(slots().SlotD(), "Unformatted");
     EXPECT_EQ(report()["destinations"].size(), 2U);

@@ -39,6 +39,11 @@ public:
         return m_host.launcher().run(path, arguments);
     }
 
+    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
+    {
+        m_host.launcher().setSparedDisks(std::move(disks));
+    }
+
     void openPage(const std::string &address) override { pages.push_back(address); }
     void openFolder(const std::string &) override {}
     void notify(const platform::DesktopNotice &notice) override { notices.push_back(notice); }
@@ -134,6 +139,13 @@ void WindowTest::pressStart()
     QTest::mouseClick(actions().StartBtn, Qt::LeftButton);
 }
 
+void WindowTest::startErase()
+{
+    pressStart();
+    untilSheet("Erase");
+    pressSheet("Erase");
+}
+
 void WindowTest::pressSheet(const std::string &button)
 {
     auto *sheet = m_window->sheets().current();
@@ -189,7 +201,8 @@ void WindowTest::until(const std::function<bool()> &condition)
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (!condition()) {
-        ASSERT_LT(std::chrono::steady_clock::now(), end) << "waited in vain";
+        ASSERT_LT(std::chrono::steady_clock::now(), end)
+            << "waited in vain; the sheet says: " << sheetMessage() << ": " << sheetText();
         pass(std::chrono::milliseconds(20));
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }

@@ -50,6 +50,9 @@ protected:
     void setErase(bool on);
     void setVerify(bool on);
     void pressStart();
+
+    /// Presses Start, and agrees to the erase that is asked about.
+    void startErase();
     void pressSheet(const std::string &button);
     void typeName(VolumeNameField *field, const std::string &name);
     void untick(const std::string &name);

@@ -36,9 +36,11 @@ TEST_F(DuplicateRefusal, EraseThatIsNotConfirmed)
     m_options.erase = true;
     answer("n");
     expectRefused(Refused, "not confirmed");
-    EXPECT_NE(m_err.find("Slot-B: MB, serial number SB, now COPY1, will be COPY1"), std::string::npos)
+    EXPECT_NE(m_err.find("Slot-B: MB, serial number SB, now COPY1, holds 1 file, will be COPY1"),
+              std::string::npos)
         << m_err;
-    EXPECT_NE(m_err.find("Slot-D: MD, serial number SD, will be Untitled"), std::string::npos) << m_err;
+    EXPECT_NE(m_err.find("Slot-D: MD, serial number SD, holds nothing, will be Untitled"), std::string::npos)
+        << m_err;
 }
 
 TEST_F(DuplicateRefusal, AllBaysTooSmall)

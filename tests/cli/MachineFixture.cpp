@@ -46,6 +46,11 @@ public:
         return m_host.launcher().run(path, arguments);
     }
 
+    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
+    {
+        m_host.launcher().setSparedDisks(std::move(disks));
+    }
+
 private:
     platform::Host &m_host;
     const Watcher &m_beforeTool;

@@ -41,6 +41,12 @@ protected:
         return found == m_answers.end() ? Result{"Done\n", 0} : found->second;
     }
 
+    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
+    {
+        m_spared = std::move(disks);
+    }
+
+    std::vector<platform::DiskFingerprint> m_spared;
     NotificationCenter m_center;
     std::vector<NotificationCenter::Subscription> m_subscriptions;
     DiskUtil m_tool{*this, m_center};

@@ -97,6 +97,7 @@ protected:
             return !folder.attributes("marker", platform::Links::Follow, platform::Want::Basics);
         }
         Result run(const std::string &, const std::vector<std::string> &) override { return {listing, 0}; }
+        void setSparedDisks(std::vector<platform::DiskFingerprint>) override {}
 
         std::string listing;
     };

@@ -115,10 +115,11 @@ TEST_F(RunPlan, RaidMemberIsNeverErased)
     EXPECT_EQ(firstReason(plan), DiskGuard::RaidSet);
 }
 
-TEST_F(RunPlan, DiskThatIsTooSmallIsErasedAllTheSame)
+TEST_F(RunPlan, DiskThatIsTooSmallIsNotErased)
 {
     m_choice.isOverSize[Bay::B] = true;
-    EXPECT_EQ(erase().disks.size(), 3U);
+    EXPECT_EQ(erased(erase()), (Names{"Slot-C /dev/disk3 COPY2", "Slot-D /dev/disk4 Untitled"}));
+    EXPECT_EQ(erase().tooSmall, std::vector{Bay::B});
 }
 
 TEST_F(RunPlan, DiskInNoKnownBayIsNotErased)

@@ -59,6 +59,8 @@ public:
         return {path == "/bin/df" ? text : "", 0};
     }
 
+    void setSparedDisks(std::vector<platform::DiskFingerprint>) override {}
+
     std::string text;
     int runs = 0;
 };

@@ -53,6 +53,7 @@ public:
         return login == "tester" ? std::optional(m_home) : std::nullopt;
     }
     bool isVolumeRoot(const platform::Folder &folder) const override { return folder.traits().isMountRoot; }
+    std::vector<std::string> disksBeneath(const std::vector<std::string> &) const override { return {}; }
 
 private:
     std::string m_home;

@@ -30,7 +30,7 @@ const std::vector<Subsystem> &subsystems()
     static const std::vector<Subsystem> all{
         {"thunderbolt", {"vendor", "device", "vendor_name", "device_name", "unique_id", "authorized"}},
         {"pci", {"vendor", "device", "class", "removable"}},
-        {"block", {"size", "partition", "hidden", "diskseq", "serial", "loop/backing_file"}},
+        {"block", {"size", "partition", "hidden", "diskseq", "serial", "wwid", "loop/backing_file"}},
         {"ata_port", {"port_no"}},
         {"scsi", {"vendor", "model"}},
         {"usb", {"removable", "manufacturer", "product"}},

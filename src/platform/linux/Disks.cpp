@@ -114,6 +114,8 @@ void setNames(const DeviceList &devices, Disk &disk)
                             of(scsi, "model"), of(nvme, "model"), of(card, "name")});
     disk.serial = firstText({device.property("ID_SERIAL_SHORT"), device.attribute("serial"),
                              of(nvme, "serial"), of(card, "serial")});
+    disk.wwn = firstText(
+        {device.property("ID_WWN_WITH_EXTENSION"), device.property("ID_WWN"), device.attribute("wwid")});
     disk.product = disk.model;
     disk.vendor = firstText(
         {decoded(device.property("ID_VENDOR_ENC")), device.property("ID_VENDOR"), of(scsi, "vendor")});

@@ -34,6 +34,7 @@ struct Disk
     bool isExternal = false;
     std::optional<std::string> model, serial;   ///< as the disk calls itself
     std::optional<std::string> vendor, product; ///< of Services
+    std::optional<std::string> wwn;             ///< World Wide Name
     std::uint64_t blocks = 0;                   ///< of 512 bytes
     std::optional<std::uint64_t> sequence;      ///< the kernel's number of this arrival
     const Device *controller = nullptr;         ///< nearest PCI device above

@@ -32,6 +32,22 @@ CommandLauncher::Result LinuxLauncher::run(const std::string &path, const std::v
     return m_programs.run(path, arguments);
 }
 
+// "--spare=device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". The serial number comes last: it may hold
+// commas. A disk that is gone has no node any more.
+std::string LinuxLauncher::sparingWord(const DiskFingerprint &disk, const MachineLook &look) const
+{
+    std::string word = "--spare=";
+    if (const auto *there = diskCalled(look, m_machine.names(), disk.device))
+        word.append("device=/dev/").append(there->device->name).append(",");
+    if (disk.arrival)
+        word.append("arrival=").append(std::to_string(*disk.arrival)).append(",");
+    if (disk.size)
+        word.append("size=").append(std::to_string(*disk.size)).append(",");
+    if (disk.wwn)
+        word.append("wwn=").append(*disk.wwn).append(",");
+    return word.append("serial=").append(disk.serial.value_or(std::string()));
+}
+
 // The program's name for the disk gives way to the kernel's, and what was known of the disk goes with it.
 // What is not known is left out; the utility does nothing without it.
 CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> arguments)
@@ -51,6 +67,8 @@ CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> a
         arguments.push_back("--expect-serial=" + *identity.serial);
     arguments.push_back("--expect-size=" + std::to_string(identity.blocks * 512));
     arguments.push_back("--expect-bay=" + identity.place);
+    for (const auto &spared : m_sparedDisks)
+        arguments.push_back(sparingWord(spared, *look));
     return m_utilities.run(m_diskUtility, arguments);
 }
 

@@ -18,12 +18,15 @@ public:
     }
 
     Result run(const std::string &path, const std::vector<std::string> &arguments) override;
+    void setSparedDisks(std::vector<DiskFingerprint> disks) override { m_sparedDisks = std::move(disks); }
 
 private:
     Result runDiskUtility(std::vector<std::string> arguments);
+    std::string sparingWord(const DiskFingerprint &disk, const MachineLook &look) const;
 
     LinuxMachine &m_machine;
     std::string m_diskUtility;
+    std::vector<DiskFingerprint> m_sparedDisks;
     posix::PosixCommandLauncher m_programs;
     // The reason why a disk was refused is what the caller has to show.
     posix::PosixCommandLauncher m_utilities{posix::Complaints::IntoTheOutput};

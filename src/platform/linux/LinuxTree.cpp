@@ -2,6 +2,7 @@
 
 #include "platform/linux/ThunderboltRouters.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace orvana::platform::linux_host
@@ -96,13 +97,14 @@ private:
     // Devices come in the order of their paths: what is above is there already.
     void addPci(const Device &pci)
     {
-        const auto *above = m_devices.above(pci, "pci");
-        auto &parent = above ? *m_below.at(above->path) : busOf(pci);
+        auto &parent = aboveOf(pci);
         const auto dot = pci.name.rfind('.');
         const auto function = dot == std::string::npos ? std::string("0") : pci.name.substr(dot + 1);
         auto place = hex(std::max(slotNumberOf(pci), 0L));
         if (function != "0")
             place.append(",").append(function);
+        if (isUnknownBay(pci))
+            place = pci.name;
         const auto name = isBridge(pci) ? std::string("pci-bridge") : pciNameOf(pci);
         // One bridge may lead to several buses, with the same places on each.
         if (!m_places.insert(parent.path() + "/" + name + "@" + place).second)
@@ -112,6 +114,29 @@ private:
                                  {"device-id", data(hexNumber(pci.attribute("device")))}});
         m_pci[pci.path] = &node;
         m_below[pci.path] = isBridge(pci) ? &node.add("IOPCI2PCIBridge", "IOPP") : &node;
+    }
+
+    // The number of the bridge above a controller names the bay, but only where all bridges are exactly those
+    // of an enclosure. A number alone proves nothing.
+    bool isUnknownBay(const Device &port) const
+    {
+        const auto controllers = m_devices.childrenOf(port);
+        const auto *bridge = m_devices.at(pathAbove(port.path));
+        return std::any_of(controllers.begin(), controllers.end(),
+                           [](const Device *device) { return isBayController(*device); }) &&
+               !(bridge && isEnclosureBridge(m_devices, *bridge));
+    }
+
+    // The device right above, which must have been seen in the same look. With that missing, the next one
+    // above would give the device another bridge's place.
+    RegistryNode &aboveOf(const Device &pci)
+    {
+        const auto folder = pathAbove(pci.path);
+        const auto found = m_below.find(folder);
+        if (found != m_below.end())
+            return *found->second;
+        return m_devices.above(pci, "pci") ? m_platform->add("IOPCIBridge", "Unknown@" + pci.name)
+                                           : busOf(pci);
     }
 
     // "/sys/devices/pci0000:00" is a folder of the root bus, and no device of it.
@@ -161,11 +186,21 @@ private:
         RegistryProperties device;
         setText(device, "Vendor Name", disk.vendor);
         setText(device, "Product Name", disk.product);
+        RegistryProperties properties{
+            {"Device Characteristics", dictionary(std::move(device))},
+            {"Protocol Characteristics", dictionary({{"Physical Interconnect", disk.interconnect},
+                                                     {"Physical Interconnect Location", locationOf(disk)}})}};
+        setMarks(properties, disk);
         return parent.add("IOBlockStorageServices", "IOBlockStorageServices@" + disk.device->name,
-                          {{"Device Characteristics", dictionary(std::move(device))},
-                           {"Protocol Characteristics",
-                            dictionary({{"Physical Interconnect", disk.interconnect},
-                                        {"Physical Interconnect Location", locationOf(disk)}})}});
+                          std::move(properties));
+    }
+
+    static void setMarks(RegistryProperties &properties, const Disk &disk)
+    {
+        setText(properties, "Unit Serial Number", disk.serial);
+        setText(properties, "World Wide Name", disk.wwn);
+        if (disk.sequence)
+            properties["Arrival Number"] = static_cast<std::int64_t>(*disk.sequence);
     }
 
     RegistryNode &addDriver(RegistryNode &parent, const Disk &disk)
@@ -173,6 +208,7 @@ private:
         RegistryProperties properties{{"Physical Interconnect Location", locationOf(disk)}};
         setText(properties, "Model", disk.model);
         setText(properties, "Serial Number", disk.serial);
+        setMarks(properties, disk);
         if (disk.router)
             properties["Thunderbolt Path"] = m_routers.at(disk.router->path)->path() + "/IOThunderboltPort@7";
         auto *above = &parent;

@@ -3,8 +3,26 @@
 #include "platform/VolumeFiles.h"
 #include "platform/posix/UserDatabase.h"
 
+#include <algorithm>
+#include <filesystem>
+
 namespace orvana::platform::linux_host
 {
+
+namespace
+{
+
+// True when the disk itself or one of its partitions is among the devices.
+bool isAnyOf(const Snapshot &snapshot, const Disk &disk, const std::set<std::string> &devices)
+{
+    if (devices.contains(disk.device->name))
+        return true;
+    const auto partitions = snapshot.devices.partitionsOf(*disk.device);
+    return std::any_of(partitions.begin(), partitions.end(),
+                       [&](const Device *partition) { return devices.contains(partition->name); });
+}
+
+} // namespace
 
 LinuxVolumeEvents::LinuxVolumeEvents(LinuxMachine &machine) : m_machine(machine), m_volumes(volumes()) {}
 
@@ -66,6 +84,25 @@ std::optional<std::string> LinuxPlaces::userPath(const std::string &login) const
 bool LinuxPlaces::isVolumeRoot(const Folder &folder) const
 {
     return folder.traits().isMountRoot;
+}
+
+std::vector<std::string> LinuxPlaces::disksBeneath(const std::vector<std::string> &paths) const
+{
+    const auto look = m_machine.look();
+    std::set<std::string> devices;
+    for (const auto &path : paths) {
+        std::error_code error;
+        const auto place = std::filesystem::canonical(path, error);
+        if (!error)
+            devices.merge(devicesBeneath(look->snapshot, place.native()));
+    }
+    std::vector<std::string> nodes;
+    for (const auto &disk : look->disks) {
+        const auto number = m_machine.names().numberOf(disk);
+        if (number && isAnyOf(look->snapshot, disk, devices))
+            nodes.push_back("/dev/" + DiskNames::nameOf(*number));
+    }
+    return nodes;
 }
 
 } // namespace orvana::platform::linux_host

@@ -27,41 +27,57 @@ class Foundations
 public:
     explicit Foundations(const Snapshot &snapshot) : m_snapshot(snapshot) {}
 
-    std::set<std::string> ofPath(const std::string &path)
-    {
-        addPath(path);
-        return std::move(m_found);
-    }
-
-private:
     void addPath(const std::string &path)
     {
-        const auto *mount = mountAt(m_snapshot.mounts, path);
-        if (!mount || !m_seenMounts.insert(mount).second)
-            return;
-        if (const auto *device = deviceOf(m_snapshot.devices, *mount))
-            addDevice(*device);
-        if (mount->type == "overlay") {
-            for (const char *layer : {"lowerdir=", "upperdir="})
-                addLayers(mount->options, layer);
+        if (const auto *mount = mountAt(m_snapshot.mounts, path))
+            addMount(*mount);
+    }
+
+    void addMountsBelow(const std::string &path)
+    {
+        for (const auto &mount : m_snapshot.mounts) {
+            if (isBelow(mount.target, path))
+                addMount(mount);
         }
     }
 
-    // "lowerdir=/a:/b": each is a path of its own, seen from where the layers were put together.
+    std::set<std::string> found() && { return std::move(m_found); }
+
+private:
+    void addMount(const Mount &mount)
+    {
+        if (!m_seenMounts.insert(&mount).second)
+            return;
+        const auto *device = deviceOf(m_snapshot.devices, mount);
+        if (device)
+            addDevice(*device);
+        if (mount.type == "overlay") {
+            for (const char *layer : {"lowerdir=", "upperdir="})
+                addLayers(mount.options, layer);
+        } else if (!device && mount.source.starts_with('/')) {
+            addPaths(mount.source); // a file system that shows other folders in another way names them
+        }
+    }
+
+    // "/a:/b": each is a path of its own.
+    void addPaths(const std::string &paths)
+    {
+        for (std::size_t start = 0; start < paths.size();) {
+            const auto next = std::min(paths.find(':', start), paths.size());
+            if (const auto path = paths.substr(start, next - start); path.starts_with('/'))
+                addPath(path);
+            start = next + 1;
+        }
+    }
+
+    // "lowerdir=/a:/b", seen from where the layers were put together.
     void addLayers(const std::string &options, const std::string &key)
     {
         auto start = options.find(key);
         if (start == std::string::npos)
             return;
         start += key.size();
-        const auto end = std::min(options.find(',', start), options.size());
-        while (start < end) {
-            const auto next = std::min(options.find(':', start), end);
-            const auto path = options.substr(start, next - start);
-            if (path.starts_with('/'))
-                addPath(path);
-            start = next + 1;
-        }
+        addPaths(options.substr(start, std::min(options.find(',', start), options.size()) - start));
     }
 
     void addDevice(const Device &device)
@@ -129,8 +145,17 @@ Snapshot readSnapshot(const SystemFiles &files)
         if (device)
             snapshot.swaps.insert(device->name);
     }
-    snapshot.beneathRoot = Foundations(snapshot).ofPath("/");
+    snapshot.beneathRoot = devicesBeneath(snapshot, "/");
     return snapshot;
+}
+
+std::set<std::string> devicesBeneath(const Snapshot &snapshot, const std::string &path)
+{
+    Foundations foundations(snapshot);
+    foundations.addPath(path);
+    if (path != "/")
+        foundations.addMountsBelow(path);
+    return std::move(foundations).found();
 }
 
 const Device *deviceOf(const DeviceList &devices, const Mount &mount)

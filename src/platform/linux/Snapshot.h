@@ -39,6 +39,10 @@ struct Snapshot
 
 Snapshot readSnapshot(const SystemFiles &files);
 
+/// Kernel names of the partitions and whole disks that hold the file system at `path`, and those that are
+/// mounted below it. The path must hold no links; for "/" alone, what is mounted below it is left out.
+std::set<std::string> devicesBeneath(const Snapshot &snapshot, const std::string &path);
+
 /// The block device that the mount's file system is on, or null. A mount may outlive its device.
 const Device *deviceOf(const DeviceList &devices, const Mount &mount);
 

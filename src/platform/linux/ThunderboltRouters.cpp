@@ -1,6 +1,7 @@
 #include "platform/linux/ThunderboltRouters.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace orvana::platform::linux_host
@@ -14,6 +15,8 @@ using Devices = std::vector<const Device *>;
 constexpr long MakerVendor = 0x41;
 constexpr long FourBayModels[] = {0x237, 0x238};
 constexpr long Intel = 0x8086;
+constexpr long OnePort = 0x612; // the enclosures' SATA controllers, by their ports
+constexpr long TwoPort = 0x625;
 
 // PCI numbers of the bridges in Intel's Thunderbolt chips.
 bool isThunderboltBridge(const Device &pci)
@@ -80,25 +83,6 @@ std::vector<Domain> domainsOf(const DeviceList &devices)
         domains.push_back(std::move(domain));
     }
     return domains;
-}
-
-// The bridge directly above the downstream ports of one of our enclosures: all its controllers are there.
-bool isEnclosureBridge(const DeviceList &devices, const Device &bridge)
-{
-    std::set<long> onePort;
-    std::set<long> twoPort;
-    for (const auto *port : devices.childrenOf(bridge)) {
-        for (const auto *controller : devices.childrenOf(*port)) {
-            if (hexNumber(controller->attribute("vendor")) != 0x1b21)
-                continue;
-            const auto number = hexNumber(controller->attribute("device"));
-            if (number == 0x612)
-                onePort.insert(slotNumberOf(*port));
-            if (number == 0x625)
-                twoPort.insert(slotNumberOf(*port));
-        }
-    }
-    return onePort == std::set<long>{0, 1, 2, 3} || twoPort == std::set<long>{0, 3};
 }
 
 int thunderboltBridgesAbove(const DeviceList &devices, const Device &pci, const Device &port)
@@ -239,6 +223,25 @@ bool isRemovable(const DeviceList &devices, const Device &pci)
             return true;
     }
     return false;
+}
+
+bool isBayController(const Device &pci)
+{
+    const auto number = hexNumber(pci.attribute("device"));
+    return hexNumber(pci.attribute("vendor")) == 0x1b21 && (number == OnePort || number == TwoPort);
+}
+
+bool isEnclosureBridge(const DeviceList &devices, const Device &bridge)
+{
+    std::map<long, std::set<long>> places; // by the controllers' number
+    for (const auto *port : devices.childrenOf(bridge)) {
+        for (const auto *controller : devices.childrenOf(*port)) {
+            if (isBayController(*controller))
+                places[hexNumber(controller->attribute("device"))].insert(slotNumberOf(*port));
+        }
+    }
+    return places == std::map<long, std::set<long>>{{OnePort, {0, 1, 2, 3}}} ||
+           places == std::map<long, std::set<long>>{{TwoPort, {0, 3}}};
 }
 
 bool isBridge(const Device &pci)

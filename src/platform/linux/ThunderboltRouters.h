@@ -42,6 +42,13 @@ bool isFourBayEnclosure(const Device &router);
 /// True when the device, or a bridge above it, can be unplugged.
 bool isRemovable(const DeviceList &devices, const Device &pci);
 
+/// True for a SATA controller of the kinds in our enclosures.
+bool isBayController(const Device &pci);
+
+/// True for the bridge directly above the downstream ports of one of our enclosures: the controllers behind
+/// its ports are exactly those of a known model, each in its place.
+bool isEnclosureBridge(const DeviceList &devices, const Device &bridge);
+
 bool isBridge(const Device &pci);
 
 /// The number that the slot of a PCI device has on its bus.

@@ -17,6 +17,8 @@ public:
     }
 
     Result run(const std::string &path, const std::vector<std::string> &arguments) override;
+    void setSparedDisks(std::vector<DiskFingerprint>) override {
+    } // it runs what it is given, and knows no disks
 
 private:
     Complaints m_complaints;

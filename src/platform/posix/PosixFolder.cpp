@@ -212,6 +212,7 @@ VolumeTraits PosixFolder::traits() const
     if (::fstatfs(m_number, &system) == 0) {
         traits.readsBackFromDisk = readsBackFromDisk(system.f_type);
         traits.writesOutInBackground = system.f_type != TMPFS_MAGIC && system.f_type != RAMFS_MAGIC;
+        traits.isReadOnly = (static_cast<unsigned long>(system.f_flags) & ST_RDONLY) != 0;
     }
     traits.isMountRoot = isMountRoot(m_number);
     return traits;

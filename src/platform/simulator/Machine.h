@@ -37,7 +37,8 @@ struct Disk
     std::string bay;                    ///< "A" to "D" in an enclosure
     std::optional<std::int64_t> bridge; ///< another PCI bridge than the bay's own
     std::optional<std::string> model;   ///< SATA disks
-    std::optional<std::string> serial;  ///< SATA disks
+    std::optional<std::string> serial;
+    std::optional<std::string> wwn;     ///< World Wide Name
     std::optional<std::string> vendor;  ///< USB and FireWire disks
     std::optional<std::string> product; ///< USB and FireWire disks
     std::string location = "External";  ///< USB and FireWire disks

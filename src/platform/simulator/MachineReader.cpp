@@ -170,6 +170,8 @@ void readCommon(Disk &disk, Fields &fields)
     disk.where = fields.where();
     disk.size = fields.requiredNumber("size");
     disk.isAttached = fields.flag("attached", true);
+    disk.serial = fields.text("serial");
+    disk.wwn = fields.text("wwn");
     fields.list("volumes", [&](const Json &entry, const std::string &place) {
         disk.volumes.push_back(readVolume(entry, place));
     });
@@ -178,7 +180,6 @@ void readCommon(Disk &disk, Fields &fields)
 void readSata(Disk &disk, Fields &fields)
 {
     disk.model = fields.text("model");
-    disk.serial = fields.text("serial");
     disk.isFormatted = fields.flag("formatted", true);
     disk.isRaid = fields.flag("raid", false);
 }

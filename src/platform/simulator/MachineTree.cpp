@@ -62,20 +62,30 @@ void addMedia(RegistryNode &driver, const Disk &disk, int number)
     }
 }
 
-RegistryProperties driverProperties(const Disk &disk, const char *location)
+// What tells the disk from others. Its number is never given to another disk.
+void setMarks(RegistryProperties &properties, const Disk &disk, int number)
+{
+    properties["Arrival Number"] = std::int64_t{number};
+    setText(properties, "World Wide Name", disk.wwn);
+    setText(properties, "Unit Serial Number", disk.serial);
+}
+
+RegistryProperties driverProperties(const Disk &disk, const char *location, int number)
 {
     RegistryProperties properties{{"Physical Interconnect Location", std::string(location)}};
     setText(properties, "Model", disk.model);
     setText(properties, "Serial Number", disk.serial);
+    setMarks(properties, disk, number);
     return properties;
 }
 
 void addInternal(RegistryNode &bus, const Disk &disk, int port, int number)
 {
     const auto at = std::to_string(port);
-    auto &driver = bus.add("IOAHCIPort", "PRT" + at + "@" + at)
-                       .add("IOAHCIDevice", "IOAHCIDevice@0")
-                       .add("AppleAHCIDiskDriver", "AppleAHCIDiskDriver", driverProperties(disk, "Internal"));
+    auto &driver =
+        bus.add("IOAHCIPort", "PRT" + at + "@" + at)
+            .add("IOAHCIDevice", "IOAHCIDevice@0")
+            .add("AppleAHCIDiskDriver", "AppleAHCIDiskDriver", driverProperties(disk, "Internal", number));
     addMedia(driver, disk, number);
 }
 
@@ -87,9 +97,11 @@ void addExternal(RegistryNode &bus, const Disk &disk, int number)
     RegistryProperties protocol{
         {"Physical Interconnect", std::string(disk.kind == DiskKind::Usb ? "USB" : "FireWire")},
         {"Physical Interconnect Location", disk.location}};
+    RegistryProperties properties{{"Device Characteristics", dictionary(std::move(device))},
+                                  {"Protocol Characteristics", dictionary(std::move(protocol))}};
+    setMarks(properties, disk, number);
     auto &services = bus.add("IOBlockStorageServices", "IOBlockStorageServices@" + std::to_string(number),
-                             {{"Device Characteristics", dictionary(std::move(device))},
-                              {"Protocol Characteristics", dictionary(std::move(protocol))}});
+                             std::move(properties));
     addMedia(services, disk, number);
 }
 
@@ -137,13 +149,14 @@ void addBays(RegistryNode &chain, const Enclosure &enclosure, const DiskNumbers 
             continue;
         const auto place = placeOf(enclosure, disk);
         const std::string port = std::to_string(place.port);
+        const int number = numbers(disk.where);
         const auto portName = std::string("PRT").append(port).append("@").append(port);
-        auto &driver =
-            controllerAt(place.bridge)
-                .add("IOAHCIPort", portName)
-                .add("IOAHCIDevice", "IOAHCIDevice@0")
-                .add("AppleAHCIDiskDriver", "AppleAHCIDiskDriver", driverProperties(disk, "External"));
-        addMedia(driver, disk, numbers(disk.where));
+        auto &driver = controllerAt(place.bridge)
+                           .add("IOAHCIPort", portName)
+                           .add("IOAHCIDevice", "IOAHCIDevice@0")
+                           .add("AppleAHCIDiskDriver", "AppleAHCIDiskDriver",
+                                driverProperties(disk, "External", number));
+        addMedia(driver, disk, number);
     }
 }
 

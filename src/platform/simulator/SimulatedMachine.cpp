@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -15,11 +16,18 @@
 #include <thread>
 #include <unistd.h>
 
+namespace fs = std::filesystem;
+
 namespace orvana::platform::simulator
 {
 
 namespace
 {
+
+bool isAtOrBelow(const std::string &path, const std::string &folder)
+{
+    return path == folder || path.starts_with(folder + "/");
+}
 
 std::optional<std::string> textOfFile(const std::string &path)
 {
@@ -203,6 +211,35 @@ std::vector<std::string> SimulatedMachine::mountPoints() const
     return points;
 }
 
+// A path counts for the volume that it lies in, and a folder above volumes for all of them.
+std::vector<std::string> SimulatedMachine::disksBeneath(const std::vector<std::string> &paths) const
+{
+    std::set<std::string> places;
+    for (const auto &path : paths) {
+        std::error_code error;
+        if (const auto place = fs::canonical(path, error); !error)
+            places.insert(place.native());
+    }
+    const auto holdsPath = [&](const Volume &volume) {
+        const auto point = m_volumes.mountPoint(volume);
+        std::error_code error;
+        const auto folder = !point             ? fs::path()
+                            : volume.isStartup ? fs::canonical(m_volumes.homeFolder(m_machine.login), error)
+                                               : fs::canonical(*point, error);
+        return !folder.empty() && std::any_of(places.begin(), places.end(), [&](const std::string &place) {
+            return isAtOrBelow(place, folder.native()) || isAtOrBelow(folder.native(), place);
+        });
+    };
+    std::vector<std::string> nodes;
+    visitAllDisks(m_machine, [&](const Disk &disk, bool isAttached) {
+        const auto number = m_numbers.find(disk.where);
+        if (isAttached && number != m_numbers.end() &&
+            std::any_of(disk.volumes.begin(), disk.volumes.end(), holdsPath))
+            nodes.push_back("/dev/disk" + std::to_string(number->second));
+    });
+    return nodes;
+}
+
 std::string SimulatedMachine::diskFree() const
 {
     delay("df");
@@ -234,6 +271,13 @@ const Disk *SimulatedMachine::diskAt(const std::string &device) const
     return found;
 }
 
+bool SimulatedMachine::isSpared(const Disk &disk, const std::string &device) const
+{
+    const DiskFingerprint marks{device, disk.serial, disk.wwn, m_numbers.at(disk.where), disk.size};
+    return std::any_of(m_sparedDisks.begin(), m_sparedDisks.end(),
+                       [&](const DiskFingerprint &spared) { return mayBeTheSame(spared, marks); });
+}
+
 bool SimulatedMachine::fails(const std::string &command, const Disk &disk) const
 {
     const auto &list = m_machine.failing;
@@ -253,6 +297,8 @@ CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, con
     const auto *disk = diskAt(device);
     if (!disk)
         return failed("Unable to find disk for " + device);
+    if (isSpared(*disk, device))
+        return failed("Error: the disk is one that must not be touched");
     if (fails("eraseDisk", *disk))
         return failed("Error: the disk could not be erased");
     const auto where = disk->where;
@@ -278,6 +324,8 @@ CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
     const auto *disk = diskAt(device);
     if (!disk)
         return failed("Unable to find disk for " + device);
+    if (isSpared(*disk, device))
+        return failed("Error: the disk is one that must not be touched");
     if (fails("eject", *disk))
         return failed("Error: the disk is in use");
     const auto where = disk->where;

@@ -43,7 +43,11 @@ public:
     /// Where volumes are mounted.
     std::vector<std::string> mountPoints() const;
 
+    /// The nodes of the disks whose volumes hold the paths; see `Places::disksBeneath`.
+    std::vector<std::string> disksBeneath(const std::vector<std::string> &paths) const;
+
     /// What "/usr/sbin/diskutil" is asked to do.
+    void setSparedDisks(std::vector<DiskFingerprint> disks) { m_sparedDisks = std::move(disks); }
     CommandLauncher::Result eraseDisk(const std::string &name, const std::string &device);
     CommandLauncher::Result eject(const std::string &device);
 
@@ -62,6 +66,7 @@ private:
     change(const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
     void forgetNumbersOfDetached();
     const Disk *diskAt(const std::string &device) const;
+    bool isSpared(const Disk &disk, const std::string &device) const;
     bool fails(const std::string &command, const Disk &disk) const;
     void delay(const std::string &command) const;
 
@@ -72,6 +77,7 @@ private:
     Machine m_machine;
     SimulatedVolumes m_volumes;
     std::map<std::string, int> m_numbers;
+    std::vector<DiskFingerprint> m_sparedDisks;
     int m_nextNumber = 0;
     std::shared_ptr<RegistryNode> m_tree;
 };

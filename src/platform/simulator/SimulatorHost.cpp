@@ -80,6 +80,11 @@ public:
         return login == m_login ? std::optional(m_home) : std::nullopt;
     }
 
+    std::vector<std::string> disksBeneath(const std::vector<std::string> &paths) const override
+    {
+        return m_machine.disksBeneath(paths);
+    }
+
     bool isVolumeRoot(const Folder &folder) const override
     {
         const auto own = folder.attributes(".", Links::Follow, Want::Basics);
@@ -223,6 +228,11 @@ public:
     SimulatedTools(SimulatedMachine &machine, std::function<void()> onChange)
         : m_machine(machine), m_onChange(std::move(onChange))
     {
+    }
+
+    void setSparedDisks(std::vector<DiskFingerprint> disks) override
+    {
+        m_machine.setSparedDisks(std::move(disks));
     }
 
     Result run(const std::string &path, const std::vector<std::string> &arguments) override

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "duplicate/DiskContent.h"
+#include "duplicate/RunPlan.h"
+#include "duplicate/SourceDisks.h"
+
+#include <set>
+
+namespace orvana
+{
+
+/// What a run may do, decided once at Start. What is seen later can take a disk out of it, and never put one
+/// in.
+struct RunOrder
+{
+    RunChoice choice;             ///< as it was at Start, with all disks of the source
+    SourceMemory source;          ///< what the run copies from
+    ErasePlan erase;              ///< with `choice.erase`: which disks are erased, under which names
+    DestinationPlan destinations; ///< without: which volumes are written to
+};
+
+/// Why a run with this choice may not start.
+enum class OrderRefusal {
+    NothingTicked, ///< and the disks were to be erased for it
+    SourceGone,    ///< the source is not there any more, or another disk stands in its place
+};
+
+std::string refusalText(OrderRefusal refusal);
+
+/// Decides what a run may do. `choice` is what the user chose, `selection` the ticked paths, `source` the
+/// source as it was when it was chosen. Looks at the disks beneath the selection and at the mounted volumes.
+///
+/// The enclosure must be a usable one. Without an enclosure the order is empty.
+tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const ScannedDevices &devices,
+                                                 const RunChoice &choice, const SourceMemory &source,
+                                                 const std::vector<std::string> &selection);
+
+/// The erase that is possible now, without the disks that the order does not erase under the same name, which
+/// are refused.
+ErasePlan eraseWithin(const RunOrder &order, ErasePlan now);
+
+/// The destinations that are possible now, without those that the order does not copy to, which are refused.
+/// With erase the order's destinations are the disks that it erases.
+DestinationPlan destinationsWithin(const RunOrder &order, DestinationPlan now);
+
+/// A disk of an erase and what it holds.
+struct DiskAtStake
+{
+    PlannedErase erase;
+    DiskContent content;
+};
+
+/// The records of the disks that the plan erases, in its order.
+std::vector<std::shared_ptr<ORVHddInfo>> disksToErase(const ErasePlan &plan, const ScannedDevices &devices);
+
+/// What a question before the erase says of the disk: "Slot-B: Copy HD, serial number B1, now COPY1: 12.50 GB
+/// in 3402 files; will be COPY1". `present` is the name that the bay shows now.
+std::string stakeText(const DiskAtStake &disk, const std::string &present);
+
+} // namespace orvana
