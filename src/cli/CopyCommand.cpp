@@ -37,6 +37,10 @@ ExitStatus runCopy(platform::Host &host, Terminal &terminal, const CopyOptions &
     CopyRun run(host, terminal,
                 {.logFolder = options.logFolder, .verify = options.verify, .json = options.json});
     run.setJob(*job);
+    if (const auto refusal = run.lockFolders()) {
+        terminal.printError("plurimoctl: " + refusal->reason);
+        return refusal->status;
+    }
     const auto census = takeCensus(host, *job, [&] { return run.isCancelled(); });
     if (run.isCancelled()) {
         terminal.printError("plurimoctl: cancelled while counting; nothing was written");

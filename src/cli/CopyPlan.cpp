@@ -45,6 +45,7 @@ public:
     tl::expected<std::string, Refusal> chooseRoot(const CopyOptions &options,
                                                   const std::vector<std::string> &sources);
     Check checkApart(const CopyJob &job);
+    Check checkPlaces(const CopyJob &job);
 
 private:
     struct Known
@@ -140,6 +141,30 @@ bool Planner::liesWithin(std::string path, const Attributes &folder) const
     return false;
 }
 
+// Each item gets a place below each destination. What stands in that place must not be a part of the source:
+// the layout of a source inside its own destination may fold onto itself.
+Check Planner::checkPlaces(const CopyJob &job)
+{
+    for (const auto &item : m_sources) {
+        const auto below = item.path.substr(std::min(job.SrcDiskPath.size(), item.path.size()));
+        for (const auto &destination : below.empty() ? std::vector<Known>() : m_destinations) {
+            const auto place = destination.path + below;
+            const auto there = at(place);
+            for (const auto &source : m_sources) {
+                const bool isInPlace =
+                    there && (isSame(*there, source.attributes) ||
+                              (there->type == FileType::Folder && liesWithin(parentOf(source.path), *there)));
+                if (isInPlace || (there && source.attributes.type == FileType::Folder &&
+                                  liesWithin(parentOf(place), source.attributes)))
+                    return Refusal{WrongUsage, displayPath(item.path) + ": its copy would lie in " +
+                                                   displayPath(place) + ", over the source " +
+                                                   displayPath(source.path)};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 Check Planner::checkApart(const CopyJob &job)
 {
     const auto root = at(job.SrcDiskPath);
@@ -190,6 +215,8 @@ tl::expected<CopyJob, Refusal> planCopy(platform::Host &host, const CopyOptions 
         return tl::unexpected(root.error());
     job.SrcDiskPath = std::move(*root);
     if (auto refusal = planner.checkApart(job))
+        return tl::unexpected(*refusal);
+    if (auto refusal = planner.checkPlaces(job))
         return tl::unexpected(*refusal);
     return job;
 }

@@ -2,6 +2,7 @@
 
 #include "cli/CopyPlan.h"
 #include "cli/Terminal.h"
+#include "duplicate/RunLocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/NotificationNames.h"
 #include "platform/Account.h"
@@ -26,8 +27,9 @@ std::string logFolderOf(platform::Host &host, const std::optional<std::string> &
 }
 
 CopyRun::CopyRun(platform::Host &host, Terminal &terminal, const RunOptions &options)
-    : m_terminal(terminal), m_options(options), m_log(logFolderOf(host, options.logFolder), m_clock),
-      m_relay(m_log, *this), m_display(options.json ? makeJsonDisplay(terminal) : makeTextDisplay(terminal)),
+    : m_host(host), m_terminal(terminal), m_options(options),
+      m_log(logFolderOf(host, options.logFolder), m_clock), m_relay(m_log, *this),
+      m_display(options.json ? makeJsonDisplay(terminal) : makeTextDisplay(terminal)),
       m_fileCopy(host, m_center), m_cancelRequest([this] {
           m_isCancelled = true;
           m_queue.async([this] { cancel(); });
@@ -46,11 +48,25 @@ void CopyRun::setJob(CopyJob job)
     m_fileCopy.SetBackupDiskValue(m_job.SrcFileArray, m_job.SrcDiskPath, m_job.DesFileArray);
 }
 
+std::optional<Refusal> CopyRun::lockFolders()
+{
+    auto locks = std::make_shared<RunLocks>(m_host, m_job.SrcDiskPath, m_job.DesFileArray);
+    if (!locks->hasSource())
+        return Refusal{Refused, displayPath(m_job.SrcDiskPath) + ": another run writes there"};
+    for (std::size_t i = 0; i < m_job.DesFileArray.size(); ++i) {
+        if (!locks->hasDestination(i))
+            return Refusal{Refused, displayPath(m_job.DesFileArray[i]) +
+                                        ": another run is at work there, or in a folder above or below it"};
+    }
+    m_fileCopy.setLocks(std::move(locks));
+    return std::nullopt;
+}
+
 void CopyRun::begin()
 {
     m_log.initLogFile();
     m_relay.runStarts();
-    m_report = std::make_shared<RunReport>(m_log.folder(), m_log.stamp(), m_clock);
+    m_report = std::make_shared<RunReport>(m_log.folder(), m_log.stamp(), m_clock, m_log.number());
     m_report->setProblemListener([this](const Json &problem) { m_display->problem(problem); });
 }
 

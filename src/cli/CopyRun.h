@@ -2,6 +2,7 @@
 
 #include "cli/CancelRequest.h"
 #include "cli/CopyDisplay.h"
+#include "cli/ExitStatus.h"
 #include "duplicate/FileCopy.h"
 #include "duplicate/RunRelay.h"
 #include "foundation/PlainMainQueue.h"
@@ -40,6 +41,11 @@ public:
 
     /// Binds the destinations to the folders that they are now, however long it takes until they are used.
     void setJob(CopyJob job);
+
+    /// Holds source and destinations against other runs from now on; the refusal names what another run
+    /// holds.
+    std::optional<Refusal> lockFolders();
+
     const CopyJob &job() const { return m_job; }
 
     /// Names the log and opens the report.
@@ -70,6 +76,7 @@ private:
     [[noreturn]] void leaveWithoutTheDisk(ExitStatus status);
     void sayWhatIsLost();
 
+    platform::Host &m_host;
     Terminal &m_terminal;
     const RunOptions m_options;
     CopyJob m_job;

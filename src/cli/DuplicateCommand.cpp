@@ -120,8 +120,9 @@ DuplicateCommand::Check DuplicateCommand::decideDestinations()
     if (!plan)
         return refusalOf(plan.error());
     refuseWhatIsNotMounted(m_host, *plan);
+    refuseWhatIsInUse(m_host, *plan);
     for (const auto &refusal : plan->refusals) {
-        if (refusal.reason == DiskGuard::ReadOnly)
+        if (refusal.reason == DiskGuard::ReadOnly || refusal.reason == DiskGuard::InUse)
             m_terminal.printError("plurimoctl: " + refusalText(refusal));
     }
     m_order = {m_plan.choice, m_plan.source, {}, std::move(*plan)};
@@ -228,6 +229,7 @@ ExitStatus DuplicateCommand::copy()
     if (const auto refusal = sourceChange(m_host, devices, m_plan))
         return endBecause(refusal->reason, refusal->status);
     refuseWhatIsNotMounted(m_host, *destinations);
+    refuseWhatIsInUse(m_host, *destinations);
     destinations = destinationsWithin(m_order, std::move(*destinations));
     reportDestinations(m_run.report(), *destinations, choice);
     if (destinations->destinations.empty())

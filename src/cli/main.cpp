@@ -4,12 +4,17 @@
 #include "cli/DiskCommands.h"
 #include "cli/DuplicateCommand.h"
 #include "cli/HostChoice.h"
+#include "cli/LiteralWords.h"
 #include "cli/LogsCommand.h"
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
 #include "foundation/PlainMainQueue.h"
 
 #include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <sstream>
 
 namespace
 {
@@ -120,6 +125,36 @@ void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
     simulator.add_option("NEWNAME", options.newName, "With rename");
 }
 
+void takeLiterally(std::string &text)
+{
+    text = cli::literal(text);
+}
+
+void takeLiterally(std::optional<std::string> &text)
+{
+    if (text)
+        takeLiterally(*text);
+}
+
+void takeLiterally(std::vector<std::string> &texts)
+{
+    for (auto &text : texts)
+        takeLiterally(text);
+}
+
+// Everything that the user typed is meant as it stands.
+void takeLiterally(Words &words)
+{
+    for (auto *text : {&words.machine.simulatorFile, &words.machine.demoFolder, &words.logFolder,
+                       &words.copy.root, &words.duplicate.source})
+        takeLiterally(*text);
+    for (auto *texts : {&words.copy.sources, &words.copy.destinations, &words.duplicate.selection,
+                        &words.duplicate.names, &words.disks.bays, &words.disks.names, &words.logs.names})
+        takeLiterally(*texts);
+    for (auto *text : {&words.simulator.target, &words.simulator.newName})
+        takeLiterally(*text);
+}
+
 cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
 {
     PlainMainQueue queue;
@@ -183,10 +218,18 @@ int main(int argc, char **argv)
     for (auto *command : {copy, duplicate, erase, eject, devices, logs, simulator})
         describeCommon(*command, words);
     try {
-        app.parse(argc, argv);
+        auto typed = cli::shelteredWords(argc, argv);
+        std::reverse(typed.begin(), typed.end()); // the parser takes them from the end
+        app.parse(std::move(typed));
     } catch (const CLI::ParseError &error) {
-        return app.exit(error) == 0 ? cli::AllDone : cli::WrongUsage;
+        std::ostringstream out;
+        std::ostringstream complaint;
+        const auto status = app.exit(error, out, complaint);
+        std::fputs(out.str().c_str(), stdout);
+        std::fputs(cli::shownLiteral(complaint.str()).c_str(), stderr);
+        return status == 0 ? cli::AllDone : cli::WrongUsage;
     }
+    takeLiterally(words);
     words.copy.logFolder = words.duplicate.logFolder = words.disks.logFolder = words.logFolder;
     words.logs.logFolder = words.logFolder;
     auto terminal = cli::Terminal::ofProcess();

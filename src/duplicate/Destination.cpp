@@ -1,5 +1,7 @@
 #include "duplicate/Destination.h"
 
+#include "duplicate/SourceFiles.h"
+
 #include <algorithm>
 #include <cerrno>
 
@@ -169,6 +171,24 @@ Expected<std::unique_ptr<File>> Destination::openFile(const std::string &path, A
     return opened;
 }
 
+Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &path,
+                                                          const SourceFiles &sourceFiles)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto there = m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
+    if (there && sourceFiles.mayBeSource(*m_volume, *place, *there))
+        return platform::failure(FileProblem::OfSource);
+    auto file = openFile(path, Access::Write);
+    if (!file)
+        return file;
+    // Somebody may have put another file there meanwhile.
+    const auto opened = (*file)->attributes();
+    const bool isSame = there && opened && opened->device == there->device && opened->inode == there->inode;
+    return isSame ? std::move(file) : tl::unexpected(platform::fileError(ESTALE));
+}
+
 void Destination::protectFolders()
 {
     // From the innermost out, as each may stand in the way of the next.
@@ -188,10 +208,14 @@ void Destination::close()
 
 void Destination::expect(const std::optional<FolderIdentity> &identity)
 {
-    if (!m_volume || identity == FolderIdentity{m_rootAttributes.device, m_rootAttributes.inode})
-        return;
+    if (m_volume && identity != FolderIdentity{m_rootAttributes.device, m_rootAttributes.inode})
+        refuse(platform::fileError(ESTALE));
+}
+
+void Destination::refuse(const platform::FileError &error)
+{
     close();
-    m_openError = platform::fileError(ESTALE);
+    m_openError = error;
 }
 
 } // namespace orvana

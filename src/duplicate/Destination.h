@@ -12,6 +12,8 @@
 namespace orvana
 {
 
+class SourceFiles;
+
 /// One destination volume, held open for a run: everything is written beneath it and nowhere else.
 ///
 /// Paths are the full ones that the run builds, destination root first; one that does not lie beneath the
@@ -31,6 +33,9 @@ public:
     /// Refuses to work on another folder than this: what was checked may be gone, and its path may lead to
     /// the system disk's own folder by now.
     void expect(const std::optional<FolderIdentity> &identity);
+
+    /// Closes the volume; from now on every function fails with this error.
+    void refuse(const platform::FileError &error);
 
     const std::string &root() const { return m_root; }
     bool isOpen() const { return m_volume != nullptr; }
@@ -61,6 +66,10 @@ public:
                                                                    const platform::Attributes &like);
     platform::Expected<std::unique_ptr<platform::File>> openFile(const std::string &path,
                                                                  platform::Access access);
+
+    /// Opens an existing file for writing, unless it is, or may be, a file of the source.
+    platform::Expected<std::unique_ptr<platform::File>> openExisting(const std::string &path,
+                                                                     const SourceFiles &sourceFiles);
 
     /// Protects its folders and closes the volume; afterwards nothing of it is held open.
     void close();

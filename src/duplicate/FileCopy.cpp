@@ -1,5 +1,6 @@
 #include "duplicate/FileCopy.h"
 
+#include "duplicate/RunLocks.h"
 #include "duplicate/RunState.h"
 #include "duplicate/SkipRules.h"
 #include "duplicate/TreeWalk.h"
@@ -17,6 +18,7 @@ namespace
 {
 
 constexpr std::chrono::seconds PatienceAtTheEnd{10};
+constexpr std::chrono::seconds PatienceWithOthers{10};
 
 std::optional<FolderIdentity> identityOf(platform::Host &host, const std::string &folder)
 {
@@ -51,6 +53,19 @@ public:
 private:
     RunReport &m_report;
     bool m_isArmed = true;
+};
+
+/// Counts a worker for as long as it is at work.
+class AtWork
+{
+public:
+    explicit AtWork(std::atomic<int> &count) : m_count(count) { ++m_count; }
+    ~AtWork() { --m_count; }
+    AtWork(const AtWork &) = delete;
+    AtWork &operator=(const AtWork &) = delete;
+
+private:
+    std::atomic<int> &m_count;
 };
 
 } // namespace
@@ -121,9 +136,11 @@ void FileCopy::startCopyThread()
 {
     stopCopyThread();
     const auto run = ++m_currentRun;
-    auto report = std::exchange(m_nextReport, nullptr);
-    m_thread = std::make_unique<WorkerThread>(
-        [this, run, job = presentJob(), report = std::move(report)] { runJob(job, run, report); });
+    m_thread = std::make_unique<WorkerThread>([this, run, job = presentJob(),
+                                               report = std::exchange(m_nextReport, nullptr),
+                                               locks = std::exchange(m_nextLocks, nullptr)]() mutable {
+        runJob(job, run, report, std::move(locks));
+    });
 }
 
 void FileCopy::stopCopyThread()
@@ -152,17 +169,37 @@ bool FileCopy::waitForEnd(std::chrono::milliseconds limit) const
 
 void FileCopy::StartBackup()
 {
-    runJob(presentJob(), m_currentRun, std::exchange(m_nextReport, nullptr));
+    runJob(presentJob(), m_currentRun, std::exchange(m_nextReport, nullptr),
+           std::exchange(m_nextLocks, nullptr));
 }
 
-void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr<RunReport> report)
+// A cancelled worker may hang in a write that lands much later. Until it has ended, its destinations are its
+// own.
+std::shared_ptr<RunLocks> FileCopy::locksFor(const CopyJob &job) const
 {
+    constexpr std::chrono::milliseconds BetweenTries{20};
+    const auto end = std::chrono::steady_clock::now() + PatienceWithOthers;
+    for (;;) {
+        auto locks = std::make_shared<RunLocks>(m_host, job.SrcDiskPath, job.DesFileArray);
+        const bool mayBeFreed = m_workersAtWork > 1 && std::chrono::steady_clock::now() < end;
+        if (locks->hasAll() || !mayBeFreed)
+            return locks;
+        locks.reset(); // who waits holds nothing
+        WorkerThread::exitIfCancelled();
+        std::this_thread::sleep_for(BetweenTries);
+    }
+}
+
+void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr<RunReport> report,
+                      std::shared_ptr<RunLocks> locks)
+{
+    const AtWork atWork(m_workersAtWork);
     if (!report)
         report = reportWithoutFile();
     report->begin(job.job.SrcDiskPath, job.job.DesFileArray, m_verifyFiles);
     const auto isCurrent = [this, run] { return m_currentRun == run; };
     try {
-        copyAll(job.job, isCurrent, report);
+        copyAll(job.job, isCurrent, report, std::move(locks));
     } catch (const std::exception &error) {
         // No thread, no memory: the run is over, and its end is told like any other.
         systemLog(std::string("the run ended early: ") + error.what());
@@ -179,8 +216,12 @@ void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr
 }
 
 void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,
-                       const std::shared_ptr<RunReport> &report)
+                       const std::shared_ptr<RunReport> &report, std::shared_ptr<RunLocks> locks)
 {
+    // Before the disks are waited for: a slow one must not cost a cancelled run its report.
+    ReportOnCancel reportOnCancel(*report);
+    if (!locks)
+        locks = locksFor(job);
     RunState state({.host = m_host,
                     .center = m_center,
                     .isCurrent = isCurrent,
@@ -188,9 +229,8 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
                     .includeHidden = m_hiddenFiles,
                     .report = report},
                    job);
+    state.keepTo(std::move(locks));
     TreeWalk walk(state);
-    // Before the disks are waited for: a slow one must not cost a cancelled run its report.
-    ReportOnCancel reportOnCancel(*report);
     WorkerThread::exitIfCancelled();
     for (const auto &item : state.job().SrcFileArray)
         walk.copySelected(item);

@@ -13,6 +13,7 @@ namespace orvana
 {
 
 class NotificationCenter;
+class RunLocks;
 class RunReport;
 class RunState;
 class TreeWalk;
@@ -56,8 +57,13 @@ public:
     /// The report that the next run keeps and writes; without one none is written.
     void setReport(std::shared_ptr<RunReport> report) { m_nextReport = std::move(report); }
 
+    /// The locks that the next run works under; without them it takes its own. A destination that another run
+    /// holds gets nothing.
+    void setLocks(std::shared_ptr<RunLocks> locks) { m_nextLocks = std::move(locks); }
+
     /// Starts the job on a new worker, which has its own copy of it. A worker still at work is cancelled and
-    /// not waited for; it posts nothing more.
+    /// not waited for; it posts nothing more. The new worker waits up to 10 s for destinations that a
+    /// cancelled one still writes to, and leaves out those that are not free by then.
     void startCopyThread();
 
     /// Cancels the worker and forgets it. It ends at its next block; nothing more is posted.
@@ -103,9 +109,11 @@ private:
     };
 
     NumberedJob presentJob() const;
-    void runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr<RunReport> report);
+    void runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr<RunReport> report,
+                std::shared_ptr<RunLocks> locks);
+    std::shared_ptr<RunLocks> locksFor(const CopyJob &job) const;
     void copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,
-                 const std::shared_ptr<RunReport> &report);
+                 const std::shared_ptr<RunReport> &report, std::shared_ptr<RunLocks> locks);
     void cleanAfter(std::uint64_t job);
     Foreground &foreground();
 
@@ -115,6 +123,8 @@ private:
     std::atomic<bool> m_hiddenFiles{false};
     std::atomic<std::uint64_t> m_currentRun{0};
     std::shared_ptr<RunReport> m_nextReport;
+    std::shared_ptr<RunLocks> m_nextLocks;
+    std::atomic<int> m_workersAtWork{0}; ///< cancelled ones included
 
     mutable std::mutex m_jobMutex;
     CopyJob m_job;

@@ -74,6 +74,8 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
 {
     const auto attributes = from.attributes();
     const std::uint64_t size = attributes ? attributes->size : 0;
+    if (attributes)
+        m_run.sourceFiles().addDevice(attributes->device);
     m_run.countStartedFile(size);
     WorkerThread::exitIfCancelled();
     const auto count = from.read(m_run.block(0), 0);
@@ -137,7 +139,7 @@ FileDuplicator::Output FileDuplicator::openOutput(std::size_t index, const std::
     auto file = destination.createFile(copy, like);
     // What is there is written over as it is, and keeps what it has beyond the source's end.
     if (!file && file.error().problem == FileProblem::Exists) {
-        file = destination.openFile(copy, Access::Write);
+        file = destination.openExisting(copy, m_run.sourceFiles());
         // A link to nowhere is no file: it counts as one that could not be created.
         output.existed = file || file.error().problem != FileProblem::NotFound;
         output.isSecondOfItsName = output.existed && index < m_newFolders.size() && m_newFolders[index];
@@ -205,7 +207,11 @@ void FileDuplicator::tellNewErrors(const std::string &source)
         if (!output.error || std::exchange(output.isTold, true))
             continue;
         if (!output.file && output.existed)
-            m_run.fileFailed(i, source, "The existing file cannot be opened: " + output.error->reason());
+            m_run.fileFailed(i, source,
+                             (output.error->problem == FileProblem::OfSource
+                                  ? "The existing file is left alone: "
+                                  : "The existing file cannot be opened: ") +
+                                 output.error->reason());
         else
             m_run.cannotDuplicate(i, source, *output.error);
     }

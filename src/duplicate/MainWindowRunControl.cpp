@@ -105,7 +105,8 @@ void MainWindow::StartDuplicate()
 
 void MainWindow::makeReport()
 {
-    m_report = std::make_shared<RunReport>(m_logData->folder(), m_logData->stamp(), m_context.clock);
+    m_report = std::make_shared<RunReport>(m_logData->folder(), m_logData->stamp(), m_context.clock,
+                                           m_logData->number());
     m_problems = std::make_shared<RunProblems>();
     m_report->setProblemListener([problems = m_problems](const Json &problem) { problems->add(problem); });
 }
@@ -141,6 +142,9 @@ void MainWindow::CopyFile()
         return;
     }
     refuseWhatIsNotMounted(m_context.host, *plan);
+    // A cancelled run of our own is waited for by the next one.
+    if (!m_fileCopy->isRunning())
+        refuseWhatIsInUse(m_context.host, *plan);
     if (m_order)
         plan = destinationsWithin(*m_order, std::move(*plan));
     reportDestinations(*m_report, *plan, choice);

@@ -34,9 +34,9 @@ bool copyAll(std::FILE *from, std::FILE *to)
 }
 
 // A link never replaces a report of the same second, where a rename would.
-std::string giveFreeName(const std::string &unfinished, const std::string &base)
+std::string giveFreeName(const std::string &unfinished, const std::string &base, int number)
 {
-    for (int number = 1; number < 1000; ++number) {
+    for (; number < 1000; ++number) {
         auto path = base + (number > 1 ? "-" + std::to_string(number) : "") + ".json";
         if (::link(unfinished.c_str(), path.c_str()) == 0)
             return path;
@@ -79,7 +79,7 @@ bool ReportFile::writeAll(const Json &summary, const std::string &path)
     return std::fflush(file.get()) == 0 && std::ferror(file.get()) == 0;
 }
 
-std::string ReportFile::write(const Json &summary, const std::string &stamp)
+std::string ReportFile::write(const Json &summary, const std::string &stamp, int number)
 {
     if (m_folder.empty())
         return {};
@@ -87,7 +87,7 @@ std::string ReportFile::write(const Json &summary, const std::string &stamp)
     const std::string unfinished = base + "." + std::to_string(::getpid()) + ".part";
     std::string path;
     if (writeAll(summary, unfinished))
-        path = giveFreeName(unfinished, base);
+        path = giveFreeName(unfinished, base, number);
     if (path.empty())
         systemLog("The run report could not be written: " + std::generic_category().message(errno));
     ::unlink(unfinished.c_str());

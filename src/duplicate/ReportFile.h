@@ -20,9 +20,9 @@ public:
 
     void addProblem(const Json &problem);
 
-    /// Writes `summary` with the problems as "<stamp>-Report.json", or with "-2" and so on behind it when
-    /// that name is taken. Returns the path, or an empty text when it could not be written.
-    std::string write(const Json &summary, const std::string &stamp);
+    /// Writes `summary` with the problems as "<stamp>-Report.json", or with "-2" and so on behind it, from
+    /// `number` on, when that name is taken. Returns the path, or an empty text when it could not be written.
+    std::string write(const Json &summary, const std::string &stamp, int number = 1);
 
 private:
     struct CloseFile

@@ -131,6 +131,8 @@ std::string reasonText(DiskGuard guard)
     switch (guard) {
     case DiskGuard::CarriesSource:
         return "it carries the source";
+    case DiskGuard::MayBeSource:
+        return "it cannot be told from a disk of the source";
     case DiskGuard::StartupDisk:
         return "it is the start-up disk";
     case DiskGuard::RaidSet:
@@ -149,6 +151,8 @@ std::string reasonText(DiskGuard guard)
         return "its erase did not succeed";
     case DiskGuard::OtherVolume:
         return "it no longer holds the volume that was shown";
+    case DiskGuard::InUse:
+        return "another run is at work on its volume";
     case DiskGuard::ReadOnly:
         return "its volume is mounted read-only";
     case DiskGuard::SameName:
@@ -167,9 +171,12 @@ bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const 
 {
     return anyRecordOf(disk, devices, [&](const ORVHddInfo &record) {
         const auto &volumes = record.bsdPathArray();
-        return isAmong(record, choice.sourceDisks) ||
-               std::any_of(volumes.begin(), volumes.end(),
-                           [&](const auto &volume) { return isOfSource(*volume, choice, user); });
+        const auto &sources = choice.sourceDisks;
+        return std::any_of(volumes.begin(), volumes.end(),
+                           [&](const auto &volume) { return isOfSource(*volume, choice, user); }) ||
+               std::any_of(sources.begin(), sources.end(), [&](const auto &source) {
+                   return !source.device.empty() && source.device == record.devPath();
+               });
     });
 }
 
@@ -180,6 +187,9 @@ std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &d
         return DiskGuard::StartupDisk;
     if (carriesSource(disk, devices, choice, user))
         return DiskGuard::CarriesSource;
+    if (anyRecordOf(disk, devices,
+                    [&](const ORVHddInfo &record) { return isAmong(record, choice.sourceDisks); }))
+        return DiskGuard::MayBeSource;
     if (!disk.devPath() || disk.devPath()->empty())
         return DiskGuard::NoDevice;
     return std::nullopt;

@@ -33,6 +33,7 @@ std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure
 /// Why one disk is passed over.
 enum class DiskGuard {
     CarriesSource, ///< one of its volumes is the source
+    MayBeSource,   ///< it cannot be told from a disk of the source
     StartupDisk,   ///< it carries the start-up volume
     RaidSet,       ///< it belongs to a RAID set
     NoDevice,      ///< it has no device node
@@ -42,6 +43,7 @@ enum class DiskGuard {
     NotErased,     ///< the run was to erase it first, and did not
     OtherDisk,     ///< it is not the disk that was shown
     OtherVolume,   ///< it no longer holds the volume that was shown
+    InUse,         ///< another run works on its volume
     ReadOnly,      ///< its volume is mounted read-only, and the run does not erase it first
     SameName,      ///< a bay before it shows the same name
 };
@@ -59,8 +61,8 @@ struct DiskRefusal
 /// "Slot-B (COPY1): it carries the source"
 std::string refusalText(const DiskRefusal &refusal);
 
-/// True when the disk may be one of the disks that the run reads from, or carries a volume that the tree's
-/// root lies in, or one called like the source row or the chosen pop-up item.
+/// True when the disk is one of the disks that the run reads from, or carries a volume that the tree's root
+/// lies in, or one called like the source row or the chosen pop-up item.
 bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const RunChoice &choice,
                    const UserHome &user);
 

@@ -93,6 +93,9 @@ planDestinations(const ScannedDevices &devices, const RunChoice &choice, const U
 /// another one than the record says, or mounted read-only. Asks the list of mounted volumes.
 void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan);
 
+/// Moves destinations to the refusals on whose volume another run of this machine is at work.
+void refuseWhatIsInUse(platform::Host &host, DestinationPlan &plan);
+
 struct EjectPlan
 {
     std::vector<DiskUtilInfo> disks;

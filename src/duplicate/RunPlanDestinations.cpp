@@ -1,6 +1,7 @@
 // Where a run copies to.
 
 #include "discovery/DiskFreeListing.h"
+#include "duplicate/RunLocks.h"
 #include "duplicate/RunPlan.h"
 #include "platform/CommandLauncher.h"
 #include "platform/Host.h"
@@ -133,6 +134,20 @@ void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan)
             plan.refusals.push_back({slotNameOf(destination.bay), destination.name, *guard});
         return guard.has_value();
     });
+}
+
+void refuseWhatIsInUse(platform::Host &host, DestinationPlan &plan)
+{
+    const RunLocks locks(host, {}, plan.roots());
+    std::vector<PlannedDestination> free;
+    for (std::size_t i = 0; i < plan.destinations.size(); ++i) {
+        auto &destination = plan.destinations[i];
+        if (locks.hasDestination(i))
+            free.push_back(std::move(destination));
+        else
+            plan.refusals.push_back({slotNameOf(destination.bay), destination.name, DiskGuard::InUse});
+    }
+    plan.destinations = std::move(free);
 }
 
 } // namespace orvana

@@ -45,8 +45,8 @@ bool isFailure(const DiskEntry &entry)
 
 } // namespace
 
-RunReport::RunReport(std::string folder, std::string stamp, const Clock &clock)
-    : m_stamp(std::move(stamp)), m_clock(clock), m_file(std::move(folder)),
+RunReport::RunReport(std::string folder, std::string stamp, const Clock &clock, int number)
+    : m_stamp(std::move(stamp)), m_number(number), m_clock(clock), m_file(std::move(folder)),
       m_started(localTime(clock.now(), TimeLayout))
 {
 }
@@ -267,7 +267,7 @@ void RunReport::finish(RunOutcome outcome)
 {
     const std::lock_guard lock(m_mutex);
     if (!std::exchange(m_finished, true))
-        m_path = m_file.write(summary(outcome), m_stamp);
+        m_path = m_file.write(summary(outcome), m_stamp, m_number);
 }
 
 } // namespace orvana

@@ -56,7 +56,8 @@ class RunReport
 public:
     /// `folder` is where the report will be written, `stamp` the start of its name. A folder that cannot
     /// be written loses the report and nothing else.
-    RunReport(std::string folder, std::string stamp, const Clock &clock);
+    /// `number` is the first to try for its name: that of the run's log.
+    RunReport(std::string folder, std::string stamp, const Clock &clock, int number = 1);
     RunReport(const RunReport &) = delete;
     RunReport &operator=(const RunReport &) = delete;
 
@@ -149,6 +150,7 @@ private:
     Json summary(RunOutcome outcome) const;
 
     const std::string m_stamp;
+    const int m_number;
     const Clock &m_clock;
     std::atomic<std::int64_t> m_leftOut{0};
     std::atomic<std::int64_t> m_filesStarted{0};

@@ -1,11 +1,13 @@
 #include "duplicate/RunState.h"
 
+#include "duplicate/RunLocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/NotificationNames.h"
 #include "foundation/WorkerThread.h"
 #include "platform/Host.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <thread>
 #include <utility>
 
@@ -24,7 +26,7 @@ double secondsOf(std::chrono::nanoseconds time)
 
 RunState::RunState(RunContext context, CopyJob job)
     : m_context(std::move(context)), m_job(std::move(job)),
-      m_sources(m_context.host.volumeFiles().workingFolder())
+      m_sources(m_context.host.volumeFiles().workingFolder()), m_sourceFiles(m_sources, m_job.SrcFileArray)
 {
     m_destinations.reserve(m_job.DesFileArray.size());
     for (std::size_t i = 0; i < m_job.DesFileArray.size(); ++i) {
@@ -38,6 +40,17 @@ RunState::RunState(RunContext context, CopyJob job)
 
     const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
     m_helpers = std::min(processors, std::max<std::size_t>(1, m_destinations.size())) - 1;
+}
+
+void RunState::keepTo(std::shared_ptr<RunLocks> locks)
+{
+    m_locks = std::move(locks);
+    for (std::size_t i = 0; i < m_destinations.size(); ++i) {
+        if (m_locks->hasSource() && m_locks->hasDestination(i))
+            continue;
+        m_pumps[i].reset();
+        m_destinations[i].refuse({platform::FileProblem::Busy, EBUSY});
+    }
 }
 
 Lanes &RunState::lanes()

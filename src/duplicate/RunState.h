@@ -4,6 +4,7 @@
 #include "duplicate/Destination.h"
 #include "duplicate/Lanes.h"
 #include "duplicate/RunReport.h"
+#include "duplicate/SourceFiles.h"
 #include "duplicate/WriteOutPump.h"
 #include "foundation/NotificationCenter.h"
 
@@ -16,6 +17,8 @@
 
 namespace orvana
 {
+
+class RunLocks;
 
 namespace platform
 {
@@ -39,10 +42,14 @@ class RunState
 public:
     RunState(RunContext context, CopyJob job);
 
+    /// Works under these locks until the end of the run. What they do not hold gets nothing.
+    void keepTo(std::shared_ptr<RunLocks> locks);
+
     const RunContext &context() const { return m_context; }
     const CopyJob &job() const { return m_job; }
     RunReport &report() { return *m_context.report; }
     platform::Folder &sources() { return m_sources; }
+    SourceFiles &sourceFiles() { return m_sourceFiles; }
 
     std::size_t destinationCount() const { return m_destinations.size(); }
     Destination &destination(std::size_t index) { return m_destinations[index]; }
@@ -96,9 +103,11 @@ private:
     void noteSync(std::size_t index, const WriteOutPump::Outcome &outcome);
     void post(const char *name, const char *key, Notification::Value value) const;
 
+    std::shared_ptr<RunLocks> m_locks; // the first member, so that they end after everything else
     RunContext m_context;
     CopyJob m_job;
     platform::Folder &m_sources;
+    SourceFiles m_sourceFiles;
     std::int64_t m_indexOfBackup = 0;
     std::vector<Destination> m_destinations;
     std::vector<DestinationTally *> m_tallies;

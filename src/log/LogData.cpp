@@ -2,11 +2,24 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <utility>
 
 namespace orvana
 {
+
+namespace
+{
+
+// A link is not followed: it may lead to a file that is no log. Nor is a pipe without a reader waited for.
+int openLog(const std::string &path)
+{
+    return ::open(path.c_str(),
+                  O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666);
+}
+
+} // namespace
 
 LogData::LogData(std::string folder, const Clock &clock) : m_folder(std::move(folder)), m_clock(clock) {}
 
@@ -22,20 +35,41 @@ void LogData::updataLogFileName()
     m_logFile = m_stamp + "-Log.txt";
     m_logFilePath = m_folder + "/" + m_logFile;
     m_hasLostRecords = false;
+    m_number = 1;
+    m_held = platform::posix::Descriptor();
+}
+
+// Two programs may start a run in the same second. One that only shares the second is no reason for another
+// name.
+void LogData::holdFile()
+{
+    constexpr int MostNumbers = 1000;
+    while (!m_held.isOpen() && m_number < MostNumbers) {
+        platform::posix::Descriptor file(openLog(m_logFilePath));
+        if (!file.isOpen())
+            return;
+        if (::flock(file.number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
+            m_held = std::move(file);
+            return;
+        }
+        ++m_number;
+        m_logFile = m_stamp + "-Log.txt-" + std::to_string(m_number);
+        m_logFilePath = m_folder + "/" + m_logFile;
+    }
 }
 
 void LogData::ToLogFile(const std::string &message)
 {
     const std::lock_guard lock(m_mutex);
     const auto time = localTime(m_clock.now(), "%Y/%m/%d %H:%M:%S");
+    holdFile();
     if (!append("[" + time + "]: " + message + "\n"))
         m_hasLostRecords = true;
 }
 
 bool LogData::append(const std::string &record) const
 {
-    const int file =
-        ::open(m_logFilePath.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
+    const int file = openLog(m_logFilePath);
     if (file < 0)
         return false;
     std::size_t done = 0;
@@ -66,6 +100,12 @@ std::string LogData::stamp() const
 {
     const std::lock_guard lock(m_mutex);
     return m_stamp;
+}
+
+int LogData::number() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_number;
 }
 
 bool LogData::hasLostRecords() const

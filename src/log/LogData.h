@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Clock.h"
+#include "platform/posix/Descriptor.h"
 
 #include <mutex>
 #include <string>
@@ -11,7 +12,9 @@ namespace orvana
 /// Writes the run log: one text file for each run, one record with a time stamp for each event.
 ///
 /// The file is opened and closed for every record, and every record is written as a whole. A record that
-/// cannot be written is lost silently. All functions may be called from any thread.
+/// cannot be written is lost silently. From its first record on the log is held against other processes,
+/// until the next one is named: a log that another process holds is not written to, and this one gets "-2"
+/// (or the next number) at the end of its name. All functions may be called from any thread.
 class LogData
 {
 public:
@@ -39,10 +42,14 @@ public:
     /// The part of the file name that a run's other files share: "yyyyMMdd-HHmmss".
     std::string stamp() const;
 
+    /// 1, or the number at the end of the log's name.
+    int number() const;
+
     /// True when a record could not be written since the log was named.
     bool hasLostRecords() const;
 
 private:
+    void holdFile();
     bool append(const std::string &record) const;
 
     const std::string m_folder;
@@ -51,6 +58,8 @@ private:
     std::string m_stamp;
     std::string m_logFile;
     std::string m_logFilePath;
+    int m_number = 1;
+    platform::posix::Descriptor m_held; ///< the log with the lock on it; closed before the first record
     bool m_hasLostRecords = false;
 };
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -24,15 +25,23 @@ namespace
 
 constexpr std::string_view LogEnd = "-Log.txt";
 
-// "yyyyMMdd-HHmmss-Log.txt": other names may be a stranger's, and so would be the reports beside them.
-bool isNamedByARun(std::string_view name)
+constexpr std::string_view StampLayout = "dddddddd-dddddd";
+
+// "yyyyMMdd-HHmmss-Log.txt", also with "-2" behind it: other names may be a stranger's, and so would be the
+// reports beside them. Returns what stands behind ".txt"; nullopt for other names.
+std::optional<std::string> numberOfRunLog(std::string_view name)
 {
-    constexpr std::string_view layout = "dddddddd-dddddd";
-    if (name.size() != layout.size() + LogEnd.size() || !name.ends_with(LogEnd))
-        return false;
-    return std::equal(layout.begin(), layout.end(), name.begin(), [](char expected, char c) {
-        return expected == 'd' ? c >= '0' && c <= '9' : c == expected;
-    });
+    const auto end = StampLayout.size() + LogEnd.size();
+    if (name.size() < end || name.substr(StampLayout.size(), LogEnd.size()) != LogEnd)
+        return std::nullopt;
+    const auto number = name.substr(end);
+    const bool isNumber = number.size() > 1 && number[0] == '-' && number[1] != '0' &&
+                          number.find_first_not_of("0123456789", 1) == std::string_view::npos;
+    const bool hasStamp =
+        std::equal(StampLayout.begin(), StampLayout.end(), name.begin(), [](char expected, char c) {
+            return expected == 'd' ? c >= '0' && c <= '9' : c == expected;
+        });
+    return hasStamp && (number.empty() || isNumber) ? std::optional<std::string>(number) : std::nullopt;
 }
 
 bool isThere(const std::string &path)
@@ -85,16 +94,26 @@ Expected<void> LogFolder::read(const std::string &name,
 std::vector<std::string> LogFolder::reports(const std::string &name) const
 {
     std::vector<std::string> reports;
-    if (!isNamedByARun(name))
+    const auto own = numberOfRunLog(name);
+    if (!own)
         return reports;
-    const auto base = pathOf(name.substr(0, name.size() - LogEnd.size()) + "-Report");
+    const auto stamp = name.substr(0, StampLayout.size());
+    const auto base = pathOf(stamp + "-Report");
+    if (!own->empty()) {
+        if (auto path = base + *own + ".json"; isThere(path))
+            reports.push_back(std::move(path));
+        return reports;
+    }
     if (auto path = base + ".json"; isThere(path))
         reports.push_back(std::move(path));
     for (int number = 2;; ++number) {
-        auto path = base + "-" + std::to_string(number) + ".json";
-        if (!isThere(path))
+        const auto end = "-" + std::to_string(number);
+        const bool isOthers = isThere(pathOf(name + end));
+        auto path = base + end + ".json";
+        if (!isOthers && !isThere(path))
             return reports;
-        reports.push_back(std::move(path));
+        if (!isOthers)
+            reports.push_back(std::move(path));
     }
 }
 

@@ -31,6 +31,7 @@ public:
                                   const std::function<void(std::string_view)> &take) const;
 
     /// The paths of the run reports that stand beside the log. Only a log named as runs name theirs has any.
+    /// A log with a number at its end has the reports of this number, the log without one has all others.
     std::vector<std::string> reports(const std::string &name) const;
 
     /// Removes the log and then its reports. A link is removed and what it points to stays; a folder is

@@ -117,6 +117,13 @@ public:
         return m_real.attributes(path, links, want);
     }
 
+    Expected<std::string> realPath(std::string_view path) const override
+    {
+        if (isGone(path))
+            return failure(ENODEV);
+        return m_real.realPath(path);
+    }
+
     Expected<NameList> list(std::string_view path) const override
     {
         if (isGone(path))

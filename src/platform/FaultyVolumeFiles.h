@@ -38,6 +38,10 @@ public:
     VolumeFaults *faultsAt(const std::string &path) const;
 
     Expected<std::unique_ptr<Folder>> openFolder(const std::string &path, Reach reach) override;
+    Expected<std::unique_ptr<FolderLock>> lockFolder(const std::string &path, Sharing sharing) override
+    {
+        return m_real.lockFolder(path, sharing);
+    }
     Folder &workingFolder() override;
 
 private:

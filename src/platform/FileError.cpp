@@ -23,6 +23,8 @@ FileProblem problemOf(int code)
         return FileProblem::NotAFile;
     case ENOTDIR:
         return FileProblem::NotAFolder;
+    case EWOULDBLOCK:
+        return FileProblem::Busy;
     case EOPNOTSUPP:
     case ENOSYS:
         return FileProblem::NotSupported;
@@ -39,6 +41,10 @@ std::string FileError::reason() const
         return "The path leads out of the volume";
     if (problem == FileProblem::NotAFile)
         return "Not a regular file";
+    if (problem == FileProblem::Busy)
+        return "Another run is at work there";
+    if (problem == FileProblem::OfSource)
+        return "It is a file of the source, or may be one";
     return std::generic_category().message(code);
 }
 

@@ -14,6 +14,8 @@ enum class FileProblem {
     NotAFile,         ///< a folder, a pipe, a socket or a device where a file should be
     NotAFolder,
     NotSupported,
+    Busy,     ///< somebody else holds it
+    OfSource, ///< it is a file of the source, or may be one
     Other,
 };
 

@@ -30,6 +30,7 @@ struct Attributes
     std::int64_t modified = 0; ///< nanoseconds since 1970
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
+    std::uint64_t links = 1;      ///< names that the file has
     bool hiddenExtension = false; ///< read only where it is asked for
 };
 
@@ -108,6 +109,9 @@ public:
 
     virtual Expected<Attributes> attributes(std::string_view path, Links links, Want want) const = 0;
 
+    /// Where the file or folder really lies: an absolute path without links.
+    virtual Expected<std::string> realPath(std::string_view path) const = 0;
+
     /// Names without "." and "..".
     virtual Expected<NameList> list(std::string_view path) const = 0;
 
@@ -140,6 +144,19 @@ public:
 
 enum class Reach { Beneath, Anywhere };
 
+enum class Sharing { Shared, Exclusive };
+
+/// Holds a folder against whoever wants to lock it in a way that does not go with this. It ends with the
+/// object, and with the process at the latest.
+class FolderLock
+{
+public:
+    FolderLock() = default;
+    virtual ~FolderLock() = default;
+    FolderLock(const FolderLock &) = delete;
+    FolderLock &operator=(const FolderLock &) = delete;
+};
+
 /// The files of the machine. Callable from any thread.
 class VolumeFiles
 {
@@ -148,6 +165,11 @@ public:
 
     /// Opens the folder at `path`, absolute or relative to the working folder, of any length.
     virtual Expected<std::unique_ptr<Folder>> openFolder(const std::string &path, Reach reach) = 0;
+
+    /// Locks the folder against other runs, of this program and of all others on the machine. Never waits: a
+    /// folder that somebody holds gives FileProblem::Busy. A folder that cannot be locked at all, by its file
+    /// system or because it may not be read, gives a lock that keeps nobody away.
+    virtual Expected<std::unique_ptr<FolderLock>> lockFolder(const std::string &path, Sharing sharing) = 0;
 
     /// The working folder, with Reach::Anywhere: the place from which sources are read.
     virtual Folder &workingFolder() = 0;

@@ -176,7 +176,7 @@ TEST_F(StartTest, DiskWithTheSourcesSerialNumberAndSizeIsNotErased)
     startWithEnclosure();
     setErase(true);
     pressStart();
-    EXPECT_EQ(sheetText(), "Slot-B (COPY1): it carries the source");
+    EXPECT_EQ(sheetText(), "Slot-B (COPY1): it cannot be told from a disk of the source");
     answerEverySheet();
     EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
 }

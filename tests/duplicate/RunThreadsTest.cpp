@@ -57,6 +57,10 @@ struct SyncedVolume final : platform::Folder
     {
         return platform::failure(5);
     }
+    platform::Expected<std::string> realPath(std::string_view) const override
+    {
+        return platform::failure(ENOTSUP);
+    }
     platform::Expected<platform::NameList> list(std::string_view) const override
     {
         return platform::failure(5);

@@ -29,7 +29,7 @@ protected:
 TEST_F(ImageBays, DiskIsMountedErasedAndDetachedByTheSimulatorItself)
 {
     const auto file = m_tree.file("machine.json", R"({"login":"anna","enclosures":[{"uid":1,"bays":[
-        {"bay":"A","size":33554432,"image":"a.img","volumes":[{"name":"ONE","capacity":1}]}]}]})");
+        {"bay":"A","serial":"SA","size":33554432,"image":"a.img","volumes":[{"name":"ONE","capacity":1}]}]}]})");
     const auto point = file + ".volumes/Volumes/ONE";
     {
         const auto host = platform::makeSimulatorHost(file, nullptr).value();
@@ -54,10 +54,10 @@ TEST_F(ImageBays, DiskIsMountedErasedAndDetachedByTheSimulatorItself)
 TEST_F(ImageBays, ErasedAndVerifiedCopiesAreEqualByteForByte)
 {
     const auto file = m_tree.file("machine.json", R"({"login":"anna","enclosures":[{"uid":1,"bays":[
-        {"bay":"A","size":33554432,"image":"a.img","volumes":[{"name":"Master","capacity":1,
+        {"bay":"A","serial":"SA","size":33554432,"image":"a.img","volumes":[{"name":"Master","capacity":1,
             "content":[{"path":"Footage","bytes":6000000,"files":50},{"path":"Read me.txt","bytes":99}]}]},
-        {"bay":"B","size":33554432,"image":"b.img","volumes":[{"name":"OLD","capacity":1}]},
-        {"bay":"D","size":33554432,"image":"d.img","formatted":false}]}]})");
+        {"bay":"B","serial":"SB","size":33554432,"image":"b.img","volumes":[{"name":"OLD","capacity":1}]},
+        {"bay":"D","serial":"SD","size":33554432,"image":"d.img","formatted":false}]}]})");
     cli::DuplicateOptions options;
     options.selection = {"Footage", "Read me.txt"};
     options.names = {"B=COPY1"};

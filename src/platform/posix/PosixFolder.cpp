@@ -101,6 +101,20 @@ bool PosixFolder::hasFlag(const std::string &name) const
     return hasHiddenExtension(path.c_str());
 }
 
+Expected<std::string> PosixFolder::realPath(std::string_view path) const
+{
+    const auto opened = openPath(m_number, path, O_PATH, 0, m_reach);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    const auto name = "/proc/self/fd/" + std::to_string(opened->number());
+    std::string target(PATH_MAX, '\0');
+    const auto length = ::readlink(name.c_str(), target.data(), target.size());
+    if (length < 0)
+        return failure(errno);
+    target.resize(static_cast<std::size_t>(length));
+    return target;
+}
+
 Expected<NameList> PosixFolder::list(std::string_view path) const
 {
     auto opened = openPath(m_number, path, O_RDONLY | O_DIRECTORY | O_NONBLOCK, 0, m_reach);

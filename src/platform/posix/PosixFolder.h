@@ -19,6 +19,7 @@ public:
     }
 
     Expected<Attributes> attributes(std::string_view path, Links links, Want want) const override;
+    Expected<std::string> realPath(std::string_view path) const override;
     Expected<NameList> list(std::string_view path) const override;
     Expected<std::unique_ptr<Folder>> openFolder(std::string_view path) const override;
     Expected<std::unique_ptr<File>> openFile(std::string_view path, Access access) const override;

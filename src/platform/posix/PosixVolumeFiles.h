@@ -13,6 +13,7 @@ public:
     PosixVolumeFiles();
 
     Expected<std::unique_ptr<Folder>> openFolder(const std::string &path, Reach reach) override;
+    Expected<std::unique_ptr<FolderLock>> lockFolder(const std::string &path, Sharing sharing) override;
     Folder &workingFolder() override { return m_workingFolder; }
 
 private:

@@ -30,6 +30,7 @@ Attributes attributesOf(const struct stat &status)
     attributes.modified = status.st_mtim.tv_sec * nanoseconds + status.st_mtim.tv_nsec;
     attributes.device = status.st_dev;
     attributes.inode = status.st_ino;
+    attributes.links = status.st_nlink;
     return attributes;
 }
 
