@@ -125,7 +125,12 @@ DuplicateCommand::Check DuplicateCommand::decideDestinations()
         if (refusal.reason == DiskGuard::ReadOnly || refusal.reason == DiskGuard::InUse)
             m_terminal.printError("plurimoctl: " + refusalText(refusal));
     }
-    m_order = {m_plan.choice, m_plan.source, {}, std::move(*plan)};
+    m_order = RunOrder{.selection = m_plan.job.SrcFileArray,
+                       .totalFiles = m_census.files,
+                       .choice = m_plan.choice,
+                       .source = m_plan.source,
+                       .erase = {},
+                       .destinations = std::move(*plan)};
     return std::nullopt;
 }
 
@@ -171,7 +176,12 @@ DuplicateCommand::Check DuplicateCommand::askForErase()
     auto plan = presentErase();
     if (!plan)
         return plan.error();
-    m_order = {m_plan.choice, m_plan.source, std::move(*plan), {}};
+    m_order = RunOrder{.selection = m_plan.job.SrcFileArray,
+                       .totalFiles = m_census.files,
+                       .choice = m_plan.choice,
+                       .source = m_plan.source,
+                       .erase = std::move(*plan),
+                       .destinations = {}};
     if (m_order.erase.disks.empty() || m_options.yes)
         return std::nullopt;
     auto lines = eraseLines(m_host, m_scan.devices(), m_order.erase, m_plan.present);

@@ -2,9 +2,9 @@
 
 #include "foundation/DisplayPath.h"
 #include "platform/HostFactory.h"
+#include "platform/PrivateFolder.h"
 
 #include <filesystem>
-#include <unistd.h>
 
 namespace orvana::cli
 {
@@ -16,10 +16,9 @@ tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice)
     if (!choice.demo && !choice.demoFolder)
         return tl::unexpected(
             Refusal{WrongUsage, "name a simulated machine with --simulator FILE, or --demo"});
-    const auto temporary =
-        std::filesystem::temp_directory_path() / ("orvana-demo-" + std::to_string(::getuid()));
-    auto file = platform::prepareDemo(
-        choice.demoFolder ? std::filesystem::absolute(*choice.demoFolder).native() : temporary.native());
+    auto file =
+        platform::prepareDemo(choice.demoFolder ? std::filesystem::absolute(*choice.demoFolder).native()
+                                                : platform::cacheFolder() + "/demo");
     if (!file)
         return tl::unexpected(Refusal{NotThere, file.error()});
     return *file;

@@ -21,7 +21,7 @@ struct HostChoice
 {
     std::optional<std::string> simulatorFile;
     bool demo = false;
-    std::optional<std::string> demoFolder; ///< instead of one in the temporary folder
+    std::optional<std::string> demoFolder; ///< instead of one in the user's own cache
 };
 
 /// Makes the host; `queue` is where it tells changes, if the command watches for them. `desktop` is for a

@@ -130,6 +130,9 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(format.error());
     if (const auto good = checkName(*format, request.name); !good)
         return tl::unexpected(good.error());
+    const auto held = with.hold(request.expected.sequence.value_or(0));
+    if (!held)
+        return tl::unexpected(held.error());
     if (const auto facts = lookAndCheck(request, with, checkErasable); !facts)
         return tl::unexpected(facts.error());
     if (const auto possible = with.service.checkFormat(*format); !possible)
@@ -147,6 +150,9 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
 
 Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
 {
+    const auto held = with.hold(request.expected.sequence.value_or(0));
+    if (!held)
+        return tl::unexpected(held.error());
     const auto facts = lookAndCheck(request, with, checkEjectable);
     if (!facts)
         return tl::unexpected(facts.error());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diskutil/DiskFacts.h"
+#include "diskutil/DiskLock.h"
 #include "diskutil/DiskService.h"
 
 namespace orvana::diskutil
@@ -18,6 +19,8 @@ struct Surroundings
     /// Whether volumes of a type can be mounted on this machine.
     std::function<bool(const std::string &type)> canBeMounted;
     std::optional<std::string> formatSetting;
+    /// Holds the disk of this arrival number against other erases and ejects for as long as the result lives.
+    std::function<Outcome<std::shared_ptr<void>>(std::uint64_t sequence)> hold = holdDisk;
 };
 
 /// Makes one empty volume of the whole disk and mounts it; returns what to tell the user. The disk is looked

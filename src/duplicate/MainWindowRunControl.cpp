@@ -113,8 +113,9 @@ void MainWindow::makeReport()
 
 void MainWindow::CopyFile()
 {
-    const auto rows = m_fileList->rows();
-    if (!hasTree(rows)) {
+    // What is copied was decided at Start. The tree may be another one since.
+    const auto selection = m_order ? m_order->selection : selectionNow();
+    if (selection.empty() && !hasTree(m_fileList->rows())) {
         m_action->setTitle(Title::Start);
         finishReportWithoutCopy();
         return;
@@ -153,8 +154,8 @@ void MainWindow::CopyFile()
         endWithoutCopy();
         return;
     }
-    m_fileCopy->SetBackupDiskValue(selectedPaths(rows), choice.sourceRoot, plan->roots());
-    m_fileCopy->setTotalFiles(m_fileList->totalFiles());
+    m_fileCopy->SetBackupDiskValue(selection, choice.sourceRoot, plan->roots());
+    m_fileCopy->setTotalFiles(m_order ? m_order->totalFiles : m_fileList->totalFiles());
     m_relay->jobHandedOver(choice.sourceRoot, plan->roots());
     m_fileCopy->setReport(m_report);
     m_fileCopy->startCopyThread();

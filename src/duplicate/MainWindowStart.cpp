@@ -133,7 +133,9 @@ bool MainWindow::decideOrderNow()
     // Without an enclosure or a tree there is no disk to protect: the run says so, and does nothing.
     const bool hasNothingToDo = isPlaceholderSelected() || !hasTree(m_fileList->rows());
     if (hasNothingToDo && !(isErase && !isPlaceholderSelected())) {
-        m_order = RunOrder{choice, m_source, {}, {}};
+        m_order.emplace();
+        m_order->choice = choice;
+        m_order->source = m_source;
         return true;
     }
     auto order = decideOrder(m_context.host, scannedDevices(m_ScanDevice), choice, m_source, selectionNow());
@@ -148,6 +150,7 @@ bool MainWindow::decideOrderNow()
     tellRefusals(order->erase.refusals);
     tellRefusals(order->destinations.refusals);
     m_order = std::move(*order);
+    m_order->totalFiles = m_fileList->totalFiles();
     return true;
 }
 

@@ -28,7 +28,12 @@ tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const Sca
         return tl::unexpected(OrderRefusal::NothingTicked);
     if (!isStillThere(host, devices, source))
         return tl::unexpected(OrderRefusal::SourceGone);
-    RunOrder order{choice, source, {}, {}};
+    RunOrder order{.selection = selection,
+                   .totalFiles = 0,
+                   .choice = choice,
+                   .source = source,
+                   .erase = {},
+                   .destinations = {}};
     order.choice.sourceDisks = source.disks;
     addDisksOf(host, devices, selection, order.choice.sourceDisks);
     const auto user = userHomeOf(host);

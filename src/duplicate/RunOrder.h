@@ -13,10 +13,12 @@ namespace orvana
 /// in.
 struct RunOrder
 {
-    RunChoice choice;             ///< as it was at Start, with all disks of the source
-    SourceMemory source;          ///< what the run copies from
-    ErasePlan erase;              ///< with `choice.erase`: which disks are erased, under which names
-    DestinationPlan destinations; ///< without: which volumes are written to
+    std::vector<std::string> selection; ///< the ticked paths
+    std::int64_t totalFiles = 0;        ///< what the selection comes to, as counted
+    RunChoice choice;                   ///< as it was at Start, with all disks of the source
+    SourceMemory source;                ///< what the run copies from
+    ErasePlan erase;                    ///< with `choice.erase`: which disks are erased, under which names
+    DestinationPlan destinations;       ///< without: which volumes are written to
 };
 
 /// Why a run with this choice may not start.

@@ -28,6 +28,7 @@ tl::expected<std::unique_ptr<Host>, std::string> makeSimulatorHost(const std::st
                                                                    Desktop desktop = Desktop::None);
 
 /// Writes the ready-made demo machine into `folder`, unless it is there already, and returns its file.
+/// Refused when others than this user can write to the folder.
 tl::expected<std::string, std::string> prepareDemo(const std::string &folder);
 
 /// Moves a lever of the simulated machine in `file`: "attach", "detach" (a device), "mount", "unmount" (a

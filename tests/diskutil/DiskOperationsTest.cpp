@@ -337,4 +337,42 @@ TEST_F(DiskUtility, EjectOfABusyVolumeSaysWhoUsesItAndKeepsTheDisk)
     EXPECT_EQ(m_service.calls, Calls{"unmount /dev/sdb1"});
 }
 
+TEST_F(DiskUtility, DiskOfTheSourceIsNeverTouched)
+{
+    m_disk->wwn = "0x5000";
+    for (const auto &marks :
+         {platform::DiskFingerprint{"/dev/sdb", {}, {}, {}, {}}, platform::DiskFingerprint{"", {}, {}, 7, {}},
+          platform::DiskFingerprint{"", {}, "0x5000", {}, {}},
+          platform::DiskFingerprint{"", "SN1", {}, {}, 512'000},
+          platform::DiskFingerprint{"", {}, {}, {}, 512'000}}) {
+        m_request.expected.spared = {{"", "OTHER", {}, 99, 1}, marks};
+        expectRefusal("/dev/sdb is a disk of the source, which must not be touched");
+        EXPECT_FALSE(eject());
+    }
+}
+
+TEST_F(DiskUtility, DiskThatBecomesTheSourcesBeforeTheTableIsNotTouched)
+{
+    m_request.expected.spared = {{"", {}, "0x5000", {}, {}}};
+    m_service.afterCheck = [this] { m_disk->wwn = "0x5000"; };
+    EXPECT_FALSE(erase());
+    EXPECT_FALSE(m_service.hasWritten());
+}
+
+TEST_F(DiskUtility, SecondEraseOfADiskIsRefusedWhileTheFirstGoesOn)
+{
+    const auto first = holdDisk(7);
+    ASSERT_TRUE(first);
+    expectRefusal("the disk is being erased or ejected by another program at this moment");
+    EXPECT_FALSE(eject());
+}
+
+TEST_F(DiskUtility, DiskIsFreeOnceTheFirstHasEnded)
+{
+    EXPECT_TRUE(holdDisk(7));
+    EXPECT_TRUE(erase());
+    EXPECT_TRUE(holdDisk(8));
+    EXPECT_TRUE(holdDisk(7));
+}
+
 } // namespace orvana::diskutil

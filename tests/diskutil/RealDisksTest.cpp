@@ -6,8 +6,33 @@
 #include "platform/HostFactory.h"
 #include "platform/VolumeEvents.h"
 
+#include <random>
+
 namespace orvana::test
 {
+
+namespace
+{
+
+// What the utility is told of a disk that it must not touch.
+std::string sparing(const ImageDisk &disk)
+{
+    std::string arrival;
+    std::string serial;
+    std::string size;
+    for (const auto &word : disk.expectations()) {
+        const auto value = word.substr(word.find('=') + 1);
+        if (word.starts_with("--expect-sequence"))
+            arrival = value;
+        if (word.starts_with("--expect-serial"))
+            serial = value;
+        if (word.starts_with("--expect-size"))
+            size = value;
+    }
+    return "--spare=device=" + disk.node() + ",arrival=" + arrival + ",size=" + size + ",serial=" + serial;
+}
+
+} // namespace
 
 TEST_F(RealDisks, EraseMountCopyVerifyAndEjectTenTimes)
 {
@@ -52,6 +77,48 @@ TEST_F(RealDisks, DiskThatArrivedAgainSinceIsRefused)
     EXPECT_EQ(said.status, 3) << said.text;
     EXPECT_NE(said.text.find("is not the disk that was meant"), std::string::npos) << said.text;
     EXPECT_EQ(disk->digest(), before);
+}
+
+TEST_F(RealDisks, DiskThatMustNotBeTouchedKeepsEveryByteWhateverHappensInBetween)
+{
+    std::mt19937 random(20261121);
+    int erased = 0;
+    for (int sequence = 0; sequence < 20; ++sequence) {
+        SCOPED_TRACE("sequence " + std::to_string(sequence));
+        const auto source = addDisk("source");
+        const auto other = addDisk("other");
+        const auto spare = sparing(*source);
+        auto known = other->expectations();
+        const auto before = source->digest();
+        for (int event = 0; event < 4; ++event) {
+            switch (random() % 6) {
+            case 0:
+                other->attachAgain();
+                break;
+            case 1:
+                known = other->expectations();
+                break;
+            case 2:
+                known = source->expectations(); // a mistake of whoever calls
+                break;
+            case 3:
+                other->attach(m_tree.path("bays/source"));
+                break;
+            case 4:
+                other->attach(m_tree.path("bays/other"));
+                break;
+            default:
+                other->examine();
+            }
+        }
+        const auto &node = random() % 3 == 0 ? source->node() : other->node();
+        auto words = known;
+        words.push_back(spare);
+        const auto said = diskUtility({"eraseDisk", "JHFS+", "COPY", node}, words);
+        erased += said.status == 0 ? 1 : 0;
+        EXPECT_EQ(source->digest(), before) << said.text;
+    }
+    EXPECT_GT(erased, 0) << "a test in which nothing is ever erased shows nothing";
 }
 
 TEST_F(RealDisks, BusyVolumeIsRefusedWithWhoUsesIt)

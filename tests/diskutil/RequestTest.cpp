@@ -23,6 +23,29 @@ TEST(DiskUtilityRequest, EraseHasFormatNameDeviceAndExpectations)
     EXPECT_EQ(request->expected.bay, "x/0");
 }
 
+TEST(DiskUtilityRequest, DisksThatMustNotBeTouchedAreNamedByTheirMarks)
+{
+    const auto request =
+        readRequest({"eject", "/dev/sdb", "--spare=device=/dev/sda,arrival=3,size=512,wwn=0x5,serial=S,1=x",
+                     "--spare=size=7,serial="});
+    ASSERT_TRUE(request);
+    ASSERT_EQ(request->expected.spared.size(), 2U);
+    EXPECT_EQ(request->expected.spared[0], (platform::DiskFingerprint{"/dev/sda", "S,1=x", "0x5", 3, 512}));
+    EXPECT_EQ(request->expected.spared[1],
+              (platform::DiskFingerprint{"", std::nullopt, std::nullopt, std::nullopt, 7}));
+}
+
+TEST(DiskUtilityRequest, MarkThatIsNotUnderstoodIsWrong)
+{
+    for (const char *word : {"--spare=", "--spare=serial", "--spare=size=x,serial=", "--spare=size=1",
+                             "--spare=colour=red,serial=", "--spare=size=1,size=2,serial=",
+                             "--spare=size=99999999999999999999,serial=", "--spare=,serial="}) {
+        const auto request = readRequest({"eject", "/dev/sdb", word});
+        ASSERT_FALSE(request) << word;
+        EXPECT_EQ(request.error().status, WrongUsage);
+    }
+}
+
 TEST(DiskUtilityRequest, EjectHasADevice)
 {
     const auto request = readRequest({"eject", "/dev/sdb"});

@@ -188,4 +188,35 @@ TEST_F(FileCopyThread, RandomStartsAndCancelsAreSafe)
     EXPECT_TRUE(m_engine.waitForEnd(Patience));
 }
 
+TEST_F(FileCopyThread, CancelledWorkersHangingWriteNeverLandInTheNextRun)
+{
+    m_tree.file("source/x", "first run");
+    m_tree.file("other/x", "second run");
+    setJob({"x"}, {"a"});
+    faultsOf("a").delayMilliseconds = 1500;
+    m_engine.startCopyThread();
+    ASSERT_TRUE(m_recorder.waitFor("FileCopyMessage"));
+    m_engine.stopCopyThread();
+    faultsOf("a").delayMilliseconds = 0;
+    m_engine.SetBackupDiskValue({m_tree.path("other/x")}, m_tree.path("other"), {m_tree.path("a")});
+    m_engine.startCopyThread();
+    ASSERT_TRUE(m_recorder.waitFor("BackupFinish"));
+    ASSERT_TRUE(m_engine.waitForEnd(Patience));
+    EXPECT_EQ(m_tree.read("a/x"), "second run");
+}
+
+TEST_F(FileCopyThread, DestinationThatAnotherProgramHoldsGetsNothing)
+{
+    m_tree.file("source/x", "data");
+    setJob({"x"}, {"a", "b"});
+    const auto other = m_host.volumeFiles().lockFolder(m_tree.path("a"), platform::Sharing::Exclusive);
+    ASSERT_TRUE(other);
+    useReport();
+    m_engine.StartBackup();
+    EXPECT_FALSE(m_tree.exists("a/x"));
+    EXPECT_EQ(m_tree.read("b/x"), "data");
+    EXPECT_FALSE(m_report->allDone());
+    EXPECT_EQ(report()["problems"][0]["reason"], "Another run is at work there");
+}
+
 } // namespace orvana

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -100,6 +101,44 @@ TEST_F(LogDataTest, RecordsOfSeveralThreadsStayWhole)
 TEST(LogDataFolder, IsDocumentsInTheHome)
 {
     EXPECT_EQ(LogData::documentsFolder("/home/anna"), "/home/anna/Documents");
+}
+
+TEST_F(LogDataTest, LogThatAnotherProcessHoldsGetsANumberAtItsEnd)
+{
+    m_log.initLogFile();
+    m_log.ToLogFile("mine");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        LogData other(m_home.path("Documents"), m_clock);
+        other.initLogFile();
+        other.ToLogFile("theirs");
+        ::_exit(other.number());
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 2);
+    EXPECT_EQ(m_home.read("Documents/20261121-102030-Log.txt"), "[2026/11/21 10:20:30]: mine\n");
+    EXPECT_EQ(m_home.read("Documents/20261121-102030-Log.txt-2"), "[2026/11/21 10:20:30]: theirs\n");
+}
+
+TEST_F(LogDataTest, RunsOfOneProgramInOneSecondShareTheirLog)
+{
+    m_log.initLogFile();
+    m_log.ToLogFile("first");
+    m_log.updataLogFileName();
+    m_log.ToLogFile("second");
+    EXPECT_EQ(m_log.logFile(), "20261121-102030-Log.txt");
+    EXPECT_NE(m_home.read("Documents/20261121-102030-Log.txt").find("second"), std::string::npos);
+}
+
+TEST_F(LogDataTest, LinkInThePlaceOfTheLogIsNotWrittenThrough)
+{
+    m_log.initLogFile();
+    m_home.file("precious", "mine");
+    m_home.link("Documents/20261121-102030-Log.txt", m_home.path("precious"));
+    m_log.ToLogFile("text");
+    EXPECT_EQ(m_home.read("precious"), "mine");
+    EXPECT_TRUE(m_log.hasLostRecords());
 }
 
 } // namespace orvana

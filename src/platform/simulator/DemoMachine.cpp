@@ -1,6 +1,7 @@
 #include "platform/simulator/DemoMachine.h"
 
 #include "foundation/DisplayPath.h"
+#include "platform/PrivateFolder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -59,8 +60,9 @@ constexpr const char *Demo = R"({
 
 tl::expected<std::string, std::string> writeDemo(const std::string &folder)
 {
+    if (const auto made = makePrivateFolder(folder); !made)
+        return tl::unexpected(made.error());
     std::error_code error;
-    fs::create_directories(folder, error);
     auto file = folder + "/machine.json";
     if (!fs::exists(file, error))
         std::ofstream(file, std::ios::binary) << Demo;

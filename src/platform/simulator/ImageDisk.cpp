@@ -2,10 +2,14 @@
 
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
+#include "platform/posix/Descriptor.h"
 #include "platform/posix/PosixCommandLauncher.h"
 
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -20,6 +24,15 @@ CommandLauncher::Result runTool(const std::string &path, const std::vector<std::
     return posix::PosixCommandLauncher().run(path, arguments);
 }
 
+// Tells the file from any other; empty for what is no regular file.
+std::string identityOf(const std::string &path)
+{
+    struct stat status{};
+    if (::lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
+}
+
 std::string firstWord(const std::string &output)
 {
     return output.substr(0, output.find_first_of(":\n"));
@@ -27,21 +40,36 @@ std::string firstWord(const std::string &output)
 
 } // namespace
 
-ImageDisk::ImageDisk(std::string image, std::uint64_t size) : m_image(std::move(image)), m_size(size) {}
+ImageDisk::ImageDisk(std::string image, std::uint64_t size, std::string mark)
+    : m_image(std::move(image)), m_size(size), m_mark(std::move(mark))
+{
+}
+
+// False when there is an image by now that the simulator did not make.
+bool ImageDisk::makeIfMissing() const
+{
+    const posix::Descriptor file(
+        ::open(m_image.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!file.isOpen())
+        return isOwn();
+    if (::ftruncate(file.number(), static_cast<off_t>(m_size)) != 0)
+        return false;
+    std::ofstream(m_mark) << identityOf(m_image) << '\n';
+    return isOwn();
+}
 
 // Whatever else a path names, a block device above all, is never touched.
-bool ImageDisk::isUsable() const
+bool ImageDisk::isOwn() const
 {
-    std::error_code error;
-    const auto status = fs::symlink_status(m_image, error);
-    if (fs::is_regular_file(status))
-        return true;
-    if (fs::exists(status))
-        return false;
-    std::ofstream file(m_image, std::ios::binary);
-    file.close();
-    fs::resize_file(m_image, m_size, error);
-    return !error;
+    std::string marked;
+    std::getline(std::ifstream(m_mark), marked);
+    return !marked.empty() && marked == identityOf(m_image);
+}
+
+bool ImageDisk::isEmpty() const
+{
+    struct stat status{};
+    return ::lstat(m_image.c_str(), &status) == 0 && status.st_blocks == 0;
 }
 
 std::string ImageDisk::loopDevice() const
@@ -55,16 +83,16 @@ bool ImageDisk::mount(const std::string &folder, const std::string &label) const
         systemLog(displayPath(m_image) + ": " + why);
         return false;
     };
-    if (!isUsable())
-        return refuse("not a regular file; no other device is used");
+    if (!makeIfMissing())
+        return refuse("not an image that the simulator made; nothing else is used");
+    const bool isBlank = isEmpty();
     auto device = loopDevice();
     if (device.empty())
         device = firstWord(runTool("/sbin/losetup", {"-f", "--show", m_image}).output);
     if (device.empty())
         return refuse("cannot be attached to a loop device");
-    const bool hasFileSystem = runTool("/sbin/blkid", {"-p", device}).status == 0;
     // A label over the format's 16 bytes is refused by the tool, never shortened.
-    if (!hasFileSystem && runTool("/sbin/mkfs.ext4", {"-q", "-L", label, device}).status != 0)
+    if (isBlank && runTool("/sbin/mkfs.ext4", {"-q", "-L", label, device}).status != 0)
         return refuse("cannot be formatted");
     fs::create_directories(folder);
     return runTool("/bin/mount", {device, folder}).status == 0 || refuse("cannot be mounted");
@@ -82,7 +110,7 @@ void ImageDisk::unmount(const std::string &folder) const
 void ImageDisk::wipe() const
 {
     std::error_code error;
-    if (!isUsable())
+    if (!isOwn())
         return;
     fs::resize_file(m_image, 0, error);
     fs::resize_file(m_image, m_size, error);

@@ -119,8 +119,7 @@ private:
 
 void checkName(const std::string &name, const std::string &where)
 {
-    if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos ||
-        name.find('\0') != std::string::npos)
+    if (!isVolumeName(name))
         reject(where, "\"" + name + "\" cannot be the name of a volume");
 }
 
@@ -284,6 +283,14 @@ Machine readAll(const Json &json)
 }
 
 } // namespace
+
+bool isVolumeName(const std::string &name)
+{
+    constexpr std::size_t LongestName =
+        240; // a number may be put behind it, and a folder's name has 255 bytes
+    return !name.empty() && name != "." && name != ".." && name.size() <= LongestName &&
+           name.find('/') == std::string::npos && name.find('\0') == std::string::npos;
+}
 
 tl::expected<MachineFile, std::string> readMachine(std::string_view text)
 {

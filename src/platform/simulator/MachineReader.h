@@ -18,6 +18,9 @@ struct MachineFile
     Machine machine;
 };
 
+/// True for a text that can be the name of a volume's folder.
+bool isVolumeName(const std::string &name);
+
 /// Reads the description. The error names the entry by its path and says what is wrong with it; nothing of a
 /// wrong file is used.
 tl::expected<MachineFile, std::string> readMachine(std::string_view text);

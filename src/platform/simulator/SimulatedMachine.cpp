@@ -2,6 +2,7 @@
 
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
+#include "platform/PrivateFolder.h"
 
 #include <algorithm>
 #include <chrono>
@@ -124,8 +125,16 @@ tl::expected<std::unique_ptr<SimulatedMachine>, std::string> SimulatedMachine::o
     auto content = readMachine(*text);
     if (!content)
         return tl::unexpected(displayPath(file) + ": " + content.error());
-    return std::unique_ptr<SimulatedMachine>(
-        new SimulatedMachine(file, std::move(*content), std::move(*text)));
+    if (const auto made = makePrivateFolder(file + ".volumes"); !made)
+        return tl::unexpected(made.error());
+    const FileLock lock(file);
+    try {
+        return std::unique_ptr<SimulatedMachine>(
+            new SimulatedMachine(file, std::move(*content), std::move(*text)));
+    } catch (const std::exception &error) {
+        return tl::unexpected(displayPath(file) +
+                              ": its volumes cannot be made: " + displayPath(error.what()));
+    }
 }
 
 SimulatedMachine::SimulatedMachine(std::string file, MachineFile content, std::string text)
@@ -164,6 +173,16 @@ void SimulatedMachine::apply(MachineFile content)
 
 bool SimulatedMachine::refresh()
 {
+    const auto text = textOfFile(m_file);
+    if (!text || *text == m_text || *text == m_rejected)
+        return false;
+    // Who wrote it may still be moving the volumes.
+    const FileLock lock(m_file);
+    return refreshLocked();
+}
+
+bool SimulatedMachine::refreshLocked()
+{
     auto text = textOfFile(m_file);
     if (!text || *text == m_text || *text == m_rejected)
         return false;
@@ -182,7 +201,7 @@ SimulatedMachine::Outcome SimulatedMachine::change(const std::function<void(Json
                                                    const std::function<void()> &onceAccepted)
 {
     const FileLock lock(m_file);
-    refresh();
+    refreshLocked();
     Json next = *m_json;
     edit(next);
     auto text = next.dump(2) + "\n";

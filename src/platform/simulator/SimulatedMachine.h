@@ -62,6 +62,7 @@ private:
 
     int numberOf(const std::string &where);
     void apply(MachineFile content);
+    bool refreshLocked();
     Outcome
     change(const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
     void forgetNumbersOfDetached();

@@ -1,8 +1,12 @@
 #include "platform/simulator/SimulatedVolumes.h"
 
+#include "platform/PrivateFolder.h"
+#include "platform/simulator/MachineReader.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 
 namespace fs = std::filesystem;
 
@@ -100,13 +104,23 @@ void visitVolumes(const Machine &machine, Visit visit)
 
 SimulatedVolumes::SimulatedVolumes(std::string root) : m_root(std::move(root))
 {
-    for (const char *folder : {"/Volumes", "/Store", "/Users", "/Mounted"})
-        fs::create_directories(m_root + folder);
-    // Each file in "Mounted" is named after a volume's key and holds the name under "Volumes".
+    for (const char *folder : {"/Volumes", "/Store", "/Users", "/Mounted", "/Images"}) {
+        if (const auto made = makePrivateFolder(m_root + folder); !made)
+            throw std::runtime_error(made.error());
+    }
+    readMounted();
+}
+
+// Each file in "Mounted" is named after a volume's key and holds the name under "Volumes". What is no name of a
+// folder there is not believed.
+void SimulatedVolumes::readMounted()
+{
+    m_mounted.clear();
     for (const auto &entry : fs::directory_iterator(m_root + "/Mounted")) {
         std::ifstream file(entry.path());
         std::string name;
-        if (std::getline(file, name) && fs::is_directory(m_root + "/Volumes/" + name))
+        if (std::getline(file, name) && isVolumeName(name) &&
+            fs::is_directory(fs::symlink_status(m_root + "/Volumes/" + name)))
             m_mounted[entry.path().filename().native()] = name;
     }
 }
@@ -143,8 +157,10 @@ std::optional<ImageDisk> SimulatedVolumes::imageOf(const Disk &disk) const
 {
     if (!disk.image)
         return std::nullopt;
+    auto key = disk.where;
+    std::replace(key.begin(), key.end(), '/', '-');
     return ImageDisk((fs::path(m_root).parent_path() / *disk.image).native(),
-                     static_cast<std::uint64_t>(disk.size));
+                     static_cast<std::uint64_t>(disk.size), m_root + "/Images/" + key);
 }
 
 void SimulatedVolumes::mount(const Disk &disk, const Volume &volume)
@@ -181,6 +197,8 @@ void SimulatedVolumes::unmount(const Disk &disk, const Volume &volume)
 
 void SimulatedVolumes::agreeWith(const Machine &machine)
 {
+    // Another program may have mounted and renamed meanwhile.
+    readMounted();
     // First what goes, so that its names are free for what comes.
     visitVolumes(machine, [&](const Disk &disk, const Volume &volume, bool isThere) {
         const auto found = m_mounted.find(keyOf(volume));

@@ -18,7 +18,7 @@ public:
     /// `root` is made when it is missing.
     explicit SimulatedVolumes(std::string root);
 
-    /// Makes the folders agree with the machine: mounts, unmounts, renames, and fills volumes that are new. A
+    /// Makes the folders agree with the machine, which no other program may change meanwhile: mounts, unmounts, renames, and fills volumes that are new. A
     /// name that is taken gets " 1" behind it, or the next number.
     void agreeWith(const Machine &machine);
 
@@ -41,6 +41,7 @@ public:
     const std::string &root() const { return m_root; }
 
 private:
+    void readMounted();
     std::string placeOf(const Volume &volume) const;
     std::string freeName(const std::string &wanted) const;
     std::optional<ImageDisk> imageOf(const Disk &disk) const;

@@ -63,6 +63,55 @@ TEST_F(LinuxScan, TwoPortControllerBehindBridgeOneOrTwoHasNoBayButIsListed)
     EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none SN1", "none SN2"}));
 }
 
+TEST_F(LinuxScan, BridgesOfOtherNumbersThanAnEnclosuresNameNoBay)
+{
+    m_router = m_machine.addRouter(m_hostRouter, "1");
+    const auto upper = m_machine.addBridge(m_port, "0000:01:00.0");
+    for (const char slot : {'3', '4', '5', '6'}) {
+        const std::string number(1, slot);
+        const auto bridge = m_machine.addBridge(upper, "0000:02:0" + number + ".0");
+        m_machine.addSataDisk(m_machine.addAhci(bridge, "0000:2" + number + ":00.0", "0x1b21", "0x0612"), 0,
+                              {.node = "sd" + number, .serial = "SN" + number});
+    }
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none SN3", "none SN4", "none SN5", "none SN6"}));
+}
+
+TEST_F(LinuxScan, FurtherControllerBesideThoseOfAnEnclosureTakesAllBaysTheirNames)
+{
+    const auto upper = addEnclosure();
+    m_machine.addSataDisk(m_machine.controllerOf(upper, 0), 0, {.node = "sda", .serial = "SNA"});
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"Slot-A SNA"}));
+    m_machine.addAhci(m_machine.addBridge(upper, "0000:02:07.0"), "0000:27:00.0", "0x1b21", "0x0612");
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none SNA"}));
+}
+
+TEST_F(LinuxScan, ControllerWhoseBridgeIsMissingFromOneLookIsInNoBay)
+{
+    const auto upper = addEnclosure();
+    m_machine.addSataDisk(m_machine.controllerOf(upper, 3), 0, {.node = "sda", .serial = "SNA"});
+    auto devices = platform::linux_host::readDevices();
+    platform::linux_host::SystemFiles files;
+    files.mounts = m_machine.mountFile();
+    files.swaps = m_machine.swapFile();
+    files.devices = [&] {
+        platform::linux_host::DeviceList seen;
+        const auto all = platform::linux_host::readDevices();
+        for (const char *subsystem : {"pci", "thunderbolt", "block", "ata_port", "scsi", "devlink"}) {
+            for (const auto *device : all.ofSubsystem(subsystem)) {
+                if (device->path != upper + "/0000:02:03.0")
+                    seen.add(*device);
+            }
+        }
+        return seen;
+    };
+    platform::linux_host::LinuxMachine machine(files);
+    const auto look = machine.look();
+    std::vector<platform::RegistryEntryPtr> drivers;
+    look->tree.root->collect({"AppleAHCIDiskDriver", {}}, drivers);
+    ASSERT_EQ(drivers.size(), 1U);
+    EXPECT_EQ(drivers[0]->path().find("pci-bridge"), std::string::npos) << drivers[0]->path();
+}
+
 TEST_F(LinuxScan, EnclosureIsDescribedByItsRouter)
 {
     addEnclosure();

@@ -249,4 +249,65 @@ TEST_F(LinuxDiskNames, AnotherArrivalSerialOrPlaceIsAnotherDisk)
         EXPECT_EQ(m_names.numberOf(other), std::nullopt);
 }
 
+/// Which devices hold a path, by way of everything that lies between.
+class DevicesBeneath : public LinuxVolumes
+{
+protected:
+    std::set<std::string> beneath(const std::string &path)
+    {
+        return linux_host::devicesBeneath(look()->snapshot, path);
+    }
+};
+
+using Devices = std::set<std::string>;
+
+TEST_F(DevicesBeneath, PathLiesOnTheDeviceOfItsMount)
+{
+    addInternal("sda");
+    addInternal("sdb");
+    m_machine.mount("sda1", "/media/A");
+    m_machine.mount("sdb1", "/media/B");
+    EXPECT_EQ(beneath("/media/A/folder"), Devices{"sda1"});
+    EXPECT_EQ(beneath("/media/AB"), Devices{});
+}
+
+TEST_F(DevicesBeneath, WhatIsMountedBelowCountsToo)
+{
+    addInternal("sda");
+    addInternal("sdb");
+    m_machine.mount("sda1", "/media/A");
+    m_machine.mount("sdb1", "/media/A/inner/B");
+    EXPECT_EQ(beneath("/media/A"), (Devices{"sda1", "sdb1"}));
+    EXPECT_EQ(beneath("/media/A/inner"), (Devices{"sda1", "sdb1"}));
+    EXPECT_EQ(beneath("/media/A/other"), Devices{"sda1"});
+}
+
+TEST_F(DevicesBeneath, PoolLiesOnAllOfItsDevices)
+{
+    addInternal("sda");
+    addInternal("sdb");
+    m_machine.mountLine("36 1 0:30 / /media/pool rw - btrfs /dev/sda1 rw");
+    m_btrfs.folder("uuid/devices/sda1");
+    m_btrfs.folder("uuid/devices/sdb1");
+    EXPECT_EQ(beneath("/media/pool"), (Devices{"sda1", "sdb1"}));
+}
+
+TEST_F(DevicesBeneath, FileSystemThatShowsAnotherFolderLiesWhereThatLies)
+{
+    addInternal("sda");
+    m_machine.mount("sda1", "/media/A");
+    m_machine.mountLine("37 1 0:31 / /home/anna/view rw - fuse.bindfs /media/A/folder rw");
+    EXPECT_EQ(beneath("/home/anna/view"), Devices{"sda1"});
+}
+
+TEST_F(DevicesBeneath, LayersLieWhereEachOfThemLies)
+{
+    addInternal("sda");
+    addInternal("sdb");
+    m_machine.mount("sda1", "/media/A");
+    m_machine.mount("sdb1", "/media/B");
+    m_machine.mountLine("38 1 0:32 / /merged rw - overlay overlay rw,lowerdir=/media/A,upperdir=/media/B/up");
+    EXPECT_EQ(beneath("/merged/x"), (Devices{"sda1", "sdb1"}));
+}
+
 } // namespace orvana::test
