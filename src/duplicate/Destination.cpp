@@ -77,9 +77,32 @@ Expected<Folder *> Destination::holderOf(std::string_view beneathPath)
     auto opened = m_volume->openFolder(folder);
     if (!opened)
         return tl::unexpected(opened.error());
+    checkHolder();
     m_holder = std::move(*opened);
     m_holderPath = folder;
     return m_holder.get();
+}
+
+// Before the folder in hand is left: is it still at its path?
+void Destination::checkHolder()
+{
+    if (!m_holder || m_moved)
+        return;
+    const auto there = m_volume->attributes(m_holderPath, platform::Links::Follow, platform::Want::Basics);
+    const auto own = m_holder->attributes(".", platform::Links::Follow, platform::Want::Basics);
+    if (own && (!there || there->device != own->device || there->inode != own->inode))
+        m_moved = m_root + "/" + m_holderPath;
+}
+
+std::optional<std::string> Destination::movedFolder(Folder &anywhere)
+{
+    if (!m_volume)
+        return std::nullopt;
+    checkHolder();
+    const auto there = anywhere.attributes(m_root, platform::Links::Follow, platform::Want::Basics);
+    if (!there || !isRoot(*there))
+        return m_root;
+    return m_moved;
 }
 
 Expected<void> Destination::makeFolder(std::string_view beneathPath, const Attributes &like)

@@ -4,6 +4,7 @@
 #include "platform/VolumeFiles.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -67,6 +68,13 @@ public:
     platform::Expected<std::unique_ptr<platform::File>> openFile(const std::string &path,
                                                                  platform::Access access);
 
+    /// The path of a folder, the root included, that is not where it was any more: what was written through its
+    /// handle lies elsewhere. Nullopt when all are in their place. `anywhere` looks the root up.
+    std::optional<std::string> movedFolder(platform::Folder &anywhere);
+
+    /// The path beneath the volume; fails for one that lies elsewhere.
+    platform::Expected<std::string_view> placeOf(const std::string &path) const { return beneath(path); }
+
     /// Opens an existing file for writing, unless it is, or may be, a file of the source.
     platform::Expected<std::unique_ptr<platform::File>> openExisting(const std::string &path,
                                                                      const SourceFiles &sourceFiles);
@@ -76,6 +84,7 @@ public:
 
 private:
     platform::Expected<std::string_view> beneath(std::string_view path) const;
+    void checkHolder();
     platform::Expected<platform::Folder *> holderOf(std::string_view beneathPath);
     platform::Expected<void> makeFolder(std::string_view beneathPath, const platform::Attributes &like);
     platform::Expected<void> makeFolderWithParents(std::string_view beneathPath,
@@ -90,6 +99,7 @@ private:
     // The folder used last: files come folder by folder, and finding one is dearer than keeping it.
     std::string m_holderPath;
     std::unique_ptr<platform::Folder> m_holder;
+    std::optional<std::string> m_moved;
 
     std::vector<std::pair<std::string, platform::Attributes>> m_openToOwner;
 };

@@ -23,6 +23,21 @@ constexpr const char *Verifying = "Verifying File ...";
 constexpr const char *Failed = "Verifying File ... Failed";
 constexpr const char *Succeeded = "Verifying File ... Succeeded";
 
+// Files that are no longer may lie in their inode, whose memory nobody can drop.
+constexpr std::uint64_t SmallestBlock = 4096;
+
+// Drops what memory holds of the file; true when it was seen to be gone. Pages that another processor has just put
+// there can take a second try.
+bool dropped(File &file)
+{
+    for (int tries = 0; tries < 3; ++tries) {
+        file.dropCached(0, File::ToTheEnd);
+        if (file.isOutOfMemory())
+            return true;
+    }
+    return false;
+}
+
 class VerifyTimer
 {
 public:
@@ -57,6 +72,8 @@ int FileComparer::compare(const std::string &source, const OutArray &copies)
     const std::uint64_t size = attributes ? attributes->size : 0;
     m_sideBySide = size > BlockSize || m_diskIsRead;
     compareBlocks(**from, size);
+    if (isSourceChanged(**from))
+        noteChangedSource(source);
     noteResults(source);
     m_run.postMessage(Succeeded);
     return 1;
@@ -69,6 +86,7 @@ void FileComparer::openCopies(const std::string &source, const OutArray &copies)
         auto &copy = m_copies[i];
         copy.file.reset();
         copy.error.reset();
+        copy.sourceError.reset();
         copy.differences = 0;
         if (i >= copies.size() || !copies[i])
             continue;
@@ -95,16 +113,18 @@ void FileComparer::readFromDisk(std::size_t index, const std::string &source)
     auto &copy = m_copies[index];
     if (!copy.file)
         return;
-    const bool fromDisk = m_run.destination(index).traits().readsBackFromDisk;
-    m_run.report().verifiedFrom(index,
-                                fromDisk ? RunReport::VerifiedFrom::Disk : RunReport::VerifiedFrom::Cache);
+    const auto traits = m_run.destination(index).traits();
     const auto written = copy.file->finishWriteOut(0, File::ToTheEnd);
     if (!written && m_run.isCopiedHere(index))
         m_run.takeBack(index, source, written.error());
-    if (fromDisk) {
-        copy.file->dropCached(0, File::ToTheEnd);
-        m_diskIsRead = true;
-    }
+    // What is seen to be gone from memory is read from the disk; everything else may come from memory.
+    const bool isGone = !traits.isMemory && dropped(*copy.file);
+    m_diskIsRead = m_diskIsRead || isGone;
+    const auto size = copy.file->attributes();
+    const bool mayLieInItsInode = traits.keepsSmallFilesInInodes && (!size || size->size <= SmallestBlock);
+    m_run.report().verifiedFrom(index, isGone && traits.readsBackFromDisk && !mayLieInItsInode
+                                           ? RunReport::VerifiedFrom::Disk
+                                           : RunReport::VerifiedFrom::Cache);
 }
 
 void FileComparer::compareBlocks(File &from, std::uint64_t size)
@@ -125,7 +145,7 @@ void FileComparer::compareBlocks(File &from, std::uint64_t size)
         count = ahead;
     }
     if (!count)
-        tellUnreadableSource(offset);
+        tellUnreadableSource(count.error());
 }
 
 Expected<std::size_t> FileComparer::compareAndReadAhead(File &from, std::span<const std::byte> block,
@@ -173,11 +193,32 @@ void FileComparer::tellDifferences(std::uint64_t offset)
     }
 }
 
-void FileComparer::tellUnreadableSource(std::uint64_t offset)
+// The copies may be good; what cannot be read is the source.
+void FileComparer::tellUnreadableSource(const platform::FileError &error)
 {
-    for (auto &copy : m_copies)
-        copy.differsHere = copy.file != nullptr;
-    tellDifferences(offset);
+    for (auto &copy : m_copies) {
+        if (!copy.file)
+            continue;
+        m_run.postMessage(Failed);
+        copy.sourceError = error;
+    }
+}
+
+// Between the copy and the end of the comparison nobody may have written to the source.
+bool FileComparer::isSourceChanged(const File &from) const
+{
+    const auto &copied = m_run.sourceInHand();
+    const auto now = from.attributes();
+    return copied && (!now || now->device != copied->device || now->inode != copied->inode ||
+                      now->size != copied->size || now->modified != copied->modified);
+}
+
+void FileComparer::noteChangedSource(const std::string &source)
+{
+    for (std::size_t i = 0; i < m_copies.size(); ++i) {
+        if (m_copies[i].file && !m_run.hasFailed(i))
+            m_run.sourceChanged(i, source);
+    }
 }
 
 void FileComparer::noteResults(const std::string &source)
@@ -190,6 +231,8 @@ void FileComparer::noteResults(const std::string &source)
             continue;
         if (copy.error)
             m_run.report().unverified(i, source, "The copy cannot be read: " + copy.error->reason());
+        else if (copy.differences == 0 && copy.sourceError)
+            m_run.report().unverified(i, source, "The source cannot be read: " + copy.sourceError->reason());
         else if (copy.differences > 0)
             m_run.report().mismatched(i, source, copy.firstOffset, copy.differences);
         else

@@ -32,6 +32,7 @@ private:
         std::unique_ptr<std::byte[]> block;
         bool differsHere = false; ///< in the block in hand
         std::optional<platform::FileError> error;
+        std::optional<platform::FileError> sourceError;
         std::int64_t differences = 0;
         std::uint64_t firstOffset = 0;
     };
@@ -44,7 +45,9 @@ private:
                                                         std::uint64_t offset, int spare);
     void compareBlock(std::size_t index, std::span<const std::byte> block, std::uint64_t offset);
     void tellDifferences(std::uint64_t offset);
-    void tellUnreadableSource(std::uint64_t offset);
+    void tellUnreadableSource(const platform::FileError &error);
+    bool isSourceChanged(const platform::File &from) const;
+    void noteChangedSource(const std::string &source);
     void noteResults(const std::string &source);
 
     RunState &m_run;

@@ -25,12 +25,16 @@ namespace
 // Files above this size go to their disks range by range.
 constexpr std::uint64_t LargeFile = 64 * BlockSize;
 
+// A source that is written to while it is read is copied as far as this beyond the length that it had.
+constexpr std::uint64_t MostGrowth = 64 * BlockSize;
+
 } // namespace
 
-int FileDuplicator::copy(const std::string &source, const OutArray &copies, const Attributes &like,
-                         const std::vector<bool> &newFolders)
+int FileDuplicator::copy(const std::string &source, const OutArray &copies, const Attributes &like)
 {
-    m_newFolders = newFolders;
+    m_source = source;
+    m_written = 0;
+    m_isSourceChanged = false;
     m_run.startFile();
     createParents(copies, like);
     m_run.postMessage("Duplicating " + displayPath(source));
@@ -74,8 +78,10 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
 {
     const auto attributes = from.attributes();
     const std::uint64_t size = attributes ? attributes->size : 0;
-    if (attributes)
+    if (attributes) {
         m_run.sourceFiles().addDevice(attributes->device);
+        m_run.rememberSource(*attributes);
+    }
     m_run.countStartedFile(size);
     WorkerThread::exitIfCancelled();
     const auto count = from.read(m_run.block(0), 0);
@@ -83,10 +89,13 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
         openOutputs(copies, like, nullptr);
         tellNewErrors(source);
         copyBlocks(from, source, size, count);
+        m_isSourceChanged = hasSourceChanged(from, m_written);
         return;
     }
     // Less than a block is the whole file, and it is created, written and closed in one go.
     const Block block = m_run.block(0).first(*count);
+    m_written = *count;
+    m_isSourceChanged = hasSourceChanged(from, *count);
     openOutputs(copies, like, &block);
     tellNewErrors(source);
     if (*count > 0)
@@ -105,13 +114,25 @@ void FileDuplicator::copyBlocks(File &from, const std::string &source, std::uint
         noteInMemory(offset, *count, size > LargeFile);
         tellNewErrors(source);
         offset += *count;
+        m_written = offset;
         m_run.postFileProgress(offset, size);
         WorkerThread::exitIfCancelled();
         inHand = 1 - inHand;
         count = ahead;
+        if (offset > size + MostGrowth)
+            return; // a source that grows without end
     }
     if (!count)
         failAll(count.error());
+}
+
+// The copy is one of its source only when nobody wrote to that while it was read.
+bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead) const
+{
+    const auto &before = m_run.sourceInHand();
+    const auto after = from.attributes();
+    return !before || !after || after->device != before->device || after->inode != before->inode ||
+           after->size != before->size || after->modified != before->modified || bytesRead != before->size;
 }
 
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)
@@ -137,18 +158,47 @@ FileDuplicator::Output FileDuplicator::openOutput(std::size_t index, const std::
     auto &destination = m_run.destination(index);
     Output output;
     auto file = destination.createFile(copy, like);
-    // What is there is written over as it is, and keeps what it has beyond the source's end.
-    if (!file && file.error().problem == FileProblem::Exists) {
-        file = destination.openExisting(copy, m_run.sourceFiles());
-        // A link to nowhere is no file: it counts as one that could not be created.
-        output.existed = file || file.error().problem != FileProblem::NotFound;
-        output.isSecondOfItsName = output.existed && index < m_newFolders.size() && m_newFolders[index];
-    }
-    if (file)
+    if (file) {
+        if (const auto made = (*file)->attributes())
+            m_run.written(index).add(*made, m_source);
         output.file = std::move(*file);
-    else // what stood in the way of its folder stands in the way of the file
+    } else if (file.error().problem == FileProblem::Exists) {
+        openExisting(index, copy, output);
+    } else {
+        // What stood in the way of its folder stands in the way of the file.
         output.error = m_parentErrors[index].value_or(file.error());
+    }
     return output;
+}
+
+// A file that is there is written over as it is, and keeps what it has beyond the source's end. A file of this run
+// that another source went to is left alone.
+void FileDuplicator::openExisting(std::size_t index, const std::string &copy, Output &output)
+{
+    auto &destination = m_run.destination(index);
+    const auto place = destination.placeOf(copy);
+    const auto owner = place ? m_run.written(index).ownerOf(*destination.volume(), *place, m_source)
+                             : WrittenFiles::Owner::Nobody;
+    if (owner == WrittenFiles::Owner::OtherSource) {
+        output.existed = true;
+        output.error = FileError{FileProblem::SameFile, 0};
+        output.otherName = WrittenFiles::otherNameOf(*destination.volume(), *place);
+        return;
+    }
+    auto file = destination.openExisting(copy, m_run.sourceFiles());
+    if (file) {
+        output.existed = true;
+        if (const auto there = (*file)->attributes())
+            m_run.written(index).add(*there, m_source);
+        output.file = std::move(*file);
+        return;
+    }
+    output.isDoneBefore = owner == WrittenFiles::Owner::SameSource;
+    if (output.isDoneBefore)
+        return; // it was made read-only by its first copy, which is whole
+    // A link to nowhere is no file: it counts as one that could not be created.
+    output.existed = file.error().problem != FileProblem::NotFound;
+    output.error = m_parentErrors[index].value_or(file.error());
 }
 
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,
@@ -207,14 +257,25 @@ void FileDuplicator::tellNewErrors(const std::string &source)
         if (!output.error || std::exchange(output.isTold, true))
             continue;
         if (!output.file && output.existed)
-            m_run.fileFailed(i, source,
-                             (output.error->problem == FileProblem::OfSource
-                                  ? "The existing file is left alone: "
-                                  : "The existing file cannot be opened: ") +
-                                 output.error->reason());
+            tellOutcome(i, source);
         else
             m_run.cannotDuplicate(i, source, *output.error);
     }
+}
+
+// Why an existing file was not opened.
+void FileDuplicator::tellOutcome(std::size_t index, const std::string &source)
+{
+    const auto &output = m_outputs[index];
+    const auto reason = output.error->reason();
+    if (output.error->problem == FileProblem::SameFile)
+        m_run.fileFailed(index, source,
+                         reason + (output.otherName.empty() ? "" : ", called " + displayPath(output.otherName)),
+                         RunReport::Failure::SameFile);
+    else if (output.error->problem == FileProblem::OfSource)
+        m_run.fileFailed(index, source, "The existing file is left alone: " + reason);
+    else
+        m_run.fileFailed(index, source, "The existing file cannot be opened: " + reason);
 }
 
 void FileDuplicator::closeOutput(std::size_t index)
@@ -227,9 +288,17 @@ void FileDuplicator::closeOutput(std::size_t index)
         if (const auto moved = pump->leave(*output.file); !moved && !output.error)
             output.error = moved.error();
     }
+    if (output.existed && !output.error) {
+        if (const auto copy = output.file->attributes(); copy && copy->size > m_written)
+            output.tail = copy->size - m_written;
+    }
+    if (m_run.destination(index).traits().needsFileSync) {
+        if (const auto synced = output.file->sync(); !synced && !output.error)
+            output.error = synced.error();
+    }
     if (const auto closed = output.file->close(); !closed && !output.error)
         output.error = closed.error();
-    if (!output.error && !output.isSecondOfItsName)
+    if (!output.error && !output.tail && !m_isSourceChanged)
         m_run.fileCopied(index);
 }
 
@@ -248,8 +317,16 @@ void FileDuplicator::closeOutputs(const std::string &source)
         closeOutput(i);
     tellNewErrors(source);
     for (std::size_t i = 0; i < m_outputs.size(); ++i) {
-        if (m_outputs[i].isSecondOfItsName && !m_outputs[i].error)
-            m_run.fileFailed(i, source, "Another file of this run has this name here");
+        const auto &output = m_outputs[i];
+        if (!output.file || output.error)
+            continue;
+        if (m_isSourceChanged)
+            m_run.sourceChanged(i, source);
+        else if (output.tail)
+            m_run.fileFailed(i, source,
+                             "The copy holds " + std::to_string(*output.tail) +
+                                 " bytes of an older file behind it",
+                             RunReport::Failure::KeptTail);
     }
     m_outputs.clear();
 }

@@ -25,11 +25,8 @@ public:
     FileDuplicator &operator=(const FileDuplicator &) = delete;
 
     /// `like` are the attributes that new copies, and folders missing above them, are given. Returns 1, or
-    /// -1 when the source cannot be opened. Ends the thread when it is cancelled. A file that exists already
-    /// where `newFolders` says that its folder is new is another one of this run, whose name the volume does
-    /// not tell from this one.
-    int copy(const std::string &source, const OutArray &copies, const platform::Attributes &like,
-             const std::vector<bool> &newFolders);
+    /// -1 when the source cannot be opened. Ends the thread when it is cancelled.
+    int copy(const std::string &source, const OutArray &copies, const platform::Attributes &like);
 
 private:
     using Block = std::span<const std::byte>;
@@ -39,7 +36,9 @@ private:
         std::unique_ptr<platform::File> file;
         std::optional<platform::FileError> error; ///< the first one; no more is written then
         bool existed = false;                     ///< the error came up in opening what was there already
-        bool isSecondOfItsName = false;           ///< its bytes went over another file of this run
+        std::optional<std::uint64_t> tail;        ///< bytes of an older file behind the copy's end
+        bool isDoneBefore = false;                ///< the same source was copied there earlier in this run
+        std::string otherName;                    ///< with SameFile: what the file is called there
         bool isClosed = false;
         bool isTold = false; ///< the error was reported
     };
@@ -52,6 +51,9 @@ private:
                     platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);
     Output openOutput(std::size_t index, const std::string &copy, const platform::Attributes &like);
+    void openExisting(std::size_t index, const std::string &copy, Output &output);
+    bool hasSourceChanged(const platform::File &from, std::uint64_t bytesRead) const;
+    void tellOutcome(std::size_t index, const std::string &source);
     platform::Expected<std::size_t> writeAndReadAhead(platform::File &from, Block block, std::uint64_t offset,
                                                       int spare);
     void writeTo(std::size_t index, Block block, std::uint64_t offset);
@@ -65,7 +67,9 @@ private:
     RunState &m_run;
     FileComparer &m_comparer;
     std::vector<Output> m_outputs;
-    std::vector<bool> m_newFolders;
+    std::string m_source;
+    std::uint64_t m_written = 0;   ///< bytes of the source that were read and handed on
+    bool m_isSourceChanged = false; ///< known before the outputs are closed
     std::vector<std::optional<platform::FileError>> m_parentErrors;
 };
 

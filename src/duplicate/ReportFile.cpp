@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <nlohmann/json.hpp>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -33,6 +34,12 @@ bool copyAll(std::FILE *from, std::FILE *to)
     return std::ferror(from) == 0;
 }
 
+bool isThere(const std::string &path)
+{
+    struct stat status{};
+    return ::lstat(path.c_str(), &status) == 0;
+}
+
 // A link never replaces a report of the same second, where a rename would.
 std::string giveFreeName(const std::string &unfinished, const std::string &base, int number)
 {
@@ -40,11 +47,16 @@ std::string giveFreeName(const std::string &unfinished, const std::string &base,
         auto path = base + (number > 1 ? "-" + std::to_string(number) : "") + ".json";
         if (::link(unfinished.c_str(), path.c_str()) == 0)
             return path;
-        // Some file systems know no second name for a file.
-        if (errno != EEXIST &&
-            ::renameat2(AT_FDCWD, unfinished.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0)
+        if (errno == EEXIST)
+            continue;
+        // Some file systems know no second name for a file, and some no rename that keeps what is there.
+        if (::renameat2(AT_FDCWD, unfinished.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0)
             return path;
-        if (errno != EEXIST)
+        if (errno == EEXIST)
+            continue;
+        if (!isThere(path) && ::rename(unfinished.c_str(), path.c_str()) == 0)
+            return path;
+        if (!isThere(path))
             break;
     }
     return {};
@@ -59,34 +71,44 @@ void ReportFile::addProblem(const Json &problem)
     const bool first = !m_problems;
     if (first)
         m_problems.reset(openNamelessFile(m_folder));
-    if (m_problems)
-        std::fprintf(m_problems.get(), "%s    %s", first ? "\n" : ",\n", problem.dump().c_str());
+    if (!m_problems ||
+        std::fprintf(m_problems.get(), "%s    %s", first ? "\n" : ",\n", problem.dump().c_str()) < 0)
+        m_hasLost = true;
 }
 
-bool ReportFile::writeAll(const Json &summary, const std::string &path)
+bool ReportFile::writeList(const char *name, std::FILE *to)
+{
+    std::fprintf(to, ",\n  \"%s\": [", name);
+    if (m_problems && !copyAll(m_problems.get(), to))
+        return false;
+    return std::fprintf(to, "%s]", m_problems ? "\n  " : "") > 0;
+}
+
+bool ReportFile::writeAll(const Json &summary, ReportFile &leftOut, const std::string &path)
 {
     const int number = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0644);
     if (number < 0)
         return false;
-    const FileHandle file(::fdopen(number, "w"));
-    // The problems become the summary's last member, without ever being in memory together.
+    FileHandle file(::fdopen(number, "w"));
+    // The lists become the summary's last members, without ever being in memory.
     std::string head = summary.dump(2);
     head.erase(head.rfind("\n}"));
-    std::fprintf(file.get(), "%s,\n  \"problems\": [", head.c_str());
-    if (m_problems && !copyAll(m_problems.get(), file.get()))
+    std::fprintf(file.get(), "%s", head.c_str());
+    if (!leftOut.writeList("leftOutItems", file.get()) || !writeList("problems", file.get()))
         return false;
-    std::fprintf(file.get(), "%s]\n}\n", m_problems ? "\n  " : "");
-    return std::fflush(file.get()) == 0 && std::ferror(file.get()) == 0;
+    std::fprintf(file.get(), "\n}\n");
+    const bool isWhole = std::fflush(file.get()) == 0 && std::ferror(file.get()) == 0;
+    return std::fclose(file.release()) == 0 && isWhole;
 }
 
-std::string ReportFile::write(const Json &summary, const std::string &stamp, int number)
+std::string ReportFile::write(const Json &summary, ReportFile &leftOut, const std::string &stamp, int number)
 {
     if (m_folder.empty())
         return {};
     const std::string base = m_folder + "/" + stamp + "-Report";
     const std::string unfinished = base + "." + std::to_string(::getpid()) + ".part";
     std::string path;
-    if (writeAll(summary, unfinished))
+    if (writeAll(summary, leftOut, unfinished))
         path = giveFreeName(unfinished, base, number);
     if (path.empty())
         systemLog("The run report could not be written: " + std::generic_category().message(errno));

@@ -20,9 +20,12 @@ public:
 
     void addProblem(const Json &problem);
 
-    /// Writes `summary` with the problems as "<stamp>-Report.json", or with "-2" and so on behind it, from
+    /// True when a problem could not be kept.
+    bool hasLostProblems() const { return m_hasLost; }
+
+    /// Writes `summary` with the problems, and those of `leftOut` as a list of their own, as "<stamp>-Report.json", or with "-2" and so on behind it, from
     /// `number` on, when that name is taken. Returns the path, or an empty text when it could not be written.
-    std::string write(const Json &summary, const std::string &stamp, int number = 1);
+    std::string write(const Json &summary, ReportFile &leftOut, const std::string &stamp, int number = 1);
 
 private:
     struct CloseFile
@@ -31,10 +34,12 @@ private:
     };
     using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-    bool writeAll(const Json &summary, const std::string &path);
+    bool writeAll(const Json &summary, ReportFile &leftOut, const std::string &path);
+    bool writeList(const char *name, std::FILE *to);
 
     const std::string m_folder;
     FileHandle m_problems;
+    bool m_hasLost = false;
 };
 
 } // namespace orvana

@@ -38,6 +38,21 @@ Json countsOf(const DestinationTally &tally)
     return counts;
 }
 
+const char *kindOf(RunReport::Failure failure)
+{
+    switch (failure) {
+    case RunReport::Failure::Failed:
+        return "failed";
+    case RunReport::Failure::KeptTail:
+        return "keptTail";
+    case RunReport::Failure::SourceChanged:
+        return "sourceChanged";
+    case RunReport::Failure::SameFile:
+        break;
+    }
+    return "sameFile";
+}
+
 bool isFailure(const DiskEntry &entry)
 {
     return entry.outcome == DiskOutcome::EraseFailed || entry.outcome == DiskOutcome::Refused;
@@ -46,7 +61,7 @@ bool isFailure(const DiskEntry &entry)
 } // namespace
 
 RunReport::RunReport(std::string folder, std::string stamp, const Clock &clock, int number)
-    : m_stamp(std::move(stamp)), m_number(number), m_clock(clock), m_file(std::move(folder)),
+    : m_stamp(std::move(stamp)), m_number(number), m_clock(clock), m_file(folder), m_leftOutFile(std::move(folder)),
       m_started(localTime(clock.now(), TimeLayout))
 {
 }
@@ -98,10 +113,21 @@ void RunReport::addProblem(const char *kind, std::size_t index, std::string_view
         m_file.addProblem(problem);
 }
 
-void RunReport::failed(std::size_t index, std::string_view file, std::string_view reason)
+void RunReport::failed(std::size_t index, std::string_view file, std::string_view reason, Failure failure)
 {
     ++destination(index).failed;
-    addProblem("failed", index, file, {{"reason", reason}});
+    addProblem(kindOf(failure), index, file, {{"reason", reason}});
+}
+
+void RunReport::leftOut(std::string_view item, std::string_view rule)
+{
+    ++m_leftOut;
+    Json problem = {{"kind", "leftOut"}};
+    putPath(problem, "file", item);
+    problem["reason"] = rule;
+    const std::lock_guard lock(m_mutex);
+    if (!m_finished)
+        m_leftOutFile.addProblem(problem);
 }
 
 void RunReport::mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset,
@@ -120,13 +146,22 @@ void RunReport::unverified(std::size_t index, std::string_view file, std::string
 void RunReport::verifiedFrom(std::size_t index, VerifiedFrom from)
 {
     const std::lock_guard lock(m_mutex);
-    m_destinations.at(index).verifiedFrom = from == VerifiedFrom::Disk ? "disk" : "cache";
+    auto &known = m_destinations.at(index).verifiedFrom;
+    if (known != "cache")
+        known = from == VerifiedFrom::Disk ? "disk" : "cache";
 }
 
 void RunReport::onDisk(std::size_t index)
 {
     const std::lock_guard lock(m_mutex);
     m_destinations.at(index).onDisk = true;
+}
+
+void RunReport::inMemory(std::size_t index)
+{
+    const std::lock_guard lock(m_mutex);
+    m_destinations.at(index).onDisk = true;
+    m_destinations.at(index).isMemory = true;
 }
 
 void RunReport::notOnDisk(std::size_t index, std::string_view reason)
@@ -184,6 +219,8 @@ Json RunReport::destinations() const
         entry["verifiedFrom"] = state.verifiedFrom;
         entry["slowest"] = &state.tally == slowest();
         entry["onDisk"] = state.onDisk;
+        if (state.isMemory)
+            entry["onDisk"] = "memory";
         if (!state.onDisk) {
             // What only memory is known to hold does not count as done.
             entry["notKnownToBeOnDisk"] = std::exchange(entry["copied"], 0);
@@ -245,7 +282,7 @@ bool RunReport::isOnDisk(std::size_t index) const
 
 Json RunReport::summary(RunOutcome outcome) const
 {
-    Json head = {{"version", 1},
+    Json head = {{"version", 2},
                  {"program", "Orvana Plurimo " PLURIMO_VERSION},
                  {"started", m_started},
                  {"ended", localTime(m_clock.now(), TimeLayout)},
@@ -267,7 +304,7 @@ void RunReport::finish(RunOutcome outcome)
 {
     const std::lock_guard lock(m_mutex);
     if (!std::exchange(m_finished, true))
-        m_path = m_file.write(summary(outcome), m_stamp, m_number);
+        m_path = m_file.write(summary(outcome), m_leftOutFile, m_stamp, m_number);
 }
 
 } // namespace orvana

@@ -74,8 +74,21 @@ public:
     DestinationTally &destination(std::size_t index);
     std::size_t destinationCount() const;
 
+    /// What became of a file that is not on a destination as it should be.
+    enum class Failure {
+        Failed,        ///< it could not be brought there
+        KeptTail,      ///< the copy holds bytes of an older, longer file behind its end
+        SourceChanged, ///< the source was written to meanwhile
+        SameFile,      ///< its name leads to the copy of another file
+    };
+
     /// `file` could not be brought to the destination, for `reason`.
-    void failed(std::size_t index, std::string_view file, std::string_view reason);
+    void failed(std::size_t index, std::string_view file, std::string_view reason,
+                Failure failure = Failure::Failed);
+
+    /// `item` of the source was left out, by `rule`.
+    void leftOut(std::string_view item, std::string_view rule);
+    std::int64_t leftOutCount() const { return m_leftOut; }
 
     /// `blocks` blocks of the copy of `file` differ, the first at byte `firstOffset`.
     void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
@@ -84,11 +97,15 @@ public:
     void unverified(std::size_t index, std::string_view file, std::string_view reason);
 
     /// Reading back showed what the disk holds, or only what memory holds.
+    /// Cache, once said, stays.
     enum class VerifiedFrom { Disk, Cache };
     void verifiedFrom(std::size_t index, VerifiedFrom from);
 
     /// What was written to the destination is on its disk. Until this is said it does not count as done.
     void onDisk(std::size_t index);
+
+    /// All that the destination has is memory, and what was written to it is there.
+    void inMemory(std::size_t index);
 
     /// What was written to the destination is not known to be on its disk, for `reason`.
     void notOnDisk(std::size_t index, std::string_view reason);
@@ -98,7 +115,6 @@ public:
 
     void fileStarted(std::uint64_t bytes);
     void blockCompared(std::uint64_t bytes) { m_comparedBytes += bytes; }
-    void itemLeftOut() { ++m_leftOut; }
     void phaseTimes(const PhaseTimes &times);
 
     /// Writes the report, once; later calls change nothing.
@@ -141,6 +157,7 @@ private:
         std::string notOnDiskReason = "the run ended before the final sync";
         std::string verifiedFrom = "none";
         bool onDisk = false;
+        bool isMemory = false; ///< with `onDisk`
     };
 
     void addProblem(const char *kind, std::size_t index, std::string_view file, const Json &detail);
@@ -160,6 +177,7 @@ private:
 
     mutable std::mutex m_mutex;
     ReportFile m_file;
+    ReportFile m_leftOutFile; ///< only its list
     std::string m_source;
     bool m_verify = false;
     std::string m_started;

@@ -29,6 +29,7 @@ RunState::RunState(RunContext context, CopyJob job)
       m_sources(m_context.host.volumeFiles().workingFolder()), m_sourceFiles(m_sources, m_job.SrcFileArray)
 {
     m_destinations.reserve(m_job.DesFileArray.size());
+    m_written.resize(m_job.DesFileArray.size());
     for (std::size_t i = 0; i < m_job.DesFileArray.size(); ++i) {
         auto &destination = m_destinations.emplace_back(m_context.host.volumeFiles(), m_job.DesFileArray[i]);
         if (i < m_job.expectedRoots.size())
@@ -104,8 +105,16 @@ void RunState::cannotDuplicate(std::size_t index, const std::string &source, con
     fileFailed(index, source, error.reason());
 }
 
+void RunState::sourceChanged(std::size_t index, const std::string &source)
+{
+    if (std::exchange(m_copiedHere[index], char{0}) != 0)
+        --tally(index).copied;
+    fileFailed(index, source, "The source was written to meanwhile", RunReport::Failure::SourceChanged);
+}
+
 void RunState::startFile()
 {
+    m_sourceInHand.reset();
     m_failedHere.assign(destinationCount(), 0);
     m_copiedHere.assign(destinationCount(), 0);
 }
@@ -123,20 +132,34 @@ void RunState::takeBack(std::size_t index, const std::string &source, const plat
     cannotDuplicate(index, source, error);
 }
 
-void RunState::fileFailed(std::size_t index, const std::string &source, const std::string &reason)
+void RunState::fileFailed(std::size_t index, const std::string &source, const std::string &reason,
+                          RunReport::Failure failure)
 {
     if (index < m_failedHere.size())
         m_failedHere[index] = 1;
-    report().failed(index, source, reason);
+    report().failed(index, source, reason, failure);
 }
 
 void RunState::noteSync(std::size_t index, const WriteOutPump::Outcome &outcome)
 {
     tally(index).syncNanoseconds = outcome.nanoseconds;
     if (outcome.result)
-        report().onDisk(index);
+        noteEnd(index);
     else
         report().notOnDisk(index, outcome.result.error().reason());
+}
+
+// What was written is on its way, or arrived; but it counts only in the place where the user looks for it.
+void RunState::noteEnd(std::size_t index)
+{
+    auto &destination = m_destinations[index];
+    const auto moved = destination.movedFolder(m_sources);
+    if (moved)
+        report().notOnDisk(index, displayPath(*moved) + " was moved away in mid-run");
+    else if (destination.traits().isMemory)
+        report().inMemory(index);
+    else
+        report().onDisk(index);
 }
 
 void RunState::finishDestinations()

@@ -6,6 +6,7 @@
 #include "duplicate/RunReport.h"
 #include "duplicate/SourceFiles.h"
 #include "duplicate/WriteOutPump.h"
+#include "duplicate/WrittenFiles.h"
 #include "foundation/NotificationCenter.h"
 
 #include <chrono>
@@ -86,7 +87,18 @@ public:
     void takeBack(std::size_t index, const std::string &source, const platform::FileError &error);
 
     /// Notes in the report that `source` does not get to the destination at `index`.
-    void fileFailed(std::size_t index, const std::string &source, const std::string &reason);
+    void fileFailed(std::size_t index, const std::string &source, const std::string &reason,
+                    RunReport::Failure failure = RunReport::Failure::Failed);
+
+    /// The file in hand, counted as copied, is no copy of its source any more, which was written to.
+    void sourceChanged(std::size_t index, const std::string &source);
+
+    /// What the run has written to the destination. Used by a lane for its own destination.
+    WrittenFiles &written(std::size_t index) { return m_written[index]; }
+
+    /// The source of the file in hand as it was before it was read.
+    void rememberSource(const platform::Attributes &source) { m_sourceInHand = source; }
+    const std::optional<platform::Attributes> &sourceInHand() const { return m_sourceInHand; }
 
     /// True when the file in hand was noted as failed there.
     bool hasFailed(std::size_t index) const { return index < m_failedHere.size() && m_failedHere[index]; }
@@ -100,6 +112,7 @@ public:
     void addVerifyTime(std::chrono::nanoseconds time) { m_verifyTime += time; }
 
 private:
+    void noteEnd(std::size_t index);
     void noteSync(std::size_t index, const WriteOutPump::Outcome &outcome);
     void post(const char *name, const char *key, Notification::Value value) const;
 
@@ -111,6 +124,8 @@ private:
     std::int64_t m_indexOfBackup = 0;
     std::vector<Destination> m_destinations;
     std::vector<DestinationTally *> m_tallies;
+    std::vector<WrittenFiles> m_written;
+    std::optional<platform::Attributes> m_sourceInHand;
     std::vector<std::unique_ptr<WriteOutPump>> m_pumps;
     std::unique_ptr<Lanes> m_lanes;
     std::size_t m_helpers = 0;

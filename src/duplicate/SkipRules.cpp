@@ -24,8 +24,15 @@ SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
         verdict.attributes = *read;
     const bool isLink = verdict.attributes && verdict.attributes->type == FileType::SymbolicLink;
     const bool isHidden = verdict.attributes && verdict.attributes->hiddenExtension;
-    verdict.skip = isLink || (!belongsToPackage(pathOrName) && isHidden && !m_includeHidden) ||
-                   m_reserved.contains(pathOrName);
+    if (isLink)
+        verdict.rule = "it is a symbolic link";
+    else if (!belongsToPackage(pathOrName) && isHidden && !m_includeHidden)
+        verdict.rule = "its extension is hidden";
+    else if (m_reserved.contains(pathOrName))
+        verdict.rule = "its place is one that is never copied";
+    else
+        return verdict;
+    verdict.skip = true;
     return verdict;
 }
 

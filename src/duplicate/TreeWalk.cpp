@@ -16,6 +16,13 @@ using platform::Links;
 using platform::NameList;
 using platform::Want;
 
+namespace
+{
+
+constexpr const char *LeadsIntoDestination = "it leads into a destination";
+
+} // namespace
+
 /// The folders between the start of a walk and the entry in hand. A list instead of a recursion: a tree may
 /// be deeper than a stack. Leaving a folder, also when the run is cancelled, closes it to its owner again
 /// where its permissions say so.
@@ -66,9 +73,6 @@ public:
         std::size_t m_length;
         bool m_isEntered = false;
     };
-
-    /// On which destinations the folder in hand is new.
-    const std::vector<bool> &made() const { return m_levels.back().made; }
 
     /// Goes on to the entry `name` of the folder in hand.
     void append(std::string_view name)
@@ -183,7 +187,7 @@ void TreeWalk::copySelected(const std::string &item)
     const auto copies = copiesOf(item);
     const bool isLink = attributes.type == FileType::SymbolicLink;
     if (isLink && liesInDestination(item)) {
-        m_run.report().itemLeftOut();
+        m_run.report().leftOut(item, LeadsIntoDestination);
         return;
     }
     if (const auto target = followed(item); !target || target->type != FileType::Folder) {
@@ -200,18 +204,17 @@ void TreeWalk::copySelected(const std::string &item)
         const Attributes &like;
         ~Protect() { walk.protectFolders(copies, made, like); }
     } const protect{*this, copies, made, attributes};
-    copyListedEntries(item, copies, made);
+    copyListedEntries(item, copies);
 }
 
-void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copies,
-                                 const std::vector<bool> &made)
+void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copies)
 {
     for (auto names = listOf(folder, copies); !names.empty();) {
         WorkerThread::exitIfCancelled();
         const std::string name(names.takeNext());
         // Tested by its bare name, so a link directly in a ticked folder is not left out.
-        if (m_rules.examine(name).skip) {
-            m_run.report().itemLeftOut();
+        if (const auto verdict = m_rules.examine(name); verdict.skip) {
+            m_run.report().leftOut(folder + "/" + name, verdict.rule);
             continue;
         }
         OutArray entryCopies = copies;
@@ -219,30 +222,24 @@ void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copi
             if (copy)
                 copy->append("/").append(name);
         }
-        copyItem(std::string(folder).append("/").append(name), entryCopies, made);
+        copyItem(std::string(folder).append("/").append(name), entryCopies);
     }
 }
 
 int TreeWalk::copyItem(const std::string &source, const OutArray &copies)
 {
-    return copyItem(source, copies, std::vector<bool>());
-}
-
-int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const std::vector<bool> &newFolders)
-{
     const auto attributes = m_run.sources().attributes(source, Links::DoNotFollow, Want::HiddenExtension);
-    return copyItem(source, copies, attributes.value_or(Attributes()), newFolders);
+    return copyItem(source, copies, attributes.value_or(Attributes()));
 }
 
-int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const Attributes &attributes,
-                       const std::vector<bool> &newFolders)
+int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const Attributes &attributes)
 {
     const bool isLink = attributes.type == FileType::SymbolicLink;
     const auto target = isLink ? followed(source) : attributes;
     if (!target || target->type != FileType::Folder)
-        return m_duplicator.copy(source, copies, attributes, newFolders);
+        return m_duplicator.copy(source, copies, attributes);
     if (isLink ? liesInDestination(source) : isDestination(*target))
-        m_run.report().itemLeftOut();
+        m_run.report().leftOut(source, LeadsIntoDestination);
     else
         copyTree(source, copies, attributes);
     return 1;
@@ -268,9 +265,9 @@ void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
     const auto attributes = verdict.attributes.value_or(Attributes());
     const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
     if (verdict.skip || (isFolder && isDestination(attributes))) {
-        m_run.report().itemLeftOut();
+        m_run.report().leftOut(stack.source(), verdict.skip ? verdict.rule : LeadsIntoDestination);
     } else if (!isFolder) {
-        m_duplicator.copy(stack.source(), stack.copies(), attributes, stack.made());
+        m_duplicator.copy(stack.source(), stack.copies(), attributes);
     } else {
         entry.enter(attributes);
     }

@@ -36,13 +36,10 @@ public:
 private:
     class FolderStack;
 
-    // `newFolders` tells on which destinations the folder that holds the copy was made by this walk.
-    int copyItem(const std::string &source, const OutArray &copies, const std::vector<bool> &newFolders);
-    int copyItem(const std::string &source, const OutArray &copies, const platform::Attributes &attributes,
-                 const std::vector<bool> &newFolders);
+    int copyItem(const std::string &source, const OutArray &copies, const platform::Attributes &attributes);
     void copyTree(const std::string &folder, const OutArray &copies, const platform::Attributes &like);
     void copyEntry(FolderStack &stack, std::string_view name);
-    void copyListedEntries(const std::string &folder, const OutArray &copies, const std::vector<bool> &made);
+    void copyListedEntries(const std::string &folder, const OutArray &copies);
     platform::NameList listOf(const std::string &folder, const OutArray &copies);
     std::vector<bool> makeFolders(const std::string &source, const OutArray &copies,
                                   const platform::Attributes &like);

@@ -81,6 +81,15 @@ public:
         return m_real->finishWriteOut(offset, length);
     }
 
+    Expected<void> sync() override
+    {
+        if (m_faults.gone || m_faults.syncError)
+            return failure(EIO);
+        return m_real->sync();
+    }
+
+    bool isOutOfMemory() const override { return m_real->isOutOfMemory(); }
+
     void dropCached(std::uint64_t offset, std::uint64_t length) override
     {
         m_real->dropCached(offset, length);

@@ -45,6 +45,8 @@ std::string FileError::reason() const
         return "Another run is at work there";
     if (problem == FileProblem::OfSource)
         return "It is a file of the source, or may be one";
+    if (problem == FileProblem::SameFile)
+        return "The volume does not tell it from another file of this run";
     return std::generic_category().message(code);
 }
 

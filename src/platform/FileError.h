@@ -16,6 +16,7 @@ enum class FileProblem {
     NotSupported,
     Busy,     ///< somebody else holds it
     OfSource, ///< it is a file of the source, or may be one
+    SameFile, ///< the name leads to a file that was written under another name
     Other,
 };
 

@@ -74,7 +74,8 @@ TEST_F(FileCopyFile, TailIsNoticedAtTheLastBlockOnly)
     runJob({"x"});
     EXPECT_EQ(m_recorder.messages(), (Lines{"Duplicating " + source("x"), "Verifying File ...",
                                             "Verifying File ... Failed", "Verifying File ... Succeeded"}));
-    EXPECT_EQ(report()["problems"][0]["firstOffset"], MiB);
+    EXPECT_EQ(report()["problems"][0]["kind"], "keptTail");
+    EXPECT_EQ(report()["problems"][0]["reason"], "The copy holds 4 bytes of an older file behind it");
 }
 
 TEST_F(FileCopyFile, TailBehindWholeBlocksGoesUnnoticed)
@@ -88,6 +89,9 @@ TEST_F(FileCopyFile, TailBehindWholeBlocksGoesUnnoticed)
         runJob({name});
         EXPECT_EQ(m_recorder.messages().back(), "Verifying File ... Succeeded");
         EXPECT_EQ(m_tree.read("a/" + name), content + "tail");
+        EXPECT_FALSE(m_report->allDone()) << "the report knows";
+        EXPECT_EQ(report()["destinations"][0]["verified"], 0);
+        EXPECT_EQ(report()["destinations"][0]["copied"], 0);
     }
     const auto messages = m_recorder.messages();
     EXPECT_EQ(std::count(messages.begin(), messages.end(), "Verifying File ... Failed"), 0);

@@ -267,22 +267,6 @@ TEST_F(FileCopyWalk, FileInThePlaceOfAnEmptyFolderIsInTheReport)
     EXPECT_TRUE(m_systemLog.all().empty());
 }
 
-TEST_F(FileCopyWalk, SecondFileOfANameThatTheVolumeDoesNotTellApartIsInTheReport)
-{
-    m_tree.file("source/docs/README", "one");
-    // What a volume that ignores case would do: the name is taken as soon as the folder is made.
-    m_recorder.onEach([this](const std::string &line) {
-        if (line == "FileCopyMessage Duplicating " + source("docs/README"))
-            m_tree.file("a/docs/README", "other");
-    });
-    runJob({"docs"});
-    EXPECT_EQ(report()["problems"][0]["reason"], "Another file of this run has this name here");
-    EXPECT_EQ(report()["destinations"][0]["copied"], 0);
-    m_recorder.onEach(nullptr);
-    runJob({"docs"});
-    EXPECT_EQ(report()["destinations"][0]["copied"], 1) << "a second run finds it as any existing file";
-}
-
 TEST_F(FileCopyWalk, CreateFileFolderDoesNotTouchAnExistingFolder)
 {
     setJob({});

@@ -34,7 +34,7 @@ TEST_F(RunReportTest, HoldsCountsBytesAndTimes)
     m_engine.setBVerifyFiles(true);
     runJob({"docs"}, {"a", "b"}, 2);
     const auto report = this->report();
-    EXPECT_EQ(report["version"], 1);
+    EXPECT_EQ(report["version"], 2);
     EXPECT_EQ(report["outcome"], "finished");
     EXPECT_EQ(report["source"], source());
     EXPECT_EQ(report["filesStarted"], 2);

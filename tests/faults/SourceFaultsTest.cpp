@@ -83,7 +83,9 @@ TEST_P(SourceFault, SourceGrowsWhileItIsRead)
     start({"grows"}, {m_a, m_b});
     ASSERT_TRUE(waitForSize(m_a + "/grows", 2 * MiB));
     std::ofstream(source("grows"), std::ios::app) << patternOf(2 * MiB, 2);
-    EXPECT_EQ(wait(), 0);
+    EXPECT_EQ(wait(), 1);
+    EXPECT_EQ(report()["problems"][0]["kind"], "sourceChanged");
+    EXPECT_EQ(report()["destinations"][0]["copied"], 0);
     for (const auto &to : {m_a, m_b})
         expectIntact("grows", to);
 }
@@ -96,7 +98,8 @@ TEST_P(SourceFault, SourceShrinksWhileItIsRead)
     start({"shrinks", "good"}, {m_a, m_b});
     ASSERT_TRUE(waitForSize(m_a + "/shrinks", 2 * MiB));
     ASSERT_EQ(::truncate(source("shrinks").c_str(), 4 * MiB), 0);
-    EXPECT_EQ(wait(), 0) << "what there was to read was copied";
+    EXPECT_EQ(wait(), 1) << "what there was to read was copied, and is no copy of the source";
+    EXPECT_EQ(report()["problems"][0]["kind"], "sourceChanged");
     const auto copied = contentOf(m_a + "/shrinks");
     EXPECT_GE(copied.size(), 4 * MiB);
     EXPECT_EQ(copied, patternOf(8 * MiB).substr(0, copied.size()));

@@ -2,9 +2,13 @@
 
 #include "platform/posix/StatAttributes.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace orvana::platform::posix
 {
@@ -91,6 +95,41 @@ Expected<void> PosixFile::finishWriteOut(std::uint64_t offset, std::uint64_t len
     if (!rangesAreUnknown(errno) || ::fdatasync(m_descriptor.number()) != 0)
         return failure(errno);
     return {};
+}
+
+Expected<void> PosixFile::sync()
+{
+    if (::fdatasync(m_descriptor.number()) != 0)
+        return failure(errno);
+    return {};
+}
+
+bool PosixFile::isOutOfMemory() const
+{
+    struct stat status{};
+    if (::fstat(m_descriptor.number(), &status) != 0)
+        return false;
+    if (status.st_size == 0)
+        return true;
+    // Looked at piece by piece: the table of a large file would be large itself.
+    constexpr std::size_t Piece = 64 * 1'048'576;
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    std::vector<unsigned char> isThere(Piece / page);
+    const auto size = static_cast<std::size_t>(status.st_size);
+    for (std::size_t offset = 0; offset < size; offset += Piece) {
+        const auto length = std::min(Piece, size - offset);
+        void *map = ::mmap(nullptr, length, PROT_READ, MAP_SHARED, m_descriptor.number(),
+                           static_cast<off_t>(offset));
+        if (map == MAP_FAILED)
+            return false;
+        const bool isKnown = ::mincore(map, length, isThere.data()) == 0;
+        ::munmap(map, length);
+        const auto pages = (length + page - 1) / page;
+        if (!isKnown || std::any_of(isThere.begin(), isThere.begin() + static_cast<std::ptrdiff_t>(pages),
+                                    [](unsigned char there) { return (there & 1U) != 0; }))
+            return false;
+    }
+    return true;
 }
 
 void PosixFile::dropCached(std::uint64_t offset, std::uint64_t length)

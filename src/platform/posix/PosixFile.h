@@ -18,6 +18,8 @@ public:
     Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) override;
     Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> finishWriteOut(std::uint64_t offset, std::uint64_t length) override;
+    Expected<void> sync() override;
+    bool isOutOfMemory() const override;
     void dropCached(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> close() override;
 

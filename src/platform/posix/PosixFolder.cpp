@@ -40,12 +40,17 @@ Expected<Attributes> basicsAt(int at, const std::string &name, Links links)
     return attributesOf(status);
 }
 
-// Only memory stands behind these, or another file system or machine that keeps a cache of its own.
-bool readsBackFromDisk(long type)
+// File systems on which a byte that was flipped on the medium was found by reading back. Elsewhere memory, or
+// another machine, may answer in the disk's place.
+constexpr long ReadBackFromDisk[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC};
+
+constexpr long StableInodes[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC,
+                                 TMPFS_MAGIC,      RAMFS_MAGIC};
+
+template <std::size_t Count>
+bool isAmong(long type, const long (&types)[Count])
 {
-    constexpr long others[] = {TMPFS_MAGIC,     RAMFS_MAGIC,      FUSE_SUPER_MAGIC, OVERLAYFS_SUPER_MAGIC,
-                               NFS_SUPER_MAGIC, CIFS_SUPER_MAGIC, SMB2_SUPER_MAGIC, V9FS_MAGIC};
-    return std::find(std::begin(others), std::end(others), type) == std::end(others);
+    return std::find(std::begin(types), std::end(types), type) != std::end(types);
 }
 
 bool isMountRoot(int number)
@@ -224,7 +229,11 @@ VolumeTraits PosixFolder::traits() const
         traits.device = status.st_dev;
     struct statfs system{};
     if (::fstatfs(m_number, &system) == 0) {
-        traits.readsBackFromDisk = readsBackFromDisk(system.f_type);
+        traits.readsBackFromDisk = isAmong(system.f_type, ReadBackFromDisk);
+        traits.isMemory = system.f_type == TMPFS_MAGIC || system.f_type == RAMFS_MAGIC;
+        traits.hasStableInodes = isAmong(system.f_type, StableInodes);
+        traits.keepsSmallFilesInInodes = system.f_type == BTRFS_SUPER_MAGIC;
+        traits.needsFileSync = system.f_type == FUSE_SUPER_MAGIC;
         traits.writesOutInBackground = system.f_type != TMPFS_MAGIC && system.f_type != RAMFS_MAGIC;
         traits.isReadOnly = (static_cast<unsigned long>(system.f_flags) & ST_RDONLY) != 0;
     }
