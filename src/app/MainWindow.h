@@ -121,6 +121,9 @@ public:
     /// A run or an erase is going on, whatever flags say; also until a cancelled run has ended.
     bool isBusy() const;
 
+    /// Cancels what goes on, as the button does, and closes the window without a question.
+    void endNow();
+
     /// Shows what the last run did; nothing before the first one.
     void showLastReport();
     bool hasReport() const { return m_report != nullptr; }
@@ -206,6 +209,7 @@ private:
     void tellOfNoCopy();
     void endWithoutCopy();
     void endRunOfLostEnclosure();
+    void showReportOfDisks();
     void restoreIdleControls();
     void makeReport();
     void showProgress();
@@ -272,6 +276,7 @@ private:
     std::optional<PerBay<bool>> m_isNotErased; // once the present run has erased
     std::set<std::string> m_toldRefusals;      // of the present run
     std::shared_ptr<void> m_wakefulness;
+    bool m_erasedInRun = false; // the report says what became of the disks
     bool m_isClosing = false;
 
     ORVScanDevice m_ScanDevice;

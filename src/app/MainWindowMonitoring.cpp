@@ -106,6 +106,7 @@ void MainWindow::eraseFinished()
         return;
     if (m_report && m_erasePlan) {
         reportErase(*m_report, *m_erasePlan, m_diskTool->results());
+        m_erasedInRun = true;
         m_isNotErased = baysNotErased(*m_erasePlan, m_diskTool->results());
     }
     m_erasePlan.reset();

@@ -136,11 +136,16 @@ void MainWindow::askBeforeClosing()
                    .completion = [this](int button) {
                        if (button != 0)
                            return;
-                       m_isClosing = true;
-                       if (m_action->isDuplicating())
-                           StopDuplicate();
-                       close();
+                       endNow();
                    }});
+}
+
+void MainWindow::endNow()
+{
+    m_isClosing = true;
+    if (m_action->isDuplicating() || m_action->isErasing())
+        StopDuplicate();
+    close();
 }
 
 } // namespace orvana

@@ -102,4 +102,9 @@ void OrvanaAppDelegate::closeOthers()
     }
 }
 
+void OrvanaAppDelegate::endNow()
+{
+    mainWindow().endNow();
+}
+
 } // namespace orvana

@@ -44,6 +44,9 @@ public:
     /// Brings the main window to the front.
     void raiseMainWindow();
 
+    /// Cancels a run and ends the program without a question.
+    void endNow();
+
 private:
     void closeOthers();
 

@@ -43,8 +43,10 @@ void Sheets::showNext()
     m_box->setText(sheet.message);
     m_box->setInformativeText(sheet.text);
     // Else a short message makes a sheet so narrow that its text runs over many lines.
-    if (auto *text = m_box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+    if (auto *text = m_box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
         text->setMinimumWidth(300);
+        text->setTextFormat(Qt::PlainText); // the box does this for its first text only
+    }
     QList<QAbstractButton *> buttons; // a desktop may change their texts
     for (const auto &title : sheet.buttons) {
         auto *button = m_box->addButton(title, QMessageBox::AcceptRole);

@@ -3,12 +3,15 @@
 #include "app/ScriptRunner.h"
 #include "app/SingleInstance.h"
 #include "app/VolumeNotifications.h"
+#include "cli/CancelRequest.h"
 #include "cli/HostChoice.h"
+#include "cli/LiteralWords.h"
 #include "foundation/Clock.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/QtMainQueue.h"
 #include "log/LogData.h"
 #include "platform/Account.h"
+#include "platform/posix/ProcessStart.h"
 #include "resources/Resources.h"
 
 #include <CLI/CLI.hpp>
@@ -17,6 +20,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <sstream>
 
 namespace
 {
@@ -91,11 +95,13 @@ public:
 
     void raise() { m_delegate.raiseMainWindow(); }
 
+    /// Ends the program as its user would, with a run cancelled and its report written.
+    void end() { m_delegate.endNow(); }
+
 private:
     std::string logFolder(const Words &words) const
     {
-        return words.logFolder ? std::filesystem::absolute(*words.logFolder).native()
-                               : LogData::documentsFolder(m_host->account().homeFolder());
+        return words.logFolder ? *words.logFolder : LogData::documentsFolder(m_host->account().homeFolder());
     }
 
     std::unique_ptr<platform::Host> m_host;
@@ -105,8 +111,10 @@ private:
     OrvanaAppDelegate m_delegate;
 };
 
-int runProgram(const Words &words)
+int runProgram(Words words)
 {
+    if (words.logFolder)
+        words.logFolder = std::filesystem::absolute(*words.logFolder).native();
     std::vector<ScriptStep> steps;
     if (words.script) {
         auto read = readScript(QString::fromStdString(*words.script));
@@ -123,14 +131,21 @@ int runProgram(const Words &words)
         return 0;
     if (const auto refusal = cli::makeLogFolder(words.logFolder))
         return fail(refusal->status, refusal->reason);
+    // From here on no path is taken from the working folder.
+    for (auto *path : {&words.machine.simulatorFile, &words.machine.demoFolder}) {
+        if (*path)
+            *path = std::filesystem::absolute(**path).native();
+    }
     QtMainQueue queue;
     // On a simulated machine, a script opens and tells nothing outside of its window.
+    platform::posix::enterEmptyFolder();
     auto host = cli::makeHost(words.machine, &queue,
                               words.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)
         return fail(host.error().status, host.error().reason);
     Program program(words, std::move(*host), queue);
     instance.listen([&] { program.raise(); });
+    const cli::CancelRequest signalled([&] { queue.async([&] { program.end(); }); });
     return program.run(words, steps, QString::fromStdString(*file));
 }
 
@@ -138,13 +153,20 @@ int runProgram(const Words &words)
 
 int main(int argc, char **argv)
 {
+    cli::CancelRequest::blockSignals();
+    platform::posix::openStandardFiles();
     CLI::App app("Duplicates disks: one read, many writes, verified.", "orvana-plurimo");
     Words words;
     describe(app, words);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
-        return app.exit(error) == 0 ? 0 : 2;
+        std::ostringstream out;
+        std::ostringstream complaint;
+        const int status = app.exit(error, out, complaint);
+        std::fputs(out.str().c_str(), stdout);
+        std::fputs(cli::shownLiteral(complaint.str()).c_str(), stderr);
+        return status == 0 ? 0 : 2;
     }
     if (!hasDisplay())
         return fail(4, "there is no display; plurimoctl does the same in a terminal");

@@ -1,5 +1,7 @@
 #include "cli/CancelRequest.h"
 
+#include <atomic>
+#include <chrono>
 #include <csignal>
 #include <ctime>
 #include <string_view>
@@ -18,10 +20,29 @@ sigset_t endSignals()
     sigemptyset(&signals);
     sigaddset(&signals, SIGINT);
     sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGHUP);
     return signals;
 }
 
+constexpr timespec AMoment{0, 50'000'000};
+
+// How many requests wait at this moment.
+std::atomic<int> waiting{0};
+
 } // namespace
+
+void CancelRequest::endWhileNobodyWaits()
+{
+    std::thread([] {
+        const auto signals = endSignals();
+        for (;;) {
+            if (waiting > 0)
+                std::this_thread::sleep_for(std::chrono::nanoseconds(AMoment.tv_nsec));
+            else if (sigtimedwait(&signals, nullptr, &AMoment) >= 0)
+                ::_exit(130);
+        }
+    }).detach();
+}
 
 void CancelRequest::blockSignals()
 {
@@ -35,10 +56,10 @@ void CancelRequest::blockSignals()
 CancelRequest::CancelRequest(std::function<void()> onSignal)
     : m_thread([onSignal = std::move(onSignal)](const std::stop_token &end) {
           const auto signals = endSignals();
-          constexpr timespec aMoment{0, 50'000'000};
           bool wasAsked = false;
+          ++waiting;
           while (!end.stop_requested()) {
-              if (sigtimedwait(&signals, nullptr, &aMoment) < 0)
+              if (sigtimedwait(&signals, nullptr, &AMoment) < 0)
                   continue;
               // Who asks again does not want to wait for an orderly end.
               if (std::exchange(wasAsked, true)) {
@@ -49,8 +70,11 @@ CancelRequest::CancelRequest(std::function<void()> onSignal)
               }
               onSignal();
           }
+          --waiting;
       })
 {
 }
+
+CancelRequest::~CancelRequest() = default;
 
 } // namespace orvana::cli

@@ -1,6 +1,7 @@
 #include "cli/CopyDisplay.h"
 
 #include "cli/Terminal.h"
+#include "duplicate/ReportTable.h"
 
 #include <nlohmann/json.hpp>
 
@@ -69,6 +70,8 @@ public:
                       {"outcome", status == Cancelled ? "cancelled" : "finished"},
                       {"files", report.filesStarted()},
                       {"seconds", progress.elapsed()},
+                      {"headline", headlineOf(report)},
+                      {"leftOut", report.leftOutCount()},
                       {"disks", report.disksJson()},
                       {"destinations", report.destinationsJson()}};
         putPath(event, "log", log);

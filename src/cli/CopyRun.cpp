@@ -123,7 +123,8 @@ void CopyRun::finish()
     m_fileCopy.stopCopyThread();
     const bool hasEnded = m_fileCopy.waitForEnd(PatienceAtTheEnd);
     m_relay.runFinished();
-    const auto status = m_report->allDone() ? AllDone : SomethingFailed;
+    const bool isKept = m_report->isWritten() && !m_log.hasLostRecords();
+    const auto status = m_report->allDone() && isKept ? AllDone : SomethingFailed;
     end(status);
     if (!hasEnded)
         leaveWithoutTheDisk(status);
@@ -153,7 +154,7 @@ void CopyRun::sayWhatIsLost()
     if (m_log.hasLostRecords())
         m_terminal.printError("plurimoctl: the run log could not be written to " +
                               displayPath(m_log.logFilePath()));
-    if (m_report->path().empty())
+    if (!m_report->isWritten())
         m_terminal.printError("plurimoctl: the run report could not be written to " +
                               displayPath(m_log.folder()));
 }

@@ -1,6 +1,7 @@
 #include "cli/CopyDisplay.h"
 
 #include "cli/Terminal.h"
+#include "duplicate/ReportTable.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 
@@ -67,6 +68,8 @@ public:
             m_terminal.showBlock("");
         for (std::size_t i = 0; i < report.destinationCount(); ++i)
             m_terminal.print(summaryOf(i, progress, report));
+        if (status != Cancelled && report.destinationCount() > 0)
+            m_terminal.print(headlineOf(report));
         m_terminal.print((status == Cancelled ? "Cancelled after " : "Ended after ") +
                          durationText(progress.elapsed()) + ".  Log: " + displayPath(log) +
                          (report.path().empty() ? "" : "  Report: " + displayPath(report.path())));

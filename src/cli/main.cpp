@@ -9,6 +9,7 @@
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
 #include "foundation/PlainMainQueue.h"
+#include "platform/posix/ProcessStart.h"
 
 #include <CLI/CLI.hpp>
 
@@ -155,6 +156,20 @@ void takeLiterally(Words &words)
         takeLiterally(*text);
 }
 
+// From here on no path is taken from the working folder.
+void makeAbsolute(Words &words)
+{
+    const auto makePath = [](std::string &path) { path = cli::cleanPath(path); };
+    for (auto *path :
+         {&words.machine.simulatorFile, &words.machine.demoFolder, &words.logFolder, &words.copy.logFolder,
+          &words.duplicate.logFolder, &words.disks.logFolder, &words.logs.logFolder, &words.copy.root}) {
+        if (*path)
+            makePath(**path);
+    }
+    for (auto *paths : {&words.copy.sources, &words.copy.destinations})
+        std::for_each(paths->begin(), paths->end(), makePath);
+}
+
 cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
 {
     PlainMainQueue queue;
@@ -197,6 +212,8 @@ cli::ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
 int main(int argc, char **argv)
 {
     cli::CancelRequest::blockSignals();
+    cli::CancelRequest::endWhileNobodyWaits();
+    platform::posix::openStandardFiles();
     CLI::App app("Duplicates disks: one read, many writes, verified.", "plurimoctl");
     app.set_version_flag("--version", "plurimoctl " PLURIMO_VERSION);
     app.require_subcommand(1);
@@ -232,6 +249,8 @@ int main(int argc, char **argv)
     takeLiterally(words);
     words.copy.logFolder = words.duplicate.logFolder = words.disks.logFolder = words.logFolder;
     words.logs.logFolder = words.logFolder;
+    makeAbsolute(words);
+    platform::posix::enterEmptyFolder();
     auto terminal = cli::Terminal::ofProcess();
     if (simulator->parsed())
         return onSimulator(words, terminal);

@@ -68,8 +68,8 @@ public:
     platform::Expected<std::unique_ptr<platform::File>> openFile(const std::string &path,
                                                                  platform::Access access);
 
-    /// The path of a folder, the root included, that is not where it was any more: what was written through its
-    /// handle lies elsewhere. Nullopt when all are in their place. `anywhere` looks the root up.
+    /// The path of a folder, the root included, that is not where it was any more: what was written through
+    /// its handle lies elsewhere. Nullopt when all are in their place. `anywhere` looks the root up.
     std::optional<std::string> movedFolder(platform::Folder &anywhere);
 
     /// The path beneath the volume; fails for one that lies elsewhere.

@@ -26,8 +26,8 @@ constexpr const char *Succeeded = "Verifying File ... Succeeded";
 // Files that are no longer may lie in their inode, whose memory nobody can drop.
 constexpr std::uint64_t SmallestBlock = 4096;
 
-// Drops what memory holds of the file; true when it was seen to be gone. Pages that another processor has just put
-// there can take a second try.
+// Drops what memory holds of the file; true when it was seen to be gone. Pages that another processor has
+// just put there can take a second try.
 bool dropped(File &file)
 {
     for (int tries = 0; tries < 3; ++tries) {

@@ -171,8 +171,8 @@ FileDuplicator::Output FileDuplicator::openOutput(std::size_t index, const std::
     return output;
 }
 
-// A file that is there is written over as it is, and keeps what it has beyond the source's end. A file of this run
-// that another source went to is left alone.
+// A file that is there is written over as it is, and keeps what it has beyond the source's end. A file of
+// this run that another source went to is left alone.
 void FileDuplicator::openExisting(std::size_t index, const std::string &copy, Output &output)
 {
     auto &destination = m_run.destination(index);
@@ -270,7 +270,8 @@ void FileDuplicator::tellOutcome(std::size_t index, const std::string &source)
     const auto reason = output.error->reason();
     if (output.error->problem == FileProblem::SameFile)
         m_run.fileFailed(index, source,
-                         reason + (output.otherName.empty() ? "" : ", called " + displayPath(output.otherName)),
+                         reason +
+                             (output.otherName.empty() ? "" : ", called " + displayPath(output.otherName)),
                          RunReport::Failure::SameFile);
     else if (output.error->problem == FileProblem::OfSource)
         m_run.fileFailed(index, source, "The existing file is left alone: " + reason);

@@ -68,7 +68,7 @@ private:
     FileComparer &m_comparer;
     std::vector<Output> m_outputs;
     std::string m_source;
-    std::uint64_t m_written = 0;   ///< bytes of the source that were read and handed on
+    std::uint64_t m_written = 0;    ///< bytes of the source that were read and handed on
     bool m_isSourceChanged = false; ///< known before the outputs are closed
     std::vector<std::optional<platform::FileError>> m_parentErrors;
 };

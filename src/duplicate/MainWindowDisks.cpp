@@ -10,6 +10,16 @@
 namespace orvana
 {
 
+namespace
+{
+
+std::string notEjectedText(const std::vector<DiskRefusal> &refusals)
+{
+    return "Not ejected:\n" + textOf(refusals);
+}
+
+} // namespace
+
 // Between Start and the end of an erase nothing that decides about disks can be changed.
 void MainWindow::lockChoices(bool locked)
 {
@@ -22,7 +32,9 @@ void MainWindow::lockChoices(bool locked)
 void MainWindow::eraseWhenIdle(int looksLeft)
 {
     constexpr std::chrono::milliseconds BetweenLooks{100};
-    later(BetweenLooks, [this, looksLeft] {
+    later(BetweenLooks, [this, looksLeft, run = m_run.load()] {
+        if (run != m_run)
+            return; // it was called off
         if (!m_fileCopy->isRunning()) {
             EraseDisk();
         } else if (looksLeft > 0) {
@@ -42,7 +54,9 @@ void MainWindow::EraseDisk()
     if (!m_order && !decideOrderNow())
         return;
     const auto devices = scannedDevices(m_ScanDevice);
-    auto plan = planErase(devices, m_order->choice, user(), eraseFormat());
+    auto choice = m_order->choice;
+    choice.enclosure = whereItIsNow(devices, choice.enclosure);
+    auto plan = planErase(devices, choice, user(), eraseFormat());
     if (!plan && plan.error() != EnclosureRefusal::NoneChosen) {
         warn(refusalText(plan.error()));
         endWithoutCopy();
@@ -97,7 +111,7 @@ void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t ru
 
 void MainWindow::EjectTargetDisks()
 {
-    if (m_action->isErasing() || m_action->isDuplicating())
+    if (isRunning())
         return;
     setEjectButtonsEnabled(false);
     m_diskTool->setDiskArray({});
@@ -105,6 +119,8 @@ void MainWindow::EjectTargetDisks()
     addDisksOf(m_context.host, scannedDevices(m_ScanDevice), selectionNow(), choice.sourceDisks);
     auto plan = planTargetEject(scannedDevices(m_ScanDevice), choice, user());
     m_diskTool->setSparedDisks(choice.sourceDisks);
+    if (plan && !plan->refusals.empty())
+        warn(notEjectedText(plan->refusals));
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else
@@ -121,12 +137,14 @@ void MainWindow::targetsEjected()
 
 void MainWindow::EjectSourceDisk()
 {
-    if (m_action->isErasing() || m_action->isDuplicating())
+    if (isRunning())
         return;
     setEjectButtonsEnabled(false);
     m_diskTool->setDiskArray({});
     auto plan = planSourceEject(scannedDevices(m_ScanDevice), choiceNow());
     m_diskTool->setSparedDisks({});
+    if (plan && !plan->refusals.empty())
+        warn(notEjectedText(plan->refusals));
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else

@@ -1,6 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "duplicate/DiskReport.h"
+#include "duplicate/ReportTable.h"
 #include "duplicate/RunProblems.h"
 #include "duplicate/RunReport.h"
 #include "filetree/FileListViewController.h"
@@ -67,6 +68,21 @@ RunChoice MainWindow::choiceOfRun() const
     choice.sourceItem = m_order->choice.sourceItem;
     choice.sourceRoot = m_order->choice.sourceRoot;
     choice.sourceDisks = m_order->choice.sourceDisks;
+    if (choice.enclosure.pickerIndex > 0)
+        return choice;
+    // A rescan has put the picker back and emptied the rows. The run goes on with the enclosure that it began
+    // with.
+    const auto devices = scannedDevices(m_ScanDevice);
+    choice.enclosure = whereItIsNow(devices, m_order->choice.enclosure);
+    choice.shown = m_order->choice.shown;
+    choice.slotAisSource = m_order->choice.slotAisSource;
+    choice.isOverSize = m_order->choice.isOverSize;
+    if (const auto enclosure = chosenEnclosure(devices, choice.enclosure)) {
+        for (const auto &row : bayRowsOf(**enclosure, user()).rows) {
+            if (const auto bay = bayNamed(row.slot))
+                choice.names[*bay] = row.content.volume;
+        }
+    }
     return choice;
 }
 
@@ -75,6 +91,7 @@ void MainWindow::StartDuplicate()
     if (!m_order && !decideOrderNow())
         return;
     ++m_run;
+    m_erasedInRun = false;
     m_runEnclosure = chosenNow().uid;
     m_action->setTitle(Title::Cancel);
     m_action->StartBtn->setEnabled(false);
@@ -226,6 +243,7 @@ void MainWindow::endRunOfLostEnclosure()
     ++m_run;
     restoreIdleControls();
     displayDialog(0, true);
+    showReportOfDisks();
     m_sheets.show(
         {tr("Warning"), tr("The device was removed while files were being duplicated to it. The run "
                            "has ended; its copies are not complete.")});
@@ -254,12 +272,12 @@ void MainWindow::runEnded()
     displayDialog(1, true);
     m_relay->runFinished();
     m_sheets.show({tr("File Copy Completed"), tr("All files have been copied successfully."), {tr("Done")}});
-    const bool isAllDone = !m_report || m_report->allDone();
+    const bool isAllDone =
+        !m_report || (m_report->allDone() && m_report->isWritten() && !m_logData->hasLostRecords());
     if (!isAllDone)
         showLastReport();
     tellDesktop(tr("Duplication finished"),
-                isAllDone ? tr("All files have been copied.")
-                          : tr("Not everything was copied. The report tells what is missing."));
+                m_report ? shownText(headlineOf(*m_report)) : tr("All files have been copied."));
 }
 
 void MainWindow::StopDuplicate()
@@ -271,6 +289,14 @@ void MainWindow::StopDuplicate()
     hiddenPrpgressBar(true);
     displayDialog(1, true);
     restoreIdleControls();
+    showReportOfDisks();
+}
+
+// A disk whose erase failed is reported, also when the run was ended before its copy was done.
+void MainWindow::showReportOfDisks()
+{
+    if (m_report && m_erasedInRun && !m_report->diskLines().empty())
+        showLastReport();
 }
 
 } // namespace orvana

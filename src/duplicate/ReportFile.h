@@ -23,8 +23,9 @@ public:
     /// True when a problem could not be kept.
     bool hasLostProblems() const { return m_hasLost; }
 
-    /// Writes `summary` with the problems, and those of `leftOut` as a list of their own, as "<stamp>-Report.json", or with "-2" and so on behind it, from
-    /// `number` on, when that name is taken. Returns the path, or an empty text when it could not be written.
+    /// Writes `summary` with the problems, and those of `leftOut` as a list of their own, as
+    /// "<stamp>-Report.json", or with "-2" and so on behind it, from `number` on, when that name is taken.
+    /// Returns the path, or an empty text when it could not be written.
     std::string write(const Json &summary, ReportFile &leftOut, const std::string &stamp, int number = 1);
 
 private:

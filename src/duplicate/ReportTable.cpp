@@ -3,6 +3,7 @@
 #include "duplicate/RunReport.h"
 #include "foundation/SizeText.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace orvana
@@ -50,7 +51,86 @@ ReportTable::Row rowOfDisk(const Json &entry)
             (failed ? "could not be erased: " : "took no part: ") + entry.value("reason", "")};
 }
 
+bool holdsEveryFile(const Json &entry)
+{
+    return entry["onDisk"] != Json(false) && entry.value("failed", 0) == 0 &&
+           entry.value("mismatched", 0) == 0 && entry.value("unverified", 0) == 0;
+}
+
+// What is wrong with a destination.
+std::string lackOf(const Json &entry)
+{
+    if (entry["onDisk"] == Json(false))
+        return entry.value("reason", "");
+    std::string text;
+    const auto add = [&](const char *key, const char *words) {
+        if (entry.value(key, 0) > 0)
+            text.append(text.empty() ? "" : ", ").append(numberIn(entry, key)).append(words);
+    };
+    add("failed", " failed");
+    add("mismatched", " differ");
+    add("unverified", " could not be compared");
+    return text;
+}
+
+// Of destinations that hold every file: whether all were read back, and from where.
+std::string verifiedText(const std::vector<Json> &good)
+{
+    const auto all = [&](auto holds) { return std::all_of(good.begin(), good.end(), holds); };
+    const bool isVerified = all([](const Json &entry) {
+        return entry.value("verified", 0) > 0 && entry["verified"] == entry["copied"];
+    });
+    if (!isVerified)
+        return all([](const Json &entry) { return entry.value("verified", 0) == 0; })
+                   ? ""
+                   : ", not all of it verified";
+    return all([](const Json &entry) { return entry["verifiedFrom"] == "disk"; })
+               ? ", verified from the disk"
+               : ", verified as memory shows it";
+}
+
+std::string countText(std::size_t good, std::size_t all)
+{
+    if (good == all)
+        return all == 1 ? "The destination holds every file"
+                        : "All " + std::to_string(all) + " destinations hold every file";
+    if (good == 0)
+        return all == 1 ? "The destination does not hold every file" : "No destination holds every file";
+    return std::to_string(good) + " of " + std::to_string(all) +
+           (good == 1 ? " destinations holds every file" : " destinations hold every file");
+}
+
 } // namespace
+
+std::string headlineOf(const RunReport &report)
+{
+    if (report.destinationCount() == 0)
+        return "Nothing was copied: no destination.";
+    std::vector<Json> good;
+    std::string lacks;
+    const auto all = report.destinationsJson();
+    for (const auto &entry : all) {
+        if (holdsEveryFile(entry))
+            good.push_back(entry);
+        else
+            lacks += "; " + entry.value("path", "") + ": " + lackOf(entry);
+    }
+    auto text = countText(good.size(), all.size());
+    if (!good.empty())
+        text += verifiedText(good);
+    text += lacks;
+    for (const auto &entry : report.disksJson()) {
+        if (entry.value("outcome", "") != "erased")
+            text += "; " + entry.value("bay", "") + " (" + entry.value("name", "") +
+                    (entry.value("outcome", "") == "eraseFailed" ? ") could not be erased: "
+                                                                 : ") took no part: ") +
+                    entry.value("reason", "");
+    }
+    if (const auto count = report.leftOutCount(); count > 0)
+        text +=
+            "; " + std::to_string(count) + (count == 1 ? " item was" : " items were") + " left out by rule";
+    return text + ".";
+}
 
 ReportTable reportTable(const RunReport &report)
 {
@@ -61,12 +141,7 @@ ReportTable reportTable(const RunReport &report)
         if (entry.value("outcome", "") != "erased")
             table.rows.push_back(rowOfDisk(entry));
     }
-    if (report.destinationCount() == 0)
-        table.headline = "Nothing was copied: no destination.";
-    else if (report.allDone())
-        table.headline = "Every file is on every destination.";
-    else
-        table.headline = "Not everything was copied. Look at each row.";
+    table.headline = headlineOf(report);
     return table;
 }
 

@@ -20,6 +20,11 @@ struct ReportTable
     std::vector<Row> rows;
 };
 
+/// The one sentence on the whole run: what holds every file, how that was verified, and what does not, with
+/// the reason. "2 of 3 destinations hold every file, verified from the disk; Slot-C (COPY2) took no part: the
+/// selection does not fit."
+std::string headlineOf(const RunReport &report);
+
 ReportTable reportTable(const RunReport &report);
 
 /// The table as text with columns set apart by tabs, and `lines` below it.

@@ -114,6 +114,15 @@ chosenEnclosure(const ScannedDevices &devices, const ChosenEnclosure &chosen)
     return enclosure;
 }
 
+ChosenEnclosure whereItIsNow(const ScannedDevices &devices, ChosenEnclosure chosen)
+{
+    const auto found = std::find_if(devices.tbArray.begin(), devices.tbArray.end(),
+                                    [&](const auto &enclosure) { return enclosure->uid() == chosen.uid; });
+    if (chosen.uid && found != devices.tbArray.end())
+        chosen.pickerIndex = static_cast<int>(found - devices.tbArray.begin()) + 1;
+    return chosen;
+}
+
 std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure,
                                              const ScannedDevices &devices)
 {

@@ -26,6 +26,10 @@ std::string refusalText(EnclosureRefusal refusal);
 tl::expected<std::shared_ptr<ORVThunderboltInfo>, EnclosureRefusal>
 chosenEnclosure(const ScannedDevices &devices, const ChosenEnclosure &chosen);
 
+/// The chosen enclosure with its place in the picker as it is now: a rescan may have moved it, and put the
+/// picker back. Unchanged when it is not there any more.
+ChosenEnclosure whereItIsNow(const ScannedDevices &devices, ChosenEnclosure chosen);
+
 /// Why no run may start with the enclosure; looks at all of its disks.
 std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure,
                                              const ScannedDevices &devices);

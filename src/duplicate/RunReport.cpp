@@ -61,8 +61,8 @@ bool isFailure(const DiskEntry &entry)
 } // namespace
 
 RunReport::RunReport(std::string folder, std::string stamp, const Clock &clock, int number)
-    : m_stamp(std::move(stamp)), m_number(number), m_clock(clock), m_file(folder), m_leftOutFile(std::move(folder)),
-      m_started(localTime(clock.now(), TimeLayout))
+    : m_stamp(std::move(stamp)), m_number(number), m_clock(clock), m_file(folder),
+      m_leftOutFile(std::move(folder)), m_started(localTime(clock.now(), TimeLayout))
 {
 }
 
@@ -199,6 +199,12 @@ std::string RunReport::path() const
 {
     const std::lock_guard lock(m_mutex);
     return m_path;
+}
+
+bool RunReport::isWritten() const
+{
+    const std::lock_guard lock(m_mutex);
+    return !m_path.empty() && !m_file.hasLostProblems() && !m_leftOutFile.hasLostProblems();
 }
 
 const DestinationTally *RunReport::slowest() const

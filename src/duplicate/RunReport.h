@@ -123,6 +123,10 @@ public:
     /// Path of the written report; empty before `finish` and when it could not be written.
     std::string path() const;
 
+    /// True when the report was written with every problem in it; after `finish`. A report without a folder
+    /// is none that could be missed.
+    bool isWritten() const;
+
     /// True once it was said that the destination's files are on its disk.
     bool isOnDisk(std::size_t index) const;
 

@@ -28,7 +28,7 @@ public:
     struct Verdict
     {
         bool skip = false;
-        const char *rule = ""; ///< why, in plain words
+        const char *rule = "";                          ///< why, in plain words
         std::optional<platform::Attributes> attributes; ///< as read for the test; nothing if unreadable
     };
 

@@ -51,7 +51,8 @@ WrittenFiles::~WrittenFiles() = default;
 WrittenFiles::WrittenFiles(WrittenFiles &&) noexcept = default;
 WrittenFiles &WrittenFiles::operator=(WrittenFiles &&) noexcept = default;
 
-WrittenFiles::Owner WrittenFiles::ownerOf(const Folder &volume, std::string_view path, std::string_view source)
+WrittenFiles::Owner WrittenFiles::ownerOf(const Folder &volume, std::string_view path,
+                                          std::string_view source)
 {
     const auto file = volume.attributes(path, Links::Follow, Want::Basics);
     const auto entry = volume.attributes(path, Links::DoNotFollow, Want::Basics);
@@ -60,8 +61,8 @@ WrittenFiles::Owner WrittenFiles::ownerOf(const Folder &volume, std::string_view
     const auto written = m_inodes.find(file->device);
     const bool isWritten = written != m_inodes.end() && written->second->numbers.contains(file->inode);
     if (!volume.traits().hasStableInodes) {
-        // Numbers of files come and go there. A name that is not in the folder as it stands is another name of a
-        // file that exists, and may be one of this run.
+        // Numbers of files come and go there. A name that is not in the folder as it stands is another name
+        // of a file that exists, and may be one of this run.
         return isExactName(volume, folderOf(path), nameOf(path)) && entry->type != FileType::SymbolicLink
                    ? (isWritten ? Owner::SameSource : Owner::Nobody)
                    : Owner::OtherSource;
@@ -114,8 +115,8 @@ std::string WrittenFiles::otherNameOf(const Folder &volume, std::string_view pat
         const std::string name(names->takeNext());
         if (name == nameOf(path))
             continue;
-        const auto other = volume.attributes(std::string(folderOf(path)) + "/" + name, Links::DoNotFollow,
-                                             Want::Basics);
+        const auto other =
+            volume.attributes(std::string(folderOf(path)) + "/" + name, Links::DoNotFollow, Want::Basics);
         if (other && other->device == file->device && other->inode == file->inode)
             return name;
     }

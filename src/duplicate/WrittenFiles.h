@@ -13,8 +13,9 @@
 namespace orvana
 {
 
-/// The files that a run has written to one destination. By it, a name that leads to a file of another source is
-/// found out before anything is written over: names that the volume does not tell apart, hard links, links.
+/// The files that a run has written to one destination. By it, a name that leads to a file of another source
+/// is found out before anything is written over: names that the volume does not tell apart, hard links,
+/// links.
 ///
 /// A few bits a file. Used by one thread at a time.
 class WrittenFiles

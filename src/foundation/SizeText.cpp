@@ -1,7 +1,7 @@
 #include "foundation/SizeText.h"
 
 #include <array>
-#include <cstdio>
+#include <charconv>
 
 namespace orvana
 {
@@ -15,9 +15,12 @@ std::string sizeText(std::uint64_t bytes)
         value *= 0.0009765625F;
         ++unit;
     }
+    // As "%.2f" would, but with a point in every language.
     std::array<char, 48> text{};
-    std::snprintf(text.data(), text.size(), "%.2f %s", static_cast<double>(value), units[unit]);
-    return text.data();
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), static_cast<double>(value),
+                                   std::chars_format::fixed, 2)
+                         .ptr;
+    return std::string(text.data(), end) + " " + units[unit];
 }
 
 } // namespace orvana

@@ -86,8 +86,8 @@ public:
     /// Forgets what memory holds of the range, so that the next read of it comes from the disk.
     virtual void dropCached(std::uint64_t offset, std::uint64_t length) = 0;
 
-    /// True when memory was seen to hold nothing of the file, so that the next read comes from the disk. Pages
-    /// that another process maps stay in memory.
+    /// True when memory was seen to hold nothing of the file, so that the next read comes from the disk.
+    /// Pages that another process maps stay in memory.
     virtual bool isOutOfMemory() const = 0;
 
     /// Closes the file and tells what the file system says to it. The destructor closes silently.
@@ -98,13 +98,13 @@ public:
 struct VolumeTraits
 {
     std::uint64_t device = 0;
-    bool isMountRoot = false;           ///< the folder is the top of a mounted volume
-    bool isReadOnly = false;            ///< the volume, or this mount of it, takes no writes
-    bool readsBackFromDisk = false;     ///< cached pages can be dropped, so that a read shows the disk
+    bool isMountRoot = false;             ///< the folder is the top of a mounted volume
+    bool isReadOnly = false;              ///< the volume, or this mount of it, takes no writes
+    bool readsBackFromDisk = false;       ///< cached pages can be dropped, so that a read shows the disk
     bool keepsSmallFilesInInodes = false; ///< reading such a file back shows its inode, which stays in memory
-    bool hasStableInodes = false;       ///< a file keeps its inode number while it is closed
-    bool needsFileSync = false;         ///< a sync of the volume does not reach it; each file has to be synced
-    bool isMemory = false;              ///< there is no disk beneath it
+    bool hasStableInodes = false;         ///< a file keeps its inode number while it is closed
+    bool needsFileSync = false; ///< a sync of the volume does not reach it; each file has to be synced
+    bool isMemory = false;      ///< there is no disk beneath it
     bool writesOutInBackground = false; ///< holds written data in memory for a while
 };
 

@@ -118,8 +118,8 @@ bool PosixFile::isOutOfMemory() const
     const auto size = static_cast<std::size_t>(status.st_size);
     for (std::size_t offset = 0; offset < size; offset += Piece) {
         const auto length = std::min(Piece, size - offset);
-        void *map = ::mmap(nullptr, length, PROT_READ, MAP_SHARED, m_descriptor.number(),
-                           static_cast<off_t>(offset));
+        void *map =
+            ::mmap(nullptr, length, PROT_READ, MAP_SHARED, m_descriptor.number(), static_cast<off_t>(offset));
         if (map == MAP_FAILED)
             return false;
         const bool isKnown = ::mincore(map, length, isThere.data()) == 0;

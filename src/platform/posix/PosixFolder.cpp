@@ -44,8 +44,8 @@ Expected<Attributes> basicsAt(int at, const std::string &name, Links links)
 // another machine, may answer in the disk's place.
 constexpr long ReadBackFromDisk[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC};
 
-constexpr long StableInodes[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC,
-                                 TMPFS_MAGIC,      RAMFS_MAGIC};
+constexpr long StableInodes[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,
+                                 F2FS_SUPER_MAGIC, TMPFS_MAGIC,     RAMFS_MAGIC};
 
 template <std::size_t Count>
 bool isAmong(long type, const long (&types)[Count])

@@ -1,5 +1,7 @@
 #include "platform/simulator/MachineReader.h"
 
+#include "foundation/DisplayPath.h"
+
 #include <nlohmann/json.hpp>
 #include <set>
 
@@ -301,7 +303,7 @@ tl::expected<MachineFile, std::string> readMachine(std::string_view text)
         auto machine = readAll(*json);
         return MachineFile{std::move(json), std::move(machine)};
     } catch (const WrongEntry &entry) {
-        return tl::unexpected(entry.reason);
+        return tl::unexpected(displayPath(entry.reason)); // it names keys of the file as they stand there
     }
 }
 

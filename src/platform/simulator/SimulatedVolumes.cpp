@@ -111,8 +111,8 @@ SimulatedVolumes::SimulatedVolumes(std::string root) : m_root(std::move(root))
     readMounted();
 }
 
-// Each file in "Mounted" is named after a volume's key and holds the name under "Volumes". What is no name of a
-// folder there is not believed.
+// Each file in "Mounted" is named after a volume's key and holds the name under "Volumes". What is no name of
+// a folder there is not believed.
 void SimulatedVolumes::readMounted()
 {
     m_mounted.clear();

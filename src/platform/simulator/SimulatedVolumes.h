@@ -18,8 +18,9 @@ public:
     /// `root` is made when it is missing.
     explicit SimulatedVolumes(std::string root);
 
-    /// Makes the folders agree with the machine, which no other program may change meanwhile: mounts, unmounts, renames, and fills volumes that are new. A
-    /// name that is taken gets " 1" behind it, or the next number.
+    /// Makes the folders agree with the machine, which no other program may change meanwhile: mounts,
+    /// unmounts, renames, and fills volumes that are new. A name that is taken gets " 1" behind it, or the
+    /// next number.
     void agreeWith(const Machine &machine);
 
     /// Removes a volume of the disk with all it holds.
