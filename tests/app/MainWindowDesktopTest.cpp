@@ -22,7 +22,7 @@ TEST_F(DesktopTest, EndOfARunIsToldWithAButtonForItsLog)
     untilSheet("File Copy Completed");
     ASSERT_EQ(notices().size(), 1U);
     EXPECT_EQ(notices()[0].title, "Duplication finished");
-    EXPECT_EQ(notices()[0].text, "All files have been copied.");
+    EXPECT_EQ(notices()[0].text, "All 2 destinations hold every file.");
     EXPECT_EQ(notices()[0].button, "Open log");
     notices()[0].pressed();
     EXPECT_TRUE(wanted.endsWith(QStringLiteral("-Log.txt"))) << wanted.toStdString();
@@ -36,7 +36,8 @@ TEST_F(DesktopTest, EndOfARunWithFailuresSaysSo)
     pressStart();
     untilSheet("File Copy Completed");
     ASSERT_EQ(notices().size(), 1U);
-    EXPECT_EQ(notices()[0].text, "Not everything was copied. The report tells what is missing.");
+    EXPECT_TRUE(notices()[0].text.starts_with("1 of 2 destinations holds every file; ")) << notices()[0].text;
+    EXPECT_TRUE(notices()[0].text.ends_with("COPY1: 3 failed.")) << notices()[0].text;
 }
 
 TEST_F(DesktopTest, CancelledRunIsNotTold)

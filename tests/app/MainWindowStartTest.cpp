@@ -5,6 +5,7 @@
 #include "foundation/NotificationNames.h"
 #include "panels/SystemColor.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QtTest/QTest>
 
@@ -395,6 +396,82 @@ TEST_F(StartTest, VolumeMountedReadOnlyMayBeErased)
     startErase();
     untilSheet("File Copy Completed");
     EXPECT_EQ(tools().size(), 3U);
+}
+
+TEST_F(StartTest, RescanBetweenStartAndEraseDoesNotEndTheRun)
+{
+    startWithEnclosure();
+    m_center.post(notification::TBDeviceAttached);
+    pass(std::chrono::milliseconds(450));
+    startErase();
+    until([this] { return !window().isBusy(); });
+    until([this] { return sheetMessage() == "File Copy Completed"; });
+    EXPECT_EQ(filesOn("COPY1").size(), 4U);
+    EXPECT_EQ(filesOn("Untitled").size(), 4U);
+}
+
+TEST_F(StartTest, FailedEraseIsReportedAlsoWhenTheRunIsCancelled)
+{
+    m_machine["failing"] = Json::array({"eraseDisk C"});
+    bay(0)["volumes"][0]["content"] = Json::array({{{"path", "Music"}, {"bytes", 200'000}, {"files", 200}}});
+    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 20}};
+    startWithEnclosure();
+    startErase();
+    until([this] { return actions().isDuplicating() && window().isBusy(); });
+    while (sheetMessage() == "Warning")
+        pressSheet("OK");
+    pressStart(); // cancel
+    EXPECT_EQ(reportWindows(), 1);
+    until([this] { return !window().isBusy(); });
+}
+
+TEST_F(StartTest, QuitWhileAnEraseWaitsCallsItOff)
+{
+    startWithEnclosure();
+    startErase();
+    ASSERT_TRUE(actions().isErasing());
+    window().endNow();
+    pass(std::chrono::seconds(3));
+    EXPECT_TRUE(tools().empty());
+}
+
+TEST_F(StartTest, NameOfADiskIsNeverMarkup)
+{
+    bay(1)["volumes"][0]["name"] = "<b>bold";
+    startWithEnclosure();
+    pressStart();
+    ASSERT_EQ(sheetMessage(), "Erase");
+    EXPECT_NE(sheetText().find("<b>bold"), std::string::npos);
+    const auto *label =
+        window().sheets().current()->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+    ASSERT_TRUE(label);
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+TEST_F(StartTest, BayThatTookNoPartIsInTheSentenceOnTheRun)
+{
+    bay(3)["attached"] = false;
+    bay(1)["volumes"][0]["capacity"] = 1000;
+    startWithEnclosure();
+    pressStart();
+    untilSheet("Insufficient Disk Space");
+    pressSheet("OK");
+    untilSheet("File Copy Completed");
+    ASSERT_FALSE(notices().empty());
+    EXPECT_EQ(notices().back().text,
+              "The destination holds every file; Slot-B (COPY1) took no part: the selection "
+              "does not fit.");
+}
+
+TEST_F(StartTest, DestinationThatIsNotEjectedIsTold)
+{
+    putTwoVolumesInBayA();
+    bay(3)["attached"] = false;
+    startWithEnclosure();
+    chooseSource("Two");
+    QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
+    EXPECT_EQ(sheetMessage(), "Warning");
+    EXPECT_NE(sheetText().find("Slot-A (One): it carries the source"), std::string::npos) << sheetText();
 }
 
 } // namespace orvana

@@ -166,7 +166,7 @@ TEST_F(CopyCommand, JsonCarriesTheBytesOfPathsThatAreNotText)
 TEST_F(CopyCommand, LostLogIsSaidOnceAndTheCopyIsMade)
 {
     m_options.logFolder = m_tree.path("nowhere");
-    EXPECT_EQ(run(), AllDone);
+    EXPECT_EQ(run(), SomethingFailed) << "what happened is not written down";
     EXPECT_NE(m_err.find("the run log could not be written to"), std::string::npos);
     EXPECT_EQ(m_err.find("run log"), m_err.rfind("run log"));
     EXPECT_EQ(m_tree.read("a/docs/one.txt"), "first");

@@ -361,7 +361,7 @@ TEST_F(DiskUtility, DiskThatBecomesTheSourcesBeforeTheTableIsNotTouched)
 
 TEST_F(DiskUtility, SecondEraseOfADiskIsRefusedWhileTheFirstGoesOn)
 {
-    const auto first = holdDisk(7);
+    const auto first = hold(7);
     ASSERT_TRUE(first);
     expectRefusal("the disk is being erased or ejected by another program at this moment");
     EXPECT_FALSE(eject());
@@ -369,10 +369,10 @@ TEST_F(DiskUtility, SecondEraseOfADiskIsRefusedWhileTheFirstGoesOn)
 
 TEST_F(DiskUtility, DiskIsFreeOnceTheFirstHasEnded)
 {
-    EXPECT_TRUE(holdDisk(7));
+    EXPECT_TRUE(hold(7));
     EXPECT_TRUE(erase());
-    EXPECT_TRUE(holdDisk(8));
-    EXPECT_TRUE(holdDisk(7));
+    EXPECT_TRUE(hold(8));
+    EXPECT_TRUE(hold(7));
 }
 
 } // namespace orvana::diskutil

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace orvana::diskutil
 {
@@ -121,7 +122,14 @@ protected:
                     return m_writeOut;
                 },
                 [this](const std::string &) { return m_isMountable; },
-                m_setting};
+                m_setting,
+                hold};
+    }
+
+    /// Disks of this process's own, as several tests run at once.
+    static Outcome<std::shared_ptr<void>> hold(std::uint64_t sequence)
+    {
+        return holdDisk(static_cast<std::uint64_t>(::getpid()) * 1000 + sequence);
     }
 
     /// The erase is refused for the reason, and nothing at all was asked of the service.

@@ -1,0 +1,124 @@
+// Signals, closed standard files and languages: the program from outside.
+
+#include "MachineFixture.h"
+#include "foundation/SizeText.h"
+
+#include <clocale>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace orvana::cli
+{
+
+class Process : public SimulatedMachineTest
+{
+protected:
+    /// Starts the program with these words, and closes its standard files first where that is wanted.
+    pid_t startProgram(const Files &words, bool isClosed = false)
+    {
+        ::unlink(m_tree.path("said").c_str());
+        std::vector<std::string> all{PLURIMOCTL};
+        all.insert(all.end(), words.begin(), words.end());
+        std::vector<char *> arguments;
+        for (auto &word : all)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        const pid_t child = ::fork();
+        if (child != 0)
+            return child;
+        for (const int number : {0, 1, 2}) {
+            if (isClosed)
+                ::close(number);
+        }
+        if (!isClosed)
+            (void)!::freopen(m_tree.path("said").c_str(), "w", stdout);
+        ::execv(PLURIMOCTL, arguments.data());
+        ::_exit(99);
+    }
+
+    static int statusOf(pid_t child)
+    {
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+    }
+
+    void untilSaid(const std::string &text)
+    {
+        for (int i = 0; i < 4000; ++i) {
+            if (m_tree.exists("said") && m_tree.read("said").find(text) != std::string::npos)
+                return;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        FAIL() << "never said " << text;
+    }
+};
+
+TEST_F(Process, EverySignalEndsAWatchAsCancelDoes)
+{
+    ASSERT_EQ(program({"devices"}), AllDone);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto child = startProgram({"devices", "--watch", "--simulator", m_tree.path("machine.json")});
+        untilSaid("Master");
+        ::kill(child, signal);
+        EXPECT_EQ(statusOf(child), AllDone) << signal;
+    }
+}
+
+TEST_F(Process, SignalBeforeAnythingIsTouchedEndsTheProgram)
+{
+    // A pipe that nobody writes to holds the command up where it reads its machine.
+    ASSERT_EQ(::mkfifo(m_tree.path("pipe").c_str(), 0600), 0);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto child = startProgram({"devices", "--simulator", m_tree.path("pipe")});
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        ::kill(child, signal);
+        EXPECT_EQ(statusOf(child), Cancelled) << signal;
+    }
+}
+
+TEST_F(Process, ReportIsWholeThoughStandardFilesAreClosed)
+{
+    m_tree.file("s/file", "content");
+    m_tree.folder("d");
+    const auto child = startProgram(
+        {"copy", m_tree.path("s/file"), "--to", m_tree.path("d"), "--log-dir", m_tree.path("logs")}, true);
+    EXPECT_EQ(statusOf(child), AllDone);
+    EXPECT_EQ(report()["destinations"][0]["copied"], 1);
+    EXPECT_EQ(m_tree.read("d/file"), "content");
+}
+
+TEST_F(Process, NamesOfTheWorkingFolderAreNoRule)
+{
+    // The rule for links looks up bare names in the working folder.
+    m_tree.file("s/docs/bin", "content");
+    m_tree.folder("d");
+    m_tree.link("here/bin", "/bin");
+    const auto child = ::fork();
+    if (child == 0) {
+        if (::chdir(m_tree.path("here").c_str()) != 0)
+            ::_exit(98);
+        ::execl(PLURIMOCTL, PLURIMOCTL, "copy", "../s/docs", "--to", "../d", "--log-dir", "../logs", nullptr);
+        ::_exit(99);
+    }
+    EXPECT_EQ(statusOf(child), AllDone);
+    EXPECT_EQ(m_tree.read("d/docs/bin"), "content");
+}
+
+TEST(Languages, SizesHaveTheirPointInEveryOne)
+{
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    for (const char *locale : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "C.UTF-8"}) {
+        std::setlocale(LC_ALL, locale);
+        EXPECT_EQ(sizeText(200'000'000), "190.73 MB") << locale;
+    }
+    std::setlocale(LC_ALL, before.c_str());
+    EXPECT_EQ(sizeText(0), "0.00 Bytes");
+    EXPECT_EQ(sizeText(1'048'576), "1.00 MB");
+}
+
+} // namespace orvana::cli
