@@ -3,6 +3,7 @@
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "platform/PrivateFolder.h"
+#include "platform/simulator/MachinePlaces.h"
 
 #include <algorithm>
 #include <chrono>
@@ -60,54 +61,6 @@ private:
 Json &entryAt(Json &json, const std::string &where)
 {
     return json.at(Json::json_pointer(where));
-}
-
-template <class Visit>
-void visitAllDisks(const Machine &machine, Visit visit)
-{
-    for (const auto &disk : machine.disks)
-        visit(disk, disk.isAttached);
-    for (const auto &enclosure : machine.enclosures) {
-        for (const auto &disk : enclosure.bays)
-            visit(disk, enclosure.isAttached && disk.isAttached);
-    }
-}
-
-std::optional<std::string> placeOfTarget(const Machine &machine, const std::string &target)
-{
-    const auto slash = target.find('/');
-    const auto first = target.substr(0, slash);
-    if (first == "internal" || first == "usb" || first == "fireWire") {
-        if (slash == std::string::npos)
-            return std::nullopt;
-        const auto where = "/" + first + "Disks/" + std::to_string(std::atoi(target.c_str() + slash + 1) - 1);
-        const auto found = std::find_if(machine.disks.begin(), machine.disks.end(),
-                                        [&](const Disk &disk) { return disk.where == where; });
-        return found == machine.disks.end() ? std::nullopt : std::optional(where);
-    }
-    const auto number = static_cast<std::size_t>(std::max(0, std::atoi(first.c_str())));
-    if (number < 1 || number > machine.enclosures.size())
-        return std::nullopt;
-    const auto &enclosure = machine.enclosures[number - 1];
-    if (slash == std::string::npos)
-        return enclosure.where;
-    for (const auto &disk : enclosure.bays) {
-        if (disk.bay == target.substr(slash + 1))
-            return disk.where;
-    }
-    return std::nullopt;
-}
-
-std::optional<std::string> placeOfVolume(const Machine &machine, const std::string &name)
-{
-    std::optional<std::string> where;
-    visitAllDisks(machine, [&](const Disk &disk, bool) {
-        for (const auto &volume : disk.volumes) {
-            if (volume.name == name && !where)
-                where = volume.where;
-        }
-    });
-    return where;
 }
 
 CommandLauncher::Result failed(const std::string &text)
