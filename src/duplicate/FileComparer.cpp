@@ -74,6 +74,7 @@ int FileComparer::compare(const std::string &source, const OutArray &copies)
     compareBlocks(**from, size);
     if (isSourceChanged(**from))
         noteChangedSource(source);
+    noteSample(source, copies, size);
     noteResults(source);
     m_run.postMessage(Succeeded);
     return 1;
@@ -202,6 +203,24 @@ void FileComparer::tellUnreadableSource(const platform::FileError &error)
         m_run.postMessage(Failed);
         copy.sourceError = error;
     }
+}
+
+// One block of the file, somewhere in it, for every destination on which the file is good so far.
+void FileComparer::noteSample(const std::string &source, const OutArray &copies, std::uint64_t size)
+{
+    if (size == 0 || !m_run.sourceInHand())
+        return;
+    auto good = copies;
+    for (std::size_t i = 0; i < good.size(); ++i) {
+        const bool isGood = i < m_copies.size() && m_copies[i].file && !m_copies[i].error &&
+                            m_copies[i].differences == 0 && !m_run.hasFailed(i);
+        if (!isGood)
+            good[i].reset();
+    }
+    // Of a large file a block each 64 MiB.
+    constexpr std::uint64_t Between = 64 * BlockSize;
+    for (std::uint64_t offset = 0; offset < size; offset += Between)
+        m_samples.note(source, *m_run.sourceInHand(), good, offset);
 }
 
 // Between the copy and the end of the comparison nobody may have written to the source.

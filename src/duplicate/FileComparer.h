@@ -1,6 +1,6 @@
 #pragma once
 
-#include "duplicate/CopyJob.h"
+#include "duplicate/BlockSamples.h"
 #include "platform/VolumeFiles.h"
 
 #include <memory>
@@ -25,6 +25,9 @@ public:
     /// Returns 1, or -1 when the source cannot be opened. Ends the thread when it is cancelled.
     int compare(const std::string &source, const OutArray &copies);
 
+    /// Compares samples of all that was compared once more. At the end of a run.
+    void compareSamples() const { m_samples.compare(m_run); }
+
 private:
     struct Copy
     {
@@ -40,6 +43,7 @@ private:
     void openCopies(const std::string &source, const OutArray &copies);
     void readFromDisk(std::size_t index, const std::string &source);
     void compareBlocks(platform::File &from, std::uint64_t size);
+    void noteSample(const std::string &source, const OutArray &copies, std::uint64_t size);
     platform::Expected<std::size_t> compareAndReadAhead(platform::File &from,
                                                         std::span<const std::byte> block,
                                                         std::uint64_t offset, int spare);
@@ -52,6 +56,7 @@ private:
 
     RunState &m_run;
     std::vector<Copy> m_copies;
+    BlockSamples m_samples;
     bool m_diskIsRead = false; ///< by at least one of the copies
     bool m_sideBySide = false; ///< threads pay where disks are waited for, and for large files
 };

@@ -234,6 +234,7 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
     WorkerThread::exitIfCancelled();
     for (const auto &item : state.job().SrcFileArray)
         walk.copySelected(item);
+    walk.compareSamples();
     state.finishDestinations();
     reportOnCancel.disarm();
 }

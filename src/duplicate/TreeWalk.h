@@ -31,6 +31,8 @@ public:
         return m_comparer.compare(source, copies);
     }
 
+    void compareSamples() const { m_comparer.compareSamples(); }
+
     bool isSkipFile(const std::string &pathOrName) { return m_rules.examine(pathOrName).skip; }
 
 private:

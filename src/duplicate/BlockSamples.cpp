@@ -1,0 +1,78 @@
+#include "duplicate/BlockSamples.h"
+
+#include "duplicate/RunState.h"
+#include "foundation/WorkerThread.h"
+
+#include <cstring>
+#include <span>
+
+namespace orvana
+{
+
+using platform::Access;
+using platform::Attributes;
+using platform::File;
+
+namespace
+{
+
+bool isUnchanged(const Attributes &then, const Attributes &now)
+{
+    return then.device == now.device && then.inode == now.inode && then.size == now.size &&
+           then.modified == now.modified;
+}
+
+} // namespace
+
+void BlockSamples::note(const std::string &source, const Attributes &sourceThen, const OutArray &copies,
+                        std::uint64_t offset)
+{
+    if (m_ends.size() < 2)
+        m_ends.emplace_back();
+    m_ends.back() = {source, sourceThen, copies, offset};
+    ++m_seen;
+    if (m_spread.size() < Spread) {
+        m_spread.push_back(m_ends.back());
+        return;
+    }
+    const auto place = std::uniform_int_distribution<std::uint64_t>(0, m_seen - 1)(m_random);
+    if (place < Spread)
+        m_spread[static_cast<std::size_t>(place)] = m_ends.back();
+}
+
+void BlockSamples::compare(RunState &run) const
+{
+    for (const auto *list : {&m_ends, &m_spread}) {
+        for (const auto &sample : *list) {
+            WorkerThread::exitIfCancelled();
+            compareOne(run, sample);
+        }
+    }
+}
+
+void BlockSamples::compareOne(RunState &run, const Sample &sample)
+{
+    const auto from = run.sources().openFile(sample.source, Access::Read);
+    const auto now = from ? (*from)->attributes() : tl::unexpected(from.error());
+    const auto wanted = run.block(0);
+    const auto count = now && isUnchanged(sample.sourceThen, *now) ? (*from)->read(wanted, sample.offset)
+                                                                   : platform::Expected<std::size_t>(0);
+    if (!count || *count == 0)
+        return;
+    for (std::size_t i = 0; i < run.destinationCount() && i < sample.copies.size(); ++i) {
+        if (!sample.copies[i])
+            continue;
+        const auto copy = run.destination(i).openFile(*sample.copies[i], Access::Read);
+        if (!copy)
+            continue;
+        (*copy)->dropCached(0, File::ToTheEnd);
+        const auto there = (*copy)->read(run.block(1), sample.offset);
+        if (!there)
+            run.report().unverified(i, sample.source,
+                                    "The copy cannot be read again: " + there.error().reason());
+        else if (*there < *count || std::memcmp(wanted.data(), run.block(1).data(), *count) != 0)
+            run.report().mismatched(i, sample.source, sample.offset, 1);
+    }
+}
+
+} // namespace orvana
