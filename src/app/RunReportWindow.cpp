@@ -1,6 +1,7 @@
 #include "app/RunReportWindow.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -66,6 +67,7 @@ void RunReportWindow::askWhereToSave()
     auto *dialog = new QFileDialog(this, tr("Save Report"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDirectory(QDir::homePath());
     dialog->setDefaultSuffix(QStringLiteral("txt"));
     dialog->selectFile(QStringLiteral("Report.txt"));
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {

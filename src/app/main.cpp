@@ -16,6 +16,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 
 #include <cstdio>
@@ -121,6 +122,10 @@ int runProgram(Words words)
         if (!read)
             return fail(4, read.error().toStdString());
         steps = std::move(*read);
+        for (auto &step : steps) {
+            if (step.name == QLatin1String("grab") && !step.words.isEmpty())
+                step.words[0] = QFileInfo(step.words[0]).absoluteFilePath();
+        }
     }
     const bool isSimulated = words.machine.simulatorFile || words.machine.demo || words.machine.demoFolder;
     const auto file = isSimulated ? cli::simulatorFileOf(words.machine) : std::string();

@@ -19,6 +19,7 @@ struct Expectation
     std::optional<std::string> bay;
     /// Disks that must not be touched, those of a run's source: one mark that agrees refuses the disk.
     /// Devices are the kernel's nodes here.
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::vector<platform::DiskFingerprint> spared{};
 };
 

@@ -132,7 +132,7 @@ bool MainWindow::decideOrderNow()
     const auto choice = choiceNow();
     // Without an enclosure or a tree there is no disk to protect: the run says so, and does nothing.
     const bool hasNothingToDo = isPlaceholderSelected() || !hasTree(m_fileList->rows());
-    if (hasNothingToDo && !(isErase && !isPlaceholderSelected())) {
+    if (hasNothingToDo && (!isErase || isPlaceholderSelected())) {
         m_order.emplace();
         m_order->choice = choice;
         m_order->source = m_source;

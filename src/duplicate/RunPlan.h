@@ -56,7 +56,8 @@ struct ErasePlan
     std::vector<PlannedErase> disks;   ///< in the order of the records
     std::vector<DiskRefusal> refusals; ///< disks that keep their content
     std::vector<NameRefusal> badNames; ///< not empty: nothing may be erased, and nothing started
-    std::vector<Bay> tooSmall{};       ///< keep their content: the selection does not fit into them
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::vector<Bay> tooSmall{}; ///< keep their content: the selection does not fit into them
 };
 
 /// The disks that a run erases. RAID members, the source's bay and bays that are too small are never among

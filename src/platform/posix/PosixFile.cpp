@@ -112,7 +112,7 @@ bool PosixFile::isOutOfMemory() const
     if (status.st_size == 0)
         return true;
     // Looked at piece by piece: the table of a large file would be large itself.
-    constexpr std::size_t Piece = 64 * 1'048'576;
+    constexpr std::size_t Piece = 67'108'864;
     const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     std::vector<unsigned char> isThere(Piece / page);
     const auto size = static_cast<std::size_t>(status.st_size);
