@@ -214,7 +214,7 @@ void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copi
         const std::string name(names.takeNext());
         // Tested by its bare name, so a link directly in a ticked folder is not left out.
         if (const auto verdict = m_rules.examine(name); verdict.skip) {
-            m_run.report().leftOut(folder + "/" + name, verdict.rule);
+            m_run.report().leftOut(std::string(folder).append("/").append(name), verdict.rule);
             continue;
         }
         OutArray entryCopies = copies;
