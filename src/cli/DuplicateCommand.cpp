@@ -113,7 +113,7 @@ DuplicateCommand::Check DuplicateCommand::prepare()
     return checkOnceMore();
 }
 
-// What is copied to later is among these, or it is not copied to.
+// The copy goes to some of these destinations later, and to no others.
 DuplicateCommand::Check DuplicateCommand::decideDestinations()
 {
     auto plan = planDestinations(m_scan.devices(), m_plan.choice, m_scan.user());

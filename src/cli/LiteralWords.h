@@ -8,7 +8,7 @@ namespace orvana::cli
 
 /// The words of a command line in a form in which the parser finds nothing but letters, digits and the dashes
 /// of options: it would take brackets for lists, commas for separators, and an empty word for none at all.
-/// What the user typed is had back by `literal`.
+/// `literal` gives back the text that the user typed.
 std::vector<std::string> shelteredWords(int argc, const char *const *argv);
 
 /// The text as the user typed it, of anything that the parser gives back.

@@ -73,7 +73,7 @@ public:
     const std::optional<std::int64_t> &diskSize() const { return m_diskSize; }
     void setDiskSize(std::optional<std::int64_t> bytes) { m_diskSize = bytes; }
 
-    // What guards go by, and no row shows.
+    // Marks for the guards. No row shows them.
 
     /// The serial number as the disk itself says. USB disks have one here, too.
     const std::optional<std::string> &unitSerial() const { return m_unitSerial; }

@@ -23,7 +23,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr const char *MadeByTheFormat = "lost+found";
 
-/// What the survey's thread has to look at of one disk.
+/// The part of one disk that the survey's thread looks at.
 struct DiskToSurvey
 {
     std::vector<std::string> mountPoints;
@@ -50,7 +50,7 @@ DiskToSurvey diskToSurvey(const ORVHddInfo &disk)
 
 } // namespace
 
-/// What the survey and its thread share; it lives as long as either.
+/// The state that the survey and its thread share. It lives as long as either.
 struct DiskSurvey::Shared
 {
     std::vector<DiskToSurvey> disks;

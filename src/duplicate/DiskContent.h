@@ -13,7 +13,7 @@
 namespace orvana
 {
 
-/// What a disk holds, as far as it is known.
+/// The content of a disk, as far as it is known.
 struct DiskContent
 {
     /// Nothing: the system examined the disk and recognised nothing on it, or all its volumes are mounted and

@@ -118,7 +118,7 @@ void FileComparer::readFromDisk(std::size_t index, const std::string &source)
     const auto written = copy.file->finishWriteOut(0, File::ToTheEnd);
     if (!written && m_run.isCopiedHere(index))
         m_run.takeBack(index, source, written.error());
-    // What is seen to be gone from memory is read from the disk; everything else may come from memory.
+    // A copy that was seen to be gone from memory is read from the disk. Any other may come from memory.
     const bool isGone = !traits.isMemory && dropped(*copy.file);
     m_diskIsRead = m_diskIsRead || isGone;
     const auto size = copy.file->attributes();

@@ -165,7 +165,7 @@ FileDuplicator::Output FileDuplicator::openOutput(std::size_t index, const std::
     } else if (file.error().problem == FileProblem::Exists) {
         openExisting(index, copy, output);
     } else {
-        // What stood in the way of its folder stands in the way of the file.
+        // If its folder could not be made, that is the reason for the file, too.
         output.error = m_parentErrors[index].value_or(file.error());
     }
     return output;

@@ -58,7 +58,7 @@ RunChoice MainWindow::choiceNow() const
     return choice;
 }
 
-// What the run in hand may do was decided at its start; what the bays show now may be newer.
+// The run in hand keeps to what was decided at its start. The bays may show something newer now.
 RunChoice MainWindow::choiceOfRun() const
 {
     auto choice = choiceNow();
@@ -130,7 +130,7 @@ void MainWindow::makeReport()
 
 void MainWindow::CopyFile()
 {
-    // What is copied was decided at Start. The tree may be another one since.
+    // The selection was decided at Start. The tree may be another one since.
     const auto selection = m_order ? m_order->selection : selectionNow();
     if (selection.empty() && !hasTree(m_fileList->rows())) {
         m_action->setTitle(Title::Start);

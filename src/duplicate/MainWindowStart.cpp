@@ -53,7 +53,7 @@ void MainWindow::Duplicate()
     afterCounting(chosenNow());
 }
 
-// Which bays are too small is known when the count is done. Without an erase nothing is lost by an old
+// The count shows which bays are too small, once it is done. Without an erase nothing is lost by an old
 // answer.
 void MainWindow::afterCounting(const ChosenEnclosure &asked)
 {

@@ -57,7 +57,7 @@ bool holdsEveryFile(const Json &entry)
            entry.value("mismatched", 0) == 0 && entry.value("unverified", 0) == 0;
 }
 
-// What is wrong with a destination.
+// The faults of a destination.
 std::string lackOf(const Json &entry)
 {
     if (entry["onDisk"] == Json(false))

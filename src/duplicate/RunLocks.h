@@ -14,7 +14,7 @@ namespace platform
 class Host;
 }
 
-/// What one run holds against all other runs on the machine, until this object is destroyed: its source
+/// Locks that keep other runs on the machine away from one run, until this object is destroyed: its source
 /// against being written to, and each destination against every other run. The locks end with the process.
 ///
 /// The folders above, up to the top of their volume, are held too, so that a run into a folder keeps others

@@ -9,7 +9,7 @@
 namespace orvana
 {
 
-/// What a run may do, decided once at Start. What is seen later can take a disk out of it, and never put one
+/// The disks and files of a run, decided once at Start. A later look can take a disk out, and never put one
 /// in.
 struct RunOrder
 {
@@ -55,8 +55,8 @@ struct DiskAtStake
 /// The records of the disks that the plan erases, in its order.
 std::vector<std::shared_ptr<ORVHddInfo>> disksToErase(const ErasePlan &plan, const ScannedDevices &devices);
 
-/// What a question before the erase says of the disk: "Slot-B: Copy HD, serial number B1, now COPY1: 12.50 GB
-/// in 3402 files; will be COPY1". `present` is the name that the bay shows now.
+/// The line on the disk in the question before an erase: "Slot-B: Copy HD, serial number B1, now COPY1: 12.50
+/// GB in 3402 files; will be COPY1". `present` is the name that the bay shows now.
 std::string stakeText(const DiskAtStake &disk, const std::string &present);
 
 } // namespace orvana

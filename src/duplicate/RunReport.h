@@ -74,7 +74,7 @@ public:
     DestinationTally &destination(std::size_t index);
     std::size_t destinationCount() const;
 
-    /// What became of a file that is not on a destination as it should be.
+    /// The kinds of failure of a file on a destination.
     enum class Failure {
         Failed,        ///< it could not be brought there
         KeptTail,      ///< the copy holds bytes of an older, longer file behind its end

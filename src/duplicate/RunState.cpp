@@ -149,7 +149,7 @@ void RunState::noteSync(std::size_t index, const WriteOutPump::Outcome &outcome)
         report().notOnDisk(index, outcome.result.error().reason());
 }
 
-// What was written is on its way, or arrived; but it counts only in the place where the user looks for it.
+// The bytes are on their way, or arrived; but they count only in the place where the user looks for them.
 void RunState::noteEnd(std::size_t index)
 {
     auto &destination = m_destinations[index];

@@ -93,7 +93,7 @@ public:
     /// The file in hand, counted as copied, is no copy of its source any more, which was written to.
     void sourceChanged(std::size_t index, const std::string &source);
 
-    /// What the run has written to the destination. Used by a lane for its own destination.
+    /// The files that the run has written to the destination. Used by a lane for its own destination.
     WrittenFiles &written(std::size_t index) { return m_written[index]; }
 
     /// The source of the file in hand as it was before it was read.

@@ -51,7 +51,7 @@ std::vector<DiskFingerprint> fingerprintsOf(const std::vector<std::string> &node
     return found;
 }
 
-// What the links directly in a folder lead to is copied with it.
+// Targets of the links directly in a folder are copied with it.
 void addLinksIn(platform::Host &host, const std::string &folder, std::vector<std::string> &paths)
 {
     auto &files = host.volumeFiles().workingFolder();

@@ -32,7 +32,7 @@ public:
         OtherSource, ///< the run has, or may have, written to it from another source
     };
 
-    /// Whom the existing file at `path` beneath `volume` belongs to. Asks the volume.
+    /// The owner of the existing file at `path` beneath `volume`. Asks the volume.
     Owner ownerOf(const platform::Folder &volume, std::string_view path, std::string_view source);
 
     /// Notes that the file is being written from `source`.

@@ -120,7 +120,7 @@ public:
 
     virtual Expected<Attributes> attributes(std::string_view path, Links links, Want want) const = 0;
 
-    /// Where the file or folder really lies: an absolute path without links.
+    /// The place of the file or folder: an absolute path without links.
     virtual Expected<std::string> realPath(std::string_view path) const = 0;
 
     /// Names without "." and "..".

@@ -1,4 +1,4 @@
-// What comes between the click on Start and the first erased disk.
+// The steps between the click on Start and the first erased disk.
 
 #include "WindowFixture.h"
 

@@ -178,7 +178,7 @@ private:
         }
     }
 
-    // What is disabled cannot be used.
+    // A user cannot use a control that is disabled.
     void chooseEnclosureAgain()
     {
         if (!window().TBDeviceView->isEnabled())

@@ -14,7 +14,7 @@ namespace orvana::test
 namespace
 {
 
-// What the utility is told of a disk that it must not touch.
+// The word for a disk that the utility must not touch.
 std::string sparing(const ImageDisk &disk)
 {
     std::string arrival;

@@ -1,4 +1,4 @@
-// What counts as copied and verified: nothing is called better than it is, and nothing worse.
+// Rules for what counts as copied and verified: nothing is called better than it is, and nothing worse.
 
 #include "EngineFixture.h"
 

@@ -62,7 +62,7 @@ void addMedia(RegistryNode &driver, const Disk &disk, int number)
     }
 }
 
-// What tells the disk from others. Its number is never given to another disk.
+// The marks that tell the disk from others. Its number is never given to another disk.
 void setMarks(RegistryProperties &properties, const Disk &disk, int number)
 {
     properties["Arrival Number"] = std::int64_t{number};

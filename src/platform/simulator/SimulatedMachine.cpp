@@ -129,7 +129,7 @@ bool SimulatedMachine::refresh()
     const auto text = textOfFile(m_file);
     if (!text || *text == m_text || *text == m_rejected)
         return false;
-    // Who wrote it may still be moving the volumes.
+    // The program that wrote it may still be moving the volumes.
     const FileLock lock(m_file);
     return refreshLocked();
 }

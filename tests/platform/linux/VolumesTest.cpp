@@ -249,7 +249,7 @@ TEST_F(LinuxDiskNames, AnotherArrivalSerialOrPlaceIsAnotherDisk)
         EXPECT_EQ(m_names.numberOf(other), std::nullopt);
 }
 
-/// Which devices hold a path, by way of everything that lies between.
+/// The devices that hold a path, by way of everything that lies between.
 class DevicesBeneath : public LinuxVolumes
 {
 protected:
