@@ -85,7 +85,7 @@ bool DiskSurvey::Shared::countFolder(platform::Folder &volume, const std::string
         const std::string name(names->takeNext());
         const auto attributes = (*folder)->attributes(name, Links::DoNotFollow, Want::Basics);
         if (attributes && attributes->type == FileType::Folder) {
-            folders.push_back(path + "/" + name);
+            folders.push_back(std::string(path).append("/").append(name));
         } else {
             const std::lock_guard lock(mutex);
             ++contents[index].files;
