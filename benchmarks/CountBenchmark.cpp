@@ -38,6 +38,7 @@ public:
     {
         return m_real.attributes(path, links, platform::Want::Basics);
     }
+    Expected<std::string> realPath(std::string_view path) const override { return m_real.realPath(path); }
     Expected<platform::NameList> list(std::string_view path) const override { return m_real.list(path); }
     Expected<std::unique_ptr<Folder>> openFolder(std::string_view path) const override
     {
@@ -76,15 +77,23 @@ private:
 class FlaglessFiles final : public platform::VolumeFiles
 {
 public:
-    explicit FlaglessFiles(platform::VolumeFiles &real) : m_workingFolder(real.workingFolder()) {}
+    explicit FlaglessFiles(platform::VolumeFiles &real) : m_real(real), m_workingFolder(real.workingFolder())
+    {
+    }
 
     Expected<std::unique_ptr<platform::Folder>> openFolder(const std::string &path, platform::Reach) override
     {
         return m_workingFolder.openFolder(path);
     }
+    Expected<std::unique_ptr<platform::FolderLock>> lockFolder(const std::string &path,
+                                                               platform::Sharing sharing) override
+    {
+        return m_real.lockFolder(path, sharing);
+    }
     platform::Folder &workingFolder() override { return m_workingFolder; }
 
 private:
+    platform::VolumeFiles &m_real;
     FlaglessFolder m_workingFolder;
 };
 

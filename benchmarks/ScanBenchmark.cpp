@@ -37,6 +37,7 @@ class Listing final : public platform::CommandLauncher
 {
 public:
     Result run(const std::string &, const std::vector<std::string> &) override { return {text, 0}; }
+    void setSparedDisks(std::vector<platform::DiskFingerprint>) override {}
     std::string text;
 };
 
