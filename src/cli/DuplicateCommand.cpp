@@ -70,6 +70,7 @@ private:
     Duplication m_plan;
     CopyCensus m_census;
     RunOrder m_order;
+    SoFar m_soFar = SoFar::Untouched;
 };
 
 ExitStatus DuplicateCommand::run()
@@ -195,7 +196,7 @@ DuplicateCommand::Check DuplicateCommand::checkOnceMore()
     m_scan.scan();
     if (const auto present = enclosure(); !present)
         return present.error();
-    if (const auto refusal = sourceChange(m_host, m_scan.devices(), m_plan))
+    if (const auto refusal = sourceChange(m_host, m_scan.devices(), m_plan, SoFar::Untouched))
         return refusal;
     if (!m_options.erase)
         return std::nullopt;
@@ -220,6 +221,8 @@ void DuplicateCommand::erase()
     tool.setGoesOn([this] { return !m_run.isCancelled(); });
     tool.startEraseDiskThread();
     reportErase(m_run.report(), m_order.erase, tool.results());
+    if (!tool.results().empty())
+        m_soFar = SoFar::Erased;
     m_plan.choice.isNotErased = baysNotErased(m_order.erase, tool.results());
     m_scan.scanEnclosures();
 }
@@ -236,7 +239,7 @@ ExitStatus DuplicateCommand::copy()
     auto destinations = planDestinations(devices, choice, m_scan.user());
     if (!destinations)
         return endBecause(refusalText(destinations.error()), refusalOf(destinations.error()).status);
-    if (const auto refusal = sourceChange(m_host, devices, m_plan))
+    if (const auto refusal = sourceChange(m_host, devices, m_plan, m_soFar))
         return endBecause(refusal->reason, refusal->status);
     refuseWhatIsNotMounted(m_host, *destinations);
     refuseWhatIsInUse(m_host, *destinations);

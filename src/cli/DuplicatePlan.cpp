@@ -126,12 +126,14 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
 }
 
 std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &devices,
-                                    const Duplication &duplication)
+                                    const Duplication &duplication, SoFar soFar)
 {
     if (isStillThere(host, devices, duplication.source))
         return std::nullopt;
-    return Refusal{NotThere, displayPath(duplication.source.root) +
-                                 ": the source is not there any more; nothing was touched"};
+    return Refusal{NotThere,
+                   displayPath(duplication.source.root) + ": the source is not there any more; " +
+                       (soFar == SoFar::Untouched ? "nothing was touched"
+                                                  : "nothing was copied, and the report says which disks were erased")};
 }
 
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes)

@@ -35,9 +35,13 @@ struct Duplication
 tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const DeviceScan &scan,
                                                    const DuplicateOptions &options);
 
-/// Why the source is not what it was when the duplication was planned; nullopt while it is.
+/// What the command has done to the destination disks.
+enum class SoFar { Untouched, Erased };
+
+/// Why the source is not what it was when the duplication was planned; nullopt while it is. `soFar` decides
+/// what the reason says of the destinations.
 std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &devices,
-                                    const Duplication &duplication);
+                                    const Duplication &duplication, SoFar soFar);
 
 /// Notes into which bays a selection of that many bytes does not fit.
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes);

@@ -5,7 +5,9 @@
 
 #include <cstdint>
 #include <random>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orvana
@@ -23,8 +25,9 @@ public:
     void note(const std::string &source, const platform::Attributes &sourceThen, const OutArray &copies,
               std::uint64_t offset);
 
-    /// Compares what was kept, past what memory holds. A copy that differs by now is reported as mismatched.
-    /// Blocks of a source that was written to since are left out.
+    /// Compares the kept blocks once more, read from the disk. A copy that differs by now is reported as
+    /// mismatched, one that cannot be read as unverified; either no longer counts as verified. Blocks of a
+    /// source that was written to since are left out.
     void compare(RunState &run) const;
 
 private:
@@ -36,7 +39,10 @@ private:
         std::uint64_t offset = 0;
     };
 
-    static void compareOne(RunState &run, const Sample &sample);
+    /// Index of the destination and source of each copy that was reported.
+    using Told = std::set<std::pair<std::size_t, std::string>>;
+
+    static void compareOne(RunState &run, const Sample &sample, Told &told);
 
     static constexpr std::size_t Spread = 64;
 

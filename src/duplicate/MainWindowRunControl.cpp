@@ -155,7 +155,9 @@ void MainWindow::CopyFile()
         return;
     }
     if (m_order && !isStillThere(m_context.host, devices, m_order->source)) {
-        warn(refusalText(OrderRefusal::SourceGone));
+        const auto refusal =
+            m_erasedInRun ? OrderRefusal::SourceGoneSinceTheErase : OrderRefusal::SourceGone;
+        warn(refusalText(refusal));
         endWithoutCopy();
         return;
     }

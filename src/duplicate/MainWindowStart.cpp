@@ -94,11 +94,15 @@ void MainWindow::checkSpace(const ChosenEnclosure &asked)
     }
 }
 
-// The devices may have been pulled or changed while a question stood.
+// The devices may have been pulled or changed while a question stood. When it returns false, the user has been
+// told why.
 bool MainWindow::isUnchanged(const ChosenEnclosure &asked)
 {
     const auto now = chosenNow();
-    return now.pickerIndex == asked.pickerIndex && now.uid == asked.uid && !isStartRefused();
+    if (now.pickerIndex == asked.pickerIndex && now.uid == asked.uid)
+        return !isStartRefused();
+    warn("The device is not the one that was chosen when the start began. Nothing was touched.");
+    return false;
 }
 
 // `agreed` are the disks that the user has been asked about, and agreed to lose.

@@ -25,6 +25,7 @@ struct RunOrder
 enum class OrderRefusal {
     NothingTicked, ///< and the disks were to be erased for it
     SourceGone,    ///< the source is not there any more, or another disk stands in its place
+    SourceGoneSinceTheErase, ///< the same, noticed when disks had been erased for the run
 };
 
 std::string refusalText(OrderRefusal refusal);

@@ -10,6 +10,7 @@
 #include <QtTest/QTest>
 
 #include <future>
+#include <utility>
 
 namespace orvana
 {
@@ -218,6 +219,23 @@ TEST_F(StartTest, CopyFromASourceThatIsGoneIsRefusedToo)
     EXPECT_EQ(sheetMessage(), "Warning");
     pressSheet("OK");
     EXPECT_TRUE(nothingHappened());
+}
+
+TEST_F(StartTest, SourceThatIsLostDuringTheEraseIsNotSaidToHaveLeftAllUntouched)
+{
+    startWithSource("STICK");
+    bool isPulled = false;
+    const auto pull = m_center.subscribe(notification::DiskMessage, [&](const auto &) {
+        if (!std::exchange(isPulled, true))
+            move("detach", "usb/1");
+    });
+    pressStart();
+    pressSheet("Erase");
+    until([this] { return sheetMessage() == "Warning"; });
+    EXPECT_EQ(sheetText().find("Nothing was touched"), std::string::npos) << sheetText();
+    EXPECT_NE(sheetText().find("Nothing was copied; the report says which disks were erased."),
+              std::string::npos)
+        << sheetText();
 }
 
 TEST_F(StartTest, NothingTickedErasesNothing)

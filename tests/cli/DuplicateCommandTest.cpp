@@ -2,6 +2,8 @@
 
 #include "MachineFixture.h"
 
+#include <algorithm>
+
 namespace orvana::cli
 {
 
@@ -206,6 +208,21 @@ TEST_F(Duplicate, SignalDuringTheCopyEndsItAndTheDisksCanBeEjected)
     m_disks.yes = true;
     EXPECT_EQ(eject(), AllDone) << m_err;
     EXPECT_FALSE(isAttached(1));
+}
+
+TEST_F(Duplicate, SourceThatIsLostDuringTheEraseIsNotSaidToHaveLeftAllUntouched)
+{
+    m_options.source = "STICK";
+    m_options.erase = m_options.yes = true;
+    beforeEachTool([this](const Files &words) {
+        if (std::find(words.begin(), words.end(), "eraseDisk") != words.end() && isMounted("STICK"))
+            move("unmount", "STICK");
+    });
+    EXPECT_EQ(duplicate(), NotThere);
+    EXPECT_EQ(m_err.find("nothing was touched"), std::string::npos) << m_err;
+    EXPECT_NE(m_err.find("nothing was copied, and the report says which disks were erased"), std::string::npos)
+        << m_err;
+    EXPECT_TRUE(filesOn("COPY1").empty());
 }
 
 } // namespace orvana::cli

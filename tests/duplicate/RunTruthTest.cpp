@@ -231,4 +231,28 @@ TEST_F(RunTruth, VerifiedFromTheDiskIsNotSaidOfPagesThatStayInMemory)
     ::close(file);
 }
 
+TEST_F(RunTruth, CopyThatDiffersAtTheEndOfTheRunIsNoLongerVerified)
+{
+    m_tree.file("source/x", test::patternOf(2 * BlockSize));
+    m_tree.file("source/y", "content");
+    m_engine.setBVerifyFiles(true);
+    at("Duplicating " + source("y"), [this] { m_tree.file("a/x", std::string(2 * BlockSize, 'z')); });
+    runJob({"x", "y"});
+    EXPECT_EQ(destination()["verified"], 1);
+    EXPECT_EQ(destination()["mismatched"], 1) << "each file once, whatever number of its blocks is looked at";
+    EXPECT_EQ(problem()["kind"], "mismatched");
+}
+
+TEST_F(RunTruth, CopyThatIsGoneAtTheEndOfTheRunIsNoLongerVerified)
+{
+    m_tree.file("source/x", "content");
+    m_tree.file("source/y", "content");
+    m_engine.setBVerifyFiles(true);
+    at("Duplicating " + source("y"), [this] { ASSERT_EQ(::unlink(m_tree.path("a/x").c_str()), 0); });
+    runJob({"x", "y"});
+    EXPECT_EQ(destination()["verified"], 1);
+    EXPECT_EQ(destination()["unverified"], 1);
+    EXPECT_FALSE(m_report->allDone());
+}
+
 } // namespace orvana
