@@ -225,7 +225,7 @@ private:
     void ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t run, void (MainWindow::*ejected)());
     void targetsEjected();
     void sourceEjected();
-    void tellFailedEjects();
+    void tellEjects();
     void setEjectButtonsEnabled(bool enabled);
 
     /// Runs the work on the main queue, unless the window is gone by then. Callable from any thread.

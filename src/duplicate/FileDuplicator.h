@@ -47,6 +47,7 @@ private:
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
     void copyContent(platform::File &from, const std::string &source, const OutArray &copies,
                      const platform::Attributes &like);
+    platform::Expected<platform::Attributes> attributesOnceOldEnough(const platform::File &from);
     void copyBlocks(platform::File &from, const std::string &source, std::uint64_t size,
                     platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);
@@ -69,6 +70,7 @@ private:
     std::vector<Output> m_outputs;
     std::string m_source;
     std::uint64_t m_written = 0;    ///< bytes of the source that were read and handed on
+    bool m_mayChangeUnseen = false; ///< a write to the source in hand may leave its time as it is
     bool m_isSourceChanged = false; ///< known before the outputs are closed
     std::vector<std::optional<platform::FileError>> m_parentErrors;
 };

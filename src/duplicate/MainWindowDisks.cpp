@@ -3,7 +3,10 @@
 #include "duplicate/RunReport.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
+#include "panels/ShownText.h"
 #include "panels/SystemColor.h"
+#include "platform/Host.h"
+#include "platform/Workspace.h"
 
 #include <utility>
 
@@ -106,7 +109,7 @@ void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t ru
     (this->*ejected)();
     m_action->StartBtn->setEnabled(true);
     setEjectButtonsEnabled(true);
-    tellFailedEjects();
+    tellEjects();
 }
 
 void MainWindow::EjectTargetDisks()
@@ -156,19 +159,29 @@ void MainWindow::sourceEjected()
     setSourceDiskInfo();
 }
 
-// Who pulls a disk that was not ejected loses what it still had to write.
-void MainWindow::tellFailedEjects()
+// A disk that is pulled without having been ejected loses what was still to be written. The message line is
+// there during a run only, so a notice says which disks may be taken out.
+void MainWindow::tellEjects()
 {
-    std::string text;
+    std::string failed;
+    QStringList ejected;
     for (const auto &result : m_diskTool->results()) {
-        if (!result.succeeded)
-            text.append(text.empty() ? "" : "\n")
+        if (result.succeeded)
+            ejected << shownText(result.disk.diskVolume);
+        else
+            failed.append(failed.empty() ? "" : "\n")
                 .append(result.disk.diskVolume)
                 .append(" was not ejected: ")
                 .append(result.reason);
     }
-    if (!text.empty())
-        warn(text);
+    if (!ejected.isEmpty())
+        m_context.host.workspace().notify(
+            {tr("Ejected").toStdString(),
+             tr("These disks can be taken out: %1").arg(ejected.join(QStringLiteral(", "))).toStdString(),
+             {},
+             {}});
+    if (!failed.empty())
+        warn(failed);
 }
 
 } // namespace orvana

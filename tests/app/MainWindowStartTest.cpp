@@ -492,4 +492,14 @@ TEST_F(StartTest, DestinationThatIsNotEjectedIsTold)
     EXPECT_NE(sheetText().find("Slot-A (One): it carries the source"), std::string::npos) << sheetText();
 }
 
+TEST_F(StartTest, NoticeSaysWhichEjectedDisksCanBeTakenOut)
+{
+    m_machine["failing"] = Json::array({"eject C"});
+    startWithEnclosure();
+    QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
+    ASSERT_EQ(notices().size(), 1U);
+    EXPECT_EQ(notices()[0].text, "These disks can be taken out: COPY1");
+    EXPECT_NE(sheetText().find("COPY2 was not ejected: "), std::string::npos) << sheetText();
+}
+
 } // namespace orvana

@@ -6,6 +6,7 @@
 #include <clocale>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -18,10 +19,10 @@ class Process : public SimulatedMachineTest
 {
 protected:
     /// Starts the program with these words, and closes its standard files first where that is wanted.
-    pid_t startProgram(const Files &words, bool isClosed = false)
+    pid_t startProgram(const Files &words, bool isClosed = false, const char *name = PLURIMOCTL)
     {
         ::unlink(m_tree.path("said").c_str());
-        std::vector<std::string> all{PLURIMOCTL};
+        std::vector<std::string> all{name};
         all.insert(all.end(), words.begin(), words.end());
         std::vector<char *> arguments;
         for (auto &word : all)
@@ -36,7 +37,7 @@ protected:
         }
         if (!isClosed)
             (void)!::freopen(m_tree.path("said").c_str(), "w", stdout);
-        ::execv(PLURIMOCTL, arguments.data());
+        ::execv(name, arguments.data());
         ::_exit(99);
     }
 
@@ -47,14 +48,22 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
     }
 
-    void untilSaid(const std::string &text)
+    static bool waitFor(const std::function<bool()> &condition)
     {
         for (int i = 0; i < 4000; ++i) {
-            if (m_tree.exists("said") && m_tree.read("said").find(text) != std::string::npos)
-                return;
+            if (condition())
+                return true;
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
-        FAIL() << "never said " << text;
+        return false;
+    }
+
+    void untilSaid(const std::string &text)
+    {
+        EXPECT_TRUE(waitFor([&] {
+            return m_tree.exists("said") && m_tree.read("said").find(text) != std::string::npos;
+        })) << "never said "
+            << text;
     }
 };
 
@@ -80,6 +89,27 @@ TEST_F(Process, SignalBeforeAnythingIsTouchedEndsTheProgram)
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         ::kill(child, signal);
         EXPECT_EQ(statusOf(child), Cancelled) << signal;
+    }
+}
+
+TEST_F(Process, SignalEndsTheWindowsRunAsCancelDoes)
+{
+    bay(0)["volumes"][0]["content"] = {{{"path", "Many"}, {"bytes", 60'000}, {"files", 300}}};
+    bay(1)["volumes"][0]["faults"] = {{"delayMilliseconds", 100}};
+    ASSERT_EQ(program({"devices"}), AllDone) << "writes the machine's file";
+    m_tree.file("script", "select-enclosure 1\nwait-count\nclick start\nwait-idle\n");
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        std::filesystem::remove_all(m_tree.path("logs"));
+        m_tree.folder("logs");
+        const auto window = startProgram({"--simulator", m_tree.path("machine.json"), "--script",
+                                          m_tree.path("script"), "--log-dir", m_tree.path("logs")},
+                                         false, ORVANA_PLURIMO);
+        EXPECT_TRUE(waitFor([this] { return hasLog() && log().find("Duplicating") != std::string::npos; }));
+        ::kill(window, signal);
+        EXPECT_EQ(statusOf(window), 0) << signal;
+        EXPECT_EQ(report()["outcome"], "cancelled");
+        EXPECT_NE(log().find("User Cancel"), std::string::npos);
     }
 }
 

@@ -147,6 +147,19 @@ TEST_F(RunTruth, SourceWrittenToBetweenCopyAndComparisonHasChanged)
     EXPECT_EQ(destination()["mismatched"], 0);
 }
 
+TEST_F(RunTruth, SourceThatGrowsWithoutEndIsCopiedToABound)
+{
+    m_tree.file("source/x", test::patternOf(2 * BlockSize));
+    m_recorder.onEach([this](const std::string &line) {
+        if (line.starts_with("FileProgress"))
+            std::ofstream(source("x"), std::ios::app) << test::patternOf(BlockSize);
+    });
+    runJob({"x"});
+    EXPECT_EQ(problem()["kind"], "sourceChanged");
+    EXPECT_EQ(destination()["copied"], 0);
+    EXPECT_LE(m_tree.read("a/x").size(), 67 * std::size_t{BlockSize});
+}
+
 TEST_F(RunTruth, SourceThatShrinksBeforeTheComparisonIsNotVerified)
 {
     m_tree.file("source/x", test::patternOf(3 * BlockSize));

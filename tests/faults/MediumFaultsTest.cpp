@@ -98,4 +98,47 @@ TEST_F(MediumFault, OtherFileSystemsAreCopiedAndVerifiedToo)
     EXPECT_GE(tried, 1);
 }
 
+TEST_F(MediumFault, DataThatLiesInAnInodeIsNotSaidToComeFromTheDisk)
+{
+    const MountedVolume volume("ext4", 64, "-O inline_data -I 512");
+    m_tree.file("source/small", "a few bytes");
+    const auto report = std::make_shared<RunReport>(m_tree.folder("reports"), "stamp", m_clock);
+    FileCopy engine(m_host, m_center);
+    engine.SetBackupDiskValue({m_tree.path("source/small")}, m_tree.path("source"), {volume.root()});
+    engine.setBVerifyFiles(true);
+    engine.setReport(report);
+    engine.StartBackup();
+    EXPECT_EQ(report->destinationsJson()[0]["verified"], 1);
+    EXPECT_EQ(report->destinationsJson()[0]["verifiedFrom"], "cache");
+}
+
+TEST_F(MediumFault, NamesThatAVolumeDoesNotTellApartAreTheSameFile)
+{
+    if (shell("test -r /dev/fuse && : </dev/fuse && command -v mount.exfat-fuse >/dev/null") != 0)
+        GTEST_SKIP() << "needs FUSE, and the package exfat-fuse";
+    const MountedVolume volume("exfat", 64);
+    m_tree.file("source/Photo.JPG", "first");
+    m_tree.file("source/photo.jpg", "second, and longer");
+    m_tree.file("source/docs/Photo.JPG", "first");
+    m_tree.file("source/docs/photo.jpg", "second, and longer");
+    const std::vector<std::string> items{m_tree.path("source/Photo.JPG"), m_tree.path("source/photo.jpg"),
+                                         m_tree.path("source/docs")};
+    for (int run = 1; run <= 2; ++run) {
+        const auto report =
+            std::make_shared<RunReport>(m_tree.folder("reports"), "stamp" + std::to_string(run), m_clock);
+        FileCopy engine(m_host, m_center);
+        engine.SetBackupDiskValue(items, m_tree.path("source"), {volume.root()});
+        engine.setBVerifyFiles(true);
+        engine.setReport(report);
+        engine.StartBackup();
+        const auto written = Json::parse(contentOf(report->path()));
+        EXPECT_EQ(written["destinations"][0]["copied"], 2) << written.dump(1);
+        EXPECT_EQ(written["destinations"][0]["verified"], 2);
+        EXPECT_EQ(written["destinations"][0]["failed"], 2);
+        for (const auto &problem : written["problems"])
+            EXPECT_EQ(problem["kind"], "sameFile") << "run " << run << ": " << problem.dump();
+        EXPECT_EQ(contentOf(volume.path("Photo.JPG")), "first");
+    }
+}
+
 } // namespace orvana::test

@@ -53,7 +53,8 @@ void enterOwnMountNamespace()
                    ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
-MountedVolume::MountedVolume(const std::string &type, int megabytes) : m_type(type)
+MountedVolume::MountedVolume(const std::string &type, int megabytes, const std::string &options)
+    : m_type(type)
 {
     m_tree.folder("mount");
     ::chmod(m_tree.root().c_str(), 0755);
@@ -65,7 +66,7 @@ MountedVolume::MountedVolume(const std::string &type, int megabytes) : m_type(ty
     m_device = outputOf("losetup -f --show " + image());
     if (m_device.empty())
         throw std::runtime_error("no loop device");
-    must("mkfs." + type + " -q " + m_device);
+    must("mkfs." + type + (type == "exfat" ? " " : " -q ") + options + " " + m_device + " >/dev/null");
     mountAgain();
     ::chmod(root().c_str(), 0777);
 }
@@ -89,7 +90,7 @@ void MountedVolume::unmountLazily() const
 
 void MountedVolume::mountAgain() const
 {
-    must("mount " + m_device + " " + root());
+    must((m_type == "exfat" ? "mount.exfat-fuse " : "mount ") + m_device + " " + root());
 }
 
 void MountedVolume::shrinkDevice(int megabytes) const

@@ -22,8 +22,9 @@ void enterOwnMountNamespace();
 class MountedVolume
 {
 public:
-    /// `type` is "tmpfs" or a file system that mkfs makes; `megabytes` its size.
-    MountedVolume(const std::string &type, int megabytes);
+    /// `type` is "tmpfs", "exfat" (in user space) or a file system that mkfs makes, with these options for mkfs;
+    /// `megabytes` is its size.
+    MountedVolume(const std::string &type, int megabytes, const std::string &options = "");
     ~MountedVolume();
     MountedVolume(const MountedVolume &) = delete;
     MountedVolume &operator=(const MountedVolume &) = delete;

@@ -90,6 +90,30 @@ TEST_P(SourceFault, SourceGrowsWhileItIsRead)
         expectIntact("grows", to);
 }
 
+TEST_P(SourceFault, SourceWithTimesOfWholeSecondsIsWrittenToWhileItIsRead)
+{
+    const auto setTime = [&](const timespec &time) {
+        const timespec times[] = {{time.tv_sec, 0}, {time.tv_sec, 0}};
+        ASSERT_EQ(::utimensat(AT_FDCWD, source("young").c_str(), times, 0), 0);
+    };
+    sourceFile("young", patternOf(6 * MiB));
+    m_faults = [this](TestHost &host) { host.faults().volume(m_a).delayMilliseconds = 30; };
+    timespec now{};
+    do // all of it within one second, if nobody waits
+        ::clock_gettime(CLOCK_REALTIME, &now);
+    while (now.tv_nsec > 100'000'000);
+    setTime(now);
+    start({"young"}, {m_a, m_b});
+    ASSERT_TRUE(waitForSize(m_a + "/young", 2 * MiB));
+    const int file = ::open(source("young").c_str(), O_WRONLY);
+    ASSERT_EQ(::pwrite(file, "changed", 7, 100), 7);
+    ::close(file);
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    setTime(now);
+    EXPECT_EQ(wait(), 1);
+    EXPECT_EQ(report()["problems"][0]["kind"], "sourceChanged");
+}
+
 TEST_P(SourceFault, SourceShrinksWhileItIsRead)
 {
     sourceFile("shrinks", patternOf(8 * MiB));

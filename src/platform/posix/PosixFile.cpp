@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -38,6 +40,13 @@ Expected<std::size_t> transferAll(std::size_t size, Transfer transfer)
 bool rangesAreUnknown(int code)
 {
     return code == ENOSYS || code == EINVAL || code == ESPIPE || code == EOPNOTSUPP;
+}
+
+// ext4 can keep a small file's data in its inode, which stays in memory whatever becomes of the file's pages.
+bool liesInItsInode(int number)
+{
+    unsigned flags = 0;
+    return ::ioctl(number, FS_IOC_GETFLAGS, &flags) == 0 && (flags & FS_INLINE_DATA_FL) != 0;
 }
 
 } // namespace
@@ -111,6 +120,8 @@ bool PosixFile::isOutOfMemory() const
         return false;
     if (status.st_size == 0)
         return true;
+    if (liesInItsInode(m_descriptor.number()))
+        return false;
     // Looked at piece by piece: the table of a large file would be large itself.
     constexpr std::size_t Piece = 67'108'864;
     const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
