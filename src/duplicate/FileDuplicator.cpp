@@ -2,12 +2,12 @@
 
 #include "duplicate/FileComparer.h"
 #include "duplicate/RunState.h"
+#include "duplicate/SourceTime.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
 
 #include <chrono>
-#include <thread>
 #include <utility>
 
 namespace orvana
@@ -28,19 +28,6 @@ constexpr std::uint64_t LargeFile = 64 * BlockSize;
 
 // A source that is written to while it is read is copied as far as this beyond the length that it had.
 constexpr std::uint64_t MostGrowth = 64 * BlockSize;
-
-// The longest step of a file system's times: that of FAT.
-constexpr std::chrono::seconds LongestStep{2};
-
-// True when the file may be written to now without getting a newer time: its time is a whole number of seconds,
-// as on a file system that keeps no fractions, and not older than a step.
-bool mayChangeUnseen(const Attributes &attributes)
-{
-    using namespace std::chrono;
-    const nanoseconds modified(attributes.modified);
-    const auto age = system_clock::now().time_since_epoch() - modified;
-    return modified % seconds(1) == nanoseconds(0) && age >= nanoseconds(0) && age < LongestStep;
-}
 
 } // namespace
 
@@ -91,6 +78,7 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
                                  const Attributes &like)
 {
     const auto attributes = attributesOnceOldEnough(from);
+    m_mayChangeUnseen = attributes && mayChangeUnseen(*attributes);
     const std::uint64_t size = attributes ? attributes->size : 0;
     if (attributes) {
         m_run.sourceFiles().addDevice(attributes->device);
@@ -115,22 +103,6 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
     if (*count > 0)
         m_run.postFileProgress(*count, size);
     noteInMemory(0, *count, false);
-}
-
-// Waits until a later write to the source would give it another time. A source that is written to all the while
-// is waited for at most two steps; the copy then finds that it changed.
-Expected<Attributes> FileDuplicator::attributesOnceOldEnough(const File &from)
-{
-    constexpr std::chrono::milliseconds BetweenLooks{20};
-    const auto deadline = std::chrono::steady_clock::now() + 2 * LongestStep;
-    auto attributes = from.attributes();
-    while (attributes && mayChangeUnseen(*attributes) && std::chrono::steady_clock::now() < deadline) {
-        WorkerThread::exitIfCancelled();
-        std::this_thread::sleep_for(BetweenLooks);
-        attributes = from.attributes();
-    }
-    m_mayChangeUnseen = attributes && mayChangeUnseen(*attributes);
-    return attributes;
 }
 
 void FileDuplicator::copyBlocks(File &from, const std::string &source, std::uint64_t size,
@@ -161,8 +133,9 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 {
     const auto &before = m_run.sourceInHand();
     const auto after = from.attributes();
-    return m_mayChangeUnseen || !before || !after || after->device != before->device || after->inode != before->inode ||
-           after->size != before->size || after->modified != before->modified || bytesRead != before->size;
+    return m_mayChangeUnseen || !before || !after || after->device != before->device ||
+           after->inode != before->inode || after->size != before->size ||
+           after->modified != before->modified || bytesRead != before->size;
 }
 
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)

@@ -47,7 +47,6 @@ private:
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
     void copyContent(platform::File &from, const std::string &source, const OutArray &copies,
                      const platform::Attributes &like);
-    platform::Expected<platform::Attributes> attributesOnceOldEnough(const platform::File &from);
     void copyBlocks(platform::File &from, const std::string &source, std::uint64_t size,
                     platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);

@@ -112,10 +112,11 @@ private:
 class FaultyFolder final : public Folder
 {
 public:
-    /// `path` is empty for the working folder, whose callers name absolute paths.
+    /// `path` is empty for the working folder, whose callers name absolute paths. `own` are the faults of the
+    /// volume that the folder was opened on, or null.
     FaultyFolder(const FaultyVolumeFiles &files, std::unique_ptr<Folder> owned, Folder &real,
-                 std::string path)
-        : m_files(files), m_owned(std::move(owned)), m_real(real), m_path(std::move(path))
+                 std::string path, VolumeFaults *own)
+        : m_files(files), m_owned(std::move(owned)), m_real(real), m_path(std::move(path)), m_own(own)
     {
     }
 
@@ -137,7 +138,15 @@ public:
     {
         if (isGone(path))
             return failure(ENODEV);
-        return m_real.list(path);
+        auto names = m_real.list(path);
+        const auto *faults = faultsAt(path);
+        if (!names || !faults || faults->listErrorAfter < 0)
+            return names;
+        NameList some;
+        for (auto left = faults->listErrorAfter.load(); left > 0 && !names->empty(); --left)
+            some.add(names->takeNext());
+        some.breakOff(fileError(EIO));
+        return some;
     }
 
     Expected<std::unique_ptr<Folder>> openFolder(std::string_view path) const override
@@ -148,7 +157,8 @@ public:
         if (!opened)
             return opened;
         Folder &folder = **opened;
-        return std::make_unique<FaultyFolder>(m_files, std::move(*opened), folder, fullPath(path));
+        return std::make_unique<FaultyFolder>(m_files, std::move(*opened), folder, fullPath(path),
+                                              faultsAt(path));
     }
 
     Expected<std::unique_ptr<File>> openFile(std::string_view path, Access access) const override
@@ -197,7 +207,10 @@ public:
 private:
     std::string fullPath(std::string_view path) const { return m_path + "/" + std::string(path); }
 
-    VolumeFaults *faultsAt(std::string_view path) const { return m_files.faultsAt(fullPath(path)); }
+    VolumeFaults *faultsAt(std::string_view path) const
+    {
+        return m_own ? m_own : m_files.faultsAt(fullPath(path));
+    }
 
     bool isGone(std::string_view path) const
     {
@@ -228,6 +241,7 @@ private:
     std::unique_ptr<Folder> m_owned;
     Folder &m_real;
     std::string m_path;
+    VolumeFaults *m_own;
 };
 
 std::string withoutDoubleSlashes(const std::string &path)
@@ -243,8 +257,8 @@ std::string withoutDoubleSlashes(const std::string &path)
 } // namespace
 
 FaultyVolumeFiles::FaultyVolumeFiles(VolumeFiles &real)
-    : m_real(real),
-      m_workingFolder(std::make_unique<FaultyFolder>(*this, nullptr, real.workingFolder(), std::string()))
+    : m_real(real), m_workingFolder(std::make_unique<FaultyFolder>(*this, nullptr, real.workingFolder(),
+                                                                   std::string(), nullptr))
 {
 }
 
@@ -254,6 +268,15 @@ VolumeFaults &FaultyVolumeFiles::volume(const std::string &root)
 {
     const std::lock_guard lock(m_mutex);
     return m_volumes[root];
+}
+
+void FaultyVolumeFiles::retire(const std::string &root)
+{
+    const std::lock_guard lock(m_mutex);
+    if (auto volume = m_volumes.extract(root)) {
+        volume.mapped().gone = true;
+        m_retired.push_back(std::move(volume));
+    }
 }
 
 VolumeFaults *FaultyVolumeFiles::faultsAt(const std::string &path) const
@@ -269,13 +292,14 @@ VolumeFaults *FaultyVolumeFiles::faultsAt(const std::string &path) const
 
 Expected<std::unique_ptr<Folder>> FaultyVolumeFiles::openFolder(const std::string &path, Reach reach)
 {
-    if (const auto *faults = faultsAt(path); faults && faults->gone)
+    auto *faults = faultsAt(path);
+    if (faults && faults->gone)
         return failure(ENODEV);
     auto opened = m_real.openFolder(path, reach);
     if (!opened)
         return opened;
     Folder &folder = **opened;
-    return std::make_unique<FaultyFolder>(*this, std::move(*opened), folder, path);
+    return std::make_unique<FaultyFolder>(*this, std::move(*opened), folder, path, faults);
 }
 
 Folder &FaultyVolumeFiles::workingFolder()

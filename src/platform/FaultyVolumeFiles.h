@@ -5,6 +5,7 @@
 #include <atomic>
 #include <map>
 #include <mutex>
+#include <vector>
 
 namespace orvana::platform
 {
@@ -15,6 +16,7 @@ struct VolumeFaults
     std::atomic<std::int64_t> capacity{-1};        ///< bytes that may still be written, then no space
     std::atomic<std::int64_t> writeErrorAfter{-1}; ///< bytes that may still be written, then write errors
     std::atomic<std::int64_t> readErrorAfter{-1};  ///< bytes that may still be read, then read errors
+    std::atomic<std::int64_t> listErrorAfter{-1};  ///< names that each listing gives, then it breaks off
     std::atomic<int> delayMilliseconds{0};         ///< added to each read and write
     std::atomic<std::int64_t> goneAfter{-1};       ///< bytes that may still be written, then gone
     std::atomic<bool> gone{false};                 ///< every call fails, open files included
@@ -34,6 +36,10 @@ public:
     /// The faults of everything at and below `root`, an absolute path; they live as long as this object.
     VolumeFaults &volume(const std::string &root);
 
+    /// The volume at `root` is gone for good: what is open on it fails from now on, also when another volume
+    /// is mounted there later.
+    void retire(const std::string &root);
+
     /// The faults that hold for `path`, or null when it lies on no volume with faults.
     VolumeFaults *faultsAt(const std::string &path) const;
 
@@ -49,6 +55,7 @@ private:
     std::unique_ptr<Folder> m_workingFolder;
     mutable std::mutex m_mutex;
     mutable std::map<std::string, VolumeFaults> m_volumes;
+    std::vector<std::map<std::string, VolumeFaults>::node_type> m_retired;
 };
 
 } // namespace orvana::platform

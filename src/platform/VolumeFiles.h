@@ -34,6 +34,15 @@ struct Attributes
     bool hiddenExtension = false; ///< read only where it is asked for
 };
 
+/// The permissions with search permission wherever there is read permission: those of a new folder.
+constexpr std::uint32_t withSearch(std::uint32_t permissions)
+{
+    return permissions | (permissions & 0444U) >> 2U;
+}
+
+/// What a new folder's owner may do until the folder has its final permissions.
+inline constexpr std::uint32_t OwnerRights = 0700;
+
 enum class Links { Follow, DoNotFollow };
 enum class Want { Basics, HiddenExtension };
 enum class Access { Read, Write };
@@ -48,8 +57,13 @@ public:
     /// Takes the next name. Not to be called on an empty list; the view lives as long as the list.
     std::string_view takeNext();
 
+    /// Why the listing broke off after the last of these names; nullopt for a complete one.
+    const std::optional<FileError> &error() const { return m_error; }
+    void breakOff(const FileError &error) { m_error = error; }
+
 private:
     std::string m_bytes; // each name ends with a NUL, which no name holds
+    std::optional<FileError> m_error;
     std::size_t m_next = 0;
 };
 
@@ -123,7 +137,8 @@ public:
     /// The place of the file or folder: an absolute path without links.
     virtual Expected<std::string> realPath(std::string_view path) const = 0;
 
-    /// Names without "." and "..".
+    /// Names without "." and "..". A listing that breaks off gives the names that were read, and their
+    /// `error` says why there are no more.
     virtual Expected<NameList> list(std::string_view path) const = 0;
 
     virtual Expected<std::unique_ptr<Folder>> openFolder(std::string_view path) const = 0;

@@ -207,7 +207,7 @@ TEST_F(Duplicate, SignalDuringTheCopyEndsItAndTheDisksCanBeEjected)
     EXPECT_NE(log().find("User Cancel"), std::string::npos);
     m_disks.yes = true;
     EXPECT_EQ(eject(), AllDone) << m_err;
-    EXPECT_FALSE(isAttached(1));
+    EXPECT_FALSE(isMounted("COPY1"));
 }
 
 TEST_F(Duplicate, SourceThatIsLostDuringTheEraseIsNotSaidToHaveLeftAllUntouched)
@@ -220,7 +220,8 @@ TEST_F(Duplicate, SourceThatIsLostDuringTheEraseIsNotSaidToHaveLeftAllUntouched)
     });
     EXPECT_EQ(duplicate(), NotThere);
     EXPECT_EQ(m_err.find("nothing was touched"), std::string::npos) << m_err;
-    EXPECT_NE(m_err.find("nothing was copied, and the report says which disks were erased"), std::string::npos)
+    EXPECT_NE(m_err.find("nothing was copied, and the report says which disks were erased"),
+              std::string::npos)
         << m_err;
     EXPECT_TRUE(filesOn("COPY1").empty());
 }

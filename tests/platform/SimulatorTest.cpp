@@ -11,8 +11,11 @@
 #include "support/TemporaryTree.h"
 
 #include <chrono>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace orvana::platform::simulator
 {
@@ -203,18 +206,89 @@ TEST_F(Simulator, WrongCommandsChangeNothing)
     EXPECT_EQ(m_log.all().back(), "/bin/true cannot be started: not on the simulated machine");
 }
 
-TEST_F(Simulator, EjectTakesTheDiskAwayAndKeepsItsContent)
+TEST_F(Simulator, EjectLeavesADiskInItsBayWithItsVolumesUnmounted)
 {
     scan();
     const auto device = *disk("Slot-A")->devPath();
     EXPECT_EQ(diskutil({"eject", device}).status, 0);
     scan();
-    EXPECT_EQ(disk("Slot-A"), nullptr);
+    ASSERT_NE(disk("Slot-A"), nullptr);
     EXPECT_EQ(mounted(), (Lines{"STICK"}));
+    ASSERT_TRUE(m_host->machine().setAttached("1/A", false));
     ASSERT_TRUE(m_host->machine().setAttached("1/A", true));
     scan();
-    EXPECT_EQ(test::treeOf(volumesFolder() + "/Master").size(), 12U);
+    EXPECT_EQ(test::treeOf(volumesFolder() + "/Master").size(), 12U) << "a disk that is put in is mounted";
     EXPECT_NE(*disk("Slot-A")->devPath(), device) << "a number is never handed out twice";
+}
+
+TEST_F(Simulator, EjectTakesAUsbDiskAway)
+{
+    scan();
+    EXPECT_EQ(diskutil({"eject", *m_scanner->otherDiskArray()[1]->devPath()}).status, 0);
+    scan();
+    EXPECT_EQ(m_scanner->otherDiskArray().size(), 1U);
+    EXPECT_EQ(mounted(), (Lines{"Master"}));
+}
+
+TEST_F(Simulator, DiskWithAVolumeThatARunHoldsIsNeitherErasedNorEjected)
+{
+    scan();
+    const auto device = *disk("Slot-A")->devPath();
+    {
+        const auto lock = m_host->volumeFiles().lockFolder(volumesFolder() + "/Master", Sharing::Shared);
+        ASSERT_TRUE(lock);
+        EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", device}).output, "Error: the disk is in use\n");
+        EXPECT_EQ(diskutil({"eject", device}).output, "Error: the disk is in use\n");
+    }
+    EXPECT_EQ(mounted(), (Lines{"Master", "STICK"}));
+    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", device}).status, 0);
+}
+
+TEST_F(Simulator, WhatIsOpenOnADiskThatWasPulledFails)
+{
+    const auto root = volumesFolder() + "/STICK";
+    const auto open = [&] { return m_host->volumeFiles().openFolder(root, Reach::Beneath).value(); };
+    const auto stick = open();
+    const auto file = stick->createFile("file", {.permissions = 0644}).value();
+    const std::string text = "content";
+    const auto write = [&] { return file->write(std::as_bytes(std::span(text)), 0); };
+    ASSERT_TRUE(write());
+    for (const bool isThere : {false, true}) {
+        ASSERT_TRUE(SimulatedMachine::open(m_file).value()->setAttached("usb/1", isThere));
+        m_host->lookForChanges();
+        EXPECT_EQ(write().error().reason(), "No such device");
+        EXPECT_FALSE(file->sync());
+        EXPECT_FALSE(stick->createFile(isThere ? "later" : "gone", {}));
+        EXPECT_FALSE(stick->syncVolume());
+    }
+    EXPECT_TRUE(open()->createFile("new", {.permissions = 0644}));
+}
+
+TEST_F(Simulator, FullDiskDoesNotCostTheMachinesFile)
+{
+    const auto before = m_tree.read("machine.json");
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const rlimit nothing{0, usual.rlim_max};
+    auto *const handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &nothing), 0);
+    const auto changed = m_host->machine().setAttached("usb/1", false);
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+    std::signal(SIGXFSZ, handler);
+    ASSERT_FALSE(changed);
+    EXPECT_NE(changed.error().find("cannot be written"), std::string::npos) << changed.error();
+    EXPECT_EQ(m_tree.read("machine.json"), before);
+    EXPECT_FALSE(m_tree.exists("machine.json." + std::to_string(::getpid()) + ".part"));
+}
+
+TEST_F(Simulator, VolumesThatCannotBeMadeAreAnError)
+{
+    m_host.reset();
+    m_tree.file("other.json", Small);
+    m_tree.file("other.json.volumes", "a file");
+    const auto machine = SimulatedMachine::open(m_tree.path("other.json"));
+    ASSERT_FALSE(machine);
+    EXPECT_NE(machine.error().find("other.json.volumes"), std::string::npos) << machine.error();
 }
 
 TEST_F(Simulator, FailingCommandFails)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <nlohmann/json.hpp>
 
 namespace orvana::platform::simulator
 {
@@ -29,6 +30,11 @@ std::optional<std::string> placeOfTarget(const Machine &machine, const std::stri
             return disk.where;
     }
     return std::nullopt;
+}
+
+Json &entryAt(Json &json, const std::string &where)
+{
+    return json.at(Json::json_pointer(where));
 }
 
 std::optional<std::string> placeOfVolume(const Machine &machine, const std::string &name)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/PathJson.h"
 #include "platform/simulator/Machine.h"
 
 #include <optional>
@@ -24,6 +25,9 @@ void visitAllDisks(const Machine &machine, Visit visit)
 /// disk
 /// ("internal/1", "usb/1", "fireWire/1"). Nullopt when the machine has none.
 std::optional<std::string> placeOfTarget(const Machine &machine, const std::string &target);
+
+/// The entry at that JSON pointer; it must be there.
+Json &entryAt(Json &json, const std::string &where);
 
 /// The JSON pointer of the first volume of that name; nullopt when there is none.
 std::optional<std::string> placeOfVolume(const Machine &machine, const std::string &name);

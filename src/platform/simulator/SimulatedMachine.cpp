@@ -58,14 +58,17 @@ private:
     int m_number;
 };
 
-Json &entryAt(Json &json, const std::string &where)
+// Writes beside the file first: a disk that fills up must not cost the file.
+bool replaceFile(const std::string &path, const std::string &text)
 {
-    return json.at(Json::json_pointer(where));
-}
-
-CommandLauncher::Result failed(const std::string &text)
-{
-    return {text + "\n", 1};
+    const auto unfinished = path + "." + std::to_string(::getpid()) + ".part";
+    std::ofstream file(unfinished, std::ios::binary);
+    file << text;
+    file.close();
+    if (file && ::rename(unfinished.c_str(), path.c_str()) == 0)
+        return true;
+    ::unlink(unfinished.c_str());
+    return false;
 }
 
 } // namespace
@@ -146,7 +149,11 @@ bool SimulatedMachine::refreshLocked()
         return false;
     }
     m_text = std::move(*text);
-    apply(std::move(*content));
+    try {
+        apply(std::move(*content));
+    } catch (const std::exception &error) {
+        systemLog(displayPath(m_file) + ": its volumes cannot be made: " + displayPath(error.what()));
+    }
     return true;
 }
 
@@ -161,13 +168,16 @@ SimulatedMachine::Outcome SimulatedMachine::change(const std::function<void(Json
     auto content = readMachine(text);
     if (!content)
         return tl::unexpected(content.error());
-    const auto unfinished = m_file + "." + std::to_string(::getpid()) + ".part";
-    std::ofstream(unfinished, std::ios::binary) << text;
-    if (::rename(unfinished.c_str(), m_file.c_str()) != 0)
+    if (!replaceFile(m_file, text))
         return tl::unexpected(displayPath(m_file) + ": cannot be written");
     m_text = std::move(text);
-    onceAccepted();
-    apply(std::move(*content));
+    try {
+        onceAccepted();
+        apply(std::move(*content));
+    } catch (const std::exception &error) {
+        return tl::unexpected(displayPath(m_file) +
+                              ": its volumes cannot be made: " + displayPath(error.what()));
+    }
     return {};
 }
 
@@ -243,74 +253,21 @@ const Disk *SimulatedMachine::diskAt(const std::string &device) const
     return found;
 }
 
-bool SimulatedMachine::isSpared(const Disk &disk, const std::string &device) const
-{
-    const DiskFingerprint marks{device, disk.serial, disk.wwn, m_numbers.at(disk.where), disk.size};
-    return std::any_of(m_sparedDisks.begin(), m_sparedDisks.end(),
-                       [&](const DiskFingerprint &spared) { return mayBeTheSame(spared, marks); });
-}
-
-bool SimulatedMachine::fails(const std::string &command, const Disk &disk) const
-{
-    const auto &list = m_machine.failing;
-    return std::find(list.begin(), list.end(), command) != list.end() ||
-           std::find(list.begin(), list.end(), command + " " + disk.bay) != list.end();
-}
-
-void SimulatedMachine::delay(const std::string &command) const
-{
-    if (const auto found = m_machine.delays.find(command); found != m_machine.delays.end())
-        std::this_thread::sleep_for(std::chrono::milliseconds(found->second));
-}
-
-CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, const std::string &device)
-{
-    delay("eraseDisk");
-    const auto *disk = diskAt(device);
-    if (!disk)
-        return failed("Unable to find disk for " + device);
-    if (isSpared(*disk, device))
-        return failed("Error: the disk is one that must not be touched");
-    if (fails("eraseDisk", *disk))
-        return failed("Error: the disk could not be erased");
-    const auto where = disk->where;
-    const auto capacity = disk->volumes.empty() ? disk->size : disk->volumes.front().capacity;
-    const auto old = *disk;
-    const auto edit = [&](Json &json) {
-        auto &entry = entryAt(json, where);
-        entry["formatted"] = true;
-        entry.erase("raid");
-        entry["volumes"] = Json::array({Json{{"name", name}, {"capacity", capacity}}});
-    };
-    const auto changed = change(edit, [&] {
-        for (const auto &volume : old.volumes)
-            m_volumes.remove(old, volume);
-    });
-    return changed ? CommandLauncher::Result{"Finished erase on " + device + "\n", 0}
-                   : failed(changed.error());
-}
-
-CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
-{
-    delay("eject");
-    const auto *disk = diskAt(device);
-    if (!disk)
-        return failed("Unable to find disk for " + device);
-    if (isSpared(*disk, device))
-        return failed("Error: the disk is one that must not be touched");
-    if (fails("eject", *disk))
-        return failed("Error: the disk is in use");
-    const auto where = disk->where;
-    const auto changed = change([&](Json &json) { entryAt(json, where)["attached"] = false; });
-    return changed ? CommandLauncher::Result{"Disk " + device + " ejected\n", 0} : failed(changed.error());
-}
-
 SimulatedMachine::Outcome SimulatedMachine::setAttached(const std::string &target, bool isAttached)
 {
     const auto where = placeOfTarget(m_machine, target);
     if (!where)
         return tl::unexpected(displayPath(target) + ": no such device");
-    return change([&](Json &json) { entryAt(json, *where)["attached"] = isAttached; });
+    return change([&](Json &json) {
+        auto &entry = entryAt(json, *where);
+        // What a disk that is put in holds is mounted, as on a desktop.
+        const bool isPutIn = isAttached && !entry.value("attached", true);
+        if (isPutIn && entry.contains("volumes")) {
+            for (auto &volume : entry["volumes"])
+                volume.erase("mounted");
+        }
+        entry["attached"] = isAttached;
+    });
 }
 
 SimulatedMachine::Outcome SimulatedMachine::setMounted(const std::string &volume, bool isMounted)

@@ -68,6 +68,7 @@ private:
     void forgetNumbersOfDetached();
     const Disk *diskAt(const std::string &device) const;
     bool isSpared(const Disk &disk, const std::string &device) const;
+    bool isInUse(const Disk &disk) const;
     bool fails(const std::string &command, const Disk &disk) const;
     void delay(const std::string &command) const;
 

@@ -13,24 +13,6 @@ namespace
 
 constexpr std::chrono::milliseconds BetweenLooks{100};
 
-void setFaults(VolumeFaults &faults, const std::map<std::string, std::int64_t> &wanted)
-{
-    const auto number = [&](const char *name, std::int64_t off) {
-        const auto found = wanted.find(name);
-        return found == wanted.end() ? off : found->second;
-    };
-    faults.writeErrorAfter = number("writeErrorAfter", -1);
-    faults.readErrorAfter = number("readErrorAfter", -1);
-    faults.goneAfter = number("goneAfter", -1);
-    faults.delayMilliseconds =
-        static_cast<int>(std::min<std::int64_t>(number("delayMilliseconds", 0), 60'000));
-    faults.gone = number("gone", 0) != 0;
-    faults.readOnly = number("readOnly", 0) != 0;
-    faults.writeOutError = number("writeOutError", 0) != 0;
-    faults.syncError = number("syncError", 0) != 0;
-    faults.closeError = number("closeError", 0) != 0;
-}
-
 std::string lastComponent(const std::string &path)
 {
     return path.substr(path.rfind('/') + 1);
@@ -305,27 +287,6 @@ VolumeEvents &SimulatorHost::volumeEvents()
 CommandLauncher &SimulatorHost::launcher()
 {
     return *m_launcher;
-}
-
-// A volume takes no more than its capacity has left, whatever the disk beneath it has, and fails as its entry
-// says.
-void SimulatorHost::setUpVolumes()
-{
-    const auto setUp = [this](const Disk &disk) {
-        for (const auto &volume : disk.volumes) {
-            const auto point = m_machine->volumes().mountPoint(volume);
-            if (!point || *point == "/")
-                continue;
-            auto &faults = m_files.volume(*point);
-            setFaults(faults, volume.faults);
-            // An image's own file system knows when it is full.
-            faults.capacity =
-                disk.image ? -1 : m_machine->volumes().space(m_machine->machine(), disk, volume).free;
-        }
-    };
-    std::for_each(m_machine->machine().disks.begin(), m_machine->machine().disks.end(), setUp);
-    for (const auto &enclosure : m_machine->machine().enclosures)
-        std::for_each(enclosure.bays.begin(), enclosure.bays.end(), setUp);
 }
 
 void SimulatorHost::lookForChanges()

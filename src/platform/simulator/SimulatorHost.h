@@ -11,7 +11,9 @@
 #include "platform/posix/PosixVolumeFiles.h"
 #include "platform/simulator/SimulatedMachine.h"
 
+#include <map>
 #include <set>
+#include <string>
 
 namespace orvana
 {
@@ -54,12 +56,15 @@ private:
     class SimulatedTools;
 
     void setUpVolumes();
+    void retireDetachedVolumes();
     void lookAgainLater();
 
     std::unique_ptr<SimulatedMachine> m_machine;
     MainQueue *m_queue;
     posix::PosixVolumeFiles m_realFiles;
     FaultyVolumeFiles m_files{m_realFiles};
+    std::map<std::string, std::string>
+        m_points; // where each volume, by its place in the file, was last mounted
     std::unique_ptr<SimulatedAccount> m_account;
     std::unique_ptr<SimulatedPlaces> m_places;
     std::unique_ptr<SimulatedRegistry> m_registry;

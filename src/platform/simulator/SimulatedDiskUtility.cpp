@@ -1,0 +1,110 @@
+// The part of the simulated machine that stands for the disk utility.
+
+#include "platform/posix/PosixVolumeFiles.h"
+#include "platform/simulator/MachinePlaces.h"
+#include "platform/simulator/SimulatedMachine.h"
+
+#include <algorithm>
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <thread>
+
+namespace orvana::platform::simulator
+{
+
+namespace
+{
+
+CommandLauncher::Result failed(const std::string &text)
+{
+    return {text + "\n", 1};
+}
+
+} // namespace
+
+bool SimulatedMachine::isSpared(const Disk &disk, const std::string &device) const
+{
+    const DiskFingerprint marks{device, disk.serial, disk.wwn, m_numbers.at(disk.where), disk.size};
+    return std::any_of(m_sparedDisks.begin(), m_sparedDisks.end(),
+                       [&](const DiskFingerprint &spared) { return mayBeTheSame(spared, marks); });
+}
+
+// A run of any program holds a lock on each of its volumes.
+bool SimulatedMachine::isInUse(const Disk &disk) const
+{
+    posix::PosixVolumeFiles files;
+    return std::any_of(disk.volumes.begin(), disk.volumes.end(), [&](const Volume &volume) {
+        const auto point = m_volumes.mountPoint(volume);
+        const auto lock = point ? files.lockFolder(*point, Sharing::Exclusive)
+                                : Expected<std::unique_ptr<FolderLock>>(nullptr);
+        return !lock && lock.error().problem == FileProblem::Busy;
+    });
+}
+
+bool SimulatedMachine::fails(const std::string &command, const Disk &disk) const
+{
+    const auto &list = m_machine.failing;
+    return std::find(list.begin(), list.end(), command) != list.end() ||
+           std::find(list.begin(), list.end(), command + " " + disk.bay) != list.end();
+}
+
+void SimulatedMachine::delay(const std::string &command) const
+{
+    if (const auto found = m_machine.delays.find(command); found != m_machine.delays.end())
+        std::this_thread::sleep_for(std::chrono::milliseconds(found->second));
+}
+
+CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, const std::string &device)
+{
+    delay("eraseDisk");
+    const auto *disk = diskAt(device);
+    if (!disk)
+        return failed("Unable to find disk for " + device);
+    if (isSpared(*disk, device))
+        return failed("Error: the disk is one that must not be touched");
+    if (isInUse(*disk))
+        return failed("Error: the disk is in use");
+    if (fails("eraseDisk", *disk))
+        return failed("Error: the disk could not be erased");
+    const auto where = disk->where;
+    const auto capacity = disk->volumes.empty() ? disk->size : disk->volumes.front().capacity;
+    const auto old = *disk;
+    const auto edit = [&](Json &json) {
+        auto &entry = entryAt(json, where);
+        entry["formatted"] = true;
+        entry.erase("raid");
+        entry["volumes"] = Json::array({Json{{"name", name}, {"capacity", capacity}}});
+    };
+    const auto changed = change(edit, [&] {
+        for (const auto &volume : old.volumes)
+            m_volumes.remove(old, volume);
+    });
+    return changed ? CommandLauncher::Result{"Finished erase on " + device + "\n", 0}
+                   : failed(changed.error());
+}
+
+CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
+{
+    delay("eject");
+    const auto *disk = diskAt(device);
+    if (!disk)
+        return failed("Unable to find disk for " + device);
+    if (isSpared(*disk, device))
+        return failed("Error: the disk is one that must not be touched");
+    if (isInUse(*disk) || fails("eject", *disk))
+        return failed("Error: the disk is in use");
+    const auto where = disk->where;
+    const auto changed = change([&, isInBay = !disk->bay.empty()](Json &json) {
+        auto &entry = entryAt(json, where);
+        // A disk in a bay is parked and stays where it is; any other is powered off.
+        if (!isInBay) {
+            entry["attached"] = false;
+        } else if (entry.contains("volumes")) {
+            for (auto &volume : entry["volumes"])
+                volume["mounted"] = false;
+        }
+    });
+    return changed ? CommandLauncher::Result{"Disk " + device + " ejected\n", 0} : failed(changed.error());
+}
+
+} // namespace orvana::platform::simulator
