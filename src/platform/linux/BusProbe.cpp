@@ -3,6 +3,7 @@
 #include "platform/posix/Descriptor.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <optional>
@@ -35,18 +36,31 @@ std::string ownAddress(BusKind kind)
     return kind == BusKind::System ? "unix:path=/var/run/dbus/system_bus_socket" : std::string();
 }
 
-// Of "unix:path=/run/bus,guid=..."; other kinds of addresses are not tried.
-std::optional<sockaddr_un> socketOf(std::string_view address)
+struct SocketAddress
 {
-    constexpr std::string_view Start = "unix:path=";
-    if (!address.starts_with(Start) || address.find('%') != std::string_view::npos)
+    sockaddr_un address{};
+    socklen_t length = 0;
+};
+
+// Of "unix:path=/run/bus,guid=..." or "unix:abstract=name"; other kinds of addresses are not tried.
+std::optional<SocketAddress> socketOf(std::string_view address)
+{
+    constexpr std::string_view File = "unix:path=";
+    constexpr std::string_view Abstract = "unix:abstract=";
+    const bool isAbstract = address.starts_with(Abstract);
+    if ((!isAbstract && !address.starts_with(File)) || address.find('%') != std::string_view::npos)
         return std::nullopt;
-    const auto path = address.substr(Start.size(), address.find_first_of(",;") - Start.size());
-    sockaddr_un socket{};
-    socket.sun_family = AF_UNIX;
-    if (path.empty() || path.size() >= sizeof socket.sun_path)
+    address.remove_prefix(isAbstract ? Abstract.size() : File.size());
+    const auto name = address.substr(0, address.find_first_of(",;"));
+    SocketAddress socket;
+    socket.address.sun_family = AF_UNIX;
+    // An abstract name begins with a NUL and has none at its end.
+    const std::size_t start = isAbstract ? 1 : 0;
+    if (name.empty() || start + name.size() >= sizeof socket.address.sun_path)
         return std::nullopt;
-    std::memcpy(&socket.sun_path, path.data(), path.size());
+    std::memcpy(&socket.address.sun_path[start], name.data(), name.size());
+    socket.length =
+        static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size() + 1); // the NUL of either kind
     return socket;
 }
 
@@ -59,7 +73,8 @@ bool doesBusAnswer(BusKind kind, const std::string &address)
         return true;
     const posix::Descriptor connection(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
     if (!connection.isOpen() ||
-        ::connect(connection.number(), reinterpret_cast<const sockaddr *>(&*socket), sizeof *socket) != 0)
+        ::connect(connection.number(), reinterpret_cast<const sockaddr *>(&socket->address),
+                  socket->length) != 0)
         return false;
     // Who asks how to prove who they are is told at once.
     constexpr std::string_view Question("\0AUTH\r\n", 7);

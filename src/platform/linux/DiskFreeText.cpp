@@ -19,6 +19,25 @@ std::string percent(std::uint64_t part, std::uint64_t whole)
     return std::to_string(whole == 0 ? 0 : (part * 100 + whole - 1) / whole) + "%";
 }
 
+// Where the file system on the device shows: mounted itself, or through the one mapping that lies on this
+// device alone, such as the unlocked content of an encrypted volume.
+std::optional<std::string> mountPointOf(const Snapshot &snapshot, const std::vector<MountedDevice> &mounted,
+                                        const Device &device)
+{
+    constexpr int DeepestMapping = 8;
+    const auto *top = &device;
+    for (int depth = 0; top && depth < DeepestMapping; ++depth) {
+        const auto found = std::find_if(mounted.begin(), mounted.end(),
+                                        [&](const MountedDevice &entry) { return entry.device == top; });
+        if (found != mounted.end())
+            return found->point;
+        const auto *holder =
+            top->holders.size() == 1 ? snapshot.devices.blockNamed(*top->holders.begin()) : nullptr;
+        top = holder && holder->slaves.size() == 1 ? holder : nullptr;
+    }
+    return std::nullopt;
+}
+
 std::string lineOf(const ListedVolume &volume, const VolumeRoom &room)
 {
     const auto used = room.blocks - room.freeBlocks;
@@ -54,14 +73,12 @@ std::vector<ListedVolume> listedVolumes(const Snapshot &snapshot, const std::vec
         for (const auto &piece : disk.pieces) {
             if (!number)
                 continue;
-            const auto found = std::find_if(mounted.begin(), mounted.end(), [&](const MountedDevice &entry) {
-                return entry.device == piece.device;
-            });
+            const auto point = piece.isLeaf ? mountPointOf(snapshot, mounted, *piece.device) : std::nullopt;
             const auto name = "/dev/" + DiskNames::nameOf(*number, piece);
             if (piece.holdsRoot)
                 volumes.push_back({piece.isLeaf ? name : "/dev/" + nameOfRootAbove(*number, piece), "/"});
-            else if (found != mounted.end())
-                volumes.push_back({name, found->point});
+            else if (point)
+                volumes.push_back({name, *point});
         }
     }
     return volumes;

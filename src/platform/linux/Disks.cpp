@@ -49,11 +49,11 @@ bool isCardReader(const DeviceList &devices, const Device &disk)
         if (startsWithAny(key, {"ID_DRIVE_FLASH", "ID_DRIVE_MEDIA_FLASH"}))
             return true;
     }
-    for (const auto *usb = devices.above(disk, "usb"); usb; usb = devices.above(*usb, "usb")) {
-        if (usb->type == "usb_device" && usb->attribute("removable") == "fixed")
-            return true;
-    }
-    return false;
+    // A hub above the disk's own USB device may be built in: what is plugged into it is not.
+    const auto *usb = devices.above(disk, "usb");
+    while (usb && usb->type != "usb_device")
+        usb = devices.above(*usb, "usb");
+    return usb && usb->attribute("removable") == "fixed";
 }
 
 std::string interconnectOf(const DeviceList &devices, const Device &disk)

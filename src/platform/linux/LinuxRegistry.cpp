@@ -10,7 +10,12 @@ constexpr const char *PciClass = "IOPCIDevice";
 
 } // namespace
 
-LinuxRegistry::LinuxRegistry(LinuxMachine &machine) : m_machine(machine), m_known(machine.look()->tree.pci) {}
+LinuxRegistry::LinuxRegistry(LinuxMachine &machine) : m_machine(machine)
+{
+    const auto look = m_machine.look();
+    m_known = look->tree.pci;
+    rememberControllers(*look);
+}
 
 HardwareRegistry::Answer LinuxRegistry::match(const std::optional<RegistryMatching> &matching)
 {
@@ -34,6 +39,8 @@ void LinuxRegistry::take(const MachineEvent &event)
         takePci(event);
     else if (event.subsystem == "block" && event.type == "disk" && event.action == "add")
         takeDisk(event);
+    else if (event.subsystem == "block" && event.type == "disk" && event.action == "remove")
+        takeLostDisk(event);
 }
 
 void LinuxRegistry::takePci(const MachineEvent &event)
@@ -48,6 +55,7 @@ void LinuxRegistry::takePci(const MachineEvent &event)
         return;
     // What came along with it is found in the same look, and needs none of its own when its event comes.
     const auto look = m_machine.look();
+    rememberControllers(*look);
     for (const auto &device : look->tree.pci) {
         if (m_known.insert(device).second)
             tell(RegistryEvent::Published, device.second);
@@ -57,9 +65,30 @@ void LinuxRegistry::takePci(const MachineEvent &event)
 void LinuxRegistry::takeDisk(const MachineEvent &event)
 {
     const auto look = m_machine.look();
+    rememberControllers(*look);
     for (const auto &disk : look->disks) {
         if (disk.device->path == event.path && disk.controller)
             tell(RegistryEvent::Published, look->tree.pci.at(disk.controller->path));
+    }
+}
+
+// A disk can be taken out of its bay while the controller stays. When the controller goes as well, its disks
+// go first, and each is reported.
+void LinuxRegistry::takeLostDisk(const MachineEvent &event)
+{
+    const auto disk = m_controllers.extract(event.path);
+    if (!disk)
+        return;
+    if (const auto controller = m_known.find(disk.mapped()); controller != m_known.end())
+        tell(RegistryEvent::Terminated, RegistryEntryPtr(controller->second));
+}
+
+// The kernel forgets where a disk was as soon as it has gone.
+void LinuxRegistry::rememberControllers(const MachineLook &look)
+{
+    for (const auto &disk : look.disks) {
+        if (disk.controller)
+            m_controllers[disk.device->path] = disk.controller->path;
     }
 }
 

@@ -8,7 +8,8 @@ namespace orvana::platform::linux_host
 {
 
 /// The machine's devices. A PCI device is published when it comes, and a storage controller once more with
-/// each disk that comes to it: the disks follow their controller at some distance.
+/// each disk that comes to it: the disks follow their controller at some distance. In the same way a
+/// controller is reported as terminated with each disk that leaves it.
 class LinuxRegistry final : public HardwareRegistry
 {
 public:
@@ -30,10 +31,13 @@ private:
 
     void takePci(const MachineEvent &event);
     void takeDisk(const MachineEvent &event);
+    void takeLostDisk(const MachineEvent &event);
+    void rememberControllers(const MachineLook &look);
     void tell(RegistryEvent event, const RegistryEntryPtr &entry);
 
     LinuxMachine &m_machine;
-    std::map<std::string, RegistryEntryPtr> m_known; // PCI devices by path; the kernel forgets what has gone
+    std::map<std::string, RegistryEntryPtr> m_known;  // PCI devices by path; the kernel forgets what has gone
+    std::map<std::string, std::string> m_controllers; // of each disk, both by path
     std::vector<Watch> m_watches;
 };
 

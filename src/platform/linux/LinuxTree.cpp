@@ -256,9 +256,12 @@ private:
         const auto blocks = std::max(decimalNumber(piece.device->attribute("size")), 0L);
         const auto content = piece.number == 0 ? piece.device->property("ID_FS_TYPE")
                                                : piece.device->property("ID_PART_ENTRY_TYPE");
-        auto &media = scheme.add("IOMedia", "Media@" + std::to_string(piece.number),
-                                 mediaProperties(DiskNames::nameOf(number, piece), false, piece.isLeaf,
-                                                 piece.isOpen, std::int64_t{blocks} * 512, content));
+        // Of media that are open and no leaf, the scan takes the node for the whole disk's. A member of a
+        // volume group is neither a volume nor the disk.
+        auto &media =
+            scheme.add("IOMedia", "Media@" + std::to_string(piece.number),
+                       mediaProperties(DiskNames::nameOf(number, piece), false, piece.isLeaf,
+                                       piece.isOpen && piece.isLeaf, std::int64_t{blocks} * 512, content));
         if (!piece.isLeaf && piece.holdsRoot)
             media.add("IOMedia", "Media@1",
                       mediaProperties(nameOfRootAbove(number, piece), false, true, true,

@@ -1,6 +1,7 @@
 // The desktop's services, played on a bus of the test's own.
 
 #include "platform/linux/DesktopWorkspace.h"
+#include "platform/linux/BusProbe.h"
 #include "platform/posix/Descriptor.h"
 #include "support/Recorder.h"
 #include "support/TemporaryTree.h"
@@ -15,6 +16,7 @@
 #include <QThread>
 #include <array>
 #include <csignal>
+#include <cstddef>
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -29,6 +31,19 @@ namespace orvana::test
 
 namespace
 {
+
+// A socket that takes connections and never answers. With `start` 1 its name is an abstract one.
+platform::posix::Descriptor listenAt(const std::string &name, std::size_t start)
+{
+    platform::posix::Descriptor listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    name.copy(&address.sun_path[start], sizeof address.sun_path - 1 - start);
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size() + 1);
+    EXPECT_EQ(::bind(listener.number(), reinterpret_cast<const sockaddr *>(&address), length), 0);
+    EXPECT_EQ(::listen(listener.number(), 5), 0);
+    return listener;
+}
 
 constexpr const char *BusSettings = R"(<busconfig><type>session</type><listen>ADDRESS</listen>
 <auth>EXTERNAL</auth><policy context="default"><allow user="*"/><allow own="*"/>
@@ -301,16 +316,20 @@ TEST_F(Desktop, WithoutServicesNothingIsHeldAndNothingWaits)
 TEST_F(Desktop, BusThatAcceptsAndSaysNothingKeepsNobodyWaiting)
 {
     const auto place = m_tree.path("silent");
-    const platform::posix::Descriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    sockaddr_un name{};
-    name.sun_family = AF_UNIX;
-    place.copy(name.sun_path, sizeof name.sun_path - 1);
-    ASSERT_EQ(::bind(silent.number(), reinterpret_cast<const sockaddr *>(&name), sizeof name), 0);
-    ASSERT_EQ(::listen(silent.number(), 5), 0);
+    const auto silent = listenAt(place, 0);
     platform::linux_host::DesktopWorkspace workspace("unix:path=" + place, "unix:path=" + place);
     workspace.notify({"Finish !!!", "text", "Open log", [] {}});
     workspace.showProgress(0.5);
     EXPECT_EQ(workspace.holdOffSleep("a run is on"), nullptr);
+    ::close(m_pipe[1]);
+}
+
+TEST_F(Desktop, BusWithAnAbstractAddressThatSaysNothingKeepsNobodyWaiting)
+{
+    const auto place = m_tree.path("silent");
+    const auto silent = listenAt(place, 1);
+    EXPECT_FALSE(platform::linux_host::doesBusAnswer(platform::linux_host::BusKind::Session,
+                                                     "unix:abstract=" + place + ",guid=1"));
     ::close(m_pipe[1]);
 }
 

@@ -95,6 +95,21 @@ TEST_F(HotPlug, DiskThatFollowsItsControllerIsTold)
     EXPECT_EQ(baysOf(*scan().tbArray().at(0)), Told{"Slot-B SN1"});
 }
 
+TEST_F(HotPlug, DiskThatLeavesItsBayIsToldThoughItsControllerStays)
+{
+    const auto upper = addEnclosure("612");
+    const auto first = m_machine.addSataDisk(m_machine.controllerOf(upper, 0), 0, {.node = "sda"});
+    watch();
+    const auto second =
+        m_machine.addSataDisk(m_machine.controllerOf(upper, 1), 0, {.node = "sdb", .serial = "SN2"});
+    m_machine.tell(second, "add");
+    runUntil("attached");
+    m_machine.pull(first);
+    m_machine.pull(second);
+    runUntil("detached", 2);
+    EXPECT_EQ(m_told, (Told{"attached", "detached", "detached"}));
+}
+
 TEST_F(HotPlug, EnclosureThatGoesIsToldAndListedNoMore)
 {
     const auto upper = addEnclosure("612");

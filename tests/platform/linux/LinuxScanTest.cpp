@@ -197,6 +197,28 @@ TEST_F(ExternalDisks, BuiltInCardReaderIsNotListed)
     EXPECT_TRUE(scan().otherDiskArray().empty());
 }
 
+TEST_F(ExternalDisks, DiskBehindABuiltInHubIsListed)
+{
+    const auto controller = m_machine.addPci({}, "0000:00:15.0", "0x8086", "0xa12f", "0x0c0330");
+    const auto hub =
+        m_machine.add(controller + "/usb3/3-1", "usb", {"E: DEVTYPE=usb_device", "A: removable=fixed"});
+    const auto device =
+        m_machine.add(hub + "/3-1.2", "usb", {"E: DEVTYPE=usb_device", "A: removable=removable"});
+    m_machine.addBlock(device + "/3-1.2:1.0/host9/target9:0:0/9:0:0:0", stick());
+    EXPECT_EQ(scan().otherDiskArray().size(), 1U);
+}
+
+TEST_F(ExternalDisks, DiskWithAVolumeGroupInUseKeepsItsOwnDevice)
+{
+    auto disk = stick();
+    disk.properties.push_back("ID_PART_TABLE_TYPE=gpt");
+    const auto path = addUsb("removable", disk);
+    const auto partition = m_machine.addPartition(path, 1, {"ID_FS_USAGE=raid", "ID_FS_TYPE=LVM2_member"});
+    m_machine.makeFolder(partition + "/holders/dm-0");
+    ASSERT_EQ(scan().otherDiskArray().size(), 1U);
+    EXPECT_EQ(m_scanner->otherDiskArray()[0]->devPath(), "/dev/disk0");
+}
+
 TEST_F(ExternalDisks, CardReaderOnACableIsNotListed)
 {
     auto reader = stick();
