@@ -149,7 +149,7 @@ Json devicesJson(const ORVScanDevice &scanner)
     for (const auto &enclosure : scanner.tbArray()) {
         Json entry = Json::object();
         putText(entry, "name", enclosure->moduleName());
-        entry["uid"] = enclosure->uid() ? Json(*enclosure->uid()) : Json();
+        entry["uid"] = enclosure->uid() ? Json(std::to_string(*enclosure->uid())) : Json();
         entry["disks"] = Json::array();
         for (const auto &disk : enclosure->hddArray())
             entry["disks"].push_back(diskJson(*disk));

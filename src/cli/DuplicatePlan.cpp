@@ -130,10 +130,10 @@ std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &
 {
     if (isStillThere(host, devices, duplication.source))
         return std::nullopt;
-    return Refusal{NotThere,
-                   displayPath(duplication.source.root) + ": the source is not there any more; " +
-                       (soFar == SoFar::Untouched ? "nothing was touched"
-                                                  : "nothing was copied, and the report says which disks were erased")};
+    return Refusal{NotThere, displayPath(duplication.source.root) + ": the source is not there any more; " +
+                                 (soFar == SoFar::Untouched
+                                      ? "nothing was touched"
+                                      : "nothing was copied, and the report says which disks were erased")};
 }
 
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes)

@@ -32,19 +32,44 @@ public:
         m_rest += piece;
         std::size_t start = 0;
         for (std::size_t end = 0; (end = m_rest.find('\n', start)) != std::string::npos; start = end + 1)
-            m_terminal.print(displayPath(std::string_view(m_rest).substr(start, end - start)));
+            endLine(std::string_view(m_rest).substr(start, end - start));
         m_rest.erase(0, start);
+        if (m_rest.size() >= MostOfALine)
+            writeStart();
     }
 
     void end()
     {
-        if (!m_rest.empty())
-            m_terminal.print(displayPath(m_rest));
+        if (!m_rest.empty() || m_isInLine)
+            endLine(m_rest);
     }
 
 private:
+    // What is held of a line that does not end.
+    static constexpr std::size_t MostOfALine = 65536;
+
+    void endLine(std::string_view line)
+    {
+        m_terminal.print(displayPath(line));
+        m_isInLine = false;
+    }
+
+    // Writes what there is of a long line, but for the bytes of a character that may not be complete.
+    void writeStart()
+    {
+        std::size_t length = m_rest.size();
+        while (length > m_rest.size() - 4 && (static_cast<unsigned char>(m_rest[length - 1]) & 0xC0U) == 0x80)
+            --length;
+        if (static_cast<unsigned char>(m_rest[length - 1]) >= 0xC0)
+            --length;
+        m_terminal.write(displayPath(std::string_view(m_rest).substr(0, length)));
+        m_rest.erase(0, length);
+        m_isInLine = true;
+    }
+
     Terminal &m_terminal;
     std::string m_rest;
+    bool m_isInLine = false;
 };
 
 /// One call of the command.

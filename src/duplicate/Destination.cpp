@@ -32,6 +32,15 @@ SplitPath split(std::string_view path)
     return {path.substr(0, slash), path.substr(slash + 1)};
 }
 
+bool isLeftOpen(const Attributes &folder, const Attributes &like)
+{
+    if (!folder.permissions || !like.permissions)
+        return false;
+    const auto final = platform::withSearch(*like.permissions);
+    const auto open = final | platform::OwnerRights;
+    return open != final && *folder.permissions == open;
+}
+
 } // namespace
 
 Destination::Destination(platform::VolumeFiles &files, std::string root) : m_root(std::move(root))
@@ -128,6 +137,12 @@ Expected<void> Destination::makeFolderWithParents(std::string_view beneathPath, 
     return made;
 }
 
+bool Destination::holds(const std::string &path) const
+{
+    const auto place = beneath(path);
+    return place && m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
+}
+
 Expected<Destination::Made> Destination::createFolder(const std::string &path, const Attributes &like)
 {
     const auto place = beneath(path);
@@ -144,7 +159,7 @@ Expected<Destination::Made> Destination::createFolder(const std::string &path, c
         return tl::unexpected(made.error());
     const auto there = m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
     if (there && there->type == platform::FileType::Folder)
-        return Made::Existed;
+        return isLeftOpen(*there, like) ? Made::LeftOpen : Made::Existed;
     return tl::unexpected(there ? platform::fileError(ENOTDIR) : there.error());
 }
 
@@ -154,8 +169,12 @@ Expected<Destination::Made> Destination::createParent(const std::string &path, c
     if (!place)
         return tl::unexpected(place.error());
     const auto holder = holderOf(*place);
+    if (holder)
+        return Made::Existed;
+    const auto folder = path.substr(0, path.rfind('/'));
+    const bool hasFileAbove = holder.error().problem == FileProblem::NotAFolder && !holds(folder);
     // Only a missing folder is made; one that cannot be opened shows when the file is created.
-    if (holder || holder.error().problem != FileProblem::NotFound)
+    if (holder.error().problem != FileProblem::NotFound && !hasFileAbove)
         return Made::Existed;
     if (const auto made = makeFolderWithParents(split(*place).folder, like); !made)
         return tl::unexpected(made.error());

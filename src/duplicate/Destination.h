@@ -47,10 +47,18 @@ public:
     /// True when `attributes` are those of the destination's own root folder.
     bool isRoot(const platform::Attributes &attributes) const;
 
-    enum class Made { New, Existed };
+    /// True when anything exists at `path`, links followed.
+    bool holds(const std::string &path) const;
+
+    enum class Made {
+        New,
+        Existed,
+        LeftOpen, ///< it existed with exactly the permissions that a run leaves which ends in its midst
+    };
 
     /// Makes a folder and the missing ones above it, all like `like`. Whatever has the name already stays; if
-    /// it is no folder, that is the error.
+    /// it is no folder, that is the error. `protectFolder` gives new and left-open folders their final
+    /// permissions.
     platform::Expected<Made> createFolder(const std::string &path, const platform::Attributes &like);
 
     /// Makes the folder that is to hold `path`, if it does not exist.

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 namespace orvana
@@ -77,7 +78,7 @@ bool DiskSurvey::Shared::countFolder(platform::Folder &volume, const std::string
 {
     const auto folder = volume.openFolder(path);
     auto names = folder ? (*folder)->list(".") : tl::unexpected(folder.error());
-    if (!names)
+    if (!names || names->error())
         return false;
     while (!names->empty()) {
         if (isTimeOver())
@@ -99,7 +100,7 @@ bool DiskSurvey::Shared::countVolume(platform::VolumeFiles &files, const std::st
 {
     const auto volume = files.openFolder(point, platform::Reach::Beneath);
     auto names = volume ? (*volume)->list(".") : tl::unexpected(volume.error());
-    if (!names) {
+    if (!names || names->error()) {
         const std::lock_guard lock(mutex);
         contents[index].isKnown = false;
         isEmpty = false;
@@ -141,7 +142,12 @@ DiskSurvey::DiskSurvey(platform::Host &host, const std::vector<std::shared_ptr<O
         m_shared->disks.push_back(diskToSurvey(*disk));
         m_shared->contents.push_back(m_shared->disks.back().known);
     }
-    std::thread([shared = m_shared, &files = host.volumeFiles()] { shared->run(files); }).detach();
+    const auto survey = [shared = m_shared, &files = host.volumeFiles()] { shared->run(files); };
+    try {
+        std::thread(survey).detach();
+    } catch (const std::system_error &) {
+        survey(); // without a thread to be had; its time is limited
+    }
 }
 
 DiskSurvey::~DiskSurvey()

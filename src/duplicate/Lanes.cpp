@@ -59,9 +59,7 @@ Lanes::Lanes(std::size_t count)
         while (m_threads.size() < count)
             m_threads.emplace_back([this] { runLane(); });
     } catch (const std::system_error &) {
-        // Fewer lanes do the same work; without any it cannot be done.
-        if (m_threads.empty())
-            throw;
+        // Fewer lanes do the same work. Without any, `start` does it.
     }
 }
 
@@ -78,6 +76,8 @@ void Lanes::start(const Work &work, std::size_t pieces, std::size_t helpers)
     m_work = &work;
     m_unfinished = pieces;
     m_pieces = packed(++m_round, pieces);
+    if (m_threads.empty())
+        help();
     if (m_asleep == 0)
         return;
     ++m_call;

@@ -155,8 +155,7 @@ void MainWindow::CopyFile()
         return;
     }
     if (m_order && !isStillThere(m_context.host, devices, m_order->source)) {
-        const auto refusal =
-            m_erasedInRun ? OrderRefusal::SourceGoneSinceTheErase : OrderRefusal::SourceGone;
+        const auto refusal = m_erasedInRun ? OrderRefusal::SourceGoneSinceTheErase : OrderRefusal::SourceGone;
         warn(refusalText(refusal));
         endWithoutCopy();
         return;

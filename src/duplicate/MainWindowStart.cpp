@@ -94,8 +94,8 @@ void MainWindow::checkSpace(const ChosenEnclosure &asked)
     }
 }
 
-// The devices may have been pulled or changed while a question stood. When it returns false, the user has been
-// told why.
+// The devices may have been pulled or changed while a question stood. When it returns false, the user has
+// been told why.
 bool MainWindow::isUnchanged(const ChosenEnclosure &asked)
 {
     const auto now = chosenNow();

@@ -18,7 +18,8 @@ std::string refusalText(OrderRefusal refusal)
     case OrderRefusal::SourceGoneSinceTheErase:
         break;
     }
-    return "The source is not there any more, or another disk has taken its place. Nothing was copied; the report "
+    return "The source is not there any more, or another disk has taken its place. Nothing was copied; the "
+           "report "
            "says which disks were erased. Choose the source again.";
 }
 

@@ -23,8 +23,8 @@ struct RunOrder
 
 /// Why a run with this choice may not start.
 enum class OrderRefusal {
-    NothingTicked, ///< and the disks were to be erased for it
-    SourceGone,    ///< the source is not there any more, or another disk stands in its place
+    NothingTicked,           ///< and the disks were to be erased for it
+    SourceGone,              ///< the source is not there any more, or another disk stands in its place
     SourceGoneSinceTheErase, ///< the same, noticed when disks had been erased for the run
 };
 

@@ -29,12 +29,17 @@ void RunRelay::relayFileCopyMessage(const std::string &message)
 {
     if (message.find("Can`t Duplicate") == std::string::npos)
         m_display.setProgressMsg(message);
-    if (message != "Verifying File ...")
+    // The copy thread may still be about to post when the user cancels. Nothing of the run follows that
+    // record.
+    const std::lock_guard lock(m_mutex);
+    if (message != "Verifying File ..." && !m_isCancelled)
         m_log.ToLogFile(message);
 }
 
 void RunRelay::runStarts()
 {
+    const std::lock_guard lock(m_mutex);
+    m_isCancelled = false;
     m_log.updataLogFileName();
     m_log.ToLogFile("\n\n");
 }
@@ -49,6 +54,8 @@ void RunRelay::jobHandedOver(const std::string &source, const std::vector<std::s
 
 void RunRelay::userCancelled()
 {
+    const std::lock_guard lock(m_mutex);
+    m_isCancelled = true;
     m_log.ToLogFile("User Cancel");
 }
 

@@ -2,6 +2,7 @@
 
 #include "foundation/NotificationCenter.h"
 
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,8 @@ public:
     /// The copy engine is given its job.
     void jobHandedOver(const std::string &source, const std::vector<std::string> &destinations);
 
+    /// The last record of a run that the user ends; what the copy thread still posts is shown, and not
+    /// logged.
     void userCancelled();
     void runFinished();
 
@@ -49,6 +52,8 @@ private:
 
     LogData &m_log;
     RunDisplay &m_display;
+    std::mutex m_mutex;
+    bool m_isCancelled = false; // since the run began
 };
 
 } // namespace orvana

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -20,6 +21,16 @@ namespace
 double secondsOf(std::chrono::nanoseconds time)
 {
     return std::chrono::duration<double>(time).count();
+}
+
+// Null when the system has no thread for it: the volume is then synced at the end, on the run's own thread.
+std::unique_ptr<WriteOutPump> pumpFor(platform::Folder &volume)
+{
+    try {
+        return std::make_unique<WriteOutPump>(volume);
+    } catch (const std::system_error &) {
+        return nullptr;
+    }
 }
 
 } // namespace
@@ -36,7 +47,7 @@ RunState::RunState(RunContext context, CopyJob job)
             destination.expect(m_job.expectedRoots[i]);
         m_tallies.push_back(&report().destination(i));
         const bool waits = destination.isOpen() && destination.traits().writesOutInBackground;
-        m_pumps.push_back(waits ? std::make_unique<WriteOutPump>(*destination.volume()) : nullptr);
+        m_pumps.push_back(waits ? pumpFor(*destination.volume()) : nullptr);
     }
 
     const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());

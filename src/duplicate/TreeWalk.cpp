@@ -276,14 +276,17 @@ void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
 NameList TreeWalk::listOf(const std::string &folder, const OutArray &copies)
 {
     auto names = m_run.sources().list(folder);
-    if (names)
+    const auto error = names ? names->error() : std::optional(names.error());
+    if (!error)
         return std::move(*names);
+    const auto reason =
+        (names ? "The folder cannot be read to its end: " : "The folder cannot be read: ") + error->reason();
     systemLog("Open of " + displayPath(folder) + " for reading failed");
     for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
         if (copies[i])
-            m_run.report().failed(i, folder, "The folder cannot be read: " + names.error().reason());
+            m_run.report().failed(i, folder, reason);
     }
-    return {};
+    return names ? std::move(*names) : NameList();
 }
 
 std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArray &copies,
@@ -295,11 +298,11 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
             continue;
         const auto created = m_run.destination(i).createFolder(*copies[i], like);
         if (created) {
-            made[i] = *created == Destination::Made::New;
+            made[i] = *created != Destination::Made::Existed;
             continue;
         }
         // A file in its place is left alone, and only the report knows.
-        if (created.error().problem != platform::FileProblem::NotAFolder)
+        if (!m_run.destination(i).holds(*copies[i]))
             systemLog("Create " + displayPath(*copies[i]) + " Folder Fail \n");
         m_run.report().failed(i, source, "The folder cannot be created: " + created.error().reason());
     }

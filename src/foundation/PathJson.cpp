@@ -10,8 +10,9 @@ namespace orvana
 
 void putPath(Json &object, const std::string &key, std::string_view path)
 {
-    object[key] = displayPath(path);
-    if (!isUtf8(path))
+    const auto shown = displayPath(path);
+    object[key] = shown;
+    if (shown != path)
         object[key + "Bytes"] = base64(path);
 }
 

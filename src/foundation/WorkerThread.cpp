@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 namespace orvana
@@ -47,16 +48,24 @@ struct WorkerThread::End
     bool ended = false;
 };
 
-WorkerThread::WorkerThread(std::function<void()> job)
-    : m_end(std::make_shared<End>()),
-      m_thread([job = std::move(job), end = m_end](std::stop_token token) mutable {
-          tokenOfThisThread = std::move(token);
-          runJob(job);
-          // What the job captured goes before the end is announced: who waits for it may destroy the rest.
-          job = nullptr;
-          end->announce();
-      })
+WorkerThread::WorkerThread(std::function<void()> job) : m_end(std::make_shared<End>())
 {
+    const auto shared = std::make_shared<std::function<void()>>(std::move(job));
+    const auto work = [shared, end = m_end] {
+        runJob(*shared);
+        // What the job captured goes before the end is announced: who waits for it may destroy the rest.
+        *shared = nullptr;
+        end->announce();
+    };
+    try {
+        m_thread = std::jthread([work](std::stop_token token) {
+            tokenOfThisThread = std::move(token);
+            work();
+        });
+    } catch (const std::system_error &error) {
+        systemLog("no thread can be started: " + std::string(error.what()));
+        work();
+    }
 }
 
 WorkerThread::~WorkerThread() = default;

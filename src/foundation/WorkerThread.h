@@ -18,7 +18,9 @@ namespace orvana
 class WorkerThread
 {
 public:
-    /// Starts `job` on a new thread. An exception that leaves the job is written to the system log.
+    /// Starts `job` on a new thread. An exception that leaves the job is written to the system log. When the
+    /// system has no thread to give, the job runs on the calling thread before the constructor returns, and
+    /// cannot be cancelled.
     explicit WorkerThread(std::function<void()> job);
 
     /// Requests a cancel and waits for the end without limit; `waitForEnd` and `abandon` come first where
@@ -34,7 +36,11 @@ public:
     bool waitForEnd(std::chrono::milliseconds limit) const;
 
     /// Lets the thread go on by itself. What its job uses must then live as long as the process.
-    void abandon() { m_thread.detach(); }
+    void abandon()
+    {
+        if (m_thread.joinable())
+            m_thread.detach();
+    }
 
     /// True when the calling thread is a worker whose cancel was requested.
     static bool isCancelled();

@@ -181,4 +181,15 @@ TEST(LogFolder, ThatCannotBeMadeIsRefusedWithTheReason)
               "the folder for logs, " + tree.path("file/logs") + ", cannot be made: Not a directory");
 }
 
+TEST_F(LogsCommand, LineWithoutAnEndIsShownPieceByPiece)
+{
+    std::string line;
+    while (line.size() < 300'000)
+        line += "a\xC3\xA4";
+    m_tree.file("home/Documents/20261122-100000-Log.txt", line);
+    m_isScreen = true;
+    EXPECT_EQ(run("show", {"20261122-100000-Log.txt"}), AllDone);
+    EXPECT_EQ(m_out, line + "\n");
+}
+
 } // namespace orvana::cli

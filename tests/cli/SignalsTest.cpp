@@ -96,6 +96,7 @@ TEST_F(Process, SignalEndsTheWindowsRunAsCancelDoes)
 {
     bay(0)["volumes"][0]["content"] = {{{"path", "Many"}, {"bytes", 60'000}, {"files", 300}}};
     bay(1)["volumes"][0]["faults"] = {{"delayMilliseconds", 100}};
+    bay(3)["attached"] = false; // a blank disk would switch the erase on
     ASSERT_EQ(program({"devices"}), AllDone) << "writes the machine's file";
     m_tree.file("script", "select-enclosure 1\nwait-count\nclick start\nwait-idle\n");
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);

@@ -290,6 +290,41 @@ TEST_F(FileCopyWalk, FolderThatCannotBeMadeIsTold)
     EXPECT_EQ(m_tree.read("a/docs"), "in the way");
 }
 
+TEST_F(FileCopyWalk, FolderBelowAFileIsTold)
+{
+    m_tree.file("source/docs/inner/file.txt");
+    m_tree.file("a/docs", "in the way");
+    runJob({"docs"});
+    const auto lines = m_systemLog.all();
+    EXPECT_NE(std::find(lines.begin(), lines.end(), "Create " + copy("a", "docs/inner") + " Folder Fail \n"),
+              lines.end());
+    EXPECT_EQ(std::find(lines.begin(), lines.end(), "Create " + copy("a", "docs") + " Folder Fail \n"),
+              lines.end())
+        << "something exists there";
+    EXPECT_EQ(m_tree.read("a/docs"), "in the way");
+}
+
+TEST_F(FileCopyWalk, FolderThatACutOffRunLeftOpenGetsItsPermissions)
+{
+    const auto modeOf = [](const std::string &path) {
+        struct stat status{};
+        EXPECT_EQ(::stat(path.c_str(), &status), 0);
+        return status.st_mode & 07777U;
+    };
+    for (const char *name : {"open", "owners"}) {
+        m_tree.file(std::string("source/") + name + "/file.txt");
+        ASSERT_EQ(::chmod(m_tree.path(std::string("source/") + name).c_str(), 0550), 0);
+        m_tree.folder(std::string("a/") + name);
+    }
+    ASSERT_EQ(::chmod(copy("a", "open").c_str(), 0750), 0);
+    ASSERT_EQ(::chmod(copy("a", "owners").c_str(), 0755), 0);
+    runJob({"open", "owners"});
+    EXPECT_EQ(modeOf(copy("a", "open")), 0550U);
+    EXPECT_EQ(modeOf(copy("a", "owners")), 0755U) << "these permissions are no run's";
+    for (const char *folder : {"source/open", "source/owners", "a/open"})
+        ::chmod(m_tree.path(folder).c_str(), 0755);
+}
+
 TEST_F(FileCopyWalk, CreateFileFolderMakesWhatIsMissingAboveAndLeavesWhatIsThere)
 {
     setJob({});

@@ -197,6 +197,18 @@ TEST_F(RunRelayTest, RunControlWritesItsFourRecords)
             record("User Cancel") + record("Finish !!!"));
 }
 
+TEST_F(RunRelayTest, NothingOfTheRunIsLoggedAfterUserCancel)
+{
+    m_relay.runStarts();
+    m_relay.userCancelled();
+    m_relay.relay(message("Duplicating /late"));
+    EXPECT_EQ(logged(), record("\n\n") + record("User Cancel"));
+    EXPECT_EQ(m_display.lines, (Lines{"msg Duplicating /late"}));
+    m_relay.runStarts();
+    m_relay.relay(message("Duplicating /next"));
+    EXPECT_TRUE(logged().ends_with(record("Duplicating /next")));
+}
+
 class CopyCensusTest : public test::EngineTest
 {
 protected:

@@ -200,6 +200,19 @@ TEST_F(RunTruth, EveryItemThatIsLeftOutIsNamedWithItsRule)
     EXPECT_TRUE(m_report->allDone());
 }
 
+TEST_F(RunTruth, ListingThatBreaksOffCopiesWhatWasReadAndIsReported)
+{
+    m_tree.file("source/docs/x", "content");
+    m_tree.file("source/docs/y", "content");
+    m_host.faults().volume(source("docs")).listErrorAfter = 1;
+    runJob({"docs"});
+    EXPECT_EQ(destination()["copied"], 1);
+    EXPECT_EQ(destination()["failed"], 1);
+    EXPECT_EQ(problem()["file"], source("docs"));
+    EXPECT_EQ(problem()["reason"], "The folder cannot be read to its end: Input/output error");
+    EXPECT_FALSE(m_report->allDone());
+}
+
 TEST_F(RunTruth, DestinationThatIsMovedAwayInMidRunDoesNotCount)
 {
     m_tree.file("source/x", "content");

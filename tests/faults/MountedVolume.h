@@ -22,8 +22,8 @@ void enterOwnMountNamespace();
 class MountedVolume
 {
 public:
-    /// `type` is "tmpfs", "exfat" (in user space) or a file system that mkfs makes, with these options for mkfs;
-    /// `megabytes` is its size.
+    /// `type` is "tmpfs", "exfat" (in user space) or a file system that mkfs makes, with these options for
+    /// mkfs; `megabytes` is its size.
     MountedVolume(const std::string &type, int megabytes, const std::string &options = "");
     ~MountedVolume();
     MountedVolume(const MountedVolume &) = delete;

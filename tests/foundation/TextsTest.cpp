@@ -61,6 +61,9 @@ TEST(PathJson, PathThatIsNotUtf8CarriesItsBytes)
     Json object = Json::object();
     putPath(object, "path", "/a\xFF");
     EXPECT_EQ(object.dump(), R"({"path":"/a\\xFF","pathBytes":"L2H/"})");
+    Json controls = Json::object();
+    putPath(controls, "path", "/a\n");
+    EXPECT_EQ(controls.dump(), R"({"path":"/a\\x0A","pathBytes":"L2EK"})");
     Json plain = Json::object();
     putPath(plain, "path", "/a");
     EXPECT_EQ(plain.dump(), R"({"path":"/a"})");

@@ -4,7 +4,9 @@
 
 #include <atomic>
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <stdexcept>
+#include <thread>
 
 namespace orvana
 {
@@ -50,6 +52,30 @@ TEST(WorkerThread, ExceptionEndsTheThreadAndNotTheProgram)
         const WorkerThread thread([] { throw std::runtime_error("out of order"); });
     }
     EXPECT_EQ(log.all(), (std::vector<std::string>{"worker thread ended: out of order"}));
+}
+
+TEST(WorkerThread, WithoutAThreadToBeHadTheJobRunsOnTheCallersOne)
+{
+    const test::LogLines log;
+    pthread_attr_t before;
+    ASSERT_EQ(::pthread_getattr_default_np(&before), 0);
+    pthread_attr_t attributes;
+    ::pthread_attr_init(&attributes);
+    // A stack as large as the address space is one that the system cannot give.
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::size_t{1} << 46U), 0);
+    ASSERT_EQ(::pthread_setattr_default_np(&attributes), 0);
+    std::thread::id job;
+    {
+        WorkerThread thread([&] { job = std::this_thread::get_id(); });
+        EXPECT_TRUE(thread.hasEnded());
+        thread.requestCancel();
+        thread.abandon();
+    }
+    ::pthread_setattr_default_np(&before);
+    ::pthread_attr_destroy(&attributes);
+    ::pthread_attr_destroy(&before);
+    EXPECT_EQ(job, std::this_thread::get_id());
+    EXPECT_EQ(log.all().size(), 1U);
 }
 
 TEST(WorkerThread, WaitingForAThreadThatDoesNotEndGivesUp)

@@ -52,8 +52,7 @@ unsigned newFileMode(const Attributes &like, const ProcessDefaults &defaults)
 
 unsigned newFolderMode(const Attributes &like, const ProcessDefaults &defaults)
 {
-    const unsigned mode = like.permissions.value_or(0777U & ~defaults.umask);
-    return mode | (mode & 0444U) >> 2U;
+    return withSearch(like.permissions.value_or(0777U & ~defaults.umask));
 }
 
 void applyAttributes(int descriptor, const Attributes &like, unsigned mode, const ProcessDefaults &defaults)

@@ -15,9 +15,6 @@ struct ProcessDefaults
     std::uint32_t group;
 };
 
-/// What the owner of a new folder needs while its content is written.
-inline constexpr unsigned OwnerRights = 0700;
-
 /// Permissions of a new file with the attributes of `like`.
 unsigned newFileMode(const Attributes &like, const ProcessDefaults &defaults);
 

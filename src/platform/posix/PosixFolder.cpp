@@ -138,7 +138,7 @@ Expected<NameList> PosixFolder::list(std::string_view path) const
             names.add(name);
     }
     if (errno != 0)
-        return failure(errno);
+        names.breakOff(fileError(errno));
     return names;
 }
 
