@@ -207,9 +207,7 @@ cli::ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
     return cli::runSimulator(*file, terminal, words.simulator);
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+int runMain(int argc, char **argv)
 {
     cli::CancelRequest::blockSignals();
     cli::CancelRequest::endWhileNobodyWaits();
@@ -255,4 +253,17 @@ int main(int argc, char **argv)
     if (simulator->parsed())
         return onSimulator(words, terminal);
     return onHost(words, terminal, app.get_subcommands().front()->get_name());
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    try {
+        return runMain(argc, argv);
+    } catch (const std::exception &error) {
+        // No memory to be had, for one. What was written stays, and is not called a success.
+        std::fprintf(stderr, "plurimoctl: %s\n", error.what());
+        return orvana::cli::SomethingFailed;
+    }
 }

@@ -136,8 +136,50 @@ TEST_F(GuardsTest, EjectThatWaitedIsDroppedWhenANewRunBegan)
     pass(std::chrono::seconds(2));
     pressStart();
     until([this] { return !window().isBusy(); });
+    pass(std::chrono::seconds(2)); // time for an eject that waits on
     EXPECT_TRUE(tools().empty());
     EXPECT_TRUE(isMounted("COPY1"));
+}
+
+TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
+{
+    bay(3)["attached"] = false;
+    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 3000}};
+    startWithEnclosure();
+    pressStart();
+    ASSERT_TRUE(window().isBusy());
+    pressStart(); // cancel; the worker is still reading
+    setErase(true);
+    pressStart();
+    pressSheet("Erase");
+    ASSERT_TRUE(actions().isErasing());
+    const auto letLooksPass = [this](int count) {
+        for (int i = 0; i < count; ++i)
+            pass(std::chrono::milliseconds(100));
+    };
+    letLooksPass(90);
+    EXPECT_TRUE(actions().isErasing());
+    letLooksPass(15);
+    EXPECT_EQ(sheetText(), "A disk of the run before does not answer. Nothing was erased.");
+    EXPECT_FALSE(wasAnythingErased());
+    EXPECT_FALSE(actions().isErasing());
+    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
+}
+
+TEST_F(GuardsTest, EraseWaitsForTheLastBlockOfACancelledRun)
+{
+    bay(3)["attached"] = false;
+    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 300}};
+    startWithEnclosure();
+    pressStart();
+    ASSERT_TRUE(window().isBusy());
+    pressStart();
+    setErase(true);
+    pressStart();
+    pressSheet("Erase");
+    pass(std::chrono::seconds(1)); // of the window's time; hardly any for the disk
+    EXPECT_FALSE(wasAnythingErased());
+    until([this] { return wasErased("COPY1"); });
 }
 
 TEST_F(GuardsTest, EjectThatWaitsTakesTheDiskOfTheClick)

@@ -123,15 +123,20 @@ TEST_F(FileCopyThread, JobThatIsSetWhileARunEndsIsLeftAlone)
 TEST_F(FileCopyThread, CancelBetweenTheLastTwoNotificationsPostsNoBackupFinish)
 {
     setJob({});
+    std::atomic<bool> isPosting{false};
     std::atomic<bool> isCancelled{false};
     m_recorder.onEach([&](const std::string &) {
+        isPosting = true;
         while (!isCancelled)
             std::this_thread::yield();
     });
     m_engine.startCopyThread();
+    while (!isPosting)
+        std::this_thread::yield();
     m_engine.stopCopyThread();
     isCancelled = true;
     ASSERT_TRUE(m_engine.waitForEnd(Patience));
+    EXPECT_EQ(m_recorder.all(), (Lines{"TotalProgress 1"}));
     EXPECT_EQ(m_recorder.count("BackupFinish"), 0U);
 }
 

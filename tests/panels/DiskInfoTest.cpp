@@ -237,17 +237,83 @@ TEST_F(SlotPanel, FieldGivesBackTheVolumesOwnBytes)
     EXPECT_FALSE(panel.grab().isNull());
 }
 
+TEST_F(SlotPanel, EveryRowShowsEachValueInItsPlace)
+{
+    for (const auto &row : rows()) {
+        const std::string name = row.name;
+        panel.setDiskInfo(name, "V" + name, "M" + name, "S" + name, "F" + name, "C" + name, false, false);
+    }
+    EXPECT_EQ(panel.Source() + panel.SlotA() + panel.SlotB() + panel.SlotC() + panel.SlotD(),
+              "VSourceVSlot-AVSlot-BVSlot-CVSlot-D");
+    for (const auto &row : rows()) {
+        for (std::size_t i = 0; i < row.values.size(); ++i)
+            EXPECT_EQ(row.values[i]->text().toStdString(), std::string(1, "MSFC"[i]) + row.name);
+    }
+}
+
+TEST_F(SlotPanel, InitialisingPutsEveryRowBack)
+{
+    for (const auto &row : rows())
+        panel.setDiskInfo(row.name, "name", "model", "serial", "free", "capacity", false, false);
+    panel.SourcePopup->addTitle("STICK");
+    panel.setTargetDiskVolumeEditable(true);
+    panel.initDiskVolume();
+    panel.initDiskInfo("none");
+    EXPECT_EQ(panel.SourcePopup->count(), 1);
+    EXPECT_EQ(panel.Source(), "Source Disk (Slot-A)");
+    EXPECT_EQ(panel.SlotA(), "Destination Disk (Slot-A)");
+    EXPECT_EQ(panel.SlotD(), "Destination Disk (Slot-D)");
+    EXPECT_TRUE(panel.SourceVolume->isHidden());
+    for (const auto &row : rows()) {
+        EXPECT_TRUE(row.volume->isReadOnly()) << row.name;
+        for (const auto *value : row.values)
+            EXPECT_EQ(value->text(), QStringLiteral("none")) << row.name;
+    }
+}
+
+TEST_F(SlotPanel, HiddenDetailsAreValuesAndCaptionsOfEveryRowAndNoNames)
+{
+    for (const bool isHidden : {true, false}) {
+        panel.hiddenDiskInfo(isHidden);
+        for (const auto &row : rows()) {
+            for (std::size_t i = 0; i < row.values.size(); ++i) {
+                EXPECT_EQ(row.values[i]->isHidden(), isHidden) << row.name;
+                EXPECT_EQ(row.captions[i]->isHidden(), isHidden) << row.name;
+            }
+        }
+        EXPECT_FALSE(panel.SlotBVolume->isHidden());
+    }
+}
+
+TEST_F(SlotPanel, DetailsOfTheSourceAreHiddenWhenItsRowSaysSo)
+{
+    for (const bool isHidden : {true, false}) {
+        panel.setDiskInfo("Source", "Master", "m", "s", "1", "2", isHidden, false);
+        EXPECT_EQ(panel.ModelOfSource->isHidden(), isHidden);
+        EXPECT_EQ(panel.Label_Capacity_Source->isHidden(), isHidden);
+    }
+}
+
+TEST_F(SlotPanel, NamesOfAllBaysBecomeEditableAndThatOfTheSourceDoesNot)
+{
+    for (const bool isEditable : {true, false}) {
+        panel.setTargetDiskVolumeEditable(isEditable);
+        for (const auto &row : rows())
+            EXPECT_EQ(row.volume->isReadOnly(), !isEditable || row.volume == panel.SourceVolume) << row.name;
+    }
+}
+
 TEST_F(SlotPanel, DisablingTakesButtonsPopupAndNamesAndGivesThemBack)
 {
-    panel.DisabledItem(true);
-    for (QWidget *widget :
-         {static_cast<QWidget *>(panel.EjectTargetDiskBtn), static_cast<QWidget *>(panel.EjectSourceDiskBtn),
-          static_cast<QWidget *>(panel.SourcePopup), static_cast<QWidget *>(panel.SlotAVolume),
-          static_cast<QWidget *>(panel.SlotDVolume), static_cast<QWidget *>(panel.SourceVolume)})
-        EXPECT_FALSE(widget->isEnabled());
-    panel.DisabledItem(false);
-    EXPECT_TRUE(panel.SourcePopup->isEnabled());
-    EXPECT_TRUE(panel.SlotDVolume->isEnabled());
+    for (const bool isDisabled : {true, false}) {
+        panel.DisabledItem(isDisabled);
+        for (const QWidget *widget :
+             {static_cast<QWidget *>(panel.EjectTargetDiskBtn),
+              static_cast<QWidget *>(panel.EjectSourceDiskBtn), static_cast<QWidget *>(panel.SourcePopup)})
+            EXPECT_EQ(widget->isEnabled(), !isDisabled);
+        for (const auto &row : rows())
+            EXPECT_EQ(row.volume->isEnabled(), !isDisabled) << row.name;
+    }
 }
 
 } // namespace orvana

@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QtTest/QTest>
+#include <array>
 #include <gtest/gtest.h>
 
 namespace orvana
@@ -49,6 +50,43 @@ protected:
 
     // y of the widget's bottom, counted from the panel's bottom.
     static int base(const QWidget *widget) { return 500 - widget->geometry().bottom() - 1; }
+
+    struct ShownRow
+    {
+        const char *name;
+        VolumeNameField *volume;
+        std::array<ElidedLabel *, 4> values; // model, serial number, available, capacity
+        std::array<QLabel *, 4> captions;
+    };
+
+    std::array<ShownRow, 5> rows() const
+    {
+        return {{{"Source",
+                  panel.SourceVolume,
+                  {panel.ModelOfSource, panel.SNOfSource, panel.AvailableOfSource, panel.CapacityOfSource},
+                  {panel.Label_Model_Source, panel.Label_SN_Source, panel.Label_Available_Source,
+                   panel.Label_Capacity_Source}},
+                 {"Slot-A",
+                  panel.SlotAVolume,
+                  {panel.ModelOfSlotA, panel.SNOfSlotA, panel.AvailableOfSlotA, panel.CapacityOfSlotA},
+                  {panel.Label_Model_SlotA, panel.Label_SN_SlotA, panel.Label_Available_SlotA,
+                   panel.Label_Capacity_SlotA}},
+                 {"Slot-B",
+                  panel.SlotBVolume,
+                  {panel.ModelOfSlotB, panel.SNOfSlotB, panel.AvailableOfSlotB, panel.CapacityOfSlotB},
+                  {panel.Label_Model_SlotB, panel.Label_SN_SlotB, panel.Label_Available_SlotB,
+                   panel.Label_Capacity_SlotB}},
+                 {"Slot-C",
+                  panel.SlotCVolume,
+                  {panel.ModelOfSlotC, panel.SNOfSlotC, panel.AvailableOfSlotC, panel.CapacityOfSlotC},
+                  {panel.Label_Model_SlotC, panel.Label_SN_SlotC, panel.Label_Available_SlotC,
+                   panel.Label_Capacity_SlotC}},
+                 {"Slot-D",
+                  panel.SlotDVolume,
+                  {panel.ModelOfSlotD, panel.SNOfSlotD, panel.AvailableOfSlotD, panel.CapacityOfSlotD},
+                  {panel.Label_Model_SlotD, panel.Label_SN_SlotD, panel.Label_Available_SlotD,
+                   panel.Label_Capacity_SlotD}}}};
+    }
 
     const SystemColor &Red = SystemColor::red();
     const SystemColor &Black = SystemColor::black();

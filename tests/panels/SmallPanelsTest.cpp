@@ -249,8 +249,10 @@ TEST(ProgressPanel, EraseMovesTheTotalBarWithoutAnEndAndCopyGivesItOneAgain)
 {
     ProgressBarViewController panel;
     panel.show();
+    panel.setTotalStep(0.5F);
     panel.setViewForErase();
     EXPECT_EQ(panel.totalProgress->kind(), ProgressIndicator::Kind::Indeterminate);
+    EXPECT_EQ(panel.totalProgress->doubleValue(), 0.0);
     EXPECT_TRUE(panel.fileProgress->isHidden());
     EXPECT_FALSE(panel.totalProgress->isHidden());
     panel.setViewForCopy();

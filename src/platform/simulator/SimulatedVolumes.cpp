@@ -119,8 +119,11 @@ void SimulatedVolumes::readMounted()
     for (const auto &entry : fs::directory_iterator(m_root + "/Mounted")) {
         std::ifstream file(entry.path());
         std::string name;
-        if (std::getline(file, name) && isVolumeName(name) &&
-            fs::is_directory(fs::symlink_status(m_root + "/Volumes/" + name)))
+        std::getline(file, name);
+        // To take the volume for unmounted would lose its folder.
+        if (!file.is_open() || file.bad())
+            throw std::runtime_error(entry.path().native() + " cannot be read");
+        if (isVolumeName(name) && fs::is_directory(fs::symlink_status(m_root + "/Volumes/" + name)))
             m_mounted[entry.path().filename().native()] = name;
     }
 }
