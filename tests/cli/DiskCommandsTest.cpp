@@ -153,6 +153,13 @@ TEST_F(DiskCommands, ProgramNeedsTheEnclosureOfAnErase)
     EXPECT_FALSE(hasLog());
 }
 
+TEST_F(DiskCommands, IdentityOfAnEnclosureIsATextInJson)
+{
+    m_machine["enclosures"][0]["uid"] = 9'007'199'254'740'993; // more than many readers of JSON keep exactly
+    ASSERT_EQ(program({"devices", "--json"}), AllDone);
+    EXPECT_EQ(Json::parse(m_out)["enclosures"][0]["uid"], "9007199254740993");
+}
+
 TEST_F(DiskCommands, EjectTakesTheFormattedDisksBehindTheSource)
 {
     EXPECT_EQ(eject(), AllDone) << m_err;
