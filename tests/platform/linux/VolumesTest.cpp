@@ -37,6 +37,19 @@ protected:
         return path;
     }
 
+    /// An encrypted partition that is unlocked, and mounted at `point`.
+    void addUnlocked(const std::string &point)
+    {
+        const auto disk = m_machine.addSataDisk(m_internal, m_ports++, {.node = "sda"});
+        const auto partition =
+            m_machine.addPartition(disk, 1, {"ID_FS_USAGE=crypto", "ID_FS_TYPE=crypto_LUKS"});
+        m_machine.makeFolder(partition + "/holders/dm-0");
+        m_machine.add("/sys/devices/virtual/block/dm-0", "block",
+                      {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
+        m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
+        m_machine.mountLine("36 1 253:0 / " + point + " rw - ext4 /dev/mapper/unlocked rw");
+    }
+
     TemporaryTree m_btrfs;
     int m_ports = 0;
 };
@@ -100,25 +113,13 @@ TEST_F(LinuxVolumes, RootOnAVolumeGroupCountsForEveryDiskBeneath)
 
 TEST_F(LinuxVolumes, EncryptedRootCountsForItsDisk)
 {
-    const auto disk = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
-    const auto partition = m_machine.addPartition(disk, 1, {"ID_FS_USAGE=crypto", "ID_FS_TYPE=crypto_LUKS"});
-    m_machine.makeFolder(partition + "/holders/dm-0");
-    m_machine.add("/sys/devices/virtual/block/dm-0", "block",
-                  {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
-    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
-    m_machine.mountLine("36 1 253:0 / / rw - ext4 /dev/mapper/root rw");
+    addUnlocked("/");
     EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /"});
 }
 
 TEST_F(LinuxVolumes, UnlockedVolumeIsListedByItsPartition)
 {
-    const auto disk = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
-    const auto partition = m_machine.addPartition(disk, 1, {"ID_FS_USAGE=crypto", "ID_FS_TYPE=crypto_LUKS"});
-    m_machine.makeFolder(partition + "/holders/dm-0");
-    m_machine.add("/sys/devices/virtual/block/dm-0", "block",
-                  {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
-    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
-    m_machine.mountLine("36 1 253:0 / /media/SECRET rw - ext4 /dev/mapper/luks-1 rw");
+    addUnlocked("/media/SECRET");
     EXPECT_EQ(volumes(), Lines{"/dev/disk0s1 /media/SECRET"});
 }
 
