@@ -7,6 +7,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <mutex>
+#include <vector>
 
 namespace orvana
 {
@@ -51,6 +53,29 @@ TEST_F(RunTest, TypicalRunCopiesToEveryBay)
     EXPECT_EQ(sheetMessage(), "");
     EXPECT_NE(log().find("Start Duplicating Files from "), std::string::npos);
     EXPECT_TRUE(log().ends_with("Finish !!!\n"));
+}
+
+TEST_F(RunTest, TotalProgressIsAFractionOfTheCountedFiles)
+{
+    startWithEnclosure();
+    std::mutex mutex;
+    std::vector<float> values;
+    const auto heard = m_center.subscribe(notification::TotalProgress, [&](const Notification &notification) {
+        const std::lock_guard lock(mutex); // the copy thread posts
+        values.push_back(notification.number(notification::key::TotalProrgress));
+    });
+    pressStart();
+    untilCompleted();
+    EXPECT_EQ(values, (std::vector<float>{0.25F, 0.5F, 0.75F, 1.0F, 1.0F}));
+}
+
+TEST_F(RunTest, FreeSpaceIsReadAgainAtTheEnd)
+{
+    startWithEnclosure();
+    const auto before = slots().AvailableOfSlotB->text();
+    pressStart();
+    untilCompleted();
+    EXPECT_NE(slots().AvailableOfSlotB->text(), before);
 }
 
 TEST_F(RunTest, VerifiedRunSaysSoInTheReport)

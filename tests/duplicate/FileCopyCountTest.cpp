@@ -27,6 +27,19 @@ TEST_F(FileCopyCount, NumbersOfFolderCountsFilesWithoutHiddenOnes)
     EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 6);
 }
 
+TEST_F(FileCopyCount, NumbersOfFolderLeavesOutHiddenExtensions)
+{
+    const auto photo = m_tree.file("source/docs/Photo.jpg");
+    const auto folder = m_tree.folder("source/docs/Secret");
+    m_tree.file("source/docs/Secret/file");
+    m_tree.file("source/docs/shown.txt");
+    if (!test::hideExtension(photo) || !test::hideExtension(folder))
+        GTEST_SKIP() << "the temporary folder keeps no extended attributes";
+    EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 1);
+    m_engine.setBHiddenFiles(true);
+    EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 3);
+}
+
 TEST_F(FileCopyCount, CountingEndsWhereLinksLeadInCircles)
 {
     m_tree.file("source/docs/one.txt");
