@@ -157,18 +157,23 @@ TEST_F(MountPoints, ResetReplacesTheListsOfItsKey)
     m_scanner.resetArray("USB/1394");
     EXPECT_TRUE(m_scanner.otherDiskArray().empty());
     m_scanner.scanTBDevice();
+    m_scanner.scanOtherDevice();
+    ASSERT_EQ(m_scanner.otherDiskArray().size(), 1U);
     m_scanner.resetArray("All");
     EXPECT_TRUE(m_scanner.tbArray().empty());
+    EXPECT_TRUE(m_scanner.otherDiskArray().empty());
 }
 
 TEST_F(MountPoints, DetectOptionFollowsTheEdition)
 {
     m_scanner.Detect_System_Disk = false;
-    m_scanner.Detect_ESATA_Device = true;
     for (const char *edition : {"Obsidio", "orvana", ""}) {
+        m_scanner.Detect_ESATA_Device = true;
         m_scanner.setDetectOption(edition);
         EXPECT_FALSE(m_scanner.Detect_USB_1394_Device) << edition;
+        EXPECT_FALSE(m_scanner.Detect_ESATA_Device) << edition;
     }
+    m_scanner.Detect_ESATA_Device = true;
     m_scanner.setDetectOption("Orvana");
     EXPECT_TRUE(m_scanner.Detect_USB_1394_Device);
     EXPECT_TRUE(m_scanner.Detect_System_Disk);

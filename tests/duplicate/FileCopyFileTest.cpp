@@ -22,6 +22,13 @@ class FileCopyFile : public test::EngineTest
 {
 };
 
+TEST_F(FileCopyFile, BlockIsAMebibyte)
+{
+    m_tree.file("source/x", std::string(2 * 1'048'576 + 1, 'x'));
+    runJob({"x"});
+    EXPECT_EQ(m_recorder.count("FileProgress"), 3U);
+}
+
 TEST_F(FileCopyFile, MessagesAndProgressComeInOrder)
 {
     m_tree.file("source/big", test::patternOf(2 * MiB + MiB / 2));

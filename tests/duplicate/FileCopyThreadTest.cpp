@@ -160,6 +160,34 @@ TEST_F(FileCopyThread, FoldersAreClosedToTheirOwnerAlsoWhenARunIsCancelled)
     EXPECT_EQ(status.st_mode & 07777U, 0555U);
 }
 
+TEST_F(FileCopyThread, CancelInAComparisonEndsItAtTheBlockInHand)
+{
+    m_tree.file("source/big", test::patternOf(3 * BlockSize));
+    setJob({"big"});
+    useReport();
+    m_engine.setBVerifyFiles(true);
+    std::atomic<bool> isComparing{false};
+    std::atomic<bool> isCancelled{false};
+    m_recorder.onEach([&, isVerifying = false](const std::string &line) mutable {
+        isVerifying = isVerifying || line == "FileCopyMessage Verifying File ...";
+        if (!isVerifying || !line.starts_with("FileProgress"))
+            return;
+        isComparing = true;
+        while (!isCancelled)
+            std::this_thread::yield();
+    });
+    m_engine.startCopyThread();
+    while (!isComparing)
+        std::this_thread::yield();
+    m_engine.stopCopyThread();
+    isCancelled = true;
+    ASSERT_TRUE(m_engine.waitForEnd(Patience));
+    EXPECT_EQ(report()["outcome"], "cancelled");
+    EXPECT_EQ(report()["destinations"][0]["verified"], 0);
+    EXPECT_EQ(m_report->comparedBytes(), BlockSize);
+    EXPECT_EQ(m_recorder.count("BackupFinish"), 0U);
+}
+
 TEST_F(FileCopyThread, DestructionCancelsAndWaits)
 {
     m_tree.file("source/big", test::patternOf(8 * BlockSize));
