@@ -141,6 +141,25 @@ TEST_F(GuardsTest, EjectThatWaitedIsDroppedWhenANewRunBegan)
     EXPECT_TRUE(isMounted("COPY1"));
 }
 
+TEST_F(GuardsTest, RaidSetThatCameWhileAQuestionStoodRefusesTheStart)
+{
+    bay(2)["volumes"][0]["capacity"] = 1000;
+    bay(3) = {{"bay", "D"}, {"size", 1000}, {"raid", true}, {"attached", false}};
+    startWithEnclosure();
+    setErase(false);
+    pressStart();
+    untilSheet("Insufficient Disk Space");
+    actions().setIsDuplicating(true); // so that nobody hears of what happens to the bay
+    move("attach", "1/D");
+    pass(std::chrono::seconds(1));
+    actions().setIsDuplicating(false);
+    ASSERT_EQ(window().layoutState(), 1);
+    pressSheet("OK");
+    EXPECT_EQ(sheetText(), "This device cannot be selected, because it includes a RAID set.");
+    EXPECT_FALSE(hasLog());
+    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
+}
+
 TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
 {
     bay(3)["attached"] = false;
