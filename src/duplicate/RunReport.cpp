@@ -3,6 +3,7 @@
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
+#include <new>
 #include <nlohmann/json.hpp>
 
 namespace orvana
@@ -309,8 +310,14 @@ Json RunReport::summary(RunOutcome outcome) const
 void RunReport::finish(RunOutcome outcome)
 {
     const std::lock_guard lock(m_mutex);
-    if (!std::exchange(m_finished, true))
+    if (std::exchange(m_finished, true))
+        return;
+    try {
         m_path = m_file.write(summary(outcome), m_leftOutFile, m_stamp, m_number);
+    } catch (const std::bad_alloc &) {
+        // Without memory the report is lost, as on a full disk. The run comes to its end all the same.
+        m_path.clear();
+    }
 }
 
 } // namespace orvana
