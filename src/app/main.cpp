@@ -142,8 +142,8 @@ int runProgram(Words words)
             *path = std::filesystem::absolute(**path).native();
     }
     QtMainQueue queue;
-    // On a simulated machine, a script opens and tells nothing outside of its window.
     platform::posix::enterEmptyFolder();
+    // On a simulated machine, a script opens and tells nothing outside of its window.
     auto host = cli::makeHost(words.machine, &queue,
                               words.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)

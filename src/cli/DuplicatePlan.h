@@ -35,7 +35,7 @@ struct Duplication
 tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const DeviceScan &scan,
                                                    const DuplicateOptions &options);
 
-/// What the command has done to the destination disks.
+/// The state of the destination disks when the command says why it ends.
 enum class SoFar { Untouched, Erased };
 
 /// Why the source is not what it was when the duplication was planned; nullopt while it is. `soFar` decides

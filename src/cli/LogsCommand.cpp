@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    // What is held of a line that does not end.
+    // A line that is longer than this is printed piece by piece.
     static constexpr std::size_t MostOfALine = 65536;
 
     void endLine(std::string_view line)

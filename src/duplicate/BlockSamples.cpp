@@ -1,6 +1,7 @@
 #include "duplicate/BlockSamples.h"
 
 #include "duplicate/RunState.h"
+#include "duplicate/SourceTime.h"
 #include "foundation/WorkerThread.h"
 
 #include <cstring>
@@ -15,12 +16,6 @@ using platform::File;
 
 namespace
 {
-
-bool isUnchanged(const Attributes &then, const Attributes &now)
-{
-    return then.device == now.device && then.inode == now.inode && then.size == now.size &&
-           then.modified == now.modified;
-}
 
 // Reads the block of the copy at `offset` into the run's second block, from the disk.
 platform::Expected<std::size_t> readAgain(RunState &run, std::size_t index, const std::string &copy,

@@ -1,6 +1,7 @@
 #include "duplicate/FileComparer.h"
 
 #include "duplicate/RunState.h"
+#include "duplicate/SourceTime.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
@@ -205,7 +206,8 @@ void FileComparer::tellUnreadableSource(const platform::FileError &error)
     }
 }
 
-// One block of the file, somewhere in it, for every destination on which the file is good so far.
+// Notes the file's first block, and of a large file one block each 64 MiB, for every destination on which the
+// file is good so far.
 void FileComparer::noteSample(const std::string &source, const OutArray &copies, std::uint64_t size)
 {
     if (size == 0 || !m_run.sourceInHand())
@@ -217,7 +219,6 @@ void FileComparer::noteSample(const std::string &source, const OutArray &copies,
         if (!isGood)
             good[i].reset();
     }
-    // Of a large file a block each 64 MiB.
     constexpr std::uint64_t Between = 64 * BlockSize;
     for (std::uint64_t offset = 0; offset < size; offset += Between)
         m_samples.note(source, *m_run.sourceInHand(), good, offset);
@@ -228,8 +229,7 @@ bool FileComparer::isSourceChanged(const File &from) const
 {
     const auto &copied = m_run.sourceInHand();
     const auto now = from.attributes();
-    return copied && (!now || now->device != copied->device || now->inode != copied->inode ||
-                      now->size != copied->size || now->modified != copied->modified);
+    return copied && (!now || !isUnchanged(*copied, *now));
 }
 
 void FileComparer::noteChangedSource(const std::string &source)

@@ -133,9 +133,8 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 {
     const auto &before = m_run.sourceInHand();
     const auto after = from.attributes();
-    return m_mayChangeUnseen || !before || !after || after->device != before->device ||
-           after->inode != before->inode || after->size != before->size ||
-           after->modified != before->modified || bytesRead != before->size;
+    return m_mayChangeUnseen || !before || !after || !isUnchanged(*before, *after) ||
+           bytesRead != before->size;
 }
 
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)

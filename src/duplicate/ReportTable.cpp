@@ -38,9 +38,15 @@ ReportTable::Row rowOfDestination(const Json &entry)
             entry.value("reason", "")};
 }
 
-ReportTable::Row rowOfDisk(const Json &entry)
+// The reason why a disk is no destination.
+std::string whyNoPart(const Json &entry)
 {
     const bool failed = entry.value("outcome", "") == "eraseFailed";
+    return (failed ? "could not be erased: " : "took no part: ") + entry.value("reason", "");
+}
+
+ReportTable::Row rowOfDisk(const Json &entry)
+{
     return {entry.value("bay", "") + " (" + entry.value("name", "") + ")",
             "-",
             "-",
@@ -48,7 +54,7 @@ ReportTable::Row rowOfDisk(const Json &entry)
             "-",
             "-",
             "-",
-            (failed ? "could not be erased: " : "took no part: ") + entry.value("reason", "")};
+            whyNoPart(entry)};
 }
 
 bool holdsEveryFile(const Json &entry)
@@ -121,10 +127,7 @@ std::string headlineOf(const RunReport &report)
     text += lacks;
     for (const auto &entry : report.disksJson()) {
         if (entry.value("outcome", "") != "erased")
-            text += "; " + entry.value("bay", "") + " (" + entry.value("name", "") +
-                    (entry.value("outcome", "") == "eraseFailed" ? ") could not be erased: "
-                                                                 : ") took no part: ") +
-                    entry.value("reason", "");
+            text += "; " + entry.value("bay", "") + " (" + entry.value("name", "") + ") " + whyNoPart(entry);
     }
     if (const auto count = report.leftOutCount(); count > 0)
         text +=

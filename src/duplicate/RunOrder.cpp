@@ -19,8 +19,7 @@ std::string refusalText(OrderRefusal refusal)
         break;
     }
     return "The source is not there any more, or another disk has taken its place. Nothing was copied; the "
-           "report "
-           "says which disks were erased. Choose the source again.";
+           "report says which disks were erased. Choose the source again.";
 }
 
 tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const ScannedDevices &devices,

@@ -16,7 +16,7 @@ using std::chrono::system_clock;
 namespace
 {
 
-// That of FAT.
+// FAT keeps times in steps of two seconds, which no other file system exceeds.
 constexpr seconds LongestStep{2};
 
 } // namespace
@@ -26,6 +26,12 @@ bool mayChangeUnseen(const platform::Attributes &attributes)
     const nanoseconds modified(attributes.modified);
     const auto age = system_clock::now().time_since_epoch() - modified;
     return modified % seconds(1) == nanoseconds(0) && age >= nanoseconds(0) && age < LongestStep;
+}
+
+bool isUnchanged(const platform::Attributes &before, const platform::Attributes &now)
+{
+    return before.device == now.device && before.inode == now.inode && before.size == now.size &&
+           before.modified == now.modified;
 }
 
 platform::Expected<platform::Attributes> attributesOnceOldEnough(const platform::File &source)

@@ -9,6 +9,9 @@ namespace orvana
 /// seconds, as on a file system that keeps no fractions, and not older than the longest step of such times.
 bool mayChangeUnseen(const platform::Attributes &attributes);
 
+/// True when both are attributes of one file that nobody wrote to in between.
+bool isUnchanged(const platform::Attributes &before, const platform::Attributes &now);
+
 /// The attributes of a source that is about to be read. Waits until a later write to it would give it another
 /// time, which takes two seconds at most for a file that is left alone. A file that is written to all the
 /// while is waited for at most four seconds. Ends the calling worker when its cancel is requested.

@@ -53,7 +53,8 @@ WorkerThread::WorkerThread(std::function<void()> job) : m_end(std::make_shared<E
     const auto shared = std::make_shared<std::function<void()>>(std::move(job));
     const auto work = [shared, end = m_end] {
         runJob(*shared);
-        // What the job captured goes before the end is announced: who waits for it may destroy the rest.
+        // The job's captures are destroyed before the end is announced. A waiting thread may destroy the
+        // objects that they refer to as soon as it hears of the end.
         *shared = nullptr;
         end->announce();
     };

@@ -40,7 +40,7 @@ constexpr std::uint32_t withSearch(std::uint32_t permissions)
     return permissions | (permissions & 0444U) >> 2U;
 }
 
-/// What a new folder's owner may do until the folder has its final permissions.
+/// The owner's permissions on a new folder until the folder gets its final ones.
 inline constexpr std::uint32_t OwnerRights = 0700;
 
 enum class Links { Follow, DoNotFollow };

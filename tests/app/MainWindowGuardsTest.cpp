@@ -3,6 +3,9 @@
 #include "foundation/NotificationNames.h"
 #include "panels/SystemColor.h"
 
+#include <algorithm>
+#include <thread>
+
 namespace orvana
 {
 
@@ -20,6 +23,17 @@ protected:
     }
 
     bool wasAnythingErased() const { return !tools().empty(); }
+
+    /// Cancels a run whose worker goes on reading for so long, of real time.
+    void cancelARunThatReadsFor(std::chrono::milliseconds time)
+    {
+        bay(3)["attached"] = false;
+        bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", time.count()}};
+        startWithEnclosure();
+        pressStart();
+        ASSERT_TRUE(window().isBusy());
+        pressStart();
+    }
 
     void makeSourceSlow()
     {
@@ -125,12 +139,7 @@ TEST_F(GuardsTest, QuestionThatStoodThroughARescanStartsNothing)
 
 TEST_F(GuardsTest, EjectThatWaitedIsDroppedWhenANewRunBegan)
 {
-    bay(3)["attached"] = false;
-    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 1000}};
-    startWithEnclosure();
-    pressStart();
-    ASSERT_TRUE(window().isBusy());
-    pressStart(); // cancel; the worker is still reading
+    cancelARunThatReadsFor(std::chrono::seconds(1));
     QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
     pressStart();
     pass(std::chrono::seconds(2));
@@ -162,12 +171,7 @@ TEST_F(GuardsTest, RaidSetThatCameWhileAQuestionStoodRefusesTheStart)
 
 TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
 {
-    bay(3)["attached"] = false;
-    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 3000}};
-    startWithEnclosure();
-    pressStart();
-    ASSERT_TRUE(window().isBusy());
-    pressStart(); // cancel; the worker is still reading
+    cancelARunThatReadsFor(std::chrono::seconds(6));
     setErase(true);
     pressStart();
     pressSheet("Erase");
@@ -187,17 +191,21 @@ TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
 
 TEST_F(GuardsTest, EraseWaitsForTheLastBlockOfACancelledRun)
 {
-    bay(3)["attached"] = false;
-    bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 300}};
-    startWithEnclosure();
-    pressStart();
-    ASSERT_TRUE(window().isBusy());
-    pressStart();
+    cancelARunThatReadsFor(std::chrono::seconds(2));
     setErase(true);
     pressStart();
     pressSheet("Erase");
     pass(std::chrono::seconds(1)); // of the window's time; hardly any for the disk
     EXPECT_FALSE(wasAnythingErased());
+    // The cancelled run writes its report when its worker ends. Meanwhile the window's time stands still.
+    const auto isReported = [this] {
+        const auto names = test::treeOf(m_tree.path("logs"));
+        return std::any_of(names.begin(), names.end(),
+                           [](const auto &name) { return name.ends_with("-Report.json"); });
+    };
+    for (int i = 0; i < 3000 && !isReported(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    ASSERT_TRUE(isReported());
     until([this] { return wasErased("COPY1"); });
 }
 

@@ -96,7 +96,7 @@ TEST_P(SourceFault, SourceWithTimesOfWholeSecondsIsWrittenToWhileItIsRead)
         const timespec times[] = {{time.tv_sec, 0}, {time.tv_sec, 0}};
         ASSERT_EQ(::utimensat(AT_FDCWD, source("young").c_str(), times, 0), 0);
     };
-    sourceFile("young", patternOf(6 * MiB));
+    sourceFile("young", patternOf(16 * MiB));
     m_faults = [this](TestHost &host) { host.faults().volume(m_a).delayMilliseconds = 30; };
     timespec now{};
     do // all of it within one second, if nobody waits

@@ -59,33 +59,26 @@ protected:
         std::array<QLabel *, 4> captions;
     };
 
+    ShownRow rowNamed(const char *name, const QString &outlets) const
+    {
+        const auto label = [&](const char *start) {
+            return panel.findChild<QLabel *>(QString::fromLatin1(start) + outlets);
+        };
+        const auto value = [&](const char *start) {
+            return panel.findChild<ElidedLabel *>(QString::fromLatin1(start) + outlets);
+        };
+        return {
+            name,
+            panel.findChild<VolumeNameField *>(outlets + QStringLiteral("Volume")),
+            {value("ModelOf"), value("SNOf"), value("AvailableOf"), value("CapacityOf")},
+            {label("Label_Model_"), label("Label_SN_"), label("Label_Available_"), label("Label_Capacity_")}};
+    }
+
     std::array<ShownRow, 5> rows() const
     {
-        return {{{"Source",
-                  panel.SourceVolume,
-                  {panel.ModelOfSource, panel.SNOfSource, panel.AvailableOfSource, panel.CapacityOfSource},
-                  {panel.Label_Model_Source, panel.Label_SN_Source, panel.Label_Available_Source,
-                   panel.Label_Capacity_Source}},
-                 {"Slot-A",
-                  panel.SlotAVolume,
-                  {panel.ModelOfSlotA, panel.SNOfSlotA, panel.AvailableOfSlotA, panel.CapacityOfSlotA},
-                  {panel.Label_Model_SlotA, panel.Label_SN_SlotA, panel.Label_Available_SlotA,
-                   panel.Label_Capacity_SlotA}},
-                 {"Slot-B",
-                  panel.SlotBVolume,
-                  {panel.ModelOfSlotB, panel.SNOfSlotB, panel.AvailableOfSlotB, panel.CapacityOfSlotB},
-                  {panel.Label_Model_SlotB, panel.Label_SN_SlotB, panel.Label_Available_SlotB,
-                   panel.Label_Capacity_SlotB}},
-                 {"Slot-C",
-                  panel.SlotCVolume,
-                  {panel.ModelOfSlotC, panel.SNOfSlotC, panel.AvailableOfSlotC, panel.CapacityOfSlotC},
-                  {panel.Label_Model_SlotC, panel.Label_SN_SlotC, panel.Label_Available_SlotC,
-                   panel.Label_Capacity_SlotC}},
-                 {"Slot-D",
-                  panel.SlotDVolume,
-                  {panel.ModelOfSlotD, panel.SNOfSlotD, panel.AvailableOfSlotD, panel.CapacityOfSlotD},
-                  {panel.Label_Model_SlotD, panel.Label_SN_SlotD, panel.Label_Available_SlotD,
-                   panel.Label_Capacity_SlotD}}}};
+        return {rowNamed("Source", QStringLiteral("Source")), rowNamed("Slot-A", QStringLiteral("SlotA")),
+                rowNamed("Slot-B", QStringLiteral("SlotB")), rowNamed("Slot-C", QStringLiteral("SlotC")),
+                rowNamed("Slot-D", QStringLiteral("SlotD"))};
     }
 
     const SystemColor &Red = SystemColor::red();

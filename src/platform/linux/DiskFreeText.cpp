@@ -19,8 +19,8 @@ std::string percent(std::uint64_t part, std::uint64_t whole)
     return std::to_string(whole == 0 ? 0 : (part * 100 + whole - 1) / whole) + "%";
 }
 
-// Where the file system on the device shows: mounted itself, or through the one mapping that lies on this
-// device alone, such as the unlocked content of an encrypted volume.
+// The mount point of the device, or of the one mapping that lies on this device alone, such as the unlocked
+// content of an encrypted volume. Nullopt when neither is mounted.
 std::optional<std::string> mountPointOf(const Snapshot &snapshot, const std::vector<MountedDevice> &mounted,
                                         const Device &device)
 {

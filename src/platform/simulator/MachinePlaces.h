@@ -22,8 +22,7 @@ void visitAllDisks(const Machine &machine, Visit visit)
 }
 
 /// The JSON pointer of what a lever's target names: an enclosure's number ("1"), a bay ("1/B"), or another
-/// disk
-/// ("internal/1", "usb/1", "fireWire/1"). Nullopt when the machine has none.
+/// disk ("internal/1", "usb/1", "fireWire/1"). Nullopt when the machine has none.
 std::optional<std::string> placeOfTarget(const Machine &machine, const std::string &target);
 
 /// The entry at that JSON pointer; it must be there.

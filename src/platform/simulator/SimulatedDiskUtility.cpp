@@ -15,6 +15,8 @@ namespace orvana::platform::simulator
 namespace
 {
 
+constexpr const char *InUse = "Error: the disk is in use";
+
 CommandLauncher::Result failed(const std::string &text)
 {
     return {text + "\n", 1};
@@ -41,6 +43,16 @@ bool SimulatedMachine::isInUse(const Disk &disk) const
     });
 }
 
+// Why no command may change the disk; nullopt when commands may.
+std::optional<std::string> SimulatedMachine::refusal(const Disk *disk, const std::string &device) const
+{
+    if (!disk)
+        return "Unable to find disk for " + device;
+    if (isSpared(*disk, device))
+        return "Error: the disk is one that must not be touched";
+    return isInUse(*disk) ? std::optional<std::string>(InUse) : std::nullopt;
+}
+
 bool SimulatedMachine::fails(const std::string &command, const Disk &disk) const
 {
     const auto &list = m_machine.failing;
@@ -58,12 +70,8 @@ CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, con
 {
     delay("eraseDisk");
     const auto *disk = diskAt(device);
-    if (!disk)
-        return failed("Unable to find disk for " + device);
-    if (isSpared(*disk, device))
-        return failed("Error: the disk is one that must not be touched");
-    if (isInUse(*disk))
-        return failed("Error: the disk is in use");
+    if (const auto reason = refusal(disk, device))
+        return failed(*reason);
     if (fails("eraseDisk", *disk))
         return failed("Error: the disk could not be erased");
     const auto where = disk->where;
@@ -87,12 +95,10 @@ CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
 {
     delay("eject");
     const auto *disk = diskAt(device);
-    if (!disk)
-        return failed("Unable to find disk for " + device);
-    if (isSpared(*disk, device))
-        return failed("Error: the disk is one that must not be touched");
-    if (isInUse(*disk) || fails("eject", *disk))
-        return failed("Error: the disk is in use");
+    if (const auto reason = refusal(disk, device))
+        return failed(*reason);
+    if (fails("eject", *disk))
+        return failed(InUse);
     const auto where = disk->where;
     const auto changed = change([&, isInBay = !disk->bay.empty()](Json &json) {
         auto &entry = entryAt(json, where);

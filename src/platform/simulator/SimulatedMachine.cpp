@@ -260,7 +260,7 @@ SimulatedMachine::Outcome SimulatedMachine::setAttached(const std::string &targe
         return tl::unexpected(displayPath(target) + ": no such device");
     return change([&](Json &json) {
         auto &entry = entryAt(json, *where);
-        // What a disk that is put in holds is mounted, as on a desktop.
+        // The volumes of a disk that is put in are mounted, as on a desktop.
         const bool isPutIn = isAttached && !entry.value("attached", true);
         if (isPutIn && entry.contains("volumes")) {
             for (auto &volume : entry["volumes"])

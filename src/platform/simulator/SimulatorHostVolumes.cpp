@@ -1,4 +1,4 @@
-// What each volume of the simulated machine takes, and how it fails.
+// Sets the room and the faults of each volume of the simulated machine.
 
 #include "platform/simulator/MachinePlaces.h"
 #include "platform/simulator/SimulatorHost.h"
@@ -31,7 +31,7 @@ void setFaults(VolumeFaults &faults, const std::map<std::string, std::int64_t> &
 
 } // namespace
 
-// What is open on a disk that was pulled fails, as it does on hardware.
+// Files that are open on a disk that was pulled fail, as they do on hardware.
 void SimulatorHost::retireDetachedVolumes()
 {
     visitAllDisks(m_machine->machine(), [this](const Disk &disk, bool isAttached) {

@@ -37,6 +37,18 @@ protected:
         return path;
     }
 
+    /// A device of the device mapper, by its number, over these partitions.
+    void addMapping(int number, const std::vector<std::string> &partitions)
+    {
+        const auto name = "dm-" + std::to_string(number);
+        const auto path = "/sys/devices/virtual/block/" + name;
+        m_machine.add(path, "block",
+                      {"N: " + name, "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=" + std::to_string(number),
+                       "A: size=10"});
+        for (const auto &partition : partitions)
+            m_machine.makeFolder(path + "/slaves/" + partition);
+    }
+
     /// An encrypted partition that is unlocked, and mounted at `point`.
     void addUnlocked(const std::string &point)
     {
@@ -44,9 +56,7 @@ protected:
         const auto partition =
             m_machine.addPartition(disk, 1, {"ID_FS_USAGE=crypto", "ID_FS_TYPE=crypto_LUKS"});
         m_machine.makeFolder(partition + "/holders/dm-0");
-        m_machine.add("/sys/devices/virtual/block/dm-0", "block",
-                      {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
-        m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
+        addMapping(0, {"sda1"});
         m_machine.mountLine("36 1 253:0 / " + point + " rw - ext4 /dev/mapper/unlocked rw");
     }
 
@@ -97,10 +107,7 @@ TEST_F(LinuxVolumes, RootOnAVolumeGroupCountsForEveryDiskBeneath)
             m_machine.addPartition(disk, 1, {"ID_FS_USAGE=raid", "ID_FS_TYPE=LVM2_member"});
         m_machine.makeFolder(partition + "/holders/dm-0");
     }
-    m_machine.add("/sys/devices/virtual/block/dm-0", "block",
-                  {"N: dm-0", "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=0", "A: size=10"});
-    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sda1");
-    m_machine.makeFolder("/sys/devices/virtual/block/dm-0/slaves/sdb1");
+    addMapping(0, {"sda1", "sdb1"});
     m_machine.mountLine("36 1 253:0 / / rw - ext4 /dev/mapper/vg-root rw");
     EXPECT_EQ(volumes(), (Lines{"/dev/disk0s1s1 /", "/dev/disk1s1s1 /"}));
     const auto &disks = scan().otherDiskArray();
@@ -140,10 +147,7 @@ TEST_F(LinuxVolumes, RootOverSeveralEncryptedDevicesCountsForEach)
         const auto mapped = "dm-" + std::to_string(i);
         m_machine.makeFolder(m_machine.addPartition(m_machine.addSataDisk(m_internal, i, {.node = disk}), 1) +
                              "/holders/" + mapped);
-        m_machine.add("/sys/devices/virtual/block/" + mapped, "block",
-                      {"N: " + mapped, "E: DEVTYPE=disk", "E: MAJOR=253", "E: MINOR=" + std::to_string(i),
-                       "A: size=10"});
-        m_machine.makeFolder("/sys/devices/virtual/block/" + mapped + "/slaves/" + disk + "1");
+        addMapping(i, {disk + "1"});
         m_btrfs.folder("some-uuid/devices/" + mapped);
     }
     m_machine.mountLine("36 1 0:30 /@ / rw - btrfs /dev/dm-0 rw");
