@@ -162,9 +162,9 @@ Expected<std::size_t> FileComparer::compareAndReadAhead(File &from, std::span<co
     const Lanes::Work work = [&](std::size_t lane) { compareBlock(lane, block, offset); };
     if (block.size() == BlockSize)
         from.willRead(next, BlockSize);
-    m_run.lanes().start(work, m_copies.size(), m_copies.size());
-    auto ahead = from.read(m_run.block(spare), next);
-    m_run.lanes().wait();
+    Expected<std::size_t> ahead;
+    m_run.lanes().doBeside(work, m_copies.size(), m_copies.size(),
+                           [&] { ahead = from.read(m_run.block(spare), next); });
     return ahead;
 }
 

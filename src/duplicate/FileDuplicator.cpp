@@ -207,9 +207,9 @@ Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block,
                                                         int spare)
 {
     const Lanes::Work work = [&](std::size_t i) { writeTo(i, block, offset); };
-    m_run.lanes().start(work, m_outputs.size(), m_outputs.size());
-    auto ahead = from.read(m_run.block(spare), offset + block.size());
-    m_run.lanes().wait();
+    Expected<std::size_t> ahead;
+    m_run.lanes().doBeside(work, m_outputs.size(), m_outputs.size(),
+                           [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
     return ahead;
 }
 

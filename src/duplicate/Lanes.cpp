@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <system_error>
+#include <utility>
 
 namespace orvana
 {
@@ -65,7 +66,6 @@ Lanes::Lanes(std::size_t count)
 
 Lanes::~Lanes()
 {
-    wait();
     m_end = true;
     ++m_call;
     m_call.notify_all();
@@ -102,10 +102,26 @@ bool Lanes::doOnePiece()
         if (begun(word) >= all(word))
             return false;
     } while (!m_pieces.compare_exchange_weak(word, word + 1));
-    (*m_work.load())(begun(word));
+    doPiece(begun(word));
     if (--m_unfinished == 0)
         m_unfinished.notify_all();
     return true;
+}
+
+void Lanes::doPiece(std::size_t piece)
+{
+    try {
+        (*m_work.load())(piece);
+    } catch (...) {
+        noteException();
+    }
+}
+
+void Lanes::noteException()
+{
+    const std::lock_guard lock(m_exceptionMutex);
+    if (!m_exception)
+        m_exception = std::current_exception();
 }
 
 void Lanes::help()
@@ -114,7 +130,7 @@ void Lanes::help()
     }
 }
 
-void Lanes::wait()
+void Lanes::waitForAllPieces()
 {
     if (awaitAwake([this] { return m_unfinished == 0; }))
         return;
@@ -122,12 +138,24 @@ void Lanes::wait()
         m_unfinished.wait(unfinished);
 }
 
+void Lanes::doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
+                     const std::function<void()> &meanwhile)
+{
+    start(work, pieces, helpers);
+    try {
+        meanwhile();
+    } catch (...) {
+        noteException();
+    }
+    waitForAllPieces();
+    if (const auto exception = std::exchange(m_exception, nullptr))
+        std::rethrow_exception(exception);
+}
+
 void Lanes::share(const Work &work, std::size_t pieces, std::size_t helpers)
 {
     if (helpers > 0 && pieces > 1) {
-        start(work, pieces, helpers);
-        help();
-        wait();
+        doBeside(work, pieces, helpers, [this] { help(); });
         return;
     }
     for (std::size_t piece = 0; piece < pieces; ++piece)

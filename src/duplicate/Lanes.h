@@ -3,7 +3,9 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
+#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -24,21 +26,22 @@ public:
     Lanes(const Lanes &) = delete;
     Lanes &operator=(const Lanes &) = delete;
 
-    /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` lanes. It must not throw, and
-    /// must live until `wait` has returned.
-    void start(const Work &work, std::size_t pieces, std::size_t helpers);
+    /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` lanes, while the caller does
+    /// `meanwhile`. Returns when all of it is done; what one of them threw first is thrown again then.
+    void doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
+                  const std::function<void()> &meanwhile);
 
-    /// Takes part in the work until no piece is left to begin.
-    void help();
-
-    /// Waits until every piece is done.
-    void wait();
-
-    /// All of the above: the caller and its helpers share the pieces.
+    /// The caller and at most `helpers` lanes share the pieces 0 to `pieces` - 1. Returns and throws
+    /// likewise.
     void share(const Work &work, std::size_t pieces, std::size_t helpers);
 
 private:
+    void start(const Work &work, std::size_t pieces, std::size_t helpers);
+    void help();
+    void waitForAllPieces();
     bool doOnePiece();
+    void doPiece(std::size_t piece);
+    void noteException();
     bool hasWork() const;
     void runLane();
     void awaitWork(unsigned lastCall);
@@ -52,6 +55,8 @@ private:
     std::atomic<std::size_t> m_asleep{0};
     std::atomic<bool> m_end{false};
     std::uint64_t m_round = 0;
+    std::mutex m_exceptionMutex;
+    std::exception_ptr m_exception; // the first of this round
     std::vector<std::jthread> m_threads;
 };
 

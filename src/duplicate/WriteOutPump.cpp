@@ -1,6 +1,8 @@
 #include "duplicate/WriteOutPump.h"
 
+#include <cerrno>
 #include <chrono>
+#include <new>
 #include <utility>
 
 namespace orvana
@@ -63,8 +65,9 @@ Expected<void> WriteOutPump::leave(File &file)
 void WriteOutPump::waitForRoom(const std::stop_token &token)
 {
     Lock lock(m_mutex);
-    m_changed.wait(lock, token,
-                   [this] { return m_waiting + m_underWay <= Room && m_rangeBytes <= RoomForRanges; });
+    m_changed.wait(lock, token, [this] {
+        return m_outcome || (m_waiting + m_underWay <= Room && m_rangeBytes <= RoomForRanges);
+    });
 }
 
 void WriteOutPump::startFinalSync()
@@ -137,15 +140,32 @@ bool WriteOutPump::hasWork() const
 void WriteOutPump::run(const std::stop_token &ownEnd)
 {
     Lock lock(m_mutex);
-    while (!m_outcome) {
-        m_changed.wait(lock, ownEnd, [this] { return hasWork(); });
-        if (ownEnd.stop_requested())
-            return;
-        if (m_isLast || m_waiting >= WorthASync)
-            syncOnce(lock);
-        else
-            moveRanges(lock);
+    try {
+        while (!m_outcome) {
+            m_changed.wait(lock, ownEnd, [this] { return hasWork(); });
+            if (ownEnd.stop_requested())
+                return;
+            if (m_isLast || m_waiting >= WorthASync)
+                syncOnce(lock);
+            else
+                moveRanges(lock);
+        }
+    } catch (const std::bad_alloc &) {
+        giveUp(lock);
     }
+}
+
+// There is no memory to go on with. Nobody waits for the pump from here on, and the volume counts as one that
+// could not be written out.
+void WriteOutPump::giveUp(Lock &lock)
+{
+    if (!lock.owns_lock())
+        lock.lock();
+    m_isMoving = false;
+    m_result = platform::failure(ENOMEM);
+    m_fileResult = m_result;
+    m_outcome = Outcome{m_result, 0};
+    m_changed.notify_all();
 }
 
 } // namespace orvana

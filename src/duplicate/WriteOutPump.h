@@ -64,6 +64,7 @@ private:
     bool hasWork() const;
     void syncOnce(Lock &lock);
     void moveRanges(Lock &lock);
+    void giveUp(Lock &lock);
 
     platform::Folder &m_volume;
     std::mutex m_mutex;

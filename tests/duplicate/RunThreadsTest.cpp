@@ -5,7 +5,9 @@
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <gtest/gtest.h>
+#include <new>
 #include <thread>
 
 namespace orvana
@@ -17,15 +19,51 @@ TEST(Lanes, EveryPieceIsDoneOnceInEveryRound)
     for (int round = 0; round < 500; ++round) {
         std::array<std::atomic<int>, 4> done{};
         const Lanes::Work work = [&](std::size_t piece) { ++done[piece]; };
-        if (round % 2 == 0) {
+        bool isMeanwhileDone = round % 2 == 0;
+        if (isMeanwhileDone)
             lanes.share(work, 4, 1);
-        } else {
-            lanes.start(work, 4, 4);
-            lanes.wait();
-        }
+        else
+            lanes.doBeside(work, 4, 4, [&] { isMeanwhileDone = true; });
         for (const auto &count : done)
             ASSERT_EQ(count, 1);
+        ASSERT_TRUE(isMeanwhileDone);
     }
+}
+
+TEST(Lanes, WhatAPieceThrowsReachesTheCallerOnceAllPiecesAreDone)
+{
+    Lanes lanes(3);
+    for (int round = 0; round < 200; ++round) {
+        std::atomic<int> done{0};
+        const Lanes::Work work = [&](std::size_t piece) {
+            ++done;
+            if (piece == 1)
+                throw std::bad_alloc();
+        };
+        const auto roundOfWork = [&] {
+            if (round % 2 == 0)
+                lanes.share(work, 4, 3);
+            else
+                lanes.doBeside(work, 4, 3, [] {});
+        };
+        ASSERT_THROW(roundOfWork(), std::bad_alloc);
+        ASSERT_EQ(done, 4);
+    }
+    std::atomic<int> done{0};
+    lanes.share([&](std::size_t) { ++done; }, 4, 3);
+    EXPECT_EQ(done, 4) << "an exception ended its own round only";
+}
+
+TEST(Lanes, WhatTheCallerThrowsMeanwhileWaitsForThePieces)
+{
+    Lanes lanes(2);
+    std::atomic<int> done{0};
+    const Lanes::Work work = [&](std::size_t) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        ++done;
+    };
+    EXPECT_THROW(lanes.doBeside(work, 4, 2, [] { throw std::bad_alloc(); }), std::bad_alloc);
+    EXPECT_EQ(done, 4);
 }
 
 TEST(Lanes, WithoutHelpersTheCallerDoesAllInOrder)
@@ -44,6 +82,8 @@ struct SyncedVolume final : platform::Folder
 {
     platform::Expected<void> syncVolume() override
     {
+        if (hasNoMemory)
+            throw std::bad_alloc();
         const bool isToFail = fails; // settled before a test can see this sync and change its mind
         ++syncs;
         while (isHeld)
@@ -93,6 +133,7 @@ struct SyncedVolume final : platform::Folder
     std::atomic<int> syncs{0};
     std::atomic<bool> isHeld{false};
     std::atomic<bool> fails{false};
+    std::atomic<bool> hasNoMemory{false};
 };
 
 constexpr std::uint64_t Mebibyte = 1'048'576;
@@ -123,6 +164,22 @@ TEST(WriteOutPump, ErrorOfAnEarlierSyncIsTheOutcome)
     volume.fails = false;
     pump.startFinalSync();
     EXPECT_FALSE(pump.waitForFinalSync({})->result);
+}
+
+TEST(WriteOutPump, PumpThatRunsOutOfMemoryKeepsNobodyWaitingAndIsToldAsAFailedSync)
+{
+    SyncedVolume volume;
+    volume.hasNoMemory = true;
+    WriteOutPump pump(volume);
+    pump.noteWritten(300 * Mebibyte);
+    pump.waitForRoom({});
+    pump.startFinalSync();
+    const auto outcome = pump.waitForFinalSync({});
+    ASSERT_TRUE(outcome);
+    ASSERT_FALSE(outcome->result);
+    EXPECT_EQ(outcome->result.error().code, ENOMEM);
+    pump.noteWritten(300 * Mebibyte);
+    pump.waitForRoom({});
 }
 
 TEST(WriteOutPump, CopyWaitsWhileTooMuchIsOnItsWayAndCancelEndsTheWait)
