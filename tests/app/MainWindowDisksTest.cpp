@@ -74,6 +74,42 @@ TEST_F(DisksTest, WithBayAAsSourceItsDiskIsNeitherErasedNorEjectedWithTheDestina
     EXPECT_TRUE(actions().StartBtn->isEnabled());
 }
 
+TEST_F(DisksTest, StartCanBePressedAgainAfterAnEraseAndAfterAnEject)
+{
+    startWithEnclosure();
+    startErase();
+    EXPECT_FALSE(actions().StartBtn->isEnabled());
+    until([this] { return !actions().isErasing(); });
+    EXPECT_TRUE(actions().StartBtn->isEnabled()) << "it is Cancel while the copy goes on";
+    EXPECT_EQ(title(), "Cancel");
+    untilCompleted();
+    pressSheet("Done");
+    EXPECT_TRUE(actions().StartBtn->isEnabled());
+    for (auto *eject : {slots().EjectTargetDiskBtn, slots().EjectSourceDiskBtn}) {
+        actions().StartBtn->setEnabled(false);
+        QMetaObject::invokeMethod(eject, "click");
+        EXPECT_TRUE(actions().StartBtn->isEnabled());
+    }
+}
+
+TEST_F(DisksTest, VolumeThatIsUnmountedBetweenTheLastScanAndTheCopyIsNoDestination)
+{
+    startWithEnclosure();
+    bool isErased = false;
+    m_beforeTool = [&](const Files &) { isErased = true; };
+    m_afterListing = [&] {
+        if (isErased && isMounted("COPY2"))
+            move("unmount", "COPY2");
+    };
+    startErase();
+    untilSheet("Warning");
+    EXPECT_EQ(sheetText(), "Slot-C (COPY2): its volume is not mounted");
+    pressSheet("OK");
+    untilCompleted();
+    EXPECT_EQ(filesOn("COPY1").size(), 4U);
+    EXPECT_EQ(report()["destinations"].size(), 2U);
+}
+
 TEST_F(DisksTest, SourceIsEjectedAloneAndTheColoursStay)
 {
     startWithEnclosure();

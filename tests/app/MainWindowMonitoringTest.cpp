@@ -44,6 +44,28 @@ TEST_F(MonitoringTest, MountDuringARunOrAnEraseTriggersNoRescan)
     actions().setIsErasing(false);
 }
 
+TEST_F(MonitoringTest, MountThatCameDuringAnEraseTriggersNoRescanAfterItEither)
+{
+    startWithEnclosure();
+    for (const auto set :
+         {&CopyActionViewController::setIsErasing, &CopyActionViewController::setIsDuplicating}) {
+        (actions().*set)(true);
+        m_volumeCenter.post(notification::DidMount);
+        (actions().*set)(false);
+        pass(std::chrono::seconds(5));
+        EXPECT_EQ(window().layoutState(), 1);
+    }
+}
+
+TEST_F(MonitoringTest, ChangeOfTheSelectionColoursTheBays)
+{
+    startWithEnclosure();
+    slots().setTextColor("Slot-B", SystemColor::red());
+    m_center.post(notification::UpdateDiskInfoColor);
+    pass(std::chrono::milliseconds(10));
+    EXPECT_FALSE(slots().isOverSize_SlotB());
+}
+
 TEST_F(MonitoringTest, ThunderboltAttachDuringARunStillRescans)
 {
     startWithEnclosure();

@@ -3,6 +3,10 @@
 #include "filetree/FileTreeView.h"
 #include "panels/SystemColor.h"
 
+#include <QApplication>
+#include <QIcon>
+#include <QStyle>
+
 namespace orvana
 {
 
@@ -15,6 +19,11 @@ Json volumes(std::initializer_list<const char *> names)
     for (const char *name : names)
         list.push_back({{"name", name}, {"capacity", 300000}});
     return list;
+}
+
+QImage imageOf(const QIcon &icon)
+{
+    return icon.pixmap(32, 32).toImage();
 }
 
 } // namespace
@@ -39,7 +48,10 @@ TEST_F(WindowTest, EmptyBayAMakesTheHomeFolderTheSourceWhichCannotBeEjected)
     startWithEnclosure();
     EXPECT_EQ(slots().Source(), "anna");
     EXPECT_EQ(slots().SourcePopup->currentText(), QStringLiteral("anna"));
-    EXPECT_FALSE(slots().SourcePopup->itemIcon(0).isNull());
+    const auto home = QIcon::fromTheme(QStringLiteral("user-home"),
+                                       QApplication::style()->standardIcon(QStyle::SP_DirHomeIcon));
+    EXPECT_EQ(imageOf(slots().SourcePopup->itemIcon(0)), imageOf(home));
+    EXPECT_NE(imageOf(slots().SourcePopup->itemIcon(1)), imageOf(home)) << "the USB disk is no home";
     EXPECT_FALSE(slots().EjectSourceDiskBtn->isEnabled());
     EXPECT_EQ(files().totalFiles(), 1);
 }
@@ -171,13 +183,23 @@ TEST_F(WindowTest, ReselectingTheEnclosureKeepsWhatWasTicked)
     EXPECT_EQ(files().totalFiles(), 3) << "the volume's path is the same object";
 }
 
-TEST_F(WindowTest, MountCollapsesTheWindowToThePicker)
+TEST_F(WindowTest, UnmountMountAndRenameOfAVolumeEachCollapseTheWindowToThePicker)
 {
     startWithEnclosure();
+    const auto expectCollapse = [this] {
+        until([this] { return window().layoutState() == 0; });
+        EXPECT_EQ(window().myTBDeviceViewController().tbDevicePopup->currentIndex(), 0);
+        EXPECT_EQ(*FileSystemItem::repoRoot(), "");
+        chooseEnclosure(1);
+        untilCounted();
+        ASSERT_EQ(window().layoutState(), 1);
+    };
     move("unmount", "STICK");
-    until([this] { return window().layoutState() == 0; });
-    EXPECT_EQ(window().myTBDeviceViewController().tbDevicePopup->currentIndex(), 0);
-    EXPECT_EQ(*FileSystemItem::repoRoot(), "");
+    expectCollapse();
+    move("mount", "STICK");
+    expectCollapse();
+    move("rename", "STICK", "OTHER");
+    expectCollapse();
 }
 
 } // namespace orvana

@@ -36,7 +36,10 @@ public:
             m_test.m_tools.push_back(arguments);
             m_test.m_beforeTool(arguments);
         }
-        return m_host.launcher().run(path, arguments);
+        auto result = m_host.launcher().run(path, arguments);
+        if (path == "/bin/df")
+            m_test.m_afterListing();
+        return result;
     }
 
     void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override

@@ -99,6 +99,7 @@ protected:
     test::ManualMainQueue m_queue;
     test::StoppedClock m_clock;
     std::function<void(const Files &)> m_beforeTool = [](const Files &) {};
+    std::function<void()> m_afterListing = [] {}; // of the volumes, by "df"
 
 private:
     class WatchedHost;

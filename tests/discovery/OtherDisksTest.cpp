@@ -123,8 +123,65 @@ TEST_F(OtherDisks, OtherThunderboltPassNeverListsAnything)
     addSwitch(4, 1);
     const auto &device = addSwitch(65, 567);
     addDisk(device, "pci-bridge@0/IOPP/pci1b21,612");
+    m_listing.text = "Filesystem\n/dev/disk1s1 9 1 8 1% 0 0 0% /Volumes/X\n";
     m_scanner.scanOtherTBDevice();
     EXPECT_TRUE(m_scanner.otherTBArray().empty());
+    m_scanner.scanTBDevice();
+    m_scanner.scanOtherDevice();
+    m_scanner.scanOtherTBDevice();
+    EXPECT_TRUE(m_scanner.otherTBArray().empty()) << "also beside the other scans";
+    EXPECT_EQ(m_scanner.tbArray().size(), 1U);
+}
+
+TEST_F(OtherDisks, ListingOfOtherThunderboltVolumesFindsNothingToFill)
+{
+    // The scan lists no such device, so the walk of one is called by itself.
+    const auto &device = addSwitch(65, 567);
+    auto &whole = addWhole(addDisk(device, "pci-bridge@0/IOPP/pci1b21,612"), "disk1", {{"Open", true}});
+    addPartition(whole, "disk1s1", true);
+    m_scanner.scanTBDevice();
+    m_listing.text = "Filesystem\n/dev/disk1s1 9 1 8 1% 0 0 0% /Volumes/X\n";
+    m_scanner.getOtherTBDiskMountPoint();
+    EXPECT_FALSE(firstDisk().bsdPathArray().at(0)->mountPoint());
+    m_scanner.getMountPoint();
+    ASSERT_TRUE(firstDisk().bsdPathArray().at(0)->mountPoint()) << "the other way round, this one fills it";
+}
+
+TEST_F(OtherDisks, ResultsTellWhetherAnythingWasSeen)
+{
+    const ORVScanDevice::Iterator nothing;
+    EXPECT_EQ(m_scanner.getSystemHddInfo(nothing), 5);
+    EXPECT_EQ(m_scanner.getExternelDiskInfo(nothing), 5);
+    EXPECT_EQ(m_scanner.getESATADiskInfo(nothing), 5);
+    EXPECT_EQ(m_scanner.getOtherThunderboltInfo(nothing), 5);
+    EXPECT_EQ(m_scanner.getOtherThunderboltHddInfo(nothing), 5);
+    // One entry is enough, also where it is then left out.
+    addServices(external("SATA"), {});
+    ORVScanDevice::Iterator one;
+    ASSERT_EQ(m_scanner.scanForDeviceName("USB_1394_Disks", one), platform::RegistrySuccess);
+    ASSERT_EQ(one.size(), 1U);
+    EXPECT_EQ(m_scanner.getSystemHddInfo(one), 0);
+    EXPECT_EQ(m_scanner.getExternelDiskInfo(one), 0);
+    EXPECT_EQ(m_scanner.getESATADiskInfo(one), 0);
+    EXPECT_EQ(m_scanner.getOtherThunderboltInfo(one), 0);
+    EXPECT_EQ(m_scanner.getOtherThunderboltHddInfo(one), 0);
+}
+
+TEST_F(OtherDisks, FirstQueryThatFailsEndsEachScanAtOnce)
+{
+    addSwitch(65, 567);
+    m_registry.tree->add("AppleAHCIDiskDriver", "internal",
+                         {{"Physical Interconnect Location", std::string("Internal")}});
+    for (const auto scan :
+         {&ORVScanDevice::scanTBDevice, &ORVScanDevice::scanOtherDevice, &ORVScanDevice::scanOtherTBDevice}) {
+        m_registry.queries = 0;
+        m_registry.failingQuery = 1;
+        (m_scanner.*scan)();
+        EXPECT_EQ(m_registry.queries, 1);
+    }
+    EXPECT_TRUE(m_scanner.tbArray().empty());
+    EXPECT_TRUE(models().empty());
+    EXPECT_EQ(m_listing.runs, 0);
 }
 
 TEST_F(OtherDisks, FailedQueryEndsThePassWithoutMountPoints)

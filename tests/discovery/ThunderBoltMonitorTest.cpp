@@ -40,6 +40,7 @@ protected:
     NotificationCenter m_center;
     test::LogLines m_log;
     Lines m_posted;
+    std::vector<RegistryEvent> m_watched;
     std::vector<NotificationCenter::Subscription> m_subscriptions;
     ThunderBoltMonitor m_monitor{m_registry, m_center};
 };
@@ -77,6 +78,22 @@ TEST_F(HotPlug, RemovalsArePostedEvenBeforePriming)
     EXPECT_TRUE(m_posted.empty());
     m_monitor.tbDeviceRemoved(device("pci1b21,612"));
     EXPECT_EQ(m_posted, (Lines{"TBDeviceDeattached"}));
+}
+
+TEST_F(HotPlug, ArrivalsAreReportedOnlyOnceBothRegistrationsAreDrained)
+{
+    // A removal in the first batch of the second registration is told; an arrival at that time is not yet.
+    m_registry.removedAtOnce = device("pci1b21,612");
+    m_registry.beforeWatch = [this](RegistryEvent event) {
+        m_watched.push_back(event);
+        if (event == RegistryEvent::Terminated)
+            fire(RegistryEvent::Published, "pci1b21,612");
+    };
+    m_monitor.MonitorInit();
+    EXPECT_EQ(m_watched, (std::vector{RegistryEvent::Published, RegistryEvent::Terminated}));
+    EXPECT_EQ(m_posted, (Lines{"TBDeviceDeattached"}));
+    fire(RegistryEvent::Published, "pci1b21,612");
+    EXPECT_EQ(m_posted, (Lines{"TBDeviceDeattached", "TBDeviceAttached"}));
 }
 
 TEST_F(HotPlug, FailedRegistrationIsOnlyLogged)

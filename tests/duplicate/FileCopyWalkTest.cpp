@@ -146,6 +146,20 @@ TEST_F(FileCopyWalk, SystemFoldersAreLeftOutWhereverTheyStandInAPath)
     EXPECT_EQ(test::treeOf(m_tree.path("a")), (Lines{"docs", "docs/sub", "docs/temporary items.txt"}));
 }
 
+TEST_F(FileCopyWalk, SystemFolderAboveTheSourceLeavesOutAllThatIsTestedByItsFullPath)
+{
+    for (const std::string above : {"Temporary Items", "Network Trash Folder"}) {
+        m_tree.file("source/" + above + "/docs/direct", "by its bare name");
+        m_tree.file("source/" + above + "/docs/sub/deep", "by its full path");
+        runJob({above + "/docs"});
+        EXPECT_TRUE(m_tree.exists("a/" + above + "/docs/direct"));
+        EXPECT_TRUE(m_tree.exists("a/" + above + "/docs/sub"));
+        EXPECT_FALSE(m_tree.exists("a/" + above + "/docs/sub/deep"));
+        EXPECT_TRUE(m_engine.isSkipFile("/x/" + above + "/y/z"));
+        EXPECT_TRUE(m_engine.isSkipFile("/x/" + above));
+    }
+}
+
 TEST_F(FileCopyWalk, LibraryAndPublicOfTheOwnHomeAreLeftOutByTheirFullPathOnly)
 {
     m_tree.file("home/Library/x");

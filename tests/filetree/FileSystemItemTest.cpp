@@ -208,6 +208,24 @@ TEST_F(FileTree, EmptyRootIsALeafAndNotTheWorkingFolder)
     EXPECT_FALSE(FileSystemItem::rootItem()->attributes());
 }
 
+TEST_F(FileTree, AttributesAreThoseOfTheNodesOwnPathReadAnewEachTime)
+{
+    const auto path = tree.file("A/file", "12345");
+    tree.link("A/link", path);
+    auto &folder = childNamed(showRoot(), "A");
+    auto &file = childNamed(folder, "file");
+    ASSERT_TRUE(file.attributes());
+    EXPECT_EQ(file.attributes()->size, 5U);
+    EXPECT_EQ(file.attributes()->type, platform::FileType::Regular);
+    EXPECT_EQ(folder.attributes()->type, platform::FileType::Folder);
+    const FileSystemItem link("link", &folder);
+    EXPECT_EQ(link.attributes()->type, platform::FileType::SymbolicLink) << "a link stands for itself";
+    tree.file("A/file", "1234567");
+    EXPECT_EQ(file.attributes()->size, 7U);
+    ::unlink(path.c_str());
+    EXPECT_FALSE(file.attributes());
+}
+
 TEST_F(FileTree, SamePathObjectKeepsTheTreeAndAnEqualTextDropsIt)
 {
     const auto path = std::make_shared<const std::string>(tree.root());

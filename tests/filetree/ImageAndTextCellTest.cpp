@@ -19,7 +19,7 @@ QPixmap redSquare(int size)
     return image;
 }
 
-QImage painted(const ImageAndTextCell &cell, const QSize &size)
+QImage painted(const ImageAndTextCell &cell, const QSize &size, const QBrush &background = {})
 {
     QStandardItemModel model(1, 1);
     QImage canvas(size, QImage::Format_RGB32);
@@ -27,6 +27,7 @@ QImage painted(const ImageAndTextCell &cell, const QSize &size)
     QPainter painter(&canvas);
     QStyleOptionViewItem option;
     option.rect = QRect(QPoint(0, 0), size);
+    option.backgroundBrush = background;
     cell.paint(&painter, option, model.index(0, 0));
     return canvas;
 }
@@ -76,6 +77,22 @@ TEST(ImageAndTextCell, ImageIsDrawnInItsFrame)
     EXPECT_EQ(canvas.pixelColor(18, 18), QColor(Qt::red));
     EXPECT_EQ(canvas.pixelColor(2, 10), QColor(Qt::white));
     EXPECT_EQ(canvas.pixelColor(10, 19), QColor(Qt::white));
+}
+
+TEST(ImageAndTextCell, StripOfTheImageHasTheCellsBackgroundAndNoMore)
+{
+    ImageAndTextCell cell;
+    cell.setImage(redSquare(16));
+    const auto plain = painted(cell, {100, 21});
+    const auto filled = painted(cell, {100, 21}, Qt::green);
+    for (const int x : {0, 2, 18}) {
+        EXPECT_EQ(plain.pixelColor(x, 0), QColor(Qt::white));
+        EXPECT_EQ(filled.pixelColor(x, 0), QColor(Qt::green)) << x;
+        EXPECT_EQ(filled.pixelColor(x, 20), QColor(Qt::green)) << x;
+    }
+    EXPECT_EQ(filled.pixelColor(10, 10), QColor(Qt::red)) << "the image lies on the background";
+    cell.setImage({});
+    EXPECT_EQ(cell.textFrameForCellFrame({0, 0, 100, 21}).left(), 0) << "without an image there is no strip";
 }
 
 TEST(ImageAndTextCell, CopyHasTheSameImage)

@@ -3,6 +3,7 @@
 #include "platform/CommandLauncher.h"
 #include "platform/RegistryTree.h"
 
+#include <functional>
 #include <map>
 
 namespace orvana::test
@@ -33,16 +34,19 @@ public:
 
     Answer watch(const std::string &className, platform::RegistryEvent event, EventHandler handler) override
     {
+        beforeWatch(event);
         if (watchStatus != platform::RegistrySuccess)
             return {watchStatus, {}};
         handlers[event] = std::move(handler);
         if (event == platform::RegistryEvent::Terminated)
-            return {};
+            return {platform::RegistrySuccess, removedAtOnce};
         return match(platform::RegistryMatching{className, {}});
     }
 
     std::shared_ptr<platform::RegistryNode> tree = platform::RegistryNode::makeRoot();
     std::map<platform::RegistryEvent, EventHandler> handlers;
+    std::vector<platform::RegistryEntryPtr> removedAtOnce; ///< the first batch of a watch for removals
+    std::function<void(platform::RegistryEvent)> beforeWatch = [](platform::RegistryEvent) {};
     bool hasNoDictionaries = false;
     int watchStatus = platform::RegistrySuccess;
     int failingQuery = 0; ///< which query, counted from 1, fails
