@@ -1,6 +1,8 @@
 // The hosts of this machine and of a simulated one.
 
 #include "contract/HostContract.h"
+#include "contract/DiskUtilityContract.h"
+#include "discovery/ORVScanDevice.h"
 #include "foundation/PlainMainQueue.h"
 #include "platform/HostFactory.h"
 #include "support/TemporaryTree.h"
@@ -26,10 +28,56 @@ struct SimulatedOne
     std::unique_ptr<Host> host = makeSimulatorHost(file, &queue).value();
 };
 
+/// The disk in bay B of a simulated machine.
+struct SimulatedBay
+{
+    static const char *missing() { return nullptr; }
+
+    SimulatedBay()
+    {
+        ORVScanDevice scanner(host->registry(), host->launcher());
+        scanner.scanTBDevice();
+        const auto &disk = *scanner.tbArray().at(0)->hddArray().at(0);
+        marks = {disk.devPath().value(), disk.hddSN(), disk.wwn(), disk.arrival(), disk.diskSize()};
+    }
+
+    std::string device() const { return marks.device; }
+    static std::string noDevice() { return "/dev/disk99"; }
+
+    test::Said run(const std::vector<std::string> &words) const
+    {
+        auto [output, status] = host->launcher().run("/usr/sbin/diskutil", words);
+        return {std::move(output), status.value_or(-1)};
+    }
+
+    void spare() const { host->launcher().setSparedDisks({marks}); }
+    void takeInUse()
+    {
+        lock = host->volumeFiles().lockFolder(*host->places().volumePath("OLD"), Sharing::Shared).value();
+    }
+
+    std::vector<std::string> mountedVolumes() const { return test::namesIn(volumes); }
+    std::vector<std::string> filesOn(const std::string &volume) const
+    {
+        return test::treeOf(volumes + "/" + volume);
+    }
+
+    test::TemporaryTree tree;
+    std::string volumes = tree.path("machine.json.volumes/Volumes");
+    std::unique_ptr<Host> host = makeSimulatorHost(tree.file("machine.json", R"({"login":"anna",
+        "enclosures":[{"uid":1,"bays":[{"bay":"B","serial":"SB","size":9000,"volumes":[
+            {"name":"OLD","capacity":9000,"content":[{"path":"file","bytes":1}]}]}]}]})"),
+                                                   nullptr)
+                                     .value();
+    DiskFingerprint marks;
+    std::unique_ptr<FolderLock> lock;
+};
+
 } // namespace
 
 using Backends = testing::Types<ThisMachine, SimulatedOne>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Hosts, HostContract, Backends);
+INSTANTIATE_TYPED_TEST_SUITE_P(Simulated, DiskUtilityContract, SimulatedBay);
 
 TEST(RealPrograms, OutputIsTakenUpHoweverLongAndTheStatusKept)
 {

@@ -10,6 +10,10 @@ namespace orvana::test
 /// True when this process runs on a system of its own: what is mounted and told there stays there.
 bool hasPrivateSystem();
 
+/// Why there is none.
+inline constexpr const char *MissingSystem =
+    "needs root with namespaces and loop devices, and the packages udev, udisks2 and dbus";
+
 /// True when who may do what is decided by an authority that the test plays, or when there is no disk
 /// service.
 bool hasPlayedAuthority();

@@ -14,8 +14,7 @@ namespace orvana::test
 void RealDisks::SetUp()
 {
     if (!hasPrivateSystem())
-        GTEST_SKIP()
-            << "needs root with namespaces and loop devices, and the packages udev, udisks2 and dbus";
+        GTEST_SKIP() << MissingSystem;
     if (!isRightSystem())
         GTEST_SKIP() << "is run by itself, on another system";
     m_tree.folder("bays");

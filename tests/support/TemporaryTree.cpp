@@ -103,4 +103,13 @@ std::vector<std::string> treeOf(const std::string &root)
     return paths;
 }
 
+std::vector<std::string> namesIn(const std::string &folder)
+{
+    std::vector<std::string> names;
+    for (const auto &entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().native());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 } // namespace orvana::test

@@ -50,4 +50,7 @@ bool hideExtension(const std::string &path);
 /// Relative paths of everything below `root`, sorted.
 std::vector<std::string> treeOf(const std::string &root);
 
+/// Names of what is in the folder itself, sorted.
+std::vector<std::string> namesIn(const std::string &folder);
+
 } // namespace orvana::test

@@ -17,9 +17,14 @@ namespace
 
 constexpr const char *InUse = "Error: the disk is in use";
 
-CommandLauncher::Result failed(const std::string &text)
+// The statuses of the disk utility.
+constexpr int Failed = 1;
+constexpr int Refused = 3;
+constexpr int NotThere = 4;
+
+CommandLauncher::Result failed(const std::string &text, int status = Failed)
 {
-    return {text + "\n", 1};
+    return {text + "\n", status};
 }
 
 } // namespace
@@ -43,14 +48,15 @@ bool SimulatedMachine::isInUse(const Disk &disk) const
     });
 }
 
-// Why no command may change the disk; nullopt when commands may.
-std::optional<std::string> SimulatedMachine::refusal(const Disk *disk, const std::string &device) const
+// What is answered where no command may change the disk; nullopt when commands may.
+std::optional<CommandLauncher::Result> SimulatedMachine::refusal(const Disk *disk,
+                                                                 const std::string &device) const
 {
     if (!disk)
-        return "Unable to find disk for " + device;
+        return failed("Unable to find disk for " + device, NotThere);
     if (isSpared(*disk, device))
-        return "Error: the disk is one that must not be touched";
-    return isInUse(*disk) ? std::optional<std::string>(InUse) : std::nullopt;
+        return failed("Error: the disk is one that must not be touched", Refused);
+    return isInUse(*disk) ? std::optional(failed(InUse, Refused)) : std::nullopt;
 }
 
 bool SimulatedMachine::fails(const std::string &command, const Disk &disk) const
@@ -70,8 +76,8 @@ CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, con
 {
     delay("eraseDisk");
     const auto *disk = diskAt(device);
-    if (const auto reason = refusal(disk, device))
-        return failed(*reason);
+    if (const auto refused = refusal(disk, device))
+        return *refused;
     if (fails("eraseDisk", *disk))
         return failed("Error: the disk could not be erased");
     const auto where = disk->where;
@@ -95,8 +101,8 @@ CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
 {
     delay("eject");
     const auto *disk = diskAt(device);
-    if (const auto reason = refusal(disk, device))
-        return failed(*reason);
+    if (const auto refused = refusal(disk, device))
+        return *refused;
     if (fails("eject", *disk))
         return failed(InUse);
     const auto where = disk->where;

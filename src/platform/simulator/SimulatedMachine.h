@@ -70,7 +70,7 @@ private:
     const Disk *diskAt(const std::string &device) const;
     bool isSpared(const Disk &disk, const std::string &device) const;
     bool isInUse(const Disk &disk) const;
-    std::optional<std::string> refusal(const Disk *disk, const std::string &device) const;
+    std::optional<CommandLauncher::Result> refusal(const Disk *disk, const std::string &device) const;
     bool fails(const std::string &command, const Disk &disk) const;
     void delay(const std::string &command) const;
 

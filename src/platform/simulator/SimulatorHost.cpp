@@ -116,8 +116,11 @@ public:
         const auto watches = m_watches;
         for (const auto &watch : watches) {
             const bool isPublished = watch.event == RegistryEvent::Published;
-            const auto changed =
-                difference(isPublished ? *m_tree : *before, isPublished ? *before : *m_tree, watch.className);
+            const auto &with = isPublished ? *m_tree : *before;
+            const auto &without = isPublished ? *before : *m_tree;
+            auto changed = difference(with, without, watch.className);
+            if (watch.className == "IOPCIDevice")
+                addControllersOfDisks(with, without, changed);
             if (!changed.empty())
                 watch.handler(changed);
         }
@@ -131,18 +134,49 @@ private:
         EventHandler handler;
     };
 
+    static std::set<std::string> pathsOf(const RegistryNode &tree, const std::string &className)
+    {
+        std::vector<RegistryEntryPtr> entries;
+        tree.collect({className, {}}, entries);
+        std::set<std::string> paths;
+        for (const auto &entry : entries)
+            paths.insert(entry->path());
+        return paths;
+    }
+
     static std::vector<RegistryEntryPtr> difference(const RegistryNode &tree, const RegistryNode &other,
                                                     const std::string &className)
     {
         std::vector<RegistryEntryPtr> entries;
-        std::vector<RegistryEntryPtr> others;
         tree.collect({className, {}}, entries);
-        other.collect({className, {}}, others);
-        std::set<std::string> known;
-        for (const auto &entry : others)
-            known.insert(entry->path());
+        const auto known = pathsOf(other, className);
         std::erase_if(entries, [&](const auto &entry) { return known.contains(entry->path()); });
         return entries;
+    }
+
+    // A disk that comes or goes while its controller stays is told by its controller, as on Linux.
+    static void addControllersOfDisks(const RegistryNode &tree, const RegistryNode &other,
+                                      std::vector<RegistryEntryPtr> &changed)
+    {
+        const auto arrivals = [](const RegistryNode &root) {
+            std::map<std::int64_t, RegistryEntryPtr> disks;
+            std::vector<RegistryEntryPtr> entries;
+            root.collect({"AppleAHCIDiskDriver", {}}, entries);
+            for (const auto &entry : entries)
+                disks[valueOf<std::int64_t>(entry->properties(), "Arrival Number").value_or(0)] = entry;
+            return disks;
+        };
+        const auto lasting = pathsOf(other, "IOPCIDevice");
+        const auto others = arrivals(other);
+        for (const auto &[arrival, disk] : arrivals(tree)) {
+            if (others.contains(arrival))
+                continue;
+            auto above = disk->parent();
+            while (above && !above->path().ends_with("/AppleAHCI"))
+                above = above->parent();
+            if (above && above->parent() && lasting.contains(above->parent()->path()))
+                changed.push_back(above->parent());
+        }
     }
 
     const SimulatedMachine &m_machine;
