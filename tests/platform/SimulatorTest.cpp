@@ -195,7 +195,7 @@ TEST_F(Simulator, EraseGivesABlankDiskAVolumeAndATakenNameANumber)
 
 TEST_F(Simulator, WrongCommandsChangeNothing)
 {
-    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", "/dev/disk99"}).status, 1);
+    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", "/dev/disk99"}).status, 4);
     EXPECT_EQ(diskutil({"format", "c:"}).status, 2);
     scan();
     EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "a/b", *disk("Slot-A")->devPath()}).status, 1);
