@@ -19,7 +19,7 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 PLACE = f"{ROOT}/build/mutate"
 TREE = f"{PLACE}/tree"
-PATIENCE = 600
+PATIENCE = 240
 
 Mutant = collections.namedtuple("Mutant", "file programs old new reason key")
 
