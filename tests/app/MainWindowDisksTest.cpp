@@ -137,6 +137,17 @@ TEST_F(DisksTest, SourceOutsideTheEnclosureIsEjected)
     EXPECT_TRUE(isMounted("Master"));
 }
 
+TEST_F(DisksTest, HomeFolderCannotBeEjectedAfterTheDestinationsWereEither)
+{
+    bay(0)["attached"] = false;
+    startWithEnclosure();
+    ASSERT_EQ(slots().Source(), "anna");
+    QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
+    EXPECT_FALSE(isMounted("COPY1"));
+    EXPECT_TRUE(slots().EjectTargetDiskBtn->isEnabled());
+    EXPECT_FALSE(slots().EjectSourceDiskBtn->isEnabled());
+}
+
 TEST_F(DisksTest, NothingToEjectGivesTheButtonsBack)
 {
     bay(1)["attached"] = false;

@@ -197,6 +197,17 @@ TEST_F(RunTest, PlaceholderLabelsAskForADeviceAndTheNextClickIsCancel)
     EXPECT_FALSE(actions().isDuplicating());
 }
 
+TEST_F(RunTest, EraseWithoutAnEnclosureTouchesNothingAndWarnsOfNothing)
+{
+    start();
+    setErase(true);
+    pressStart();
+    until([this] { return !actions().isErasing(); });
+    EXPECT_EQ(sheetMessage(), "");
+    EXPECT_EQ(title(), "Start");
+    EXPECT_TRUE(tools().empty());
+}
+
 TEST_F(RunTest, SlotThatIsStillUnformattedAfterTheEraseIsNoDestination)
 {
     bay(3)["attached"] = true;
