@@ -108,8 +108,11 @@ void MainWindow::initWindowItems()
 
 void MainWindow::initTBDeviceView()
 {
-    if (!m_tbDevice)
+    if (!m_tbDevice) {
         m_tbDevice = new TBDeviceViewController(m_context.center, TBDeviceView);
+        connect(m_tbDevice, &TBDeviceViewController::remarksWanted, this,
+                [this](const QString &text) { m_sheets.show({tr("Not used"), text, {tr("OK")}}); });
+    }
     m_tbDevice->setGeometry(0, 0, 300, 70);
     m_tbDevice->show(); // like the others, it comes when the window is on the screen already
 }

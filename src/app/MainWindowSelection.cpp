@@ -52,6 +52,7 @@ void MainWindow::scanAll()
     m_ScanDevice.scanTBDevice();
     m_ScanDevice.scanOtherDevice();
     m_ScanDevice.scanOtherTBDevice();
+    m_tbDevice->setRemarks(m_ScanDevice.remarks());
 }
 
 void MainWindow::rescanDevice()

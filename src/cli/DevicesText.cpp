@@ -140,6 +140,11 @@ std::vector<std::string> devicesText(const ORVScanDevice &scanner)
     for (const auto &disk : scanner.otherDiskArray())
         addRows(rows, *disk, "");
     append(rows);
+    const auto remarks = scanner.remarks();
+    if (!remarks.empty())
+        lines.emplace_back("Not used");
+    for (const auto &remark : remarks)
+        lines.push_back("  " + remark);
     return lines;
 }
 
@@ -157,6 +162,7 @@ Json devicesJson(const ORVScanDevice &scanner)
     }
     for (const auto &disk : scanner.otherDiskArray())
         json["otherDisks"].push_back(diskJson(*disk));
+    json["remarks"] = scanner.remarks();
     return json;
 }
 

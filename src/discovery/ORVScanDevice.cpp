@@ -116,6 +116,24 @@ int ORVScanDevice::attachDisks(const Iterator &iterator, Enclosures &enclosures,
     return iterator.empty() ? NothingSeen : Seen;
 }
 
+std::vector<std::string> ORVScanDevice::remarks() const
+{
+    const auto shown = [](const std::optional<std::string> &text, const char *otherwise) {
+        return text ? displayPath(*text) : otherwise;
+    };
+    auto remarks = m_registry.remarks();
+    for (const auto &enclosure : m_tbArray) {
+        for (const auto &disk : enclosure->hddArray()) {
+            if (!disk->slotPath())
+                remarks.push_back(
+                    shown(disk->hddModel(), "A disk") + " (" + shown(disk->hddSN(), "no serial number") +
+                    ") in " + shown(enclosure->moduleName(), "an enclosure") +
+                    " sits in none of the bays that are known; it is neither copied to nor erased");
+        }
+    }
+    return remarks;
+}
+
 std::optional<std::string> ORVScanDevice::runCommandWithCommand(const std::string &path,
                                                                 const std::vector<std::string> &arguments)
 {

@@ -40,6 +40,10 @@ public:
     const Disks &otherDiskArray() const { return m_otherDiskArray; }
     const Enclosures &otherTBArray() const { return m_otherTBArray; }
 
+    /// Why devices that are attached take no part, a sentence each: those of the last scan that sit in an
+    /// enclosure and in no bay of it, and what the registry says.
+    std::vector<std::string> remarks() const;
+
     // Which of the scans for other disks run.
     bool Detect_System_Disk = true;
     bool Detect_ESATA_Device = false;

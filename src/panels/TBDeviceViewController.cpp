@@ -3,6 +3,7 @@
 #include "discovery/DeviceRecords.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
+#include "panels/ShownText.h"
 
 namespace orvana
 {
@@ -12,6 +13,8 @@ TBDeviceViewController::TBDeviceViewController(NotificationCenter &center, QWidg
 {
     setupUi(this);
     connect(tbDevicePopup, &QComboBox::activated, this, &TBDeviceViewController::selectTBDevicePopup);
+    connect(remarksBtn, &QPushButton::clicked, this, [this] { Q_EMIT remarksWanted(m_remarks); });
+    remarksBtn->setHidden(true);
     awakeFromNib();
 }
 
@@ -31,6 +34,16 @@ void TBDeviceViewController::updateTBDevPopUp(
                                 QIcon(QStringLiteral(":/thunderbolt.png")));
     if (!enclosures.empty())
         tbDeviceLabel->setText(tr("&Orvana Storage Device (%1) :").arg(enclosures.size()));
+}
+
+void TBDeviceViewController::setRemarks(const std::vector<std::string> &remarks)
+{
+    QStringList lines;
+    for (const auto &remark : remarks)
+        lines << shownText(remark);
+    m_remarks = lines.join(QStringLiteral("\n\n"));
+    remarksBtn->setToolTip(plainToolTip(m_remarks));
+    remarksBtn->setHidden(lines.isEmpty());
 }
 
 void TBDeviceViewController::selectTBDevicePopup(int index)

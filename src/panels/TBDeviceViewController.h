@@ -28,13 +28,21 @@ public:
     /// Lists these enclosures and selects the placeholder. Posts nothing.
     void updateTBDevPopUp(const std::vector<std::shared_ptr<ORVThunderboltInfo>> &enclosures);
 
+    /// Offers these sentences beside the picker: why something that is attached cannot be used.
+    void setRemarks(const std::vector<std::string> &remarks);
+
     /// The user chose an item: posts "SelectTBDeviceFormTBDevView" for an enclosure, chosen already or not.
     void selectTBDevicePopup(int index);
+
+Q_SIGNALS:
+    /// The user asks for the remarks.
+    void remarksWanted(const QString &text);
 
 private:
     void awakeFromNib();
 
     NotificationCenter &m_center;
+    QString m_remarks;
 };
 
 } // namespace orvana

@@ -73,6 +73,9 @@ public:
     /// Reports entries of the class that are published or terminated from now on, on the main queue. The
     /// answer's entries are the first batch: those that are there already (none for terminated ones).
     virtual Answer watch(const std::string &className, RegistryEvent event, EventHandler handler) = 0;
+
+    /// Why devices that are attached cannot be used, a sentence each, with what helps where something does.
+    virtual std::vector<std::string> remarks() { return {}; }
 };
 
 } // namespace orvana::platform

@@ -82,6 +82,22 @@ TEST_F(WindowTest, RowsOfEmptyBaysStayAtNoneWithHiddenLabels)
     EXPECT_FALSE(slots().ModelOfSlotB->isHidden());
 }
 
+TEST_F(WindowTest, DiskInNoKnownBayIsExplainedBesideThePicker)
+{
+    bay(2)["bridge"] = 5;
+    start();
+    auto *button = window().myTBDeviceViewController().remarksBtn;
+    EXPECT_TRUE(button->isVisible());
+    button->click();
+    EXPECT_EQ(sheetMessage(), "Not used");
+    EXPECT_EQ(sheetText(),
+              "MC (SC) in Orvana Storage sits in none of the bays that are known; it is neither copied "
+              "to nor erased");
+    pressSheet("OK");
+    move("detach", "1/C");
+    until([&] { return !button->isVisible(); });
+}
+
 TEST_F(WindowTest, StartupDiskInTheEnclosureIsRefusedAndStartDisabled)
 {
     m_machine["internalDisks"] = Json::array();

@@ -158,6 +158,18 @@ TEST_F(DiskCommands, IdentityOfAnEnclosureIsATextInJson)
     m_machine["enclosures"][0]["uid"] = 9'007'199'254'740'993; // more than many readers of JSON keep exactly
     ASSERT_EQ(program({"devices", "--json"}), AllDone);
     EXPECT_EQ(Json::parse(m_out)["enclosures"][0]["uid"], "9007199254740993");
+    EXPECT_TRUE(Json::parse(m_out)["remarks"].empty());
+}
+
+TEST_F(DiskCommands, DiskInNoKnownBayIsNamedAmongTheDevices)
+{
+    m_machine["enclosures"][0]["bays"][1]["bridge"] = 5;
+    ASSERT_EQ(program({"devices"}), AllDone);
+    EXPECT_NE(m_out.find("Not used\n  "), std::string::npos) << m_out;
+    ASSERT_EQ(program({"devices", "--json"}), AllDone);
+    const auto remarks = Json::parse(m_out)["remarks"];
+    ASSERT_EQ(remarks.size(), 1U);
+    EXPECT_NE(remarks[0].get<std::string>().find("none of the bays"), std::string::npos);
 }
 
 TEST_F(DiskCommands, EjectTakesTheFormattedDisksBehindTheSource)

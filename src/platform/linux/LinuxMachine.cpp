@@ -30,17 +30,19 @@ void LinuxMachine::report(const MachineLook &look)
     for (const auto *router : routersOf(look.snapshot.devices)) {
         if (!isAuthorized(*router))
             reasons.insert(displayPath(router->attribute("device_name")) + " (" + router->name +
-                           ") is not authorised; its disks are not there until it is");
+                           ") is not authorised; its disks are not there until it is. This lets it in: "
+                           "boltctl enroll " +
+                           displayPath(router->attribute("unique_id")));
     }
     for (const auto &volume : look.volumes) {
         if (!survivesColumns(volume.point))
             reasons.insert(displayPath(volume.point) + ": volumes with such a mount point cannot be listed");
     }
     for (const auto &reason : reasons) {
-        if (!m_reported.contains(reason))
+        if (!m_remarks.contains(reason))
             systemLog(reason);
     }
-    m_reported = std::move(reasons);
+    m_remarks = std::move(reasons);
 }
 
 } // namespace orvana::platform::linux_host

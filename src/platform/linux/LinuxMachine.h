@@ -32,12 +32,15 @@ public:
 
     const DiskNames &names() const { return m_names; }
 
+    /// Why something that is attached could not be used at the last look, a sentence each.
+    const std::set<std::string> &remarks() const { return m_remarks; }
+
 private:
     void report(const MachineLook &look);
 
     SystemFiles m_files;
     DiskNames m_names;
-    std::set<std::string> m_reported; // what the system log was told once
+    std::set<std::string> m_remarks; // the system log is told each once
 };
 
 } // namespace orvana::platform::linux_host

@@ -33,6 +33,11 @@ HardwareRegistry::Answer LinuxRegistry::watch(const std::string &className, Regi
     return event == RegistryEvent::Published ? match(RegistryMatching{className, {}}) : Answer{};
 }
 
+std::vector<std::string> LinuxRegistry::remarks()
+{
+    return {m_machine.remarks().begin(), m_machine.remarks().end()};
+}
+
 void LinuxRegistry::take(const MachineEvent &event)
 {
     if (event.subsystem == "pci")

@@ -17,6 +17,7 @@ public:
 
     Answer match(const std::optional<RegistryMatching> &matching) override;
     Answer watch(const std::string &className, RegistryEvent event, EventHandler handler) override;
+    std::vector<std::string> remarks() override;
 
     /// Tells the watches what an event means for them.
     void take(const MachineEvent &event);

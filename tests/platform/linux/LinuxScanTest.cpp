@@ -144,7 +144,25 @@ TEST_F(LinuxScan, UnauthorisedRouterIsListedWithoutDisksAndTold)
     m_machine.addRouter(m_hostRouter, "1", "0x41", "0x237", "0");
     EXPECT_TRUE(scan().tbArray().at(0)->hddArray().empty());
     ASSERT_EQ(m_log.all().size(), 1U) << "once, however often is looked";
-    EXPECT_EQ(m_log.all()[0], "Four Bay 1 (0-1) is not authorised; its disks are not there until it is");
+    const std::string remark =
+        "Four Bay 1 (0-1) is not authorised; its disks are not there until it is. This lets it "
+        "in: boltctl enroll e6d5c4b3-a201-3412-ffff-0000000001";
+    EXPECT_EQ(m_log.all()[0], remark);
+    EXPECT_EQ(m_scanner->remarks(), std::vector{remark});
+}
+
+TEST_F(LinuxScan, NvmeDiskInAnEnclosureIsInNoBayAndSaidToBe)
+{
+    const auto upper = addEnclosure();
+    const auto nvme = m_machine.addPci(m_machine.addBridge(upper, "0000:02:04.0"), "0000:30:00.0", "0x144d",
+                                       "0xa808", "0x010802");
+    m_machine.addBlock(m_machine.add(nvme + "/nvme/nvme0", "nvme"),
+                       {.node = "nvme0n1", .model = "Fast", .serial = "NV1"});
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none NV1"}));
+    EXPECT_EQ(
+        m_scanner->remarks(),
+        (std::vector<std::string>{"Fast (NV1) in Four Bay 1 sits in none of the bays that are known; it is "
+                                  "neither copied to nor erased"}));
 }
 
 TEST_F(LinuxScan, InternalDisksAreListedWithModelAndSerialNumber)
