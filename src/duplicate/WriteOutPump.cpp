@@ -16,11 +16,16 @@ namespace
 
 // Enough for a disk to be busy with, little enough that the first sync starts early.
 constexpr std::uint64_t WorthASync = 16'777'216;
-// What may be on its way before the copy waits: about two seconds of a fast disk.
-constexpr std::uint64_t Room = 268'435'456;
-// The same for a large file, whose progress then tells of the disk and not of the memory before it.
-constexpr std::uint64_t RoomForRanges = 67'108'864;
-constexpr std::size_t MostFlying = 32; // ranges that the disk has in hand at a time
+// The copy waits while more bytes than these are still to be written out: about two seconds of a fast disk.
+constexpr std::uint64_t MaxBytesBehind = 268'435'456;
+// The same for a large file. Its progress then shows the disk and not the memory before the disk.
+constexpr std::uint64_t MaxRangeBytesBehind = 67'108'864;
+// Bytes of a large file that the disk has in hand before the pump waits for the oldest of them.
+constexpr std::uint64_t MaxBytesInFlight = 33'554'432;
+
+// A copy that waits must find the pump at work, whatever the size of a block.
+static_assert(MaxBytesInFlight < MaxRangeBytesBehind);
+static_assert(WorthASync < MaxBytesBehind);
 
 } // namespace
 
@@ -57,6 +62,7 @@ Expected<void> WriteOutPump::leave(File &file)
     m_file = nullptr;
     m_written.clear();
     m_flying.clear();
+    m_flyingBytes = 0;
     m_waiting += std::exchange(m_rangeBytes, 0);
     m_changed.notify_all();
     return std::exchange(m_fileResult, {});
@@ -66,7 +72,7 @@ void WriteOutPump::waitForRoom(const std::stop_token &token)
 {
     Lock lock(m_mutex);
     m_changed.wait(lock, token, [this] {
-        return m_outcome || (m_waiting + m_underWay <= Room && m_rangeBytes <= RoomForRanges);
+        return m_outcome || (m_waiting + m_underWay <= MaxBytesBehind && m_rangeBytes <= MaxRangeBytesBehind);
     });
 }
 
@@ -105,11 +111,15 @@ void WriteOutPump::syncOnce(Lock &lock)
 void WriteOutPump::moveRanges(Lock &lock)
 {
     auto written = std::exchange(m_written, {});
-    m_flying.insert(m_flying.end(), written.begin(), written.end());
+    for (const auto &range : written) {
+        m_flying.push_back(range);
+        m_flyingBytes += range.length;
+    }
     std::optional<Range> oldest;
-    if (m_flying.size() > MostFlying) {
+    if (m_flyingBytes > MaxBytesInFlight) {
         oldest = m_flying.front();
         m_flying.pop_front();
+        m_flyingBytes -= oldest->length;
     }
     File &file = *m_file;
     m_isMoving = true;
@@ -133,7 +143,7 @@ void WriteOutPump::moveRanges(Lock &lock)
 
 bool WriteOutPump::hasWork() const
 {
-    const bool rangesWait = m_file && (!m_written.empty() || m_flying.size() > MostFlying);
+    const bool rangesWait = m_file && (!m_written.empty() || m_flyingBytes > MaxBytesInFlight);
     return m_isLast || m_waiting >= WorthASync || rangesWait;
 }
 

@@ -79,6 +79,7 @@ private:
     bool m_isMoving = false;          // the thread is at work on it, without the lock
     std::deque<Range> m_written;      // its ranges that only memory holds
     std::deque<Range> m_flying;       // its ranges on their way
+    std::uint64_t m_flyingBytes = 0;  // of these
     std::uint64_t m_rangeBytes = 0;   // of both together
     platform::Expected<void> m_fileResult;
 

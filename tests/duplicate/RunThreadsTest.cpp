@@ -182,6 +182,59 @@ TEST(WriteOutPump, PumpThatRunsOutOfMemoryKeepsNobodyWaitingAndIsToldAsAFailedSy
     pump.waitForRoom({});
 }
 
+namespace
+{
+
+/// A file that counts what is written out of it.
+struct WrittenOutFile final : platform::File
+{
+    platform::Expected<platform::Attributes> attributes() const override { return platform::Attributes(); }
+    platform::Expected<std::size_t> read(std::span<std::byte>, std::uint64_t) override { return 0; }
+    void willRead(std::uint64_t, std::uint64_t) override {}
+    platform::Expected<void> write(std::span<const std::byte>, std::uint64_t) override { return {}; }
+    platform::Expected<void> startWriteOut(std::uint64_t, std::uint64_t length) override
+    {
+        started += length;
+        return {};
+    }
+    platform::Expected<void> finishWriteOut(std::uint64_t, std::uint64_t length) override
+    {
+        finished += length;
+        return {};
+    }
+    platform::Expected<void> sync() override { return {}; }
+    void dropCached(std::uint64_t, std::uint64_t) override {}
+    bool isOutOfMemory() const override { return true; }
+    platform::Expected<void> close() override { return {}; }
+
+    std::atomic<std::uint64_t> started{0};
+    std::atomic<std::uint64_t> finished{0};
+};
+
+class RangeSizes : public testing::TestWithParam<std::uint64_t>
+{
+};
+
+} // namespace
+
+TEST_P(RangeSizes, LargeFileGoesOnWhateverTheSizeOfARange)
+{
+    constexpr std::uint64_t Length = 300 * Mebibyte;
+    SyncedVolume volume;
+    WrittenOutFile file;
+    WriteOutPump pump(volume);
+    for (std::uint64_t offset = 0; offset < Length; offset += GetParam()) {
+        ASSERT_TRUE(pump.noteRange(file, offset, GetParam()));
+        pump.waitForRoom({});
+    }
+    EXPECT_GE(file.finished + 64 * Mebibyte, Length) << "no more than that is behind";
+    ASSERT_TRUE(pump.leave(file));
+    EXPECT_LE(file.finished, file.started);
+}
+
+INSTANTIATE_TEST_SUITE_P(WriteOutPump, RangeSizes,
+                         testing::Values(65'536, Mebibyte, 4 * Mebibyte, 100 * Mebibyte));
+
 TEST(WriteOutPump, CopyWaitsWhileTooMuchIsOnItsWayAndCancelEndsTheWait)
 {
     SyncedVolume volume;
