@@ -19,7 +19,7 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 PLACE = f"{ROOT}/build/mutate"
 TREE = f"{PLACE}/tree"
-PATIENCE = 240
+PATIENCE = collections.defaultdict(lambda: 300, plurimo_core_tests=60)  # seconds; some ten times what it takes
 
 Mutant = collections.namedtuple("Mutant", "file programs old new reason key")
 
@@ -64,7 +64,7 @@ def check_out():
 def fails(program):
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", GTEST_FAIL_FAST="1")
     try:
-        return run([f"{TREE}/build/dev/tests/{program}"], env=environment, timeout=PATIENCE).returncode != 0
+        return run([f"{TREE}/build/dev/tests/{program}"], env=environment, timeout=PATIENCE[program]).returncode != 0
     except subprocess.TimeoutExpired:
         return True  # a mistake that hangs the tests is noticed, too
 
