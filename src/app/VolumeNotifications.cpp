@@ -18,9 +18,10 @@ const char *nameOf(platform::VolumeChange change)
         return notification::DidMount;
     case platform::VolumeChange::Unmounted:
         return notification::DidUnmount;
-    default:
+    case platform::VolumeChange::Renamed:
         return notification::DidRenameVolume;
     }
+    return "";
 }
 
 } // namespace

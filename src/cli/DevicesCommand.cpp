@@ -26,9 +26,10 @@ const char *nameOf(platform::VolumeChange change)
         return "volume mounted";
     case platform::VolumeChange::Unmounted:
         return "volume unmounted";
-    default:
+    case platform::VolumeChange::Renamed:
         return "volume renamed";
     }
+    return "";
 }
 
 void watchDevices(platform::Host &host, PlainMainQueue &queue, Terminal &terminal, bool json)

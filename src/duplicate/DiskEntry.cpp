@@ -19,9 +19,10 @@ const char *nameOf(DiskOutcome outcome)
         return "eraseFailed";
     case DiskOutcome::LeftOut:
         return "leftOut";
-    default:
+    case DiskOutcome::Refused:
         return "refused";
     }
+    return "";
 }
 
 const char *textOf(DiskOutcome outcome)
@@ -33,9 +34,10 @@ const char *textOf(DiskOutcome outcome)
         return "could not be erased";
     case DiskOutcome::LeftOut:
         return "left out";
-    default:
+    case DiskOutcome::Refused:
         return "refused";
     }
+    return "";
 }
 
 } // namespace

@@ -93,9 +93,9 @@ std::string refusalText(EnclosureRefusal refusal)
     case EnclosureRefusal::StartupDisk:
         return "This device cannot be selected when it's used as a startup disk.";
     case EnclosureRefusal::RaidSet:
-        break;
+        return "This device cannot be selected, because it includes a RAID set.";
     }
-    return "This device cannot be selected, because it includes a RAID set.";
+    return {};
 }
 
 tl::expected<std::shared_ptr<ORVThunderboltInfo>, EnclosureRefusal>
@@ -165,9 +165,9 @@ std::string reasonText(DiskGuard guard)
     case DiskGuard::ReadOnly:
         return "its volume is mounted read-only";
     case DiskGuard::SameName:
-        break;
+        return "a bay before it shows the same name";
     }
-    return "a bay before it shows the same name";
+    return {};
 }
 
 std::string refusalText(const DiskRefusal &refusal)

@@ -16,10 +16,10 @@ std::string refusalText(OrderRefusal refusal)
         return "The source is not there any more, or another disk has taken its place. Nothing was touched. "
                "Choose the source again.";
     case OrderRefusal::SourceGoneSinceTheErase:
-        break;
+        return "The source is not there any more, or another disk has taken its place. Nothing was copied; the "
+               "report says which disks were erased. Choose the source again.";
     }
-    return "The source is not there any more, or another disk has taken its place. Nothing was copied; the "
-           "report says which disks were erased. Choose the source again.";
+    return {};
 }
 
 tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const ScannedDevices &devices,

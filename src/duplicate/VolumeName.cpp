@@ -25,9 +25,10 @@ FormatLimit limitOf(EraseFormat format)
         return {"xfs", 12, "bytes"};
     case EraseFormat::ExFat:
         return {"exFAT", 11, "characters"};
-    default:
+    case EraseFormat::Ext4:
         return {"ext4", 16, "bytes"};
     }
+    return {};
 }
 
 // Characters are counted as exFAT keeps them: those of four bytes take the place of two.
@@ -98,10 +99,11 @@ std::string reasonText(NameGuard guard, EraseFormat format)
         return "a name cannot begin or end with a blank, nor hold two in a row";
     case NameGuard::Blanks:
         return std::string("a name on ") + limit.name + " cannot hold blanks";
-    default:
+    case NameGuard::TooLong:
         return "longer than " + std::to_string(limit.length) + " " + limit.unit + ", which is the limit of " +
                limit.name;
     }
+    return {};
 }
 
 } // namespace orvana
