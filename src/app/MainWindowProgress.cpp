@@ -20,7 +20,7 @@ void MainWindow::showLastReport()
         return;
     if (m_reportWindow)
         m_reportWindow->close();
-    auto *window = new RunReportWindow(reportTable(*m_report), m_problems->lines());
+    auto *window = new RunReportWindow(reportTable(m_report->summary()), m_problems->lines());
     m_reportWindow = window;
     connect(window, &RunReportWindow::logWanted, this, logOpener());
     connect(this, &QObject::destroyed, window, &QWidget::close);

@@ -21,16 +21,13 @@ public:
 
     virtual void started(const CopyJob &job, const CopyCensus &census, const std::string &log) = 0;
     virtual void message(const std::string &text) = 0;
-    virtual void problem(const Json &problem) = 0;
+    virtual void problem(const RunProblem &problem) = 0;
 
     /// Called five times a second.
     virtual void progress(const CopyProgress &progress, RunReport &report) = 0;
     virtual void ended(ExitStatus status, const CopyProgress &progress, RunReport &report,
                        const std::string &log) = 0;
 };
-
-/// A problem of the run report on one line, for people.
-std::string problemText(const Json &problem);
 
 std::unique_ptr<CopyDisplay> makeTextDisplay(Terminal &terminal);
 std::unique_ptr<CopyDisplay> makeJsonDisplay(Terminal &terminal);

@@ -1,6 +1,7 @@
 #include "cli/CopyDisplay.h"
 
 #include "cli/Terminal.h"
+#include "duplicate/ReportJson.h"
 #include "duplicate/ReportTable.h"
 
 #include <nlohmann/json.hpp>
@@ -38,10 +39,10 @@ public:
         m_terminal.print(Json{{"event", "message"}, {"text", text}}.dump());
     }
 
-    void problem(const Json &problem) override
+    void problem(const RunProblem &problem) override
     {
         Json event = {{"event", "problem"}};
-        event.update(problem);
+        event.update(problemJson(problem));
         m_terminal.print(event.dump());
         m_terminal.printError(problemText(problem));
     }
@@ -65,15 +66,16 @@ public:
     void ended(ExitStatus status, const CopyProgress &progress, RunReport &report,
                const std::string &log) override
     {
+        const auto summary = report.summary();
         Json event = {{"event", "end"},
                       {"status", static_cast<int>(status)},
                       {"outcome", status == Cancelled ? "cancelled" : "finished"},
                       {"files", report.filesStarted()},
                       {"seconds", progress.elapsed()},
-                      {"headline", headlineOf(report)},
-                      {"leftOut", report.leftOutCount()},
-                      {"disks", report.disksJson()},
-                      {"destinations", report.destinationsJson()}};
+                      {"headline", headlineOf(summary)},
+                      {"leftOut", summary.leftOut},
+                      {"disks", disksJson(summary)},
+                      {"destinations", destinationsJson(summary)}};
         putPath(event, "log", log);
         putPath(event, "report", report.path());
         m_terminal.print(event.dump());

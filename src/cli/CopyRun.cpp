@@ -67,7 +67,7 @@ void CopyRun::begin()
     m_log.initLogFile();
     m_relay.runStarts();
     m_report = std::make_shared<RunReport>(m_log.folder(), m_log.stamp(), m_clock, m_log.number());
-    m_report->setProblemListener([this](const Json &problem) { m_display->problem(problem); });
+    m_report->setProblemListener([this](const RunProblem &problem) { m_display->problem(problem); });
 }
 
 ExitStatus CopyRun::copy(const CopyCensus &census)
@@ -141,7 +141,8 @@ void CopyRun::end(ExitStatus status)
 {
     m_status = status;
     m_display->ended(status, *m_progress, *m_report, m_log.logFilePath());
-    for (const auto &lines : {m_report->diskLines(), m_report->notOnDiskLines()}) {
+    const auto summary = m_report->summary();
+    for (const auto &lines : {diskLines(summary), notOnDiskLines(summary)}) {
         for (const auto &line : lines)
             m_terminal.printError(line);
     }

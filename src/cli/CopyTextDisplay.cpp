@@ -6,7 +6,6 @@
 #include "foundation/SizeText.h"
 
 #include <mutex>
-#include <nlohmann/json.hpp>
 
 namespace orvana::cli
 {
@@ -41,7 +40,7 @@ public:
         m_message = text;
     }
 
-    void problem(const Json &problem) override { m_terminal.printError(problemText(problem)); }
+    void problem(const RunProblem &problem) override { m_terminal.printError(problemText(problem)); }
 
     void progress(const CopyProgress &progress, RunReport &report) override
     {
@@ -66,10 +65,11 @@ public:
     {
         if (m_terminal.isScreen())
             m_terminal.showBlock("");
-        for (std::size_t i = 0; i < report.destinationCount(); ++i)
-            m_terminal.print(summaryOf(i, progress, report));
-        if (status != Cancelled && report.destinationCount() > 0)
-            m_terminal.print(headlineOf(report));
+        const auto summary = report.summary();
+        for (std::size_t i = 0; i < summary.destinations.size(); ++i)
+            m_terminal.print(textOf(summary.destinations[i], progress.rateOf(i)));
+        if (status != Cancelled && !summary.destinations.empty())
+            m_terminal.print(headlineOf(summary));
         m_terminal.print((status == Cancelled ? "Cancelled after " : "Ended after ") +
                          durationText(progress.elapsed()) + ".  Log: " + displayPath(log) +
                          (report.path().empty() ? "" : "  Report: " + displayPath(report.path())));
@@ -88,19 +88,19 @@ private:
         return line;
     }
 
-    static std::string summaryOf(std::size_t index, const CopyProgress &progress, RunReport &report)
+    static std::string textOf(const DestinationSummary &destination, double rate)
     {
-        const auto &tally = report.destination(index);
-        std::string line = displayPath(tally.root) + ": ";
-        if (!report.isOnDisk(index))
+        std::string line = displayPath(destination.path) + ": ";
+        if (destination.durability == Durability::NotKnown)
             line += "not known to be on disk: ";
-        line += std::to_string(tally.copied) + " copied, " + std::to_string(tally.failed) + " failed";
-        if (tally.verified + tally.mismatched + tally.unverified > 0)
-            line += ", " + std::to_string(tally.verified) + " verified, " + std::to_string(tally.mismatched) +
-                    " differ";
-        if (tally.unverified > 0)
-            line += ", " + std::to_string(tally.unverified) + " could not be read back";
-        return line + ", " + sizeText(tally.bytes) + ", " + rateText(progress.rateOf(index));
+        line += std::to_string(destination.copied + destination.notKnownToBeOnDisk) + " copied, " +
+                std::to_string(destination.failed) + " failed";
+        if (destination.verified + destination.mismatched + destination.unverified > 0)
+            line += ", " + std::to_string(destination.verified) + " verified, " +
+                    std::to_string(destination.mismatched) + " differ";
+        if (destination.unverified > 0)
+            line += ", " + std::to_string(destination.unverified) + " could not be read back";
+        return line + ", " + sizeText(destination.bytes) + ", " + rateText(rate);
     }
 
     Terminal &m_terminal;
@@ -110,16 +110,6 @@ private:
 };
 
 } // namespace
-
-std::string problemText(const Json &problem)
-{
-    const std::string kind = problem["kind"];
-    const std::string file = problem["file"];
-    const std::string destination = problem["destination"];
-    const std::string what =
-        kind == "mismatched" ? "the copy differs from its source" : problem["reason"].get<std::string>();
-    return kind + ": " + file + " -> " + destination + ": " + what;
-}
 
 std::unique_ptr<CopyDisplay> makeTextDisplay(Terminal &terminal)
 {

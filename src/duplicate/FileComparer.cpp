@@ -125,8 +125,8 @@ void FileComparer::readFromDisk(std::size_t index, const std::string &source)
     const auto size = copy.file->attributes();
     const bool mayLieInItsInode = traits.keepsSmallFilesInInodes && (!size || size->size <= SmallestBlock);
     m_run.report().verifiedFrom(index, isGone && traits.readsBackFromDisk && !mayLieInItsInode
-                                           ? RunReport::VerifiedFrom::Disk
-                                           : RunReport::VerifiedFrom::Cache);
+                                           ? VerifiedFrom::Disk
+                                           : VerifiedFrom::Cache);
 }
 
 void FileComparer::compareBlocks(File &from, std::uint64_t size)

@@ -274,7 +274,7 @@ void FileDuplicator::tellOutcome(std::size_t index, const std::string &source)
         m_run.fileFailed(index, source,
                          reason +
                              (output.otherName.empty() ? "" : ", called " + displayPath(output.otherName)),
-                         RunReport::Failure::SameFile);
+                         ProblemKind::SameFile);
     else if (output.error->problem == FileProblem::OfSource)
         m_run.fileFailed(index, source, "The existing file is left alone: " + reason);
     else
@@ -329,7 +329,7 @@ void FileDuplicator::closeOutputs(const std::string &source)
             m_run.fileFailed(i, source,
                              "The copy holds " + std::to_string(*output.tail) +
                                  " bytes of an older file behind it",
-                             RunReport::Failure::KeptTail);
+                             ProblemKind::KeptTail);
     }
     m_outputs.clear();
 }

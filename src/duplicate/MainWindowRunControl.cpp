@@ -125,7 +125,8 @@ void MainWindow::makeReport()
     m_report = std::make_shared<RunReport>(m_logData->folder(), m_logData->stamp(), m_context.clock,
                                            m_logData->number());
     m_problems = std::make_shared<RunProblems>();
-    m_report->setProblemListener([problems = m_problems](const Json &problem) { problems->add(problem); });
+    m_report->setProblemListener(
+        [problems = m_problems](const RunProblem &problem) { problems->add(problem); });
 }
 
 void MainWindow::CopyFile()
@@ -209,7 +210,7 @@ void MainWindow::finishReportWithoutCopy()
     m_runEnclosure.reset();
     m_order.reset();
     m_report->finish(RunOutcome::Finished);
-    if (!m_report->diskLines().empty())
+    if (!diskLines(m_report->summary()).empty())
         showLastReport();
     tellOfNoCopy();
 }
@@ -278,7 +279,7 @@ void MainWindow::runEnded()
     if (!isAllDone)
         showLastReport();
     tellDesktop(tr("Duplication finished"),
-                m_report ? shownText(headlineOf(*m_report)) : tr("All files have been copied."));
+                m_report ? shownText(headlineOf(m_report->summary())) : tr("All files have been copied."));
 }
 
 void MainWindow::StopDuplicate()
@@ -296,7 +297,7 @@ void MainWindow::StopDuplicate()
 // A disk whose erase failed is reported, also when the run was ended before its copy was done.
 void MainWindow::showReportOfDisks()
 {
-    if (m_report && m_erasedInRun && !m_report->diskLines().empty())
+    if (m_report && m_erasedInRun && !diskLines(m_report->summary()).empty())
         showLastReport();
 }
 

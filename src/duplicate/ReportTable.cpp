@@ -1,10 +1,10 @@
 #include "duplicate/ReportTable.h"
 
-#include "duplicate/RunReport.h"
+#include "duplicate/RunSummary.h"
+#include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 namespace orvana
 {
@@ -12,85 +12,74 @@ namespace orvana
 namespace
 {
 
-std::string numberIn(const Json &entry, const char *key)
+std::string rateOf(const DestinationSummary &destination)
 {
-    return std::to_string(entry.value(key, std::int64_t{0}));
-}
-
-std::string rateOf(const Json &entry)
-{
-    const double seconds = entry.value("secondsWriting", 0.0) + entry.value("secondsSyncing", 0.0);
+    const double seconds = destination.secondsWriting + destination.secondsSyncing;
     if (seconds <= 0)
         return "-";
-    const double rate = static_cast<double>(entry.value("bytes", std::uint64_t{0})) / seconds;
+    const double rate = static_cast<double>(destination.bytes) / seconds;
     return sizeText(static_cast<std::uint64_t>(rate)) + "/s";
 }
 
-ReportTable::Row rowOfDestination(const Json &entry)
+ReportTable::Row rowOfDestination(const DestinationSummary &destination)
 {
-    return {entry.value("path", ""),
-            numberIn(entry, "copied"),
-            numberIn(entry, "failed"),
-            numberIn(entry, "verified"),
-            numberIn(entry, "mismatched"),
-            sizeText(entry.value("bytes", std::uint64_t{0})),
-            rateOf(entry),
-            entry.value("reason", "")};
+    return {displayPath(destination.path),
+            std::to_string(destination.copied),
+            std::to_string(destination.failed),
+            std::to_string(destination.verified),
+            std::to_string(destination.mismatched),
+            sizeText(destination.bytes),
+            rateOf(destination),
+            destination.reason};
+}
+
+std::string placeOf(const DiskEntry &disk)
+{
+    return disk.bay + " (" + displayPath(disk.name) + ")";
 }
 
 // The reason why a disk is no destination.
-std::string whyNoPart(const Json &entry)
+std::string whyNoPart(const DiskEntry &disk)
 {
-    const bool failed = entry.value("outcome", "") == "eraseFailed";
-    return (failed ? "could not be erased: " : "took no part: ") + entry.value("reason", "");
+    const bool failed = disk.outcome == DiskOutcome::EraseFailed;
+    return (failed ? "could not be erased: " : "took no part: ") + disk.reason;
 }
 
-ReportTable::Row rowOfDisk(const Json &entry)
+ReportTable::Row rowOfDisk(const DiskEntry &disk)
 {
-    return {entry.value("bay", "") + " (" + entry.value("name", "") + ")",
-            "-",
-            "-",
-            "-",
-            "-",
-            "-",
-            "-",
-            whyNoPart(entry)};
-}
-
-bool holdsEveryFile(const Json &entry)
-{
-    return entry["onDisk"] != Json(false) && entry.value("failed", 0) == 0 &&
-           entry.value("mismatched", 0) == 0 && entry.value("unverified", 0) == 0;
+    return {placeOf(disk), "-", "-", "-", "-", "-", "-", whyNoPart(disk)};
 }
 
 // The faults of a destination.
-std::string lackOf(const Json &entry)
+std::string lackOf(const DestinationSummary &destination)
 {
-    if (entry["onDisk"] == Json(false))
-        return entry.value("reason", "");
+    if (destination.durability == Durability::NotKnown)
+        return destination.reason;
     std::string text;
-    const auto add = [&](const char *key, const char *words) {
-        if (entry.value(key, 0) > 0)
-            text.append(text.empty() ? "" : ", ").append(numberIn(entry, key)).append(words);
+    const auto add = [&](std::int64_t count, const char *words) {
+        if (count > 0)
+            text.append(text.empty() ? "" : ", ").append(std::to_string(count)).append(words);
     };
-    add("failed", " failed");
-    add("mismatched", " differ");
-    add("unverified", " could not be compared");
+    add(destination.failed, " failed");
+    add(destination.mismatched, " differ");
+    add(destination.unverified, " could not be compared");
     return text;
 }
 
 // Of destinations that hold every file: whether all were read back, and from where.
-std::string verifiedText(const std::vector<Json> &good)
+std::string verifiedText(const std::vector<DestinationSummary> &good)
 {
     const auto all = [&](auto holds) { return std::all_of(good.begin(), good.end(), holds); };
-    const bool isVerified = all([](const Json &entry) {
-        return entry.value("verified", 0) > 0 && entry["verified"] == entry["copied"];
+    const bool isVerified = all([](const DestinationSummary &destination) {
+        return destination.verified > 0 && destination.verified == destination.copied;
     });
     if (!isVerified)
-        return all([](const Json &entry) { return entry.value("verified", 0) == 0; })
+        return all([](const DestinationSummary &destination) { return destination.verified == 0; })
                    ? ""
                    : ", not all of it verified";
-    return all([](const Json &entry) { return entry["verifiedFrom"] == "disk"; })
+    return all([](const DestinationSummary &destination) {
+        return destination.verifiedFrom == VerifiedFrom::Disk;
+    })
                ? ", verified from the disk"
                : ", verified as memory shows it";
 }
@@ -108,43 +97,42 @@ std::string countText(std::size_t good, std::size_t all)
 
 } // namespace
 
-std::string headlineOf(const RunReport &report)
+std::string headlineOf(const RunSummary &summary)
 {
-    if (report.destinationCount() == 0)
+    if (summary.destinations.empty())
         return "Nothing was copied: no destination.";
-    std::vector<Json> good;
+    std::vector<DestinationSummary> good;
     std::string lacks;
-    const auto all = report.destinationsJson();
-    for (const auto &entry : all) {
-        if (holdsEveryFile(entry))
-            good.push_back(entry);
+    for (const auto &destination : summary.destinations) {
+        if (isWhole(destination))
+            good.push_back(destination);
         else
-            lacks += "; " + entry.value("path", "") + ": " + lackOf(entry);
+            lacks += "; " + displayPath(destination.path) + ": " + lackOf(destination);
     }
-    auto text = countText(good.size(), all.size());
+    auto text = countText(good.size(), summary.destinations.size());
     if (!good.empty())
         text += verifiedText(good);
     text += lacks;
-    for (const auto &entry : report.disksJson()) {
-        if (entry.value("outcome", "") != "erased")
-            text += "; " + entry.value("bay", "") + " (" + entry.value("name", "") + ") " + whyNoPart(entry);
+    for (const auto &disk : summary.disks) {
+        if (disk.outcome != DiskOutcome::Erased)
+            text += "; " + placeOf(disk) + " " + whyNoPart(disk);
     }
-    if (const auto count = report.leftOutCount(); count > 0)
+    if (const auto count = summary.leftOut; count > 0)
         text +=
             "; " + std::to_string(count) + (count == 1 ? " item was" : " items were") + " left out by rule";
     return text + ".";
 }
 
-ReportTable reportTable(const RunReport &report)
+ReportTable reportTable(const RunSummary &summary)
 {
     ReportTable table;
-    for (const auto &entry : report.destinationsJson())
-        table.rows.push_back(rowOfDestination(entry));
-    for (const auto &entry : report.disksJson()) {
-        if (entry.value("outcome", "") != "erased")
-            table.rows.push_back(rowOfDisk(entry));
+    for (const auto &destination : summary.destinations)
+        table.rows.push_back(rowOfDestination(destination));
+    for (const auto &disk : summary.disks) {
+        if (disk.outcome != DiskOutcome::Erased)
+            table.rows.push_back(rowOfDisk(disk));
     }
-    table.headline = headlineOf(report);
+    table.headline = headlineOf(summary);
     return table;
 }
 

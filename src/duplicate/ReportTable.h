@@ -7,7 +7,7 @@
 namespace orvana
 {
 
-class RunReport;
+struct RunSummary;
 
 /// What a run did, as a table for people: one row for each destination and each disk that took no part.
 struct ReportTable
@@ -23,9 +23,9 @@ struct ReportTable
 /// The one sentence on the whole run: what holds every file, how that was verified, and what does not, with
 /// the reason. "2 of 3 destinations hold every file, verified from the disk; Slot-C (COPY2) took no part: the
 /// selection does not fit."
-std::string headlineOf(const RunReport &report);
+std::string headlineOf(const RunSummary &summary);
 
-ReportTable reportTable(const RunReport &report);
+ReportTable reportTable(const RunSummary &summary);
 
 /// The table as text with columns set apart by tabs, and `lines` below it.
 std::string textOf(const ReportTable &table, const std::vector<std::string> &lines);

@@ -16,7 +16,8 @@ std::string refusalText(OrderRefusal refusal)
         return "The source is not there any more, or another disk has taken its place. Nothing was touched. "
                "Choose the source again.";
     case OrderRefusal::SourceGoneSinceTheErase:
-        return "The source is not there any more, or another disk has taken its place. Nothing was copied; the "
+        return "The source is not there any more, or another disk has taken its place. Nothing was copied; "
+               "the "
                "report says which disks were erased. Choose the source again.";
     }
     return {};

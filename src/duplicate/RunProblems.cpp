@@ -1,21 +1,21 @@
 #include "duplicate/RunProblems.h"
 
-#include <nlohmann/json.hpp>
+#include "foundation/DisplayPath.h"
 
 namespace orvana
 {
 
-void RunProblems::add(const Json &problem)
+void RunProblems::add(const RunProblem &problem)
 {
     const std::lock_guard lock(m_mutex);
     if (m_lines.size() == Kept) {
         ++m_more;
         return;
     }
-    std::string line = problem.value("destination", "");
-    line.append(": ").append(problem.value("file", "")).append(": ").append(problem.value("kind", ""));
-    if (const auto reason = problem.value("reason", ""); !reason.empty())
-        line.append(", ").append(reason);
+    std::string line = displayPath(problem.destination);
+    line.append(": ").append(displayPath(problem.file)).append(": ").append(nameOf(problem.kind));
+    if (!problem.reason.empty())
+        line.append(", ").append(problem.reason);
     m_lines.push_back(std::move(line));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/PathJson.h"
+#include "duplicate/RunSummary.h"
 
 #include <cstddef>
 #include <mutex>
@@ -16,8 +16,7 @@ class RunProblems
 public:
     static constexpr std::size_t Kept = 1000;
 
-    /// Takes a problem as the report tells it.
-    void add(const Json &problem);
+    void add(const RunProblem &problem);
 
     /// One line each: destination, file and what is wrong. Says at the end how many more there were.
     std::vector<std::string> lines() const;

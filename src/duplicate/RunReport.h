@@ -1,7 +1,7 @@
 #pragma once
 
-#include "duplicate/DiskEntry.h"
 #include "duplicate/ReportFile.h"
+#include "duplicate/RunSummary.h"
 #include "foundation/Clock.h"
 
 #include <atomic>
@@ -37,16 +37,6 @@ struct DestinationTally
     std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
 };
 
-enum class RunOutcome { Finished, Cancelled };
-
-/// Seconds spent in the phases of a run.
-struct PhaseTimes
-{
-    double copy = 0;
-    double verify = 0;
-    double sync = 0;
-};
-
 /// The account of one run, kept while it goes on and written as "<stamp>-Report.json" at its end.
 ///
 /// It holds counts only; failures and mismatches go to a file as they come, so its memory does not grow with
@@ -74,21 +64,12 @@ public:
     DestinationTally &destination(std::size_t index);
     std::size_t destinationCount() const;
 
-    /// The kinds of failure of a file on a destination.
-    enum class Failure {
-        Failed,        ///< it could not be brought there
-        KeptTail,      ///< the copy holds bytes of an older, longer file behind its end
-        SourceChanged, ///< the source was written to meanwhile
-        SameFile,      ///< its name leads to the copy of another file
-    };
-
     /// `file` could not be brought to the destination, for `reason`.
     void failed(std::size_t index, std::string_view file, std::string_view reason,
-                Failure failure = Failure::Failed);
+                ProblemKind kind = ProblemKind::Failed);
 
     /// `item` of the source was left out, by `rule`.
     void leftOut(std::string_view item, std::string_view rule);
-    std::int64_t leftOutCount() const { return m_leftOut; }
 
     /// `blocks` blocks of the copy of `file` differ, the first at byte `firstOffset`.
     void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
@@ -98,7 +79,6 @@ public:
 
     /// Reading back showed what the disk holds, or only what memory holds.
     /// Cache, once said, stays.
-    enum class VerifiedFrom { Disk, Cache };
     void verifiedFrom(std::size_t index, VerifiedFrom from);
 
     /// What was written to the destination is on its disk. Until this is said it does not count as done.
@@ -110,8 +90,11 @@ public:
     /// What was written to the destination is not known to be on its disk, for `reason`.
     void notOnDisk(std::size_t index, std::string_view reason);
 
-    /// Called with every problem as it stands in the report, on the thread that notes it. Set before the run.
-    void setProblemListener(std::function<void(const Json &)> listener) { m_listener = std::move(listener); }
+    /// Called with every problem, on the thread that notes it. Set before the run.
+    void setProblemListener(std::function<void(const RunProblem &)> listener)
+    {
+        m_listener = std::move(listener);
+    }
 
     void fileStarted(std::uint64_t bytes);
     void blockCompared(std::uint64_t bytes) { m_comparedBytes += bytes; }
@@ -127,24 +110,12 @@ public:
     /// is none that could be missed.
     bool isWritten() const;
 
-    /// True once it was said that the destination's files are on its disk.
-    bool isOnDisk(std::size_t index) const;
-
-    /// A line for people for each destination that is not known to hold on its disk what was written.
-    std::vector<std::string> notOnDiskLines() const;
-
-    /// The destinations as they stand in the report.
-    Json destinationsJson() const;
-
-    /// A line for people for each disk that was not erased, or takes no part, though its bay holds one.
-    std::vector<std::string> diskLines() const;
-
-    /// The disks as they stand in the report.
-    Json disksJson() const;
+    /// The run as it is by now.
+    RunSummary summary() const;
 
     /// True when every file is on every destination and nothing differed, as far as the run came, and no
     /// disk failed or was refused.
-    bool allDone() const;
+    bool allDone() const { return isAllDone(summary()); }
 
     /// Files whose copy was started.
     std::int64_t filesStarted() const { return m_filesStarted; }
@@ -159,16 +130,14 @@ private:
 
         DestinationTally tally;
         std::string notOnDiskReason = "the run ended before the final sync";
-        std::string verifiedFrom = "none";
-        bool onDisk = false;
-        bool isMemory = false; ///< with `onDisk`
+        VerifiedFrom verifiedFrom = VerifiedFrom::None;
+        Durability durability = Durability::NotKnown;
     };
 
-    void addProblem(const char *kind, std::size_t index, std::string_view file, const Json &detail);
+    void addProblem(const RunProblem &problem);
     const DestinationTally *slowest() const;
-    Json destinations() const;
-    Json disks() const;
-    Json summary(RunOutcome outcome) const;
+    DestinationSummary summaryOf(const DestinationState &state) const;
+    RunSummary summaryNow(RunOutcome outcome) const; // with the mutex held
 
     const std::string m_stamp;
     const int m_number;
@@ -177,7 +146,7 @@ private:
     std::atomic<std::int64_t> m_filesStarted{0};
     std::atomic<std::uint64_t> m_sourceBytes{0};
     std::atomic<std::uint64_t> m_comparedBytes{0};
-    std::function<void(const Json &)> m_listener;
+    std::function<void(const RunProblem &)> m_listener;
 
     mutable std::mutex m_mutex;
     ReportFile m_file;
@@ -190,6 +159,7 @@ private:
     std::string m_note;
     std::deque<DestinationState> m_destinations; // grows without moving its members
     bool m_finished = false;
+    RunOutcome m_outcome = RunOutcome::Finished; // once it is finished
     std::string m_path;
 };
 

@@ -120,7 +120,7 @@ void RunState::sourceChanged(std::size_t index, const std::string &source)
 {
     if (std::exchange(m_copiedHere[index], char{0}) != 0)
         --tally(index).copied;
-    fileFailed(index, source, "The source was written to meanwhile", RunReport::Failure::SourceChanged);
+    fileFailed(index, source, "The source was written to meanwhile", ProblemKind::SourceChanged);
 }
 
 void RunState::startFile()
@@ -144,11 +144,11 @@ void RunState::takeBack(std::size_t index, const std::string &source, const plat
 }
 
 void RunState::fileFailed(std::size_t index, const std::string &source, const std::string &reason,
-                          RunReport::Failure failure)
+                          ProblemKind kind)
 {
     if (index < m_failedHere.size())
         m_failedHere[index] = 1;
-    report().failed(index, source, reason, failure);
+    report().failed(index, source, reason, kind);
 }
 
 void RunState::noteSync(std::size_t index, const WriteOutPump::Outcome &outcome)

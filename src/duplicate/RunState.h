@@ -88,7 +88,7 @@ public:
 
     /// Notes in the report that `source` does not get to the destination at `index`.
     void fileFailed(std::size_t index, const std::string &source, const std::string &reason,
-                    RunReport::Failure failure = RunReport::Failure::Failed);
+                    ProblemKind kind = ProblemKind::Failed);
 
     /// The file in hand, counted as copied, is no copy of its source any more, which was written to.
     void sourceChanged(std::size_t index, const std::string &source);

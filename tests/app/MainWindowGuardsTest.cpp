@@ -62,12 +62,11 @@ TEST_F(GuardsTest, PickerBackOnItsPlaceholderErasesCopiesAndEjectsNothing)
 TEST_F(GuardsTest, DiskThatIsNoLongerTheOneThatWasShownIsNotErased)
 {
     startWithEnclosure();
-    actions().setIsDuplicating(true); // so that nobody hears of what happens to the bay
+    // Start is faster than the rescan, which comes half a second after the change.
     move("detach", "1/B");
-    pass(std::chrono::seconds(1));
+    pass(std::chrono::milliseconds(210));
     move("attach", "1/B");
-    pass(std::chrono::seconds(5));
-    actions().setIsDuplicating(false);
+    pass(std::chrono::milliseconds(210));
     ASSERT_EQ(window().layoutState(), 1);
     pressStart();
     untilSheet("Warning");

@@ -78,8 +78,7 @@ TEST(RunProblems, FirstThousandAreKeptAndTheRestIsCounted)
 {
     RunProblems problems;
     for (int i = 0; i < 1002; ++i)
-        problems.add(
-            {{"kind", "failed"}, {"file", std::to_string(i)}, {"destination", "/d"}, {"reason", "full"}});
+        problems.add({ProblemKind::Failed, std::to_string(i), "/d", "full"});
     const auto lines = problems.lines();
     ASSERT_EQ(lines.size(), 1001U);
     EXPECT_EQ(lines.front(), "/d: 0: failed, full");

@@ -36,7 +36,7 @@ TEST_F(DiskReport, NamesEachErasedDisk)
 {
     reportErase(m_report, m_erase, {{m_erase.disks[0].info, true, {}}, {m_erase.disks[1].info, true, {}}});
     EXPECT_TRUE(m_report.allDone());
-    EXPECT_EQ(m_report.diskLines(), Lines());
+    EXPECT_EQ(diskLines(m_report.summary()), Lines());
     EXPECT_EQ(written()["disks"][0], Json::parse(R"({"bay":"Slot-B","name":"COPY1","model":"Model 2",
         "serial":"SN2","device":"/dev/disk2","outcome":"erased"})"));
 }
@@ -46,7 +46,7 @@ TEST_F(DiskReport, FailedEraseIsToldWithItsReason)
     reportErase(m_report, m_erase,
                 {{m_erase.disks[0].info, false, "Error: busy"}, {m_erase.disks[1].info, true, {}}});
     EXPECT_FALSE(m_report.allDone());
-    EXPECT_EQ(m_report.diskLines(), (Lines{"Slot-B (COPY1): could not be erased: Error: busy"}));
+    EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-B (COPY1): could not be erased: Error: busy"}));
     const auto disk = written()["disks"][0];
     EXPECT_EQ(disk["outcome"], "eraseFailed");
     EXPECT_EQ(disk["reason"], "Error: busy");
@@ -63,7 +63,7 @@ TEST_F(DiskReport, OnlyBaysWhoseEraseIsKnownToHaveSucceededAreErased)
 TEST_F(DiskReport, DiskThatTheToolDidNotComeToCountsAsFailed)
 {
     reportErase(m_report, m_erase, {{m_erase.disks[0].info, true, {}}});
-    EXPECT_EQ(m_report.diskLines(),
+    EXPECT_EQ(diskLines(m_report.summary()),
               (Lines{"Slot-C (COPY2): could not be erased: the erase was stopped before it"}));
 }
 
@@ -74,7 +74,7 @@ TEST_F(DiskReport, RefusedDiskFailsTheRun)
         {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}}, {{"Slot-B", "COPY1", DiskGuard::NotMounted}}, {}},
         {});
     EXPECT_FALSE(m_report.allDone());
-    EXPECT_EQ(m_report.diskLines(), (Lines{"Slot-B (COPY1): refused: its volume is not mounted"}));
+    EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-B (COPY1): refused: its volume is not mounted"}));
 }
 
 TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
@@ -87,7 +87,7 @@ TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
                         {Bay::D}},
                        choice);
     EXPECT_TRUE(m_report.allDone());
-    EXPECT_EQ(m_report.diskLines(), (Lines{"Slot-A (Master): left out: it carries the source",
+    EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-A (Master): left out: it carries the source",
                                            "Slot-D (SMALL): left out: the selection does not fit"}));
     EXPECT_EQ(written()["disks"][1]["outcome"], "leftOut");
 }
@@ -98,7 +98,7 @@ TEST_F(DiskReport, WhatIsRefusedForTheEraseAndForTheCopyIsToldOnce)
     m_erase.refusals = refusals;
     reportErase(m_report, m_erase, {});
     reportDestinations(m_report, {{}, refusals, {}}, {});
-    EXPECT_EQ(m_report.diskLines().size(), 3U);
+    EXPECT_EQ(diskLines(m_report.summary()).size(), 3U);
 }
 
 TEST_F(DiskReport, RunWithoutADestinationSaysSo)

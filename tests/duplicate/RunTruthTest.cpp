@@ -196,7 +196,7 @@ TEST_F(RunTruth, EveryItemThatIsLeftOutIsNamedWithItsRule)
     EXPECT_EQ(lines[0], source("docs/Temporary Items") + ": its place is one that is never copied");
     EXPECT_EQ(lines[1], source("docs/inner/link") + ": it is a symbolic link");
     EXPECT_EQ(report()["leftOut"], 2);
-    EXPECT_EQ(m_report->leftOutCount(), 2);
+    EXPECT_EQ(m_report->summary().leftOut, 2);
     EXPECT_TRUE(m_report->allDone());
 }
 

@@ -108,8 +108,8 @@ TEST_F(MediumFault, DataThatLiesInAnInodeIsNotSaidToComeFromTheDisk)
     engine.setBVerifyFiles(true);
     engine.setReport(report);
     engine.StartBackup();
-    EXPECT_EQ(report->destinationsJson()[0]["verified"], 1);
-    EXPECT_EQ(report->destinationsJson()[0]["verifiedFrom"], "cache");
+    EXPECT_EQ(report->summary().destinations[0].verified, 1);
+    EXPECT_EQ(report->summary().destinations[0].verifiedFrom, VerifiedFrom::Cache);
 }
 
 TEST_F(MediumFault, NamesThatAVolumeDoesNotTellApartAreTheSameFile)
