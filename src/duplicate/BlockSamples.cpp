@@ -18,10 +18,10 @@ namespace
 {
 
 // Reads the block of the copy at `offset` into the run's second block, from the disk.
-platform::Expected<std::size_t> readAgain(RunState &run, std::size_t index, const std::string &copy,
+platform::Expected<std::size_t> readAgain(RunState &run, Target &target, const std::string &copy,
                                           std::uint64_t offset)
 {
-    const auto file = run.destination(index).openFile(copy, Access::Read);
+    const auto file = target.destination.openFile(copy, Access::Read);
     if (!file)
         return tl::unexpected(file.error());
     (*file)->dropCached(0, File::ToTheEnd);
@@ -66,22 +66,22 @@ void BlockSamples::compareOne(RunState &run, const Sample &sample, Told &told)
                                                                    : platform::Expected<std::size_t>(0);
     if (!count || *count == 0)
         return;
-    for (std::size_t i = 0; i < run.destinationCount() && i < sample.copies.size(); ++i) {
-        if (!sample.copies[i] || told.contains({i, sample.source}))
-            continue;
-        const auto there = readAgain(run, i, *sample.copies[i], sample.offset);
+    run.forEachCopy(sample.copies, [&](Target &target, const std::string &copy) {
+        if (told.contains({target.index, sample.source}))
+            return;
+        const auto there = readAgain(run, target, copy, sample.offset);
         const bool isEqual =
             there && *there >= *count && std::memcmp(wanted.data(), run.block(1).data(), *count) == 0;
         if (isEqual)
-            continue;
-        told.insert({i, sample.source});
-        --run.tally(i).verified;
+            return;
+        told.insert({target.index, sample.source});
+        --target.tally.verified;
         if (there)
-            run.report().mismatched(i, sample.source, sample.offset, 1);
+            run.report().mismatched(target.index, sample.source, sample.offset, 1);
         else
-            run.report().unverified(i, sample.source,
+            run.report().unverified(target.index, sample.source,
                                     "The copy cannot be read again: " + there.error().reason());
-    }
+    });
 }
 
 } // namespace orvana

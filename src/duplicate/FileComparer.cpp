@@ -2,6 +2,7 @@
 
 #include "duplicate/RunState.h"
 #include "duplicate/SourceTime.h"
+#include "duplicate/Target.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
@@ -61,10 +62,10 @@ int FileComparer::compare(const std::string &source, const OutArray &copies)
     const auto from = m_run.sources().openFile(source, Access::Read);
     if (!from) {
         systemLog("Open of " + displayPath(source) + " for reading failed");
-        for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
-            if (copies[i])
-                m_run.report().unverified(i, source, "The source cannot be opened: " + from.error().reason());
-        }
+        m_run.forEachCopy(copies, [&](Target &target, const std::string &) {
+            m_run.report().unverified(target.index, source,
+                                      "The source cannot be opened: " + from.error().reason());
+        });
         return -1;
     }
     (*from)->dropCached(0, File::ToTheEnd);
@@ -83,50 +84,51 @@ int FileComparer::compare(const std::string &source, const OutArray &copies)
 
 void FileComparer::openCopies(const std::string &source, const OutArray &copies)
 {
-    m_copies.resize(m_run.destinationCount());
-    for (std::size_t i = 0; i < m_copies.size(); ++i) {
-        auto &copy = m_copies[i];
-        copy.file.reset();
-        copy.error.reset();
-        copy.sourceError.reset();
-        copy.differences = 0;
-        if (i >= copies.size() || !copies[i])
-            continue;
-        auto opened = m_run.destination(i).openFile(*copies[i], Access::Read);
+    for (auto &target : m_run.targets()) {
+        auto &copy = target.comparison;
+        auto block = std::move(copy.block);
+        copy = {};
+        copy.block = std::move(block);
+    }
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &path) {
+        auto &copy = target.comparison;
+        auto opened = target.destination.openFile(path, Access::Read);
         if (opened) {
             copy.file = std::move(*opened);
             if (!copy.block)
                 copy.block = std::make_unique_for_overwrite<std::byte[]>(BlockSize);
-        } else if (m_run.isCopiedHere(i))
-            m_run.report().unverified(i, source, "The copy cannot be opened: " + opened.error().reason());
-    }
+        } else if (target.isCopied) {
+            m_run.report().unverified(target.index, source,
+                                      "The copy cannot be opened: " + opened.error().reason());
+        }
+    });
     m_diskIsRead = false;
     // All are sent on their way before the first is waited for.
-    for (auto &copy : m_copies) {
-        if (copy.file)
-            (void)copy.file->startWriteOut(0, File::ToTheEnd);
+    for (auto &target : m_run.targets()) {
+        if (target.comparison.file)
+            (void)target.comparison.file->startWriteOut(0, File::ToTheEnd);
     }
-    for (std::size_t i = 0; i < m_copies.size(); ++i)
-        readFromDisk(i, source);
+    for (auto &target : m_run.targets())
+        readFromDisk(target, source);
 }
 
-void FileComparer::readFromDisk(std::size_t index, const std::string &source)
+void FileComparer::readFromDisk(Target &target, const std::string &source)
 {
-    auto &copy = m_copies[index];
+    auto &copy = target.comparison;
     if (!copy.file)
         return;
-    const auto traits = m_run.destination(index).traits();
+    const auto traits = target.destination.traits();
     const auto written = copy.file->finishWriteOut(0, File::ToTheEnd);
-    if (!written && m_run.isCopiedHere(index))
-        m_run.takeBack(index, source, written.error());
+    if (!written && target.isCopied)
+        m_run.takeBack(target, source, written.error());
     // A copy that was seen to be gone from memory is read from the disk. Any other may come from memory.
     const bool isGone = !traits.isMemory && dropped(*copy.file);
     m_diskIsRead = m_diskIsRead || isGone;
     const auto size = copy.file->attributes();
     const bool mayLieInItsInode = traits.keepsSmallFilesInInodes && (!size || size->size <= SmallestBlock);
-    m_run.report().verifiedFrom(index, isGone && traits.readsBackFromDisk && !mayLieInItsInode
-                                           ? VerifiedFrom::Disk
-                                           : VerifiedFrom::Cache);
+    m_run.report().verifiedFrom(target.index, isGone && traits.readsBackFromDisk && !mayLieInItsInode
+                                                  ? VerifiedFrom::Disk
+                                                  : VerifiedFrom::Cache);
 }
 
 void FileComparer::compareBlocks(File &from, std::uint64_t size)
@@ -155,22 +157,23 @@ Expected<std::size_t> FileComparer::compareAndReadAhead(File &from, std::span<co
 {
     const auto next = offset + block.size();
     if (!m_sideBySide) {
-        for (std::size_t i = 0; i < m_copies.size(); ++i)
-            compareBlock(i, block, offset);
+        for (auto &target : m_run.targets())
+            compareBlock(target.comparison, block, offset);
         return from.read(m_run.block(spare), next);
     }
-    const Lanes::Work work = [&](std::size_t lane) { compareBlock(lane, block, offset); };
+    const Lanes::Work work = [&](std::size_t index) {
+        compareBlock(m_run.target(index).comparison, block, offset);
+    };
     if (block.size() == BlockSize)
         from.willRead(next, BlockSize);
     Expected<std::size_t> ahead;
-    m_run.lanes().doBeside(work, m_copies.size(), m_copies.size(),
+    m_run.lanes().doBeside(work, m_run.targets().size(), m_run.targets().size(),
                            [&] { ahead = from.read(m_run.block(spare), next); });
     return ahead;
 }
 
-void FileComparer::compareBlock(std::size_t index, std::span<const std::byte> block, std::uint64_t offset)
+void FileComparer::compareBlock(ComparedCopy &copy, std::span<const std::byte> block, std::uint64_t offset)
 {
-    auto &copy = m_copies[index];
     copy.differsHere = false;
     if (!copy.file)
         return;
@@ -186,7 +189,8 @@ void FileComparer::compareBlock(std::size_t index, std::span<const std::byte> bl
 
 void FileComparer::tellDifferences(std::uint64_t offset)
 {
-    for (auto &copy : m_copies) {
+    for (auto &target : m_run.targets()) {
+        auto &copy = target.comparison;
         if (!copy.differsHere)
             continue;
         m_run.postMessage(Failed);
@@ -198,11 +202,11 @@ void FileComparer::tellDifferences(std::uint64_t offset)
 // The copies may be good; what cannot be read is the source.
 void FileComparer::tellUnreadableSource(const platform::FileError &error)
 {
-    for (auto &copy : m_copies) {
-        if (!copy.file)
+    for (auto &target : m_run.targets()) {
+        if (!target.comparison.file)
             continue;
         m_run.postMessage(Failed);
-        copy.sourceError = error;
+        target.comparison.sourceError = error;
     }
 }
 
@@ -212,13 +216,11 @@ void FileComparer::noteSample(const std::string &source, const OutArray &copies,
 {
     if (size == 0 || !m_run.sourceInHand())
         return;
-    auto good = copies;
-    for (std::size_t i = 0; i < good.size(); ++i) {
-        const bool isGood = i < m_copies.size() && m_copies[i].file && !m_copies[i].error &&
-                            m_copies[i].differences == 0 && !m_run.hasFailed(i);
-        if (!isGood)
-            good[i].reset();
-    }
+    OutArray good(m_run.targets().size());
+    m_run.forEachCopy(copies, [&](const Target &target, const std::string &path) {
+        if (target.comparison.isGood() && !target.hasFailed)
+            good[target.index] = path;
+    });
     constexpr std::uint64_t Between = 64 * BlockSize;
     for (std::uint64_t offset = 0; offset < size; offset += Between)
         m_samples.note(source, *m_run.sourceInHand(), good, offset);
@@ -234,28 +236,30 @@ bool FileComparer::isSourceChanged(const File &from) const
 
 void FileComparer::noteChangedSource(const std::string &source)
 {
-    for (std::size_t i = 0; i < m_copies.size(); ++i) {
-        if (m_copies[i].file && !m_run.hasFailed(i))
-            m_run.sourceChanged(i, source);
+    for (auto &target : m_run.targets()) {
+        if (target.comparison.file && !target.hasFailed)
+            m_run.sourceChanged(target, source);
     }
 }
 
 void FileComparer::noteResults(const std::string &source)
 {
-    for (std::size_t i = 0; i < m_copies.size(); ++i) {
-        auto &copy = m_copies[i];
+    auto &report = m_run.report();
+    for (auto &target : m_run.targets()) {
+        auto &copy = target.comparison;
         const auto file = std::exchange(copy.file, nullptr);
-        // One that failed is compared, but told as failed already.
-        if (!file || m_run.hasFailed(i))
+        // A copy that failed is compared, but it is reported as failed already.
+        if (!file || target.hasFailed)
             continue;
         if (copy.error)
-            m_run.report().unverified(i, source, "The copy cannot be read: " + copy.error->reason());
+            report.unverified(target.index, source, "The copy cannot be read: " + copy.error->reason());
         else if (copy.differences == 0 && copy.sourceError)
-            m_run.report().unverified(i, source, "The source cannot be read: " + copy.sourceError->reason());
+            report.unverified(target.index, source,
+                              "The source cannot be read: " + copy.sourceError->reason());
         else if (copy.differences > 0)
-            m_run.report().mismatched(i, source, copy.firstOffset, copy.differences);
+            report.mismatched(target.index, source, copy.firstOffset, copy.differences);
         else
-            ++m_run.tally(i).verified;
+            ++target.tally.verified;
     }
 }
 

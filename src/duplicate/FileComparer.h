@@ -13,6 +13,8 @@ namespace orvana
 {
 
 class RunState;
+struct ComparedCopy;
+struct Target;
 
 /// Reads a file and its copies back, block by block, and tells where they differ.
 ///
@@ -29,25 +31,14 @@ public:
     void compareSamples() const { m_samples.compare(m_run); }
 
 private:
-    struct Copy
-    {
-        std::unique_ptr<platform::File> file; ///< null for one that does not take part (any more)
-        std::unique_ptr<std::byte[]> block;
-        bool differsHere = false; ///< in the block in hand
-        std::optional<platform::FileError> error;
-        std::optional<platform::FileError> sourceError;
-        std::int64_t differences = 0;
-        std::uint64_t firstOffset = 0;
-    };
-
     void openCopies(const std::string &source, const OutArray &copies);
-    void readFromDisk(std::size_t index, const std::string &source);
+    void readFromDisk(Target &target, const std::string &source);
     void compareBlocks(platform::File &from, std::uint64_t size);
     void noteSample(const std::string &source, const OutArray &copies, std::uint64_t size);
     platform::Expected<std::size_t> compareAndReadAhead(platform::File &from,
                                                         std::span<const std::byte> block,
                                                         std::uint64_t offset, int spare);
-    void compareBlock(std::size_t index, std::span<const std::byte> block, std::uint64_t offset);
+    static void compareBlock(ComparedCopy &copy, std::span<const std::byte> block, std::uint64_t offset);
     void tellDifferences(std::uint64_t offset);
     void tellUnreadableSource(const platform::FileError &error);
     bool isSourceChanged(const platform::File &from) const;
@@ -55,7 +46,6 @@ private:
     void noteResults(const std::string &source);
 
     RunState &m_run;
-    std::vector<Copy> m_copies;
     BlockSamples m_samples;
     bool m_diskIsRead = false; ///< by at least one of the copies
     bool m_sideBySide = false; ///< threads pay where disks are waited for, and for large files

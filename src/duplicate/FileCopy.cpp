@@ -260,8 +260,8 @@ FileCopy::Foreground &FileCopy::foreground()
 void FileCopy::createFileFolder(const std::string &path, const platform::Attributes &attributes)
 {
     auto &state = foreground().state;
-    for (std::size_t i = 0; i < state.destinationCount(); ++i) {
-        auto &destination = state.destination(i);
+    for (auto &target : state.targets()) {
+        auto &destination = target.destination;
         if (!path.starts_with(destination.root() + "/"))
             continue;
         const auto made = destination.createFolder(path, attributes);

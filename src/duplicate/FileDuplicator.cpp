@@ -3,6 +3,7 @@
 #include "duplicate/FileComparer.h"
 #include "duplicate/RunState.h"
 #include "duplicate/SourceTime.h"
+#include "duplicate/Target.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
@@ -54,24 +55,22 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
 
 void FileDuplicator::createParents(const OutArray &copies, const Attributes &like)
 {
-    m_parentErrors.assign(m_run.destinationCount(), std::nullopt);
-    for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
-        if (!copies[i])
-            continue;
-        const auto created = m_run.destination(i).createParent(*copies[i], like);
+    for (auto &target : m_run.targets())
+        target.parentError.reset();
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        const auto created = target.destination.createParent(copy, like);
         if (created)
-            continue;
-        m_parentErrors[i] = created.error();
-        systemLog("Create " + displayPath(copies[i]->substr(0, copies[i]->rfind('/'))) + " Folder Fail \n");
-    }
+            return;
+        target.parentError = created.error();
+        systemLog("Create " + displayPath(copy.substr(0, copy.rfind('/'))) + " Folder Fail \n");
+    });
 }
 
 void FileDuplicator::failForAll(const std::string &source, const OutArray &copies, const FileError &error)
 {
-    for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
-        if (copies[i])
-            m_run.fileFailed(i, source, "The source cannot be opened: " + error.reason());
-    }
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &) {
+        m_run.fileFailed(target, source, "The source cannot be opened: " + error.reason());
+    });
 }
 
 void FileDuplicator::copyContent(File &from, const std::string &source, const OutArray &copies,
@@ -139,48 +138,46 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)
 {
-    m_outputs.clear();
-    m_outputs.resize(m_run.destinationCount());
-    const Lanes::Work work = [&](std::size_t i) {
-        if (i >= copies.size() || !copies[i])
+    const Lanes::Work work = [&](std::size_t index) {
+        auto &target = m_run.target(index);
+        target.output = {};
+        if (index >= copies.size() || !copies[index])
             return;
-        m_outputs[i] = openOutput(i, *copies[i], like);
+        openOutput(target, *copies[index], like);
         if (!wholeFile)
             return;
         if (!wholeFile->empty())
-            writeTo(i, *wholeFile, 0);
-        closeOutput(i);
+            writeTo(target, *wholeFile, 0);
+        closeOutput(target);
     };
-    m_run.lanes().share(work, m_outputs.size(), m_run.helpers());
+    m_run.lanes().share(work, m_run.targets().size(), m_run.helpers());
 }
 
-FileDuplicator::Output FileDuplicator::openOutput(std::size_t index, const std::string &copy,
-                                                  const Attributes &like)
+void FileDuplicator::openOutput(Target &target, const std::string &copy, const Attributes &like)
 {
-    auto &destination = m_run.destination(index);
-    Output output;
-    auto file = destination.createFile(copy, like);
+    auto &output = target.output;
+    auto file = target.destination.createFile(copy, like);
     if (file) {
         if (const auto made = (*file)->attributes())
-            m_run.written(index).add(*made, m_source);
+            target.written.add(*made, m_source);
         output.file = std::move(*file);
     } else if (file.error().problem == FileProblem::Exists) {
-        openExisting(index, copy, output);
+        openExisting(target, copy);
     } else {
         // If its folder could not be made, that is the reason for the file, too.
-        output.error = m_parentErrors[index].value_or(file.error());
+        output.error = target.parentError.value_or(file.error());
     }
-    return output;
 }
 
 // A file that is there is written over as it is, and keeps what it has beyond the source's end. A file of
 // this run that another source went to is left alone.
-void FileDuplicator::openExisting(std::size_t index, const std::string &copy, Output &output)
+void FileDuplicator::openExisting(Target &target, const std::string &copy)
 {
-    auto &destination = m_run.destination(index);
+    auto &destination = target.destination;
+    auto &output = target.output;
     const auto place = destination.placeOf(copy);
-    const auto owner = place ? m_run.written(index).ownerOf(*destination.volume(), *place, m_source)
-                             : WrittenFiles::Owner::Nobody;
+    const auto owner =
+        place ? target.written.ownerOf(*destination.volume(), *place, m_source) : WrittenFiles::Owner::Nobody;
     if (owner == WrittenFiles::Owner::OtherSource) {
         output.existed = true;
         output.error = FileError{FileProblem::SameFile, 0};
@@ -191,7 +188,7 @@ void FileDuplicator::openExisting(std::size_t index, const std::string &copy, Ou
     if (file) {
         output.existed = true;
         if (const auto there = (*file)->attributes())
-            m_run.written(index).add(*there, m_source);
+            target.written.add(*there, m_source);
         output.file = std::move(*file);
         return;
     }
@@ -200,38 +197,38 @@ void FileDuplicator::openExisting(std::size_t index, const std::string &copy, Ou
         return; // it was made read-only by its first copy, which is whole
     // A link to nowhere is no file: it counts as one that could not be created.
     output.existed = file.error().problem != FileProblem::NotFound;
-    output.error = m_parentErrors[index].value_or(file.error());
+    output.error = target.parentError.value_or(file.error());
 }
 
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,
                                                         int spare)
 {
-    const Lanes::Work work = [&](std::size_t i) { writeTo(i, block, offset); };
+    const Lanes::Work work = [&](std::size_t index) { writeTo(m_run.target(index), block, offset); };
     Expected<std::size_t> ahead;
-    m_run.lanes().doBeside(work, m_outputs.size(), m_outputs.size(),
+    m_run.lanes().doBeside(work, m_run.targets().size(), m_run.targets().size(),
                            [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
     return ahead;
 }
 
-void FileDuplicator::writeTo(std::size_t index, Block block, std::uint64_t offset)
+void FileDuplicator::writeTo(Target &target, Block block, std::uint64_t offset)
 {
-    auto &output = m_outputs[index];
+    auto &output = target.output;
     if (!output.file || output.error)
         return;
     const auto start = std::chrono::steady_clock::now();
     if (const auto written = output.file->write(block, offset); !written)
         output.error = written.error();
     else
-        m_run.tally(index).bytes += block.size();
-    m_run.tally(index).addWriteTime(std::chrono::steady_clock::now() - start);
+        target.tally.bytes += block.size();
+    target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
 }
 
 // Tells the pumps what was written, and waits while a disk is too far behind.
 void FileDuplicator::noteInMemory(std::uint64_t offset, std::uint64_t length, bool isLargeFile)
 {
-    for (std::size_t i = 0; i < m_outputs.size(); ++i) {
-        auto *pump = m_run.pump(i);
-        auto &output = m_outputs[i];
+    for (auto &target : m_run.targets()) {
+        auto &output = target.output;
+        auto *pump = target.pump.get();
         if (!pump || !output.file)
             continue;
         if (!isLargeFile)
@@ -240,98 +237,99 @@ void FileDuplicator::noteInMemory(std::uint64_t offset, std::uint64_t length, bo
             output.error = moved.error();
         const auto start = std::chrono::steady_clock::now();
         pump->waitForRoom(WorkerThread::currentToken());
-        m_run.tally(i).addWriteTime(std::chrono::steady_clock::now() - start);
+        target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
     }
 }
 
 void FileDuplicator::failAll(const FileError &error)
 {
-    for (auto &output : m_outputs) {
-        if (output.file && !output.error)
-            output.error = error;
+    for (auto &target : m_run.targets()) {
+        if (target.output.file && !target.output.error)
+            target.output.error = error;
     }
 }
 
 void FileDuplicator::tellNewErrors(const std::string &source)
 {
-    for (std::size_t i = 0; i < m_outputs.size(); ++i) {
-        auto &output = m_outputs[i];
+    for (auto &target : m_run.targets()) {
+        auto &output = target.output;
         if (!output.error || std::exchange(output.isTold, true))
             continue;
         if (!output.file && output.existed)
-            tellOutcome(i, source);
+            tellOutcome(target, source);
         else
-            m_run.cannotDuplicate(i, source, *output.error);
+            m_run.cannotDuplicate(target, source, *output.error);
     }
 }
 
 // Why an existing file was not opened.
-void FileDuplicator::tellOutcome(std::size_t index, const std::string &source)
+void FileDuplicator::tellOutcome(Target &target, const std::string &source)
 {
-    const auto &output = m_outputs[index];
+    const auto &output = target.output;
     const auto reason = output.error->reason();
     if (output.error->problem == FileProblem::SameFile)
-        m_run.fileFailed(index, source,
+        m_run.fileFailed(target, source,
                          reason +
                              (output.otherName.empty() ? "" : ", called " + displayPath(output.otherName)),
                          ProblemKind::SameFile);
     else if (output.error->problem == FileProblem::OfSource)
-        m_run.fileFailed(index, source, "The existing file is left alone: " + reason);
+        m_run.fileFailed(target, source, "The existing file is left alone: " + reason);
     else
-        m_run.fileFailed(index, source, "The existing file cannot be opened: " + reason);
+        m_run.fileFailed(target, source, "The existing file cannot be opened: " + reason);
 }
 
-void FileDuplicator::closeOutput(std::size_t index)
+void FileDuplicator::closeOutput(Target &target)
 {
-    auto &output = m_outputs[index];
+    auto &output = target.output;
     if (!output.file || output.isClosed)
         return;
     output.isClosed = true;
-    if (auto *pump = m_run.pump(index)) {
-        if (const auto moved = pump->leave(*output.file); !moved && !output.error)
+    if (target.pump) {
+        if (const auto moved = target.pump->leave(*output.file); !moved && !output.error)
             output.error = moved.error();
     }
     if (output.existed && !output.error) {
         if (const auto copy = output.file->attributes(); copy && copy->size > m_written)
             output.tail = copy->size - m_written;
     }
-    if (m_run.destination(index).traits().needsFileSync) {
+    if (target.destination.traits().needsFileSync) {
         if (const auto synced = output.file->sync(); !synced && !output.error)
             output.error = synced.error();
     }
     if (const auto closed = output.file->close(); !closed && !output.error)
         output.error = closed.error();
-    if (!output.error && !output.tail && !m_isSourceChanged)
-        m_run.fileCopied(index);
+    if (!output.error && !output.tail && !m_isSourceChanged) {
+        target.isCopied = true;
+        ++target.tally.copied;
+    }
 }
 
 // A run that is cancelled in mid-file closes the file while its pump may be at work on it.
 void FileDuplicator::leavePumps()
 {
-    for (std::size_t i = 0; i < m_outputs.size(); ++i) {
-        if (auto *pump = m_run.pump(i); pump && m_outputs[i].file && !m_outputs[i].isClosed)
-            (void)pump->leave(*m_outputs[i].file);
+    for (auto &target : m_run.targets()) {
+        if (target.pump && target.output.file && !target.output.isClosed)
+            (void)target.pump->leave(*target.output.file);
     }
 }
 
 void FileDuplicator::closeOutputs(const std::string &source)
 {
-    for (std::size_t i = 0; i < m_outputs.size(); ++i)
-        closeOutput(i);
+    for (auto &target : m_run.targets())
+        closeOutput(target);
     tellNewErrors(source);
-    for (std::size_t i = 0; i < m_outputs.size(); ++i) {
-        const auto &output = m_outputs[i];
+    for (auto &target : m_run.targets()) {
+        const auto output = std::exchange(target.output, {});
         if (!output.file || output.error)
             continue;
         if (m_isSourceChanged)
-            m_run.sourceChanged(i, source);
+            m_run.sourceChanged(target, source);
         else if (output.tail)
-            m_run.fileFailed(i, source,
+            m_run.fileFailed(target, source,
                              "The copy holds " + std::to_string(*output.tail) +
                                  " bytes of an older file behind it",
                              ProblemKind::KeptTail);
     }
-    m_outputs.clear();
 }
 
 } // namespace orvana

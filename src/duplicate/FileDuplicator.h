@@ -14,6 +14,7 @@ namespace orvana
 
 class FileComparer;
 class RunState;
+struct Target;
 
 /// Copies one file to all destinations: each block is read once and written to every one of them.
 class FileDuplicator
@@ -31,18 +32,6 @@ public:
 private:
     using Block = std::span<const std::byte>;
 
-    struct Output
-    {
-        std::unique_ptr<platform::File> file;
-        std::optional<platform::FileError> error; ///< the first one; no more is written then
-        bool existed = false;                     ///< the error came up in opening what was there already
-        std::optional<std::uint64_t> tail;        ///< bytes of an older file behind the copy's end
-        bool isDoneBefore = false;                ///< the same source was copied there earlier in this run
-        std::string otherName;                    ///< with SameFile: what the file is called there
-        bool isClosed = false;
-        bool isTold = false; ///< the error was reported
-    };
-
     void createParents(const OutArray &copies, const platform::Attributes &like);
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
     void copyContent(platform::File &from, const std::string &source, const OutArray &copies,
@@ -50,28 +39,26 @@ private:
     void copyBlocks(platform::File &from, const std::string &source, std::uint64_t size,
                     platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);
-    Output openOutput(std::size_t index, const std::string &copy, const platform::Attributes &like);
-    void openExisting(std::size_t index, const std::string &copy, Output &output);
+    void openOutput(Target &target, const std::string &copy, const platform::Attributes &like);
+    void openExisting(Target &target, const std::string &copy);
     bool hasSourceChanged(const platform::File &from, std::uint64_t bytesRead) const;
-    void tellOutcome(std::size_t index, const std::string &source);
+    void tellOutcome(Target &target, const std::string &source);
     platform::Expected<std::size_t> writeAndReadAhead(platform::File &from, Block block, std::uint64_t offset,
                                                       int spare);
-    void writeTo(std::size_t index, Block block, std::uint64_t offset);
+    static void writeTo(Target &target, Block block, std::uint64_t offset);
     void noteInMemory(std::uint64_t offset, std::uint64_t length, bool isLargeFile);
     void failAll(const platform::FileError &error);
     void tellNewErrors(const std::string &source);
-    void closeOutput(std::size_t index);
+    void closeOutput(Target &target);
     void closeOutputs(const std::string &source);
     void leavePumps();
 
     RunState &m_run;
     FileComparer &m_comparer;
-    std::vector<Output> m_outputs;
     std::string m_source;
     std::uint64_t m_written = 0;    ///< bytes of the source that were read and handed on
     bool m_mayChangeUnseen = false; ///< a write to the source in hand may leave its time as it is
     bool m_isSourceChanged = false; ///< known before the outputs are closed
-    std::vector<std::optional<platform::FileError>> m_parentErrors;
 };
 
 } // namespace orvana

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -23,52 +22,39 @@ double secondsOf(std::chrono::nanoseconds time)
     return std::chrono::duration<double>(time).count();
 }
 
-// Null when the system has no thread for it: the volume is then synced at the end, on the run's own thread.
-std::unique_ptr<WriteOutPump> pumpFor(platform::Folder &volume)
-{
-    try {
-        return std::make_unique<WriteOutPump>(volume);
-    } catch (const std::system_error &) {
-        return nullptr;
-    }
-}
-
 } // namespace
 
 RunState::RunState(RunContext context, CopyJob job)
     : m_context(std::move(context)), m_job(std::move(job)),
       m_sources(m_context.host.volumeFiles().workingFolder()), m_sourceFiles(m_sources, m_job.SrcFileArray)
 {
-    m_destinations.reserve(m_job.DesFileArray.size());
-    m_written.resize(m_job.DesFileArray.size());
     for (std::size_t i = 0; i < m_job.DesFileArray.size(); ++i) {
-        auto &destination = m_destinations.emplace_back(m_context.host.volumeFiles(), m_job.DesFileArray[i]);
+        auto &target = m_targets.emplace_back(i, m_context.host.volumeFiles(), m_job.DesFileArray[i],
+                                              report().destination(i));
         if (i < m_job.expectedRoots.size())
-            destination.expect(m_job.expectedRoots[i]);
-        m_tallies.push_back(&report().destination(i));
-        const bool waits = destination.isOpen() && destination.traits().writesOutInBackground;
-        m_pumps.push_back(waits ? pumpFor(*destination.volume()) : nullptr);
+            target.destination.expect(m_job.expectedRoots[i]);
+        target.startPump();
     }
 
     const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
-    m_helpers = std::min(processors, std::max<std::size_t>(1, m_destinations.size())) - 1;
+    m_helpers = std::min(processors, std::max<std::size_t>(1, m_targets.size())) - 1;
 }
 
 void RunState::keepTo(std::shared_ptr<RunLocks> locks)
 {
     m_locks = std::move(locks);
-    for (std::size_t i = 0; i < m_destinations.size(); ++i) {
-        if (m_locks->hasSource() && m_locks->hasDestination(i))
+    for (auto &target : m_targets) {
+        if (m_locks->hasSource() && m_locks->hasDestination(target.index))
             continue;
-        m_pumps[i].reset();
-        m_destinations[i].refuse({platform::FileProblem::Busy, EBUSY});
+        target.pump.reset();
+        target.destination.refuse({platform::FileProblem::Busy, EBUSY});
     }
 }
 
 Lanes &RunState::lanes()
 {
     if (!m_lanes)
-        m_lanes = std::make_unique<Lanes>(m_destinations.size());
+        m_lanes = std::make_unique<Lanes>(m_targets.size());
     return *m_lanes;
 }
 
@@ -110,64 +96,59 @@ void RunState::countStartedFile(std::uint64_t bytes)
     postTotalProgress(static_cast<float>(m_indexOfBackup) / static_cast<float>(m_job.totalFiles));
 }
 
-void RunState::cannotDuplicate(std::size_t index, const std::string &source, const platform::FileError &error)
+void RunState::cannotDuplicate(Target &target, const std::string &source, const platform::FileError &error)
 {
-    postMessage("Can`t Duplicate " + displayPath(source) + " to " + displayPath(m_job.DesFileArray[index]));
-    fileFailed(index, source, error.reason());
+    postMessage("Can`t Duplicate " + displayPath(source) + " to " + displayPath(target.destination.root()));
+    fileFailed(target, source, error.reason());
 }
 
-void RunState::sourceChanged(std::size_t index, const std::string &source)
+void RunState::sourceChanged(Target &target, const std::string &source)
 {
-    if (std::exchange(m_copiedHere[index], char{0}) != 0)
-        --tally(index).copied;
-    fileFailed(index, source, "The source was written to meanwhile", ProblemKind::SourceChanged);
+    if (std::exchange(target.isCopied, false))
+        --target.tally.copied;
+    fileFailed(target, source, "The source was written to meanwhile", ProblemKind::SourceChanged);
 }
 
 void RunState::startFile()
 {
     m_sourceInHand.reset();
-    m_failedHere.assign(destinationCount(), 0);
-    m_copiedHere.assign(destinationCount(), 0);
+    for (auto &target : m_targets) {
+        target.hasFailed = false;
+        target.isCopied = false;
+    }
 }
 
-void RunState::fileCopied(std::size_t index)
+void RunState::takeBack(Target &target, const std::string &source, const platform::FileError &error)
 {
-    m_copiedHere[index] = 1;
-    ++tally(index).copied;
+    target.isCopied = false;
+    --target.tally.copied;
+    cannotDuplicate(target, source, error);
 }
 
-void RunState::takeBack(std::size_t index, const std::string &source, const platform::FileError &error)
-{
-    m_copiedHere[index] = 0;
-    --tally(index).copied;
-    cannotDuplicate(index, source, error);
-}
-
-void RunState::fileFailed(std::size_t index, const std::string &source, const std::string &reason,
+void RunState::fileFailed(Target &target, const std::string &source, const std::string &reason,
                           ProblemKind kind)
 {
-    if (index < m_failedHere.size())
-        m_failedHere[index] = 1;
-    report().failed(index, source, reason, kind);
+    target.hasFailed = true;
+    report().failed(target.index, source, reason, kind);
 }
 
-void RunState::noteSync(std::size_t index, const WriteOutPump::Outcome &outcome)
+void RunState::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
 {
-    tally(index).syncNanoseconds = outcome.nanoseconds;
+    target.tally.syncNanoseconds = outcome.nanoseconds;
     if (outcome.result)
-        noteEnd(index);
+        noteEnd(target);
     else
-        report().notOnDisk(index, outcome.result.error().reason());
+        report().notOnDisk(target.index, outcome.result.error().reason());
 }
 
 // The bytes are on their way, or arrived; but they count only in the place where the user looks for them.
-void RunState::noteEnd(std::size_t index)
+void RunState::noteEnd(Target &target)
 {
-    auto &destination = m_destinations[index];
-    const auto moved = destination.movedFolder(m_sources);
+    const auto index = target.index;
+    const auto moved = target.destination.movedFolder(m_sources);
     if (moved)
         report().notOnDisk(index, displayPath(*moved) + " was moved away in mid-run");
-    else if (destination.traits().isMemory)
+    else if (target.destination.traits().isMemory)
         report().inMemory(index);
     else
         report().onDisk(index);
@@ -176,26 +157,28 @@ void RunState::noteEnd(std::size_t index)
 void RunState::finishDestinations()
 {
     const auto copied = std::chrono::steady_clock::now();
-    for (auto &destination : m_destinations)
-        destination.protectFolders();
-    for (const auto &pump : m_pumps) {
-        if (pump)
-            pump->startFinalSync();
+    for (auto &target : m_targets)
+        target.destination.protectFolders();
+    for (auto &target : m_targets) {
+        if (target.pump)
+            target.pump->startFinalSync();
     }
-    for (std::size_t i = 0; i < m_destinations.size(); ++i) {
-        if (m_pumps[i]) {
-            const auto outcome = m_pumps[i]->waitForFinalSync(WorkerThread::currentToken());
+    for (auto &target : m_targets) {
+        auto &destination = target.destination;
+        if (target.pump) {
+            const auto outcome = target.pump->waitForFinalSync(WorkerThread::currentToken());
             WorkerThread::exitIfCancelled();
-            noteSync(i, *outcome);
-        } else if (m_destinations[i].isOpen()) {
-            noteSync(i, {m_destinations[i].volume()->syncVolume(), 0});
+            noteSync(target, *outcome);
+        } else if (destination.isOpen()) {
+            noteSync(target, {destination.volume()->syncVolume(), 0});
         } else {
-            report().notOnDisk(i, m_destinations[i].openError().reason());
+            report().notOnDisk(target.index, destination.openError().reason());
         }
     }
-    m_pumps.clear();
-    for (auto &destination : m_destinations)
-        destination.close();
+    for (auto &target : m_targets)
+        target.pump.reset();
+    for (auto &target : m_targets)
+        target.destination.close();
     const auto end = std::chrono::steady_clock::now();
     report().phaseTimes({.copy = secondsOf(copied - m_start - m_verifyTime),
                          .verify = secondsOf(m_verifyTime),

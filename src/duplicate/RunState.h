@@ -1,20 +1,18 @@
 #pragma once
 
 #include "duplicate/CopyJob.h"
-#include "duplicate/Destination.h"
 #include "duplicate/Lanes.h"
 #include "duplicate/RunReport.h"
 #include "duplicate/SourceFiles.h"
-#include "duplicate/WriteOutPump.h"
-#include "duplicate/WrittenFiles.h"
+#include "duplicate/Target.h"
 #include "foundation/NotificationCenter.h"
 
 #include <chrono>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace orvana
 {
@@ -52,12 +50,19 @@ public:
     platform::Folder &sources() { return m_sources; }
     SourceFiles &sourceFiles() { return m_sourceFiles; }
 
-    std::size_t destinationCount() const { return m_destinations.size(); }
-    Destination &destination(std::size_t index) { return m_destinations[index]; }
-    DestinationTally &tally(std::size_t index) { return *m_tallies[index]; }
+    /// The destinations, in the order of the job.
+    std::deque<Target> &targets() { return m_targets; }
+    Target &target(std::size_t index) { return m_targets[index]; }
 
-    /// Null where written data does not wait in memory.
-    WriteOutPump *pump(std::size_t index) { return m_pumps[index].get(); }
+    /// Calls `work` with each target that is to get a copy, and the path of that copy.
+    template <class Work>
+    void forEachCopy(const OutArray &copies, Work work)
+    {
+        for (auto &target : m_targets) {
+            if (target.index < copies.size() && copies[target.index])
+                work(target, *copies[target.index]);
+        }
+    }
 
     /// One lane for each destination, made at the first call.
     Lanes &lanes();
@@ -79,32 +84,22 @@ public:
     /// Starts the account of a file: it is copied nowhere and has failed nowhere yet.
     void startFile();
 
-    /// Counts the file in hand as copied. Callable by a lane for its own destination.
-    void fileCopied(std::size_t index);
-    bool isCopiedHere(std::size_t index) const { return index < m_copiedHere.size() && m_copiedHere[index]; }
-
     /// The file in hand, counted as copied, turned out not to be on its way to the disk.
-    void takeBack(std::size_t index, const std::string &source, const platform::FileError &error);
+    void takeBack(Target &target, const std::string &source, const platform::FileError &error);
 
-    /// Notes in the report that `source` does not get to the destination at `index`.
-    void fileFailed(std::size_t index, const std::string &source, const std::string &reason,
+    /// Notes in the report that `source` does not get to the target.
+    void fileFailed(Target &target, const std::string &source, const std::string &reason,
                     ProblemKind kind = ProblemKind::Failed);
 
     /// The file in hand, counted as copied, is no copy of its source any more, which was written to.
-    void sourceChanged(std::size_t index, const std::string &source);
-
-    /// The files that the run has written to the destination. Used by a lane for its own destination.
-    WrittenFiles &written(std::size_t index) { return m_written[index]; }
+    void sourceChanged(Target &target, const std::string &source);
 
     /// The source of the file in hand as it was before it was read.
     void rememberSource(const platform::Attributes &source) { m_sourceInHand = source; }
     const std::optional<platform::Attributes> &sourceInHand() const { return m_sourceInHand; }
 
-    /// True when the file in hand was noted as failed there.
-    bool hasFailed(std::size_t index) const { return index < m_failedHere.size() && m_failedHere[index]; }
-
-    /// The same in message and report.
-    void cannotDuplicate(std::size_t index, const std::string &source, const platform::FileError &error);
+    /// Posts the message that `source` cannot be copied to the target, and notes it in the report.
+    void cannotDuplicate(Target &target, const std::string &source, const platform::FileError &error);
 
     /// Syncs all destinations, side by side, and closes them. Ends the thread when it is cancelled meanwhile.
     void finishDestinations();
@@ -112,8 +107,8 @@ public:
     void addVerifyTime(std::chrono::nanoseconds time) { m_verifyTime += time; }
 
 private:
-    void noteEnd(std::size_t index);
-    void noteSync(std::size_t index, const WriteOutPump::Outcome &outcome);
+    void noteEnd(Target &target);
+    void noteSync(Target &target, const WriteOutPump::Outcome &outcome);
     void post(const char *name, const char *key, Notification::Value value) const;
 
     std::shared_ptr<RunLocks> m_locks; // the first member, so that they end after everything else
@@ -122,16 +117,11 @@ private:
     platform::Folder &m_sources;
     SourceFiles m_sourceFiles;
     std::int64_t m_indexOfBackup = 0;
-    std::vector<Destination> m_destinations;
-    std::vector<DestinationTally *> m_tallies;
-    std::vector<WrittenFiles> m_written;
+    std::deque<Target> m_targets; // which stay where they are
     std::optional<platform::Attributes> m_sourceInHand;
-    std::vector<std::unique_ptr<WriteOutPump>> m_pumps;
     std::unique_ptr<Lanes> m_lanes;
     std::size_t m_helpers = 0;
     std::unique_ptr<std::byte[]> m_blocks[2];
-    std::vector<char> m_failedHere; // by destination; not bool, as lanes write side by side
-    std::vector<char> m_copiedHere;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     std::chrono::nanoseconds m_verifyTime{0};
 };

@@ -5,6 +5,7 @@
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvana
@@ -144,11 +145,9 @@ std::optional<Attributes> TreeWalk::followed(const std::string &path) const
 // A destination may lie within the source, by way of a link: copying it into itself would never end.
 bool TreeWalk::isDestination(const Attributes &folder)
 {
-    for (std::size_t i = 0; i < m_run.destinationCount(); ++i) {
-        if (m_run.destination(i).isRoot(folder))
-            return true;
-    }
-    return false;
+    const auto &targets = m_run.targets();
+    return std::any_of(targets.begin(), targets.end(),
+                       [&](const Target &target) { return target.destination.isRoot(folder); });
 }
 
 // The same for what a link leads to: there, the folder may also be one that this run made.
@@ -282,10 +281,9 @@ NameList TreeWalk::listOf(const std::string &folder, const OutArray &copies)
     const auto reason =
         (names ? "The folder cannot be read to its end: " : "The folder cannot be read: ") + error->reason();
     systemLog("Open of " + displayPath(folder) + " for reading failed");
-    for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
-        if (copies[i])
-            m_run.report().failed(i, folder, reason);
-    }
+    m_run.forEachCopy(copies, [&](const Target &target, const std::string &) {
+        m_run.report().failed(target.index, folder, reason);
+    });
     return names ? std::move(*names) : NameList();
 }
 
@@ -293,28 +291,27 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
                                         const Attributes &like)
 {
     std::vector<bool> made(copies.size(), false);
-    for (std::size_t i = 0; i < m_run.destinationCount() && i < copies.size(); ++i) {
-        if (!copies[i])
-            continue;
-        const auto created = m_run.destination(i).createFolder(*copies[i], like);
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        const auto created = target.destination.createFolder(copy, like);
         if (created) {
-            made[i] = *created != Destination::Made::Existed;
-            continue;
+            made[target.index] = *created != Destination::Made::Existed;
+            return;
         }
         // A file in its place is left alone, and only the report knows.
-        if (!m_run.destination(i).holds(*copies[i]))
-            systemLog("Create " + displayPath(*copies[i]) + " Folder Fail \n");
-        m_run.report().failed(i, source, "The folder cannot be created: " + created.error().reason());
-    }
+        if (!target.destination.holds(copy))
+            systemLog("Create " + displayPath(copy) + " Folder Fail \n");
+        m_run.report().failed(target.index, source,
+                              "The folder cannot be created: " + created.error().reason());
+    });
     return made;
 }
 
 void TreeWalk::protectFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)
 {
-    for (std::size_t i = 0; i < made.size(); ++i) {
-        if (made[i])
-            m_run.destination(i).protectFolder(*copies[i], like);
-    }
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        if (target.index < made.size() && made[target.index])
+            target.destination.protectFolder(copy, like);
+    });
 }
 
 } // namespace orvana
