@@ -149,6 +149,20 @@ TEST_F(Scan, WholeDiskThatNobodyOpenedIsUnformatted)
     EXPECT_TRUE(firstDisk().bsdPathArray().empty());
 }
 
+TEST_F(Scan, PartitionThatIsNoVolumeIsNotedAndWhatIsNoPartitionIsNot)
+{
+    const auto &device = addSwitch(65, 567);
+    auto &driver = addDisk(device, "pci-bridge@0/IOPP/pci1b21,612");
+    auto &whole = addWhole(driver.add("IOBlockStorageDriver", "driver"), "disk1", {{"Open", true}});
+    addPartition(whole, "disk1s1", true);
+    m_scanner.scanTBDevice();
+    EXPECT_FALSE(firstDisk().hasOtherPartitions());
+    addPartition(whole, "disk1s2", false);
+    m_scanner.resetArray("All");
+    m_scanner.scanTBDevice();
+    EXPECT_TRUE(firstDisk().hasOtherPartitions());
+}
+
 TEST_F(Scan, MissingPropertiesCountAsNeither)
 {
     auto &media = addWhole(addDisk(addSwitch(65, 567), "pci-bridge@0/IOPP/pci1b21,612"), "disk3", {});

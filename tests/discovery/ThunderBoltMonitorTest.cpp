@@ -106,8 +106,10 @@ TEST_F(HotPlug, FailedRegistrationIsOnlyLogged)
 
 TEST_F(HotPlug, NameThatIsNotAsciiIsUnnamed)
 {
-    EXPECT_EQ(ThunderBoltMonitor::devicenameForThunderboltObject(*device("caf\xC3\xA9")[0]),
-              "Unnamed Thunderbolt Device");
+    for (const char *name : {"caf\xC3\xA9", "\x80"})
+        EXPECT_EQ(ThunderBoltMonitor::devicenameForThunderboltObject(*device(name)[0]),
+                  "Unnamed Thunderbolt Device");
+    EXPECT_EQ(ThunderBoltMonitor::devicenameForThunderboltObject(*device("\x7F")[0]), "\x7F");
 }
 
 TEST_F(HotPlug, IdsArePrintedWithTheirNewline)

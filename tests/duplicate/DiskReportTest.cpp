@@ -88,7 +88,7 @@ TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
                        choice);
     EXPECT_TRUE(m_report.allDone());
     EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-A (Master): left out: it carries the source",
-                                           "Slot-D (SMALL): left out: the selection does not fit"}));
+                                                    "Slot-D (SMALL): left out: the selection does not fit"}));
     EXPECT_EQ(written()["disks"][1]["outcome"], "leftOut");
 }
 

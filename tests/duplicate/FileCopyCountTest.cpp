@@ -13,18 +13,19 @@ TEST_F(FileCopyCount, NumbersOfFolderCountsFilesWithoutHiddenOnes)
 {
     m_tree.file("source/docs/one.txt");
     m_tree.file("source/docs/sub/two.txt");
+    m_tree.file("source/docs/sub/three.txt");
     m_tree.file("source/docs/.hidden");
     m_tree.file("source/docs/.folder/three.txt");
     m_tree.folder("source/docs/empty");
     m_tree.link("source/docs/link", "sub");
     m_tree.link("source/docs/dangling", "nowhere");
-    EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 4)
-        << "two files, one by a link, and a link to nothing";
+    EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 6)
+        << "three files, two of them by a link once more, and a link to nothing";
     EXPECT_EQ(m_engine.numbersOfFolder(source("docs/one.txt")), 1);
     EXPECT_EQ(m_engine.numbersOfFolder(source("nothing")), 1);
     EXPECT_EQ(m_engine.numbersOfFolder(source("docs/empty")), 0);
     m_engine.setBHiddenFiles(true);
-    EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 6);
+    EXPECT_EQ(m_engine.numbersOfFolder(source("docs")), 8);
 }
 
 TEST_F(FileCopyCount, NumbersOfFolderLeavesOutHiddenExtensions)

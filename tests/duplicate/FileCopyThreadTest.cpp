@@ -17,6 +17,20 @@ protected:
     static constexpr seconds Patience{20};
 };
 
+TEST_F(FileCopyThread, EngineThatIsDestroyedAfterItsRunLeavesNothingBehind)
+{
+    m_tree.file("source/x");
+    const test::LogLines log;
+    {
+        NotificationCenter center;
+        FileCopy engine(m_host, center);
+        engine.SetBackupDiskValue({source("x")}, m_tree.path("source"), {m_tree.folder("a")});
+        engine.startCopyThread();
+        EXPECT_TRUE(engine.waitForEnd(std::chrono::seconds(10)));
+    }
+    EXPECT_EQ(log.all(), Lines());
+}
+
 TEST_F(FileCopyThread, NewEngineIsEmpty)
 {
     EXPECT_EQ(m_engine.totalFiles(), 0);

@@ -166,6 +166,10 @@ TEST_F(RunPlan, OnlyABlankDiskMayBeCalledUnformatted)
     const auto plan = erase();
     ASSERT_EQ(plan.badNames.size(), 1U);
     EXPECT_EQ(plan.badNames.front().bay, "Slot-B");
+    diskAt(1) = inBay("Slot-B", disk(2));
+    EXPECT_EQ(erase().badNames.size(), 1U) << "a disk of unknown content is not blank";
+    diskAt(1) = inBay("Slot-B", blank(disk(2)));
+    EXPECT_TRUE(erase().badNames.empty());
 }
 
 TEST_F(RunPlan, NoDiskIsCalledLikeTheSource)
