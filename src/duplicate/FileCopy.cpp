@@ -9,6 +9,7 @@
 #include "foundation/SystemLog.h"
 #include "platform/Host.h"
 
+#include <new>
 #include <utility>
 
 namespace orvana
@@ -67,6 +68,31 @@ public:
 private:
     std::atomic<int> &m_count;
 };
+
+// A run must come to its end whatever memory there is. A step that found none is tried again: what the run
+// held is free by then.
+template <class Step>
+void insistOn(Step step)
+{
+    constexpr int MostTries = 3;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        try {
+            step();
+            return;
+        } catch (const std::bad_alloc &) {
+            // Once more.
+        }
+    }
+}
+
+// No thread, no memory: the run is over, and its end is told like any other.
+void noteEarlyEnd(const CopyJob &job, RunReport &report, const std::exception &error)
+{
+    systemLog(std::string("the run ended early: ") + error.what());
+    report.note(std::string("the run ended early: ") + error.what());
+    for (std::size_t i = 0; i < report.destinationCount(); ++i)
+        report.failed(i, job.SrcDiskPath, error.what());
+}
 
 } // namespace
 
@@ -194,25 +220,26 @@ void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr
                       std::shared_ptr<RunLocks> locks)
 {
     const AtWork atWork(m_workersAtWork);
-    if (!report)
-        report = reportWithoutFile();
-    report->begin(job.job.SrcDiskPath, job.job.DesFileArray, m_verifyFiles);
     const auto isCurrent = [this, run] { return m_currentRun == run; };
+    insistOn([&] {
+        if (!report)
+            report = reportWithoutFile();
+    });
     try {
+        report->begin(job.job.SrcDiskPath, job.job.DesFileArray, m_verifyFiles);
         copyAll(job.job, isCurrent, report, std::move(locks));
     } catch (const std::exception &error) {
-        // No thread, no memory: the run is over, and its end is told like any other.
-        systemLog(std::string("the run ended early: ") + error.what());
-        for (std::size_t i = 0; i < report->destinationCount(); ++i)
-            report->failed(i, job.job.SrcDiskPath, error.what());
+        insistOn([&] { noteEarlyEnd(job.job, *report, error); });
     }
     report->finish(RunOutcome::Finished);
-    if (isCurrent())
-        m_center.post(notification::TotalProgress, notification::key::TotalProrgress, 1.0F);
+    insistOn([&] {
+        if (isCurrent())
+            m_center.post(notification::TotalProgress, notification::key::TotalProrgress, 1.0F);
+    });
     if (!isCurrent())
         return;
     cleanAfter(job.number);
-    m_center.post(notification::BackupFinish);
+    insistOn([&] { m_center.post(notification::BackupFinish); });
 }
 
 void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,

@@ -2,6 +2,8 @@
 
 #include "EngineFixture.h"
 
+#include "foundation/NotificationNames.h"
+
 #include <atomic>
 #include <sys/stat.h>
 
@@ -16,6 +18,30 @@ class FileCopyThread : public test::EngineTest
 protected:
     static constexpr seconds Patience{20};
 };
+
+TEST_F(FileCopyThread, RunThatFindsNoMemoryEndsAndIsNotCalledDone)
+{
+    m_tree.file("source/x");
+    const auto message = m_center.subscribe(notification::FileCopyMessage,
+                                            [](const Notification &) { throw std::bad_alloc(); });
+    runJob({"x"});
+    EXPECT_FALSE(m_report->allDone());
+    EXPECT_EQ(report()["note"], "the run ended early: std::bad_alloc");
+    EXPECT_EQ(report()["destinations"][0]["failed"], 1);
+}
+
+TEST_F(FileCopyThread, EndOfARunIsToldThoughThereWasNoMemoryForItAtFirst)
+{
+    m_tree.file("source/x");
+    int told = 0;
+    const auto end = m_center.subscribe(notification::BackupFinish, [&](const Notification &) {
+        if (++told == 1)
+            throw std::bad_alloc();
+    });
+    runJob({"x"});
+    EXPECT_EQ(told, 2);
+    EXPECT_TRUE(m_report->allDone());
+}
 
 TEST_F(FileCopyThread, EngineThatIsDestroyedAfterItsRunLeavesNothingBehind)
 {

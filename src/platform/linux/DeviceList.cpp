@@ -1,5 +1,7 @@
 #include "platform/linux/DeviceList.h"
 
+#include "platform/posix/PosixVolumeFiles.h"
+
 #include <algorithm>
 #include <charconv>
 #include <sstream>
@@ -151,10 +153,9 @@ long decimalNumber(const std::string &text)
 std::vector<std::string> namesIn(const std::filesystem::path &folder)
 {
     std::vector<std::string> names;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error))
-        names.push_back(entry->path().filename().native());
+    posix::PosixVolumeFiles files;
+    for (auto list = files.workingFolder().list(folder.native()); list && !list->empty();)
+        names.emplace_back(list->takeNext());
     return names;
 }
 

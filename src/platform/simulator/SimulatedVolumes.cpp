@@ -1,6 +1,7 @@
 #include "platform/simulator/SimulatedVolumes.h"
 
 #include "platform/PrivateFolder.h"
+#include "platform/posix/PosixVolumeFiles.h"
 #include "platform/simulator/MachineReader.h"
 
 #include <algorithm>
@@ -116,15 +117,21 @@ SimulatedVolumes::SimulatedVolumes(std::string root) : m_root(std::move(root))
 void SimulatedVolumes::readMounted()
 {
     m_mounted.clear();
-    for (const auto &entry : fs::directory_iterator(m_root + "/Mounted")) {
-        std::ifstream file(entry.path());
+    const auto folder = m_root + "/Mounted";
+    posix::PosixVolumeFiles files;
+    auto keys = files.workingFolder().list(folder);
+    if (!keys || keys->error())
+        throw std::runtime_error(folder + " cannot be read");
+    while (!keys->empty()) {
+        const std::string key(keys->takeNext());
+        std::ifstream file(folder + "/" + key);
         std::string name;
         std::getline(file, name);
         // To take the volume for unmounted would lose its folder.
         if (!file.is_open() || file.bad())
-            throw std::runtime_error(entry.path().native() + " cannot be read");
+            throw std::runtime_error(folder + "/" + key + " cannot be read");
         if (isVolumeName(name) && fs::is_directory(fs::symlink_status(m_root + "/Volumes/" + name)))
-            m_mounted[entry.path().filename().native()] = name;
+            m_mounted[key] = name;
     }
 }
 
