@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/CopyProgress.h"
-#include "cli/ExitStatus.h"
+#include "cli/Refusal.h"
 #include "duplicate/CopyJob.h"
 
 #include <memory>

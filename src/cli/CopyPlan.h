@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/ExitStatus.h"
+#include "cli/Refusal.h"
 #include "duplicate/CopyJob.h"
 
 #include <optional>

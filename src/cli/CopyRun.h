@@ -2,7 +2,7 @@
 
 #include "cli/CancelRequest.h"
 #include "cli/CopyDisplay.h"
-#include "cli/ExitStatus.h"
+#include "cli/Refusal.h"
 #include "duplicate/FileCopy.h"
 #include "duplicate/RunRelay.h"
 #include "foundation/PlainMainQueue.h"

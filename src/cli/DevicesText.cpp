@@ -1,6 +1,8 @@
 #include "cli/DevicesText.h"
 
 #include "discovery/ORVScanDevice.h"
+#include "duplicate/ScannedDevices.h"
+#include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 
@@ -14,8 +16,6 @@ namespace orvana::cli
 namespace
 {
 
-constexpr std::int64_t BlockBytes = 512;
-
 using Row = std::array<std::string, 5>;
 
 std::string shown(const std::optional<std::string> &text)
@@ -26,14 +26,6 @@ std::string shown(const std::optional<std::string> &text)
 std::string sizeOf(const std::optional<std::int64_t> &bytes)
 {
     return bytes && *bytes >= 0 ? sizeText(static_cast<std::uint64_t>(*bytes)) : "-";
-}
-
-bool isStartupDisk(const ORVHddInfo &disk)
-{
-    const auto &volumes = disk.bsdPathArray();
-    return std::any_of(volumes.begin(), volumes.end(), [](const auto &volume) {
-        return volume->mountPoint() && *volume->mountPoint() == "/";
-    });
 }
 
 std::string stateOf(const ORVHddInfo &disk)
@@ -52,8 +44,8 @@ void addRows(std::vector<Row> &rows, const ORVHddInfo &disk, const std::string &
     for (const auto &volume : disk.bsdPathArray()) {
         if (!volume->mountPoint())
             continue;
-        const auto free = volume->availableSize().value_or(0) * BlockBytes;
-        const auto all = volume->capacitySize().value_or(0) * BlockBytes;
+        const auto free = volume->availableSize().value_or(0) * DeviceBlockBytes;
+        const auto all = volume->capacitySize().value_or(0) * DeviceBlockBytes;
         rows.push_back(
             {"", "  " + displayPath(*volume->mountPoint()), "", sizeOf(all), sizeOf(free) + " free"});
     }
@@ -108,8 +100,9 @@ Json diskJson(const ORVHddInfo &disk)
         putText(entry, "device", volume->devPath());
         putText(entry, "mountPoint",
                 volume->mountPoint() ? std::optional(*volume->mountPoint()) : std::nullopt);
-        entry["capacity"] = volume->capacitySize() ? Json(*volume->capacitySize() * BlockBytes) : Json();
-        entry["free"] = volume->availableSize() ? Json(*volume->availableSize() * BlockBytes) : Json();
+        entry["capacity"] =
+            volume->capacitySize() ? Json(*volume->capacitySize() * DeviceBlockBytes) : Json();
+        entry["free"] = volume->availableSize() ? Json(*volume->availableSize() * DeviceBlockBytes) : Json();
         json["volumes"].push_back(std::move(entry));
     }
     return json;

@@ -97,12 +97,6 @@ void Terminal::showBlock(const std::string &block)
     std::fflush(m_out);
 }
 
-void Terminal::keepBlock()
-{
-    const std::lock_guard lock(m_mutex);
-    m_block.clear();
-}
-
 std::string fitted(const std::string &line, std::size_t columns)
 {
     // Where each character starts; bytes that continue one are passed over.

@@ -48,9 +48,6 @@ public:
     /// Shows `block`, whole lines, in the place of the last block. Only on a screen.
     void showBlock(const std::string &block);
 
-    /// Leaves the last block where it is.
-    void keepBlock();
-
 private:
     std::string readLine(const std::function<bool()> &givesUp) const;
     void eraseBlock();

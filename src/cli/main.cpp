@@ -170,7 +170,7 @@ void makeAbsolute(Words &words)
         std::for_each(paths->begin(), paths->end(), makePath);
 }
 
-cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
+ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
 {
     PlainMainQueue queue;
     const bool watches = command == "devices" ? words.devices.watch : command != "copy" && command != "logs";
@@ -197,7 +197,7 @@ cli::ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::s
     return cli::runDevices(**host, queue, terminal, words.devices);
 }
 
-cli::ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
+ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
 {
     const auto file = cli::simulatorFileOf(words.machine);
     if (!file) {
@@ -242,7 +242,7 @@ int runMain(int argc, char **argv)
         const auto status = app.exit(error, out, complaint);
         std::fputs(out.str().c_str(), stdout);
         std::fputs(cli::shownLiteral(complaint.str()).c_str(), stderr);
-        return status == 0 ? cli::AllDone : cli::WrongUsage;
+        return status == 0 ? AllDone : WrongUsage;
     }
     takeLiterally(words);
     words.copy.logFolder = words.duplicate.logFolder = words.disks.logFolder = words.logFolder;
@@ -264,6 +264,6 @@ int main(int argc, char **argv)
     } catch (const std::exception &error) {
         // No memory to be had, for one. What was written stays, and is not called a success.
         std::fprintf(stderr, "plurimoctl: %s\n", error.what());
-        return orvana::cli::SomethingFailed;
+        return SomethingFailed;
     }
 }

@@ -8,6 +8,7 @@
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "platform/CommandLauncher.h"
+#include "platform/EnclosureModels.h"
 
 #include <unordered_map>
 
@@ -31,8 +32,7 @@ const std::vector<Category> &categories()
 {
     const RegistryProperties external{{"Physical Interconnect Location", std::string("External")}};
     const RegistryProperties internal{{"Physical Interconnect Location", std::string("Internal")}};
-    // 65 is the maker's number among Thunderbolt vendors.
-    const RegistryProperties maker{{"Device Vendor ID", std::int64_t{65}}};
+    const RegistryProperties maker{{"Device Vendor ID", platform::MakerVendor}};
     static const std::vector<Category> all{
         {"thunderbolt", "IOThunderboltSwitch", maker},    {"OtherThunderbolt", "IOThunderboltSwitch", {}},
         {"hdd", "AppleAHCIDiskDriver", external},         {"systemDisk", "AppleAHCIDiskDriver", internal},

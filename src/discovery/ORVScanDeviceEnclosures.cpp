@@ -3,24 +3,12 @@
 #include "discovery/ORVScanDevice.h"
 
 #include "discovery/RegistryReading.h"
+#include "platform/EnclosureModels.h"
 
 namespace orvana
 {
 
 using platform::RegistryEntry;
-
-namespace
-{
-
-constexpr std::int64_t MakerVendor = 65;
-
-// The two models of the enclosure.
-bool isFourBayModel(const std::optional<std::int64_t> &model)
-{
-    return model == 567 || model == 568;
-}
-
-} // namespace
 
 void ORVScanDevice::scanTBDevice()
 {
@@ -38,10 +26,10 @@ int ORVScanDevice::getThunderboltInfo(const Iterator &iterator)
 {
     int result = NothingSeen;
     for (const auto &entry : iterator) {
-        if (numberOf(*entry, "Device Vendor ID") != MakerVendor)
+        if (numberOf(*entry, "Device Vendor ID") != platform::MakerVendor)
             continue;
         result = Seen;
-        if (isFourBayModel(numberOf(*entry, "Device Model ID")))
+        if (platform::isFourBayModel(numberOf(*entry, "Device Model ID").value_or(0)))
             m_tbArray.push_back(switchRecordOf(*entry));
     }
     return result;

@@ -3,6 +3,7 @@
 #include "discovery/ORVScanDevice.h"
 
 #include "discovery/RegistryReading.h"
+#include "platform/EnclosureModels.h"
 
 #include <algorithm>
 
@@ -18,7 +19,7 @@ namespace
 // Both numbers are asked of the one vendor number, so no switch passes, on purpose.
 bool isListedVendor(const std::optional<std::int64_t> &vendor)
 {
-    constexpr std::int64_t required[] = {65, 4};
+    constexpr std::int64_t required[] = {platform::MakerVendor, 4};
     return std::all_of(std::begin(required), std::end(required),
                        [&](std::int64_t number) { return vendor == number; });
 }
@@ -134,7 +135,8 @@ int ORVScanDevice::getOtherThunderboltInfo(const Iterator &iterator)
 {
     for (const auto &entry : iterator) {
         const auto model = numberOf(*entry, "Device Model ID");
-        if (isListedVendor(numberOf(*entry, "Device Vendor ID")) && model != 567 && model != 568)
+        if (isListedVendor(numberOf(*entry, "Device Vendor ID")) &&
+            !platform::isFourBayModel(model.value_or(0)))
             m_otherTBArray.push_back(switchRecordOf(*entry));
     }
     return iterator.empty() ? NothingSeen : Seen;

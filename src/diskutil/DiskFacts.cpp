@@ -75,7 +75,7 @@ bool isSpared(const std::string &node, const DiskFacts &facts, const Expectation
                                           .wwn = facts.wwn,
                                           .arrival =
                                               static_cast<std::int64_t>(facts.identity.sequence.value_or(0)),
-                                          .size = static_cast<std::int64_t>(facts.identity.blocks * 512)};
+                                          .size = static_cast<std::int64_t>(facts.identity.bytes())};
     return std::any_of(expected.spared.begin(), expected.spared.end(),
                        [&](const auto &spared) { return mayBeTheSame(spared, marks); });
 }
@@ -139,7 +139,7 @@ Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, con
                       "cannot be told from other disks: it has no serial number, or no number of arrival");
     const bool isSameDisk = isSame(expected.sequence, facts.identity.sequence) &&
                             isSame(expected.serial, facts.identity.serial) &&
-                            isSame(expected.size, std::optional(facts.identity.blocks * 512)) &&
+                            isSame(expected.size, std::optional(facts.identity.bytes())) &&
                             isSame(expected.bay, std::optional(facts.identity.place));
     if (!isSameDisk)
         return refuse(node, "is not the disk that was meant");

@@ -100,9 +100,10 @@ Outcome<void> makeTable(const Request &request, const Surroundings &with)
     });
     if (made)
         return {};
-    if (made.error().status != Failed)
+    if (made.error().status != SomethingFailed)
         return tl::unexpected(made.error());
-    return trouble(Failed, displayPath(request.node) + ": what it held may be lost: " + made.error().reason);
+    return trouble(SomethingFailed,
+                   displayPath(request.node) + ": what it held may be lost: " + made.error().reason);
 }
 
 // The disk has been changed by now: nothing is a refusal any more.
@@ -112,11 +113,11 @@ Outcome<std::string> makeVolume(const Request &request, const Surroundings &with
         request, with, [&] { return lookThatItIsFree(request, with); },
         [&] { return with.service.makeVolume(request.node, format, request.name); });
     if (!made)
-        return trouble(Failed, displayPath(request.node) +
-                                   " was emptied, but has no volume to use: " + made.error().reason);
+        return trouble(SomethingFailed, displayPath(request.node) +
+                                            " was emptied, but has no volume to use: " + made.error().reason);
     const auto point = with.service.mount(*made);
     if (!point)
-        return trouble(Failed,
+        return trouble(SomethingFailed,
                        displayPath(*made) + " is erased, but cannot be mounted: " + point.error().reason);
     return *point;
 }
@@ -171,7 +172,7 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
     if (const auto released = with.service.release(request.node); !released)
         return tl::unexpected(released.error());
     if (!lost.empty())
-        return trouble(Failed,
+        return trouble(SomethingFailed,
                        "Disk " + request.node + " ejected, but not all could be written to it: " + lost);
     return "Disk " + request.node + " ejected";
 }

@@ -1,19 +1,12 @@
 #pragma once
 
+#include "foundation/ExitStatus.h"
+
 #include <string>
 #include <tl/expected.hpp>
 
 namespace orvana::diskutil
 {
-
-/// What the program leaves with.
-enum ExitStatus : int {
-    Done = 0,
-    Failed = 1,     ///< begun and not finished: what is on the disk is not known
-    WrongUsage = 2, ///< nothing was looked at
-    Refused = 3,    ///< no byte of the disk was changed
-    NotThere = 4,   ///< no such disk, or no disk service
-};
 
 /// Why something was not done, in plain words for the user.
 struct Trouble

@@ -5,6 +5,7 @@
 #include "diskutil/UdisksService.h"
 #include "diskutil/VolumeUsers.h"
 
+#include "duplicate/VolumeName.h"
 #include "foundation/DisplayPath.h"
 #include "platform/posix/Descriptor.h"
 
@@ -22,13 +23,6 @@ namespace orvana::diskutil
 namespace
 {
 
-std::optional<std::string> formatSetting()
-{
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
-    const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
-    return setting ? std::optional<std::string>(setting) : std::nullopt;
-}
-
 Outcome<void> writeOut(const std::string &point)
 {
     const platform::posix::Descriptor folder(
@@ -36,7 +30,7 @@ Outcome<void> writeOut(const std::string &point)
     // Who may not look into it may unmount it all the same, and that writes out, too.
     if (!folder.isOpen() || ::syncfs(folder.number()) == 0)
         return {};
-    return trouble(Failed, displayPath(point) + ": " + std::generic_category().message(errno));
+    return trouble(SomethingFailed, displayPath(point) + ": " + std::generic_category().message(errno));
 }
 
 bool isMountableHere(const std::string &type)
@@ -67,7 +61,8 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule,
     if (request.verb == Verb::IsInBay)
         return isInBay(request.node, lookAt(request.node));
     UdisksService service;
-    const Surroundings surroundings{lookAt, service, usersOf, writeOut, isMountableHere, formatSetting()};
+    const Surroundings surroundings{lookAt,   service,         usersOf,
+                                    writeOut, isMountableHere, eraseFormatSetting()};
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
                                            : ejectDisk(request, surroundings);
 }
@@ -79,13 +74,13 @@ int runProgram(const std::vector<std::string> &words, const BayRule &rule,
 {
     if (words == std::vector<std::string>{"--version"}) {
         std::cout << "orvana-diskutil " PLURIMO_VERSION "\n";
-        return Done;
+        return AllDone;
     }
     const auto done =
         readRequest(words).and_then([&](const Request &request) { return perform(request, rule, files); });
     if (done) {
         std::cout << *done << '\n';
-        return Done;
+        return AllDone;
     }
     std::cerr << "orvana-diskutil: " << done.error().reason << '\n';
     return done.error().status;

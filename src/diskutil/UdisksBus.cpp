@@ -113,7 +113,7 @@ Outcome<QVariant> UdisksBus::property(const QString &object, const char *interfa
     message << QString(Interfaces + QString::fromLatin1(interface)) << QString::fromLatin1(name);
     const auto reply = m_connection.call(message, QDBus::Block, SoonMilliseconds);
     if (reply.type() != QDBusMessage::ReplyMessage)
-        return tl::unexpected(troubleOf(reply, Failed));
+        return tl::unexpected(troubleOf(reply, SomethingFailed));
     return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 

@@ -109,7 +109,7 @@ Outcome<void> UdisksService::makeTable(const std::string &node)
     if (!object)
         return tl::unexpected(object.error());
     const auto reply = m_bus->call(*object, "Block", "Format", {QStringLiteral("gpt"), withoutAsking()},
-                                   Failed, InTimeMilliseconds);
+                                   SomethingFailed, InTimeMilliseconds);
     if (!reply)
         return tl::unexpected(reply.error());
     return {};
@@ -128,7 +128,7 @@ Outcome<std::string> UdisksService::makeVolume(const std::string &node, const Vo
         m_bus->call(*object, "PartitionTable", "CreatePartitionAndFormat",
                     {quint64{FirstByte}, quint64{AllThatIsLeft}, QString::fromLatin1(format.partitionType),
                      QString(), withoutAsking(), QString::fromLatin1(format.type), formatting},
-                    Failed, InTimeMilliseconds);
+                    SomethingFailed, InTimeMilliseconds);
     if (!reply)
         return tl::unexpected(reply.error());
     const auto partition = reply->value(0).value<QDBusObjectPath>().path();
@@ -140,13 +140,13 @@ Outcome<std::string> UdisksService::makeVolume(const std::string &node, const Vo
 
 Outcome<std::string> UdisksService::mount(const std::string &node)
 {
-    const auto reply = m_bus->simply(node, "Filesystem", "Mount", Failed);
+    const auto reply = m_bus->simply(node, "Filesystem", "Mount", SomethingFailed);
     if (reply)
         return reply->value(0).toString().toStdString();
     // The desktop may have been quicker.
     const auto object = m_bus->objectOf(node);
     if (const auto points = object ? m_bus->property(*object, "Filesystem", "MountPoints")
-                                   : Outcome<QVariant>(trouble(Failed, {}))) {
+                                   : Outcome<QVariant>(trouble(SomethingFailed, {}))) {
         const auto list = qdbus_cast<QList<QByteArray>>(*points);
         if (!list.isEmpty())
             return textOf(list[0]);
@@ -175,10 +175,11 @@ Outcome<void> UdisksService::release(const std::string &node)
     if (!method) {
         // A SATA disk writes out its own memory and parks its heads; where it cannot, it is unmounted all the
         // same.
-        m_bus->call(path, "Drive.Ata", "PmStandby", {withoutAsking()}, Failed);
+        m_bus->call(path, "Drive.Ata", "PmStandby", {withoutAsking()}, SomethingFailed);
         return {};
     }
-    const auto reply = m_bus->call(path, "Drive", method, {withoutAsking()}, Failed, InTimeMilliseconds);
+    const auto reply =
+        m_bus->call(path, "Drive", method, {withoutAsking()}, SomethingFailed, InTimeMilliseconds);
     if (!reply && reply.error().status != Refused)
         return trouble(reply.error().status,
                        displayPath(node) + " is unmounted, but cannot be ejected: " + reply.error().reason);

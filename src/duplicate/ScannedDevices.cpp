@@ -1,6 +1,7 @@
 #include "duplicate/ScannedDevices.h"
 
 #include "discovery/ORVScanDevice.h"
+#include "foundation/DeviceBlocks.h"
 #include "platform/Account.h"
 #include "platform/Host.h"
 #include "platform/Places.h"
@@ -112,7 +113,7 @@ ShownDisks shownDisks(const ORVThunderboltInfo &enclosure)
 
 std::uint64_t bytesOfBlocks(const std::optional<std::int64_t> &blocks)
 {
-    return static_cast<std::uint64_t>(std::max<std::int64_t>(0, blocks.value_or(0))) * 512;
+    return static_cast<std::uint64_t>(std::max<std::int64_t>(0, blocks.value_or(0)) * DeviceBlockBytes);
 }
 
 } // namespace orvana

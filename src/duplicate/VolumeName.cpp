@@ -54,11 +54,16 @@ EraseFormat eraseFormatOf(std::string_view setting)
     return setting == "exfat" ? EraseFormat::ExFat : EraseFormat::Ext4;
 }
 
-EraseFormat eraseFormat()
+std::optional<std::string> eraseFormatSetting()
 {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
     const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
-    return eraseFormatOf(setting ? setting : "");
+    return setting ? std::optional<std::string>(setting) : std::nullopt;
+}
+
+EraseFormat eraseFormat()
+{
+    return eraseFormatOf(eraseFormatSetting().value_or(std::string()));
 }
 
 std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)

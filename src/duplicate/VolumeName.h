@@ -13,7 +13,10 @@ enum class EraseFormat { Ext4, Xfs, ExFat };
 /// The format of a setting's text: "xfs" or "exfat"; ext4 for anything else.
 EraseFormat eraseFormatOf(std::string_view setting);
 
-/// The format that disks get on this machine, by the environment's ORVANA_FILE_SYSTEM.
+/// The setting of this machine, as it is written in the environment's ORVANA_FILE_SYSTEM.
+std::optional<std::string> eraseFormatSetting();
+
+/// The format that disks get on this machine, by that setting.
 EraseFormat eraseFormat();
 
 /// Why a disk may not be given a name.

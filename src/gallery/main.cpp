@@ -5,6 +5,7 @@
 #include "app/Palettes.h"
 #include "discovery/ORVScanDevice.h"
 #include "filetree/FileListViewController.h"
+#include "foundation/DeviceBlocks.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/QtMainQueue.h"
 #include "foundation/SizeText.h"
@@ -29,8 +30,6 @@ namespace
 
 using namespace orvana;
 
-constexpr std::int64_t BlockBytes = 512;
-
 std::string sizeOf(const std::optional<std::int64_t> &count, std::int64_t unit)
 {
     return sizeText(static_cast<std::uint64_t>(count.value_or(0) * unit));
@@ -48,8 +47,8 @@ void fillRow(DiskInfoViewController &panel, std::string_view row, const ORVHddIn
     const auto &volume = *disk.bsdPathArray().front();
     const auto path = volume.mountPoint() ? *volume.mountPoint() : std::string();
     panel.setDiskInfo(row, path.substr(path.rfind('/') + 1), model, serial,
-                      sizeOf(volume.availableSize(), BlockBytes), sizeOf(volume.capacitySize(), BlockBytes),
-                      false, disk.isRaidFormated());
+                      sizeOf(volume.availableSize(), DeviceBlockBytes),
+                      sizeOf(volume.capacitySize(), DeviceBlockBytes), false, disk.isRaidFormated());
 }
 
 /// The demo machine, scanned, and the panels on it.

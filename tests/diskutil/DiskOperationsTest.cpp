@@ -202,7 +202,7 @@ TEST_F(DiskUtility, DiskThatChangesBetweenTheWritesGetsNoVolumeAndFails)
     m_service.afterTable = [this] { m_disk->identity.serial = "SN2"; };
     const auto done = erase();
     ASSERT_FALSE(done);
-    EXPECT_EQ(done.error().status, Failed);
+    EXPECT_EQ(done.error().status, SomethingFailed);
     EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
 }
 
@@ -261,13 +261,14 @@ TEST_F(DiskUtility, RightThatIsNotGivenIsARefusal)
 
 TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)
 {
-    for (const auto status : {Failed, Refused, NotThere}) {
+    for (const auto status : {SomethingFailed, Refused, NotThere}) {
         m_service.failing = {{"makeTable", status}};
         const auto done = erase();
         ASSERT_FALSE(done);
         EXPECT_EQ(done.error().status, status);
-        EXPECT_EQ(done.error().reason,
-                  status == Failed ? "/dev/sdb: what it held may be lost: played trouble" : "played trouble");
+        EXPECT_EQ(done.error().reason, status == SomethingFailed
+                                           ? "/dev/sdb: what it held may be lost: played trouble"
+                                           : "played trouble");
         EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
     }
 }
@@ -279,11 +280,11 @@ TEST_F(DiskUtility, TroubleAfterTheTableIsNoRefusalAnyMore)
         {"makeVolume", "/dev/sdb was emptied, but has no volume to use: played trouble"},
         {"mount", "/dev/sdb1 is erased, but cannot be mounted: played trouble"}};
     for (const auto &[call, reason] : troubles) {
-        for (const auto status : {Failed, Refused, NotThere}) {
+        for (const auto status : {SomethingFailed, Refused, NotThere}) {
             m_service.failing = {{call, status}};
             const auto done = erase();
             ASSERT_FALSE(done);
-            EXPECT_EQ(done.error().status, Failed);
+            EXPECT_EQ(done.error().status, SomethingFailed);
             EXPECT_EQ(done.error().reason, reason);
             EXPECT_TRUE(m_service.calls.back().starts_with(call)) << "nothing comes after it";
         }
@@ -312,10 +313,10 @@ TEST_F(DiskUtility, EjectWritesOutWhatIsStillHeldBack)
 TEST_F(DiskUtility, EjectSaysWhenNotAllCouldBeWrittenAndLetsGoAllTheSame)
 {
     m_disk->mounted = {{"/dev/sdb1", "/media/A"}};
-    m_writeOut = trouble(Failed, "/media/A: Input/output error");
+    m_writeOut = trouble(SomethingFailed, "/media/A: Input/output error");
     const auto done = eject();
     ASSERT_FALSE(done);
-    EXPECT_EQ(done.error().status, Failed);
+    EXPECT_EQ(done.error().status, SomethingFailed);
     EXPECT_EQ(done.error().reason, "Disk /dev/sdb ejected, but not all could be written to it: "
                                    "/media/A: Input/output error");
     EXPECT_EQ(m_service.calls.back(), "release /dev/sdb");

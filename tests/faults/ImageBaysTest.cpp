@@ -68,7 +68,7 @@ TEST_F(ImageBays, ErasedAndVerifiedCopiesAreEqualByteForByte)
         const auto host = platform::makeSimulatorHost(file, &queue).value();
         EXPECT_EQ(shell("echo old > '" + file + ".volumes/Volumes/OLD/old'"), 0);
         cli::Terminal terminal(stderr, stderr, false);
-        EXPECT_EQ(cli::runDuplicate(*host, queue, terminal, options), cli::AllDone);
+        EXPECT_EQ(cli::runDuplicate(*host, queue, terminal, options), AllDone);
     }
     for (const char *name : {"COPY1", "Untitled"}) {
         const auto copy = file + ".volumes/Volumes/" + name;

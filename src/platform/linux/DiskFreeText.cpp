@@ -1,5 +1,6 @@
 #include "platform/linux/DiskFreeText.h"
 
+#include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
 #include "platform/linux/LinuxTree.h"
 
@@ -11,8 +12,6 @@ namespace orvana::platform::linux_host
 
 namespace
 {
-
-constexpr std::uint64_t BlockSize = 512;
 
 std::string percent(std::uint64_t part, std::uint64_t whole)
 {
@@ -58,7 +57,9 @@ std::optional<VolumeRoom> measureRoom(const std::string &point)
     struct statvfs room{};
     if (::statvfs(point.c_str(), &room) != 0)
         return std::nullopt;
-    const auto inBlocks = [&](std::uint64_t count) { return count * room.f_frsize / BlockSize; };
+    const auto inBlocks = [&](std::uint64_t count) {
+        return count * room.f_frsize / static_cast<std::uint64_t>(DeviceBlockBytes);
+    };
     return VolumeRoom{inBlocks(room.f_blocks), inBlocks(room.f_bfree), inBlocks(room.f_bavail), room.f_files,
                       room.f_ffree};
 }

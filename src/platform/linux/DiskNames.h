@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/DeviceBlocks.h"
 #include "platform/linux/Disks.h"
 
 #include <map>
@@ -15,8 +16,10 @@ struct DiskIdentity
 {
     std::optional<std::uint64_t> sequence; ///< the kernel's number of this arrival
     std::optional<std::string> serial;
-    std::uint64_t blocks = 0; ///< of 512 bytes
+    std::uint64_t blocks = 0; ///< of DeviceBlockBytes
     std::string place;        ///< enclosure and bay, or where else it is wired
+
+    std::uint64_t bytes() const { return blocks * static_cast<std::uint64_t>(DeviceBlockBytes); }
 
     auto operator<=>(const DiskIdentity &) const = default;
 };

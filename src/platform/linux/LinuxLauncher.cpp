@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxLauncher.h"
 
 #include "foundation/DisplayPath.h"
+#include "foundation/ExitStatus.h"
 
 #include <algorithm>
 
@@ -9,8 +10,6 @@ namespace orvana::platform::linux_host
 
 namespace
 {
-
-constexpr int NotThere = 4;
 
 const Disk *diskCalled(const MachineLook &look, const DiskNames &names, const std::string &node)
 {
@@ -65,7 +64,7 @@ CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> a
         arguments.push_back("--expect-sequence=" + std::to_string(*identity.sequence));
     if (identity.serial)
         arguments.push_back("--expect-serial=" + *identity.serial);
-    arguments.push_back("--expect-size=" + std::to_string(identity.blocks * 512));
+    arguments.push_back("--expect-size=" + std::to_string(identity.bytes()));
     arguments.push_back("--expect-bay=" + identity.place);
     for (const auto &spared : m_sparedDisks)
         arguments.push_back(sparingWord(spared, *look));

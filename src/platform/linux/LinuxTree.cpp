@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxTree.h"
 
+#include "foundation/DeviceBlocks.h"
 #include "platform/linux/ThunderboltRouters.h"
 
 #include <algorithm>
@@ -239,7 +240,7 @@ private:
         if (!number || disk.blocks == 0)
             return; // a card reader without a card
         auto whole = mediaProperties(DiskNames::nameOf(*number), true, disk.pieces.empty(), disk.isOpen,
-                                     static_cast<std::int64_t>(disk.blocks * 512), disk.content);
+                                     static_cast<std::int64_t>(disk.blocks) * DeviceBlockBytes, disk.content);
         if (disk.isRaid)
             whole["RAID"] = true;
         auto &media = driver.add("IOBlockStorageDriver", "IOBlockStorageDriver")
@@ -261,11 +262,11 @@ private:
         auto &media =
             scheme.add("IOMedia", "Media@" + std::to_string(piece.number),
                        mediaProperties(DiskNames::nameOf(number, piece), false, piece.isLeaf,
-                                       piece.isOpen && piece.isLeaf, std::int64_t{blocks} * 512, content));
+                                       piece.isOpen && piece.isLeaf, blocks * DeviceBlockBytes, content));
         if (!piece.isLeaf && piece.holdsRoot)
             media.add("IOMedia", "Media@1",
                       mediaProperties(nameOfRootAbove(number, piece), false, true, true,
-                                      std::int64_t{blocks} * 512, {}));
+                                      blocks * DeviceBlockBytes, {}));
     }
 
     const DeviceList &m_devices;

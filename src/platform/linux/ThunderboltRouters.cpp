@@ -1,5 +1,7 @@
 #include "platform/linux/ThunderboltRouters.h"
 
+#include "platform/EnclosureModels.h"
+
 #include <algorithm>
 #include <map>
 #include <set>
@@ -12,8 +14,6 @@ namespace
 
 using Devices = std::vector<const Device *>;
 
-constexpr long MakerVendor = 0x41;
-constexpr long FourBayModels[] = {0x237, 0x238};
 constexpr long Intel = 0x8086;
 constexpr long OnePort = 0x612; // the enclosures' SATA controllers, by their ports
 constexpr long TwoPort = 0x625;
@@ -212,8 +212,7 @@ bool isAuthorized(const Device &router)
 bool isFourBayEnclosure(const Device &router)
 {
     const auto model = hexNumber(router.attribute("device"));
-    return hexNumber(router.attribute("vendor")) == MakerVendor &&
-           std::find(std::begin(FourBayModels), std::end(FourBayModels), model) != std::end(FourBayModels);
+    return hexNumber(router.attribute("vendor")) == MakerVendor && isFourBayModel(model);
 }
 
 bool isRemovable(const DeviceList &devices, const Device &pci)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/EnclosureModels.h"
+
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -55,8 +57,8 @@ struct Enclosure
 {
     std::string name;
     std::string vendorName;
-    std::int64_t vendor = 65;
-    std::int64_t model = 567;
+    std::int64_t vendor = MakerVendor;
+    std::int64_t model = FourBayModels.front();
     std::int64_t uid = 0;
     std::int64_t depth = 1;
     std::int64_t route = 1;

@@ -226,8 +226,8 @@ Enclosure readEnclosure(const Json &json, const std::string &where)
     enclosure.where = where;
     enclosure.name = fields.text("name").value_or("Orvana Storage");
     enclosure.vendorName = fields.text("vendorName").value_or("Orvana");
-    enclosure.vendor = fields.number("vendor").value_or(65);
-    enclosure.model = fields.number("model").value_or(567);
+    enclosure.vendor = fields.number("vendor").value_or(MakerVendor);
+    enclosure.model = fields.number("model").value_or(FourBayModels.front());
     enclosure.uid = fields.requiredNumber("uid");
     enclosure.depth = fields.number("depth").value_or(1);
     enclosure.route = fields.number("route").value_or(1);

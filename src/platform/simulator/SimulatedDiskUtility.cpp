@@ -1,5 +1,6 @@
 // The part of the simulated machine that stands for the disk utility.
 
+#include "foundation/ExitStatus.h"
 #include "platform/posix/PosixVolumeFiles.h"
 #include "platform/simulator/MachinePlaces.h"
 #include "platform/simulator/SimulatedMachine.h"
@@ -17,12 +18,7 @@ namespace
 
 constexpr const char *InUse = "Error: the disk is in use";
 
-// The statuses of the disk utility.
-constexpr int Failed = 1;
-constexpr int Refused = 3;
-constexpr int NotThere = 4;
-
-CommandLauncher::Result failed(const std::string &text, int status = Failed)
+CommandLauncher::Result failed(const std::string &text, ExitStatus status = SomethingFailed)
 {
     return {text + "\n", status};
 }

@@ -1,5 +1,6 @@
 #include "platform/simulator/SimulatedMachine.h"
 
+#include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "platform/PrivateFolder.h"
@@ -234,8 +235,8 @@ std::string SimulatedMachine::diskFree() const
         if (!point)
             continue;
         const auto [capacity, free] = m_volumes.space(m_machine, *disk, *volume);
-        const auto blocks = capacity / 512;
-        const auto available = free / 512;
+        const auto blocks = capacity / DeviceBlockBytes;
+        const auto available = free / DeviceBlockBytes;
         listing << device << ' ' << blocks << ' ' << blocks - available << ' ' << available << ' '
                 << (blocks > 0 ? 100 * (blocks - available) / blocks : 0) << "% 0 0 0% " << *point << '\n';
     }

@@ -124,12 +124,13 @@ void SimulatedVolumes::readMounted()
         throw std::runtime_error(folder + " cannot be read");
     while (!keys->empty()) {
         const std::string key(keys->takeNext());
-        std::ifstream file(folder + "/" + key);
+        const auto path = std::string(folder).append("/").append(key);
+        std::ifstream file(path);
         std::string name;
         std::getline(file, name);
         // To take the volume for unmounted would lose its folder.
         if (!file.is_open() || file.bad())
-            throw std::runtime_error(folder + "/" + key + " cannot be read");
+            throw std::runtime_error(path + " cannot be read");
         if (isVolumeName(name) && fs::is_directory(fs::symlink_status(m_root + "/Volumes/" + name)))
             m_mounted[key] = name;
     }

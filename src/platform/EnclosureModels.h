@@ -1,0 +1,21 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace orvana::platform
+{
+
+/// The maker's number among Thunderbolt vendors.
+inline constexpr std::int64_t MakerVendor = 65;
+
+/// The numbers of the models with four bays.
+inline constexpr std::array<std::int64_t, 2> FourBayModels{567, 568};
+
+constexpr bool isFourBayModel(std::int64_t model)
+{
+    return std::find(FourBayModels.begin(), FourBayModels.end(), model) != FourBayModels.end();
+}
+
+} // namespace orvana::platform
