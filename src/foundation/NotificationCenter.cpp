@@ -26,10 +26,20 @@ namespace
 // The slots whose handlers are on this thread's stack.
 thread_local std::vector<const void *> handlersOnThisThread;
 
+class OnThisThread
+{
+public:
+    explicit OnThisThread(const void *slot) { handlersOnThisThread.push_back(slot); }
+    ~OnThisThread() { handlersOnThisThread.pop_back(); }
+    OnThisThread(const OnThisThread &) = delete;
+    OnThisThread &operator=(const OnThisThread &) = delete;
+};
+
 } // namespace
 
 void NotificationCenter::Slot::deliver(const Notification &notification)
 {
+    const OnThisThread onThisThread(this); // the step that may find no memory, before the delivery counts
     {
         const std::lock_guard lock(mutex);
         if (!active)
@@ -39,15 +49,13 @@ void NotificationCenter::Slot::deliver(const Notification &notification)
     struct Leave
     {
         Slot &slot;
-        explicit Leave(Slot &s) : slot(s) { handlersOnThisThread.push_back(&s); }
         ~Leave()
         {
-            handlersOnThisThread.pop_back();
             const std::lock_guard lock(slot.mutex);
             --slot.running;
             slot.idle.notify_all();
         }
-    } const leave(*this);
+    } const leave{*this};
     handler(notification);
 }
 

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <gtest/gtest.h>
+#include <new>
 #include <thread>
 
 namespace orvana
@@ -100,6 +101,17 @@ TEST(NotificationCenter, PostingWhileOthersSubscribeIsSafe)
         const auto passing = center.subscribe("A", [&](const Notification &) { ++received; });
     poster.join();
     EXPECT_GE(received, 2000);
+}
+
+TEST(NotificationCenter, HandlerThatThrowsIsOverAndItsSubscriptionEnds)
+{
+    NotificationCenter center;
+    {
+        const auto subscription =
+            center.subscribe("name", [](const Notification &) { throw std::bad_alloc(); });
+        EXPECT_THROW(center.post("name"), std::bad_alloc);
+    }
+    EXPECT_NO_THROW(center.post("name"));
 }
 
 } // namespace orvana
