@@ -40,8 +40,8 @@ public:
     const Disks &otherDiskArray() const { return m_otherDiskArray; }
     const Enclosures &otherTBArray() const { return m_otherTBArray; }
 
-    /// Why devices that are attached take no part, a sentence each: those of the last scan that sit in an
-    /// enclosure and in no bay of it, and what the registry says.
+    /// One sentence for each attached device that takes no part, with the reason: what the registry says, and
+    /// the disks of the last scan that sit in an enclosure but in none of its bays.
     std::vector<std::string> remarks() const;
 
     // Which of the scans for other disks run.

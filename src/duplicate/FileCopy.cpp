@@ -69,8 +69,8 @@ private:
     std::atomic<int> &m_count;
 };
 
-// A run must come to its end whatever memory there is. A step that found none is tried again: what the run
-// held is free by then.
+// A run must come to its end even without memory. The step is tried again after a failure, because what the
+// run held is free by then.
 template <class Step>
 void insistOn(Step step)
 {

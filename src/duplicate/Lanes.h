@@ -27,7 +27,8 @@ public:
     Lanes &operator=(const Lanes &) = delete;
 
     /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` lanes, while the caller does
-    /// `meanwhile`. Returns when all of it is done; what one of them threw first is thrown again then.
+    /// `meanwhile`. Returns when all pieces and `meanwhile` are done, and then throws the first exception of
+    /// any of them.
     void doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
                   const std::function<void()> &meanwhile);
 

@@ -38,7 +38,7 @@ struct ComparedCopy
     std::int64_t differences = 0; ///< blocks that differ
     std::uint64_t firstOffset = 0;
 
-    /// True while it was read to here and is equal to its source.
+    /// True if the copy takes part and all that was read of it so far equals its source.
     bool isGood() const { return file && !error && differences == 0; }
 };
 

@@ -28,7 +28,7 @@ public:
     /// Lists these enclosures and selects the placeholder. Posts nothing.
     void updateTBDevPopUp(const std::vector<std::shared_ptr<ORVThunderboltInfo>> &enclosures);
 
-    /// Offers these sentences beside the picker: why something that is attached cannot be used.
+    /// Offers these sentences, which say why attached devices cannot be used, beside the picker.
     void setRemarks(const std::vector<std::string> &remarks);
 
     /// The user chose an item: posts "SelectTBDeviceFormTBDevView" for an enclosure, chosen already or not.

@@ -74,7 +74,7 @@ public:
     /// answer's entries are the first batch: those that are there already (none for terminated ones).
     virtual Answer watch(const std::string &className, RegistryEvent event, EventHandler handler) = 0;
 
-    /// Why devices that are attached cannot be used, a sentence each, with what helps where something does.
+    /// One sentence for each attached device that cannot be used: the reason, and what the user can do.
     virtual std::vector<std::string> remarks() { return {}; }
 };
 

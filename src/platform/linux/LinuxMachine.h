@@ -32,7 +32,7 @@ public:
 
     const DiskNames &names() const { return m_names; }
 
-    /// Why something that is attached could not be used at the last look, a sentence each.
+    /// One sentence for each device that could not be used at the last look, with the reason.
     const std::set<std::string> &remarks() const { return m_remarks; }
 
 private:

@@ -44,7 +44,7 @@ bool SimulatedMachine::isInUse(const Disk &disk) const
     });
 }
 
-// What is answered where no command may change the disk; nullopt when commands may.
+// The answer to a command that must not change the disk; nullopt if commands may change it.
 std::optional<CommandLauncher::Result> SimulatedMachine::refusal(const Disk *disk,
                                                                  const std::string &device) const
 {
