@@ -146,6 +146,36 @@ TEST(RunReport, DestinationWithoutADiskIsSaidToBeInMemory)
     EXPECT_EQ(list[2]["reason"], "not known to be on disk: the run ended before the final sync");
 }
 
+TEST(RunReport, SlowestOfSeveralDestinationsIsTheOneThatTookLongest)
+{
+    const test::StoppedClock clock;
+    RunReport report({}, {}, clock);
+    report.begin("/source", {"/a", "/b", "/c"}, false);
+    report.destination(0).addWriteTime(std::chrono::seconds(2));
+    report.destination(1).addWriteTime(std::chrono::seconds(1));
+    report.destination(1).syncNanoseconds = 2'000'000'000;
+    const auto all = report.summary().destinations;
+    EXPECT_FALSE(all[0].isSlowest);
+    EXPECT_TRUE(all[1].isSlowest);
+    EXPECT_FALSE(all[2].isSlowest);
+    RunReport single({}, {}, clock);
+    single.begin("/source", {"/a"}, false);
+    EXPECT_FALSE(single.summary().destinations[0].isSlowest);
+}
+
+TEST(RunReport, CopiesReadFromMemoryOnceAreNotCalledReadFromTheDisk)
+{
+    const test::StoppedClock clock;
+    RunReport report({}, {}, clock);
+    report.begin("/source", {"/a"}, true);
+    EXPECT_EQ(report.summary().destinations[0].verifiedFrom, VerifiedFrom::None);
+    report.verifiedFrom(0, VerifiedFrom::Disk);
+    EXPECT_EQ(report.summary().destinations[0].verifiedFrom, VerifiedFrom::Disk);
+    report.verifiedFrom(0, VerifiedFrom::Cache);
+    report.verifiedFrom(0, VerifiedFrom::Disk);
+    EXPECT_EQ(report.summary().destinations[0].verifiedFrom, VerifiedFrom::Cache);
+}
+
 TEST(ReportJson, MismatchTellsItsBlocksAndAnyOtherProblemItsReason)
 {
     EXPECT_EQ(problemJson({ProblemKind::Mismatched, "/s/x", "/d", {}, 512, 2}).dump(),

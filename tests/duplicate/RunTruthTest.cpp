@@ -257,6 +257,17 @@ TEST_F(RunTruth, VerifiedFromTheDiskIsNotSaidOfPagesThatStayInMemory)
     ::close(file);
 }
 
+TEST_F(RunTruth, CopyThatDiffersIsReportedOnceAndNotAgainAtTheEnd)
+{
+    m_tree.file("source/x", test::patternOf(1000));
+    m_engine.setBVerifyFiles(true);
+    at("Verifying File ...", [this] { m_tree.file("a/x", std::string(1000, 'z')); });
+    runJob({"x"});
+    EXPECT_EQ(destination()["mismatched"], 1);
+    EXPECT_EQ(destination()["verified"], 0);
+    EXPECT_EQ(report()["problems"].size(), 1U);
+}
+
 TEST_F(RunTruth, CopyThatDiffersAtTheEndOfTheRunIsNoLongerVerified)
 {
     m_tree.file("source/x", test::patternOf(2 * BlockSize));
