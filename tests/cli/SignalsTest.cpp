@@ -3,8 +3,10 @@
 #include "MachineFixture.h"
 #include "foundation/SizeText.h"
 
+#include <array>
 #include <clocale>
 #include <csignal>
+#include <ctime>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -126,6 +128,36 @@ TEST_F(Process, ReportIsWholeThoughStandardFilesAreClosed)
     EXPECT_EQ(statusOf(child), AllDone);
     EXPECT_EQ(report()["destinations"][0]["copied"], 1);
     EXPECT_EQ(m_tree.read("d/file"), "content");
+}
+
+TEST_F(Process, FirstRunLogsToDocumentsUnderTheSecondInWhichItBegan)
+{
+    m_tree.file("s/file", "content");
+    m_tree.folder("d");
+    m_tree.folder("home/Documents");
+    const auto before = ::time(nullptr);
+    const auto child = ::fork();
+    if (child == 0) {
+        ::setenv("HOME", m_tree.path("home").c_str(), 1);
+        ::execl(PLURIMOCTL, PLURIMOCTL, "copy", m_tree.path("s/file").c_str(), "--to",
+                m_tree.path("d").c_str(), nullptr);
+        ::_exit(99);
+    }
+    ASSERT_EQ(statusOf(child), AllDone);
+    std::string name;
+    for (auto second = before; second <= ::time(nullptr); ++second) {
+        std::array<char, 32> stamp{};
+        std::tm local{};
+        ::localtime_r(&second, &local);
+        std::strftime(stamp.data(), stamp.size(), "%Y%m%d-%H%M%S", &local);
+        const auto candidate = std::string("home/Documents/") + stamp.data() + "-Log.txt";
+        if (m_tree.exists(candidate))
+            name = candidate;
+    }
+    ASSERT_FALSE(name.empty()) << "no log is named after a second of this run";
+    const auto log = m_tree.read(name);
+    constexpr std::size_t StampLength = 21; // "[2026/11/21 10:20:30]"
+    EXPECT_EQ(log.substr(StampLength, 6), ": \n\n\n[") << log;
 }
 
 TEST_F(Process, NamesOfTheWorkingFolderAreNoRule)
