@@ -183,7 +183,7 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
                                .notKnownToBeOnDisk = 0,
                                .reason = {}};
     if (state.durability == Durability::NotKnown) {
-        // What only memory is known to hold does not count as done.
+        // Files that may be in memory only do not count as copied.
         summary.notKnownToBeOnDisk = std::exchange(summary.copied, 0);
         summary.reason = "not known to be on disk: " + state.notOnDiskReason;
     }

@@ -35,17 +35,17 @@ struct RunProblem
     std::int64_t blocks = 0;       ///< of a mismatch: how many blocks differ
 };
 
-/// What the copies of a destination were compared with: what its disk holds, or what memory holds of it.
+/// The place from which the copies of a destination were read back: its disk, or the memory before the disk.
 enum class VerifiedFrom { None, Disk, Cache };
 
-/// Where a destination's copies are known to be.
+/// The place where a destination's copies are known to be.
 enum class Durability {
     NotKnown,
     OnDisk,
     Memory, ///< the file system has no disk, and they are there
 };
 
-/// What happened on one destination.
+/// The counts and the state of one destination.
 struct DestinationSummary
 {
     std::string path;            ///< its root, bytes as they are on the disk

@@ -3,7 +3,7 @@
 namespace orvana
 {
 
-/// What all the programs leave with. Scripts rely on these numbers.
+/// The exit statuses of all the programs. Scripts rely on these numbers.
 enum ExitStatus : int {
     AllDone = 0,
     SomethingFailed = 1, ///< begun and not finished, or finished and not as it should be

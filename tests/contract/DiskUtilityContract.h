@@ -1,7 +1,8 @@
 #pragma once
 
-// What every disk utility promises. A back end takes part with a type that has a disk in a bay, with a volume
-// on it: `missing`, `run`, `device`, `spare`, `takeInUse`, `mountedVolumes` and `filesOn`.
+// The promises that every disk utility keeps. A back end takes part with a type that has a disk in a bay,
+// with a volume on it: `missing`, `run`, `device`, `noDevice`, `spare`, `takeInUse`, `mountedVolumes` and
+// `filesOn`.
 
 #include "support/Shell.h"
 

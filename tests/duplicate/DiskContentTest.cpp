@@ -1,4 +1,4 @@
-// What disks hold that are about to be erased.
+// The content of disks that are about to be erased.
 
 #include "duplicate/DiskContent.h"
 

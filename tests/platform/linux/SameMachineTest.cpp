@@ -241,8 +241,8 @@ protected:
         EXPECT_TRUE(m_told.empty()) << "what is there already is not told";
     }
 
-    /// What was told until nothing more came for a while, sorted: kernel and file tell in orders of their
-    /// own.
+    /// Returns what was told, once nothing more has come for a while. It is sorted, because the kernel and
+    /// the simulated machine tell in different orders.
     Lines told()
     {
         m_machine.lookAtMounts();
