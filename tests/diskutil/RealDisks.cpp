@@ -83,4 +83,21 @@ void RealDisks::expectCopyGoesTo(const ImageDisk &disk)
     EXPECT_EQ(contentOf(point + "/folder/small"), "small");
 }
 
+std::string sparingWord(const ImageDisk &disk)
+{
+    std::string arrival;
+    std::string serial;
+    std::string size;
+    for (const auto &word : disk.expectations()) {
+        const auto value = word.substr(word.find('=') + 1);
+        if (word.starts_with("--expect-sequence"))
+            arrival = value;
+        if (word.starts_with("--expect-serial"))
+            serial = value;
+        if (word.starts_with("--expect-size"))
+            size = value;
+    }
+    return "--spare=device=" + disk.node() + ",arrival=" + arrival + ",size=" + size + ",serial=" + serial;
+}
+
 } // namespace orvana::test

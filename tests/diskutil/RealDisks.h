@@ -44,6 +44,9 @@ protected:
     StoppedClock m_clock;
 };
 
+/// The word that tells the utility never to touch the disk.
+std::string sparingWord(const ImageDisk &disk);
+
 /// The same as another user than root, where an authority decides that the test plays.
 class PlayedAuthority : public RealDisks
 {

@@ -2,98 +2,11 @@
 
 #include "RealDisks.h"
 #include "DiskUsers.h"
-#include "contract/DiskUtilityContract.h"
 #include "foundation/PlainMainQueue.h"
 #include "platform/HostFactory.h"
 #include "platform/VolumeEvents.h"
 
 #include <random>
-
-namespace orvana::test
-{
-
-namespace
-{
-
-// The word for a disk that the utility must not touch.
-std::string sparing(const ImageDisk &disk)
-{
-    std::string arrival;
-    std::string serial;
-    std::string size;
-    for (const auto &word : disk.expectations()) {
-        const auto value = word.substr(word.find('=') + 1);
-        if (word.starts_with("--expect-sequence"))
-            arrival = value;
-        if (word.starts_with("--expect-serial"))
-            serial = value;
-        if (word.starts_with("--expect-size"))
-            size = value;
-    }
-    return "--spare=device=" + disk.node() + ",arrival=" + arrival + ",size=" + size + ",serial=" + serial;
-}
-
-/// The image of a disk in a bay, by way of the real disk service.
-struct ImageInABay
-{
-    static const char *missing()
-    {
-        if (!hasPrivateSystem())
-            return MissingSystem;
-        return hasPlayedAuthority() || hasNoDiskService() ? "is run by itself, on another system" : nullptr;
-    }
-
-    ImageInABay()
-    {
-        disk.makeVolume("ext4", "OLD");
-        disk.mount(tree.folder("OLD"));
-        tree.file("OLD/file", "content");
-    }
-
-    const std::string &device() const { return disk.node(); }
-    static std::string noDevice() { return "/dev/loop9999"; }
-
-    Said run(std::vector<std::string> words) const
-    {
-        const auto known = disk.expectations();
-        words.insert(words.end(), known.begin(), known.end());
-        if (!spared.empty())
-            words.push_back(spared);
-        return runDiskUtility(words, tree.path("bays"), {});
-    }
-
-    void spare() { spared = sparing(disk); }
-    void takeInUse() { user = std::make_unique<BusyProcess>(disk.mountPoint()); }
-
-    std::vector<std::string> mountedVolumes() const
-    {
-        return disk.mountPoint().empty() ? std::vector<std::string>() : std::vector{disk.label()};
-    }
-
-    // A new ext4 comes with its folder for what a repair finds.
-    std::vector<std::string> filesOn(const std::string &) const
-    {
-        auto files = treeOf(disk.mountPoint());
-        std::erase(files, "lost+found");
-        return files;
-    }
-
-    TemporaryTree tree;
-    ImageDisk disk{tree.folder("bays"), "disk", 64};
-    std::string spared;
-    std::unique_ptr<BusyProcess> user;
-};
-
-} // namespace
-
-} // namespace orvana::test
-
-namespace orvana::platform
-{
-
-INSTANTIATE_TYPED_TEST_SUITE_P(Real, DiskUtilityContract, test::ImageInABay);
-
-} // namespace orvana::platform
 
 namespace orvana::test
 {
@@ -151,7 +64,7 @@ TEST_F(RealDisks, DiskThatMustNotBeTouchedKeepsEveryByteWhateverHappensInBetween
         SCOPED_TRACE("sequence " + std::to_string(sequence));
         const auto source = addDisk("source");
         const auto other = addDisk("other");
-        const auto spare = sparing(*source);
+        const auto spare = sparingWord(*source);
         auto known = other->expectations();
         const auto before = source->digest();
         for (int event = 0; event < 4; ++event) {
