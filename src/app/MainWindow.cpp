@@ -1,6 +1,5 @@
 #include "app/MainWindow.h"
 
-#include "duplicate/RunReport.h"
 #include "filetree/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
@@ -55,7 +54,7 @@ MainWindow::~MainWindow()
     qApp->removeEventFilter(this);
     m_subscriptions.clear();
     m_isAlive.reset();
-    m_fileCopy.reset();
+    m_run.reset();
 }
 
 void MainWindow::later(std::chrono::milliseconds delay, std::function<void()> work)
@@ -85,10 +84,14 @@ void MainWindow::startMainWindow()
 
 void MainWindow::initWindowItems()
 {
-    m_fileCopy = std::make_unique<FileCopy>(m_context.host, m_context.center);
-    m_diskTool = std::make_unique<DiskUtil>(m_context.host.launcher(), m_context.center);
     m_logData = std::make_unique<LogData>(m_context.logFolder, m_context.clock);
-    m_relay = std::make_unique<RunRelay>(*m_logData, *this);
+    m_run = std::make_unique<DuplicationRun>(DuplicationRun::Surroundings{.host = m_context.host,
+                                                                          .center = m_context.center,
+                                                                          .queue = m_context.queue,
+                                                                          .clock = m_context.clock,
+                                                                          .log = *m_logData,
+                                                                          .patience = {}},
+                                             *this);
     m_TBMonitor = std::make_unique<ThunderBoltMonitor>(m_context.host.registry(), m_context.center);
     m_logData->initLogFile();
     initTBDeviceView();

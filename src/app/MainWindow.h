@@ -4,10 +4,7 @@
 #include "app/Sheets.h"
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
-#include "duplicate/DiskUtil.h"
-#include "duplicate/FileCopy.h"
-#include "duplicate/RunOrder.h"
-#include "duplicate/RunRelay.h"
+#include "duplicate/run/DuplicationRun.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/PendingUpdate.h"
 #include "log/LogData.h"
@@ -17,7 +14,6 @@
 #include <QMainWindow>
 #include <QPointer>
 
-#include <atomic>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -30,19 +26,17 @@ namespace orvana
 class CopyActionViewController;
 class DiskInfoViewController;
 class FileListViewController;
-class RunProblems;
-class RunReport;
 class TBDeviceViewController;
 
 /// The program's window and its main controller: it owns the workers and the panels, and turns every event
-/// into action. Its functions live where they belong: start-up and layout in app/MainWindow.cpp, the choice
-/// of enclosure and source in app/MainWindowSelection.cpp, events in app/MainWindowMonitoring.cpp, what a run
-/// shows and holds off in app/MainWindowProgress.cpp, what comes before a run in
-/// duplicate/MainWindowStart.cpp, the run itself in duplicate/MainWindowRunControl.cpp, erase and eject in
-/// duplicate/MainWindowDisks.cpp.
+/// into action. The run itself is a `DuplicationRun`, of which this is a view. The functions stand in several
+/// files: start-up and layout in MainWindow.cpp, the choice of enclosure and source in
+/// MainWindowSelection.cpp, events in MainWindowMonitoring.cpp, what a run shows and holds off in
+/// MainWindowProgress.cpp, what comes before a run in MainWindowStart.cpp, its start and its end in
+/// MainWindowRunControl.cpp, the disks of an erase and eject in MainWindowDisks.cpp.
 ///
-/// Main thread only, except what `RunDisplay` and `UserEventChange` say.
-class MainWindow : public QMainWindow, public Ui::MainWindow, public RunDisplay
+/// Main thread only, except what `RunDisplay`, `RunView` and `UserEventChange` say.
+class MainWindow : public QMainWindow, public Ui::MainWindow, public RunView
 {
     Q_OBJECT
 
@@ -104,7 +98,6 @@ public:
     void Duplicate();
     void StartDuplicate();
     void StopDuplicate();
-    void CopyFile();
 
     /// Callable from any thread, as `RunDisplay` is; what is shown follows on the main thread.
     void setProgressMsg(const std::string &message) override;
@@ -112,9 +105,8 @@ public:
     void setTotalProgerss(float fraction) override;
     void BackupFinish() override;
 
-    // Erase and eject
+    // Eject
 
-    void EraseDisk();
     void EjectTargetDisks();
     void EjectSourceDisk();
 
@@ -126,13 +118,13 @@ public:
 
     /// Shows what the last run did; nothing before the first one.
     void showLastReport();
-    bool hasReport() const { return m_report != nullptr; }
+    bool hasReport() const { return m_run->hasStarted(); }
 
     Sheets &sheets() { return m_sheets; }
 
     ORVScanDevice &ScanDevice() { return m_ScanDevice; }
-    FileCopy &fileCopy() { return *m_fileCopy; }
-    DiskUtil &diskTool() { return *m_diskTool; }
+    FileCopy &fileCopy() { return m_run->fileCopy(); }
+    DiskUtil &diskTool() { return m_run->diskTool(); }
     LogData &logData() { return *m_logData; }
     TBDeviceViewController &myTBDeviceViewController() { return *m_tbDevice; }
     DiskInfoViewController &myDiskInfoViewController() { return *m_diskInfo; }
@@ -182,15 +174,21 @@ private:
     void makeDispatchTable();
     void rescanSoon();
     void eraseOptionChanged();
-    void eraseFinished();
     void colourBays();
 
+    // The run, as `DuplicationRun` asks and tells
+    ScannedDevices devices() const override { return scannedDevices(m_ScanDevice); }
+    void lookAtAllDevices() override;
+    void lookAtEnclosures() override;
+    bool hasSomethingToCopy() override;
+    void disksLeftOut(const std::vector<DiskRefusal> &refusals) override;
+    void refused(const RunRefusal &refusal) override;
+    void ended(const RunSummary &summary) override;
+
     // Run control
-    bool isRunning() const;
     bool isStartRefused();
     void warn(const std::string &text);
     RunChoice choiceNow() const;
-    RunChoice choiceOfRun() const;
     std::vector<std::string> selectionNow() const;
 
     // From the click on Start to the run
@@ -203,15 +201,12 @@ private:
     bool isUnchanged(const ChosenEnclosure &asked);
     void waitWith(const QString &text);
     void endWaiting();
-    void tellRefusals(const std::vector<DiskRefusal> &refusals);
-    void runEnded();
-    void finishReportWithoutCopy();
-    void tellOfNoCopy();
-    void endWithoutCopy();
-    void endRunOfLostEnclosure();
+    void copied(const RunSummary &summary);
+    void showCancelled();
+    void enclosureLost();
+    void tellOfNoCopy(const RunSummary &summary);
     void showReportOfDisks();
     void restoreIdleControls();
-    void makeReport();
     void showProgress();
     void requestProgress();
     void holdOffSleepWhileBusy();
@@ -221,7 +216,6 @@ private:
 
     // Erase and eject
     void lockChoices(bool locked);
-    void eraseWhenIdle(int looksLeft);
     void ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t run, void (MainWindow::*ejected)());
     void targetsEjected();
     void sourceEjected();
@@ -264,26 +258,17 @@ private:
     ShownProgress m_progress;
     PendingUpdate m_progressUpdate;
 
-    std::atomic<std::uint64_t> m_run{0}; // changes with every start and stop
-    std::optional<std::int64_t> m_runEnclosure;
-    std::shared_ptr<RunReport> m_report;
-    std::shared_ptr<RunProblems> m_problems;
     QPointer<QWidget> m_reportWindow;
-    std::optional<RunOrder> m_order; // of the run that is being started, or goes on
+    std::optional<RunOrder> m_order; // of the run that is about to be started
     std::unique_ptr<DiskSurvey> m_survey;
     std::optional<Sheets::Id> m_waitingSheet; // while Start waits for a count or a survey
-    std::optional<ErasePlan> m_erasePlan;
-    std::optional<PerBay<bool>> m_isNotErased; // once the present run has erased
-    std::set<std::string> m_toldRefusals;      // of the present run
+    std::set<std::string> m_toldRefusals;     // of the present run
     std::shared_ptr<void> m_wakefulness;
-    bool m_erasedInRun = false; // the report says what became of the disks
     bool m_isClosing = false;
 
     ORVScanDevice m_ScanDevice;
     std::unique_ptr<LogData> m_logData;
-    std::unique_ptr<RunRelay> m_relay;
-    std::unique_ptr<FileCopy> m_fileCopy;
-    std::unique_ptr<DiskUtil> m_diskTool;
+    std::unique_ptr<DuplicationRun> m_run; // after what it works with
     std::unique_ptr<ThunderBoltMonitor> m_TBMonitor;
     TBDeviceViewController *m_tbDevice = nullptr; // panels belong to their host views
     DiskInfoViewController *m_diskInfo = nullptr;

@@ -1,7 +1,5 @@
 #include "app/MainWindow.h"
 
-#include "duplicate/DiskReport.h"
-#include "duplicate/RunReport.h"
 #include "filetree/FileListViewController.h"
 #include "foundation/MainQueue.h"
 #include "foundation/NotificationNames.h"
@@ -48,7 +46,7 @@ void MainWindow::makeDispatchTable()
                             std::function<void(const Notification &)> action) {
         m_dispatchTable.push_back({std::move(names), std::move(action)});
     };
-    const auto relay = [this](const Notification &note) { m_relay->relay(note); };
+    const auto ofTheRun = [this](const Notification &note) { m_run->answer(note); };
     add({TBDeviceAttached, TBDeviceDeattached}, [this](const auto &) { rescanSoon(); });
     add({SelectTBDevice}, [this](const auto &) { tbDevSelectionChange(); });
     add({SelectSourceDisk}, [this](const auto &) { SourceDiskSelectionChange(); });
@@ -56,10 +54,10 @@ void MainWindow::makeDispatchTable()
     add({notification::EjectSourceDisk}, [this](const auto &) { EjectSourceDisk(); });
     add({UpdateDiskInfoColor}, [this](const auto &) { setTargetDiskInfoColor(); });
     add({ClickStartBtn}, [this](const auto &) { Duplicate(); });
-    add({ClickVerifyBtn}, [this](const auto &) { m_fileCopy->setBVerifyFiles(m_action->verifyFiles()); });
+    add({ClickVerifyBtn}, [this](const auto &) { m_run->fileCopy().setBVerifyFiles(m_action->verifyFiles()); });
     add({ClickEraseBtn}, [this](const auto &) { eraseOptionChanged(); });
-    add({FileCopyMessage, FileProgress, TotalProgress, DiskMessage, notification::BackupFinish}, relay);
-    add({EraseDiskFinish}, [this](const auto &) { eraseFinished(); });
+    add({FileCopyMessage, FileProgress, TotalProgress, DiskMessage, notification::BackupFinish}, ofTheRun);
+    add({EraseDiskFinish}, ofTheRun);
 }
 
 void MainWindow::rescanSoon()
@@ -98,34 +96,6 @@ void MainWindow::eraseOptionChanged()
     if (!isOn)
         setTargetDiskInfo(); // restores the names that were typed over
     setTargetDiskInfoColor();
-}
-
-void MainWindow::eraseFinished()
-{
-    if (!m_action->isErasing())
-        return;
-    if (m_report && m_erasePlan) {
-        reportErase(*m_report, *m_erasePlan, m_diskTool->results());
-        m_erasedInRun = true;
-        m_isNotErased = baysNotErased(*m_erasePlan, m_diskTool->results());
-    }
-    m_erasePlan.reset();
-    m_action->setIsErasing(false);
-    lockChoices(false);
-    setProgressMsg(std::string());
-    m_ScanDevice.resetArray("TBBay4");
-    m_ScanDevice.scanTBDevice();
-    // What was plugged in during the erase was never shown before Start, and is written to by no run of it.
-    const auto shown = m_shown;
-    setTargetDiskInfo();
-    m_shown = shown;
-    fileProgress->setKind(ProgressIndicator::Kind::Determinate);
-    totalProgress->setKind(ProgressIndicator::Kind::Determinate);
-    setFileProgerss(0.0F);
-    setTotalProgerss(0.0F);
-    m_action->StartBtn->setEnabled(true);
-    m_action->setIsDuplicating(true);
-    CopyFile();
 }
 
 void MainWindow::setTargetDiskInfoColor()

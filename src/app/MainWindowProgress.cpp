@@ -1,7 +1,5 @@
 #include "app/MainWindow.h"
 #include "app/RunReportWindow.h"
-#include "duplicate/RunProblems.h"
-#include "duplicate/RunReport.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/ShownText.h"
 #include "platform/Host.h"
@@ -16,11 +14,11 @@ namespace orvana
 
 void MainWindow::showLastReport()
 {
-    if (!m_report)
+    if (!m_run->hasStarted())
         return;
     if (m_reportWindow)
         m_reportWindow->close();
-    auto *window = new RunReportWindow(reportTable(m_report->summary()), m_problems->lines());
+    auto *window = new RunReportWindow(reportTable(m_run->summary()), m_run->problems().lines());
     m_reportWindow = window;
     connect(window, &RunReportWindow::logWanted, this, logOpener());
     connect(this, &QObject::destroyed, window, &QWidget::close);
@@ -94,15 +92,9 @@ std::function<void()> MainWindow::logOpener()
     };
 }
 
-// What the window shows as a run, with the engine at work or an erase.
-bool MainWindow::isRunning() const
-{
-    return m_action->isErasing() || (m_action->isDuplicating() && m_fileCopy->isRunning());
-}
-
 bool MainWindow::isBusy() const
 {
-    return m_action && (m_action->isErasing() || m_fileCopy->isRunning());
+    return m_run && m_run->isAtWork();
 }
 
 void MainWindow::holdOffSleepWhileBusy()

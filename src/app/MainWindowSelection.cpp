@@ -66,7 +66,7 @@ void MainWindow::rescanDevice()
     m_diskInfo->setSlotAisSource();
     m_diskInfo->changeLocation();
     displayDialog(0, true);
-    endRunOfLostEnclosure();
+    m_run->endIfEnclosureIsLost();
 }
 
 void MainWindow::tbDevSelectionChange()
@@ -91,8 +91,8 @@ void MainWindow::tbDevSelectionChange()
     setTargetDiskInfoColor();
     constexpr int NeverReached = 585; // no state is that high, so the layout is always applied again
     if (m_contentHeight != NeverReached)
-        displayDialog(isRunning() ? 2 : 1, true);
-    disableSlots(isRunning() || m_diskInfo->hasBootDisk());
+        displayDialog(m_run->isOn() ? 2 : 1, true);
+    disableSlots(m_run->isOn() || m_diskInfo->hasBootDisk());
     refuseEnclosure();
 }
 
@@ -108,7 +108,7 @@ void MainWindow::refuseEnclosure()
 {
     if (!m_diskInfo->hasBootDisk() && !m_diskInfo->has_RAIDDisk())
         return;
-    if (!isRunning()) // the button is Cancel then
+    if (!m_run->isOn()) // the button is Cancel then
         m_action->StartBtn->setEnabled(false);
     m_sheets.show(
         {tr("Warning"), m_diskInfo->hasBootDisk()

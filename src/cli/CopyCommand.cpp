@@ -1,8 +1,9 @@
 #include "cli/CopyCommand.h"
 
-#include "cli/CopyRun.h"
 #include "cli/Terminal.h"
+#include "cli/TerminalRun.h"
 #include "duplicate/CopyCensus.h"
+#include "duplicate/RunLocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 #include "platform/Host.h"
@@ -25,30 +26,48 @@ void warnOfLittleSpace(platform::Host &host, Terminal &terminal, const CopyJob &
     }
 }
 
+std::optional<Refusal> lockFolders(platform::Host &host, FolderJob &folders)
+{
+    const auto &job = folders.job;
+    folders.locks = std::make_shared<RunLocks>(host, job.SrcDiskPath, job.DesFileArray);
+    if (!folders.locks->hasSource())
+        return Refusal{Refused, displayPath(job.SrcDiskPath) + ": another run writes there"};
+    for (std::size_t i = 0; i < job.DesFileArray.size(); ++i) {
+        if (!folders.locks->hasDestination(i))
+            return Refusal{Refused, displayPath(job.DesFileArray[i]) +
+                                        ": another run is at work there, or in a folder above or below it"};
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 ExitStatus runCopy(platform::Host &host, Terminal &terminal, const CopyOptions &options)
 {
-    const auto job = planCopy(host, options);
-    if (!job) {
-        terminal.printError("plurimoctl: " + job.error().reason);
-        return job.error().status;
-    }
-    CopyRun run(host, terminal,
-                {.logFolder = options.logFolder, .verify = options.verify, .json = options.json});
-    run.setJob(*job);
-    if (const auto refusal = run.lockFolders()) {
-        terminal.printError("plurimoctl: " + refusal->reason);
-        return refusal->status;
-    }
-    const auto census = takeCensus(host, *job, [&] { return run.isCancelled(); });
-    if (run.isCancelled()) {
-        terminal.printError("plurimoctl: cancelled while counting; nothing was written");
-        return Cancelled;
-    }
-    warnOfLittleSpace(host, terminal, *job, census);
-    run.begin();
-    return run.copy(census);
+    const auto refuse = [&](const Refusal &refusal) {
+        terminal.printError("plurimoctl: " + refusal.reason);
+        return refusal.status;
+    };
+    const auto planned = planCopy(host, options);
+    if (!planned)
+        return refuse(planned.error());
+    TerminalRun run(host, terminal, {.logFolder = options.logFolder, .json = options.json});
+    // Source and destinations are held from now on, however long the count takes.
+    FolderJob folders{boundToFolders(host, *planned), nullptr};
+    if (const auto refusal = lockFolders(host, folders))
+        return refuse(*refusal);
+    const auto census = takeCensus(host, folders.job, [&] { return run.isCancelled(); });
+    if (run.isCancelled())
+        return refuse({Cancelled, "cancelled while counting; nothing was written"});
+    warnOfLittleSpace(host, terminal, folders.job, census);
+    RunOrder order;
+    order.selection = folders.job.SrcFileArray;
+    order.totalFiles = census.files;
+    order.totalBytes = census.bytes;
+    order.choice.sourceRoot = folders.job.SrcDiskPath;
+    order.choice.verify = options.verify;
+    order.folders = std::move(folders);
+    return run.run(std::move(order), nullptr);
 }
 
 } // namespace orvana::cli

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cli/CopyProgress.h"
+#include "duplicate/run/RunProgress.h"
 #include "cli/Refusal.h"
-#include "duplicate/CopyJob.h"
+#include "duplicate/RunOrder.h"
 
 #include <memory>
 #include <string>
@@ -19,13 +19,13 @@ class CopyDisplay
 public:
     virtual ~CopyDisplay() = default;
 
-    virtual void started(const CopyJob &job, const CopyCensus &census, const std::string &log) = 0;
+    virtual void started(const CopyJob &job, const RunOrder &order, const std::string &log) = 0;
     virtual void message(const std::string &text) = 0;
     virtual void problem(const RunProblem &problem) = 0;
 
     /// Called five times a second.
-    virtual void progress(const CopyProgress &progress, RunReport &report) = 0;
-    virtual void ended(ExitStatus status, const CopyProgress &progress, RunReport &report,
+    virtual void progress(const RunProgress &progress, RunReport &report) = 0;
+    virtual void ended(ExitStatus status, const RunProgress &progress, RunReport &report,
                        const std::string &log) = 0;
 };
 

@@ -18,12 +18,12 @@ class JsonDisplay final : public CopyDisplay
 public:
     explicit JsonDisplay(Terminal &terminal) : m_terminal(terminal) {}
 
-    void started(const CopyJob &job, const CopyCensus &census, const std::string &log) override
+    void started(const CopyJob &job, const RunOrder &order, const std::string &log) override
     {
         Json event = {{"event", "start"}};
         putPath(event, "root", job.SrcDiskPath);
-        event["files"] = census.files;
-        event["bytes"] = census.bytes;
+        event["files"] = order.totalFiles;
+        event["bytes"] = order.totalBytes;
         event["destinations"] = Json::array();
         for (const auto &destination : job.DesFileArray) {
             Json entry = Json::object();
@@ -47,7 +47,7 @@ public:
         m_terminal.printError(problemText(problem));
     }
 
-    void progress(const CopyProgress &progress, RunReport &report) override
+    void progress(const RunProgress &progress, RunReport &report) override
     {
         Json event = {{"event", "progress"},
                       {"files", report.filesStarted()},
@@ -63,7 +63,7 @@ public:
         m_terminal.print(event.dump());
     }
 
-    void ended(ExitStatus status, const CopyProgress &progress, RunReport &report,
+    void ended(ExitStatus status, const RunProgress &progress, RunReport &report,
                const std::string &log) override
     {
         const auto summary = report.summary();

@@ -24,11 +24,11 @@ class TextDisplay final : public CopyDisplay
 public:
     explicit TextDisplay(Terminal &terminal) : m_terminal(terminal) {}
 
-    void started(const CopyJob &job, const CopyCensus &census, const std::string &) override
+    void started(const CopyJob &job, const RunOrder &order, const std::string &) override
     {
-        m_files = census.files;
-        std::string line = "Duplicating " + std::to_string(census.files) + " file(s), " +
-                           sizeText(census.bytes) + ", from " + displayPath(job.SrcDiskPath) + " to";
+        m_files = order.totalFiles;
+        std::string line = "Duplicating " + std::to_string(order.totalFiles) + " file(s), " +
+                           sizeText(order.totalBytes) + ", from " + displayPath(job.SrcDiskPath) + " to";
         for (const auto &destination : job.DesFileArray)
             line += " " + displayPath(destination);
         m_terminal.print(line);
@@ -42,7 +42,7 @@ public:
 
     void problem(const RunProblem &problem) override { m_terminal.printError(problemText(problem)); }
 
-    void progress(const CopyProgress &progress, RunReport &report) override
+    void progress(const RunProgress &progress, RunReport &report) override
     {
         if (!m_terminal.isScreen())
             return;
@@ -60,7 +60,7 @@ public:
         m_terminal.showBlock(block + fitted(m_message, width) + "\n");
     }
 
-    void ended(ExitStatus status, const CopyProgress &progress, RunReport &report,
+    void ended(ExitStatus status, const RunProgress &progress, RunReport &report,
                const std::string &log) override
     {
         if (m_terminal.isScreen())
@@ -76,7 +76,7 @@ public:
     }
 
 private:
-    static std::string lineOf(std::size_t index, const CopyProgress &progress, RunReport &report)
+    static std::string lineOf(std::size_t index, const RunProgress &progress, RunReport &report)
     {
         const auto &tally = report.destination(index);
         std::string line = displayPath(tally.root) + "  " +

@@ -89,18 +89,6 @@ Refusal refusalOf(EnclosureRefusal refusal)
     return {isGone ? NotThere : Refused, refusalText(refusal)};
 }
 
-PerBay<std::string> namesIn(const ORVThunderboltInfo &enclosure, const UserHome &user)
-{
-    PerBay<std::string> names;
-    for (const auto bay : AllBays)
-        names[bay] = NoVolume;
-    for (const auto &disk : enclosure.hddArray()) {
-        if (const auto bay = bayOfDisk(*disk))
-            names[*bay] = rowOfDisk(*disk, user).volume;
-    }
-    return names;
-}
-
 tl::expected<std::vector<Bay>, Refusal> parseBays(const std::vector<std::string> &words)
 {
     std::vector<Bay> bays;

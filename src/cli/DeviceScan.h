@@ -49,9 +49,6 @@ tl::expected<std::shared_ptr<ORVThunderboltInfo>, Refusal> usableEnclosure(const
 
 Refusal refusalOf(EnclosureRefusal refusal);
 
-/// What the bays show when nothing was typed: the names of their volumes.
-PerBay<std::string> namesIn(const ORVThunderboltInfo &enclosure, const UserHome &user);
-
 /// "B" is bay B. Each bay once; else the refusal says what is wrong.
 tl::expected<std::vector<Bay>, Refusal> parseBays(const std::vector<std::string> &words);
 

@@ -1,10 +1,10 @@
 #include "cli/DiskCommands.h"
 
 #include "cli/CancelRequest.h"
-#include "cli/CopyRun.h"
 #include "cli/DeviceScan.h"
 #include "cli/EraseConsent.h"
 #include "cli/Terminal.h"
+#include "cli/TerminalRun.h"
 #include "duplicate/DiskUtil.h"
 #include "duplicate/RunPlan.h"
 #include "foundation/DisplayPath.h"
@@ -89,7 +89,7 @@ DiskCommand::Check DiskCommand::chooseBays()
     const auto enclosure = chosenEnclosure(m_scan.devices(), m_choice.enclosure);
     if (!enclosure)
         return refusalOf(enclosure.error());
-    m_present = m_choice.names = namesIn(**enclosure, m_scan.user());
+    m_present = m_choice.names = volumeNamesOf(**enclosure, m_scan.user());
     for (const auto bay : AllBays)
         m_choice.names[bay] = m_typed[bay].value_or(m_choice.names[bay]);
     m_choice.shown = shownDisks(**enclosure);

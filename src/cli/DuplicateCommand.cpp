@@ -1,13 +1,10 @@
 #include "cli/DuplicateCommand.h"
 
-#include "cli/CopyRun.h"
 #include "cli/EraseConsent.h"
 #include "cli/SelectionCensus.h"
 #include "cli/Terminal.h"
-#include "duplicate/DiskReport.h"
-#include "duplicate/DiskUtil.h"
+#include "cli/TerminalRun.h"
 #include "foundation/DisplayPath.h"
-#include "foundation/NotificationNames.h"
 #include "platform/Host.h"
 
 #include <algorithm>
@@ -35,8 +32,7 @@ public:
     DuplicateCommand(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                      const DuplicateOptions &options)
         : m_host(host), m_terminal(terminal), m_options(options), m_scan(host, queue),
-          m_run(host, terminal,
-                {.logFolder = options.logFolder, .verify = options.verify, .json = options.json})
+          m_run(host, terminal, {.logFolder = options.logFolder, .json = options.json})
     {
     }
 
@@ -58,19 +54,16 @@ private:
     }
     tl::expected<ErasePlan, Refusal> presentErase() const;
     Check ask(const std::string &question, const std::vector<std::string> &lines);
-    void erase();
-    ExitStatus copy();
-    ExitStatus endBecause(const std::string &reason, ExitStatus status);
+    RunOrder newOrder() const;
 
     platform::Host &m_host;
     Terminal &m_terminal;
     const DuplicateOptions &m_options;
     DeviceScan m_scan;
-    CopyRun m_run;
+    TerminalRun m_run;
     Duplication m_plan;
     CopyCensus m_census;
     RunOrder m_order;
-    SoFar m_soFar = SoFar::Untouched;
 };
 
 ExitStatus DuplicateCommand::run()
@@ -79,12 +72,7 @@ ExitStatus DuplicateCommand::run()
         m_terminal.printError("plurimoctl: " + refusal->reason);
         return refusal->status;
     }
-    m_run.begin();
-    if (m_options.erase)
-        erase();
-    if (m_run.isCancelled())
-        return m_run.endWithoutCopy(Cancelled);
-    return copy();
+    return m_run.run(std::move(m_order), &m_scan);
 }
 
 // All that is asked and refused, before anything is touched.
@@ -94,7 +82,6 @@ DuplicateCommand::Check DuplicateCommand::prepare()
     if (!plan)
         return plan.error();
     m_plan = std::move(*plan);
-    m_run.setJob(m_plan.job);
     // A name that is refused should not cost the time of a count.
     if (const auto erase = presentErase(); m_options.erase && !erase)
         return erase.error();
@@ -126,13 +113,20 @@ DuplicateCommand::Check DuplicateCommand::decideDestinations()
         if (refusal.reason == DiskGuard::ReadOnly || refusal.reason == DiskGuard::InUse)
             m_terminal.printError("plurimoctl: " + refusalText(refusal));
     }
-    m_order = RunOrder{.selection = m_plan.job.SrcFileArray,
-                       .totalFiles = m_census.files,
-                       .choice = m_plan.choice,
-                       .source = m_plan.source,
-                       .erase = {},
-                       .destinations = std::move(*plan)};
+    m_order = newOrder();
+    m_order.destinations = std::move(*plan);
     return std::nullopt;
+}
+
+RunOrder DuplicateCommand::newOrder() const
+{
+    return {.selection = m_plan.job.SrcFileArray,
+            .totalFiles = m_census.files,
+            .totalBytes = m_census.bytes,
+            .choice = m_plan.choice,
+            .source = m_plan.source,
+            .erase = {},
+            .destinations = {}};
 }
 
 tl::expected<ErasePlan, Refusal> DuplicateCommand::presentErase() const
@@ -177,12 +171,8 @@ DuplicateCommand::Check DuplicateCommand::askForErase()
     auto plan = presentErase();
     if (!plan)
         return plan.error();
-    m_order = RunOrder{.selection = m_plan.job.SrcFileArray,
-                       .totalFiles = m_census.files,
-                       .choice = m_plan.choice,
-                       .source = m_plan.source,
-                       .erase = std::move(*plan),
-                       .destinations = {}};
+    m_order = newOrder();
+    m_order.erase = std::move(*plan);
     if (m_order.erase.disks.empty() || m_options.yes)
         return std::nullopt;
     auto lines = eraseLines(m_host, m_scan.devices(), m_order.erase, m_plan.present);
@@ -196,67 +186,12 @@ DuplicateCommand::Check DuplicateCommand::checkOnceMore()
     m_scan.scan();
     if (const auto present = enclosure(); !present)
         return present.error();
-    if (const auto refusal = sourceChange(m_host, m_scan.devices(), m_plan, SoFar::Untouched))
-        return refusal;
+    if (!isStillThere(m_host, m_scan.devices(), m_plan.source))
+        return sourceGone(m_plan.source, SoFar::Untouched);
     if (!m_options.erase)
         return std::nullopt;
     const auto present = presentErase();
     return present && present->disks == m_order.erase.disks ? std::nullopt : Check(changedMeanwhile());
-}
-
-void DuplicateCommand::erase()
-{
-    const auto shown =
-        m_run.center().subscribe(notification::DiskMessage, [this](const Notification &message) {
-            if (!m_options.json)
-                m_terminal.print(message.text(notification::key::DiskMsgInfo));
-        });
-    DiskUtil tool(m_host.launcher(), m_run.center());
-    std::vector<DiskUtilInfo> disks;
-    disks.reserve(m_order.erase.disks.size());
-    for (const auto &disk : m_order.erase.disks)
-        disks.push_back(disk.info);
-    tool.setSparedDisks(m_plan.choice.sourceDisks);
-    tool.setDiskArray(std::move(disks));
-    tool.setGoesOn([this] { return !m_run.isCancelled(); });
-    tool.startEraseDiskThread();
-    reportErase(m_run.report(), m_order.erase, tool.results());
-    if (!tool.results().empty())
-        m_soFar = SoFar::Erased;
-    m_plan.choice.isNotErased = baysNotErased(m_order.erase, tool.results());
-    m_scan.scanEnclosures();
-}
-
-ExitStatus DuplicateCommand::copy()
-{
-    const auto devices = m_scan.devices();
-    const auto present = enclosure();
-    if (!present)
-        return endBecause(present.error().reason, present.error().status);
-    auto &choice = m_plan.choice;
-    if (m_options.erase)
-        choice.names = namesIn(**present, m_scan.user());
-    auto destinations = planDestinations(devices, choice, m_scan.user());
-    if (!destinations)
-        return endBecause(refusalText(destinations.error()), refusalOf(destinations.error()).status);
-    if (const auto refusal = sourceChange(m_host, devices, m_plan, m_soFar))
-        return endBecause(refusal->reason, refusal->status);
-    refuseWhatIsNotMounted(m_host, *destinations);
-    refuseWhatIsInUse(m_host, *destinations);
-    destinations = destinationsWithin(m_order, std::move(*destinations));
-    reportDestinations(m_run.report(), *destinations, choice);
-    if (destinations->destinations.empty())
-        return endBecause("no destination", NotThere);
-    m_plan.job.DesFileArray = destinations->roots();
-    m_run.setJob(m_plan.job);
-    return m_run.copy(m_census);
-}
-
-ExitStatus DuplicateCommand::endBecause(const std::string &reason, ExitStatus status)
-{
-    m_terminal.printError("plurimoctl: " + reason);
-    m_run.report().note(reason);
-    return m_run.endWithoutCopy(status);
 }
 
 } // namespace

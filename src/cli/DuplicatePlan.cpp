@@ -105,7 +105,7 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
     choice.erase = options.erase;
     choice.verify = options.verify;
     choice.shown = shownDisks(**enclosure);
-    plan.present = choice.names = namesIn(**enclosure, scan.user());
+    plan.present = choice.names = volumeNamesOf(**enclosure, scan.user());
     if (const auto refusal = chooseSource(choice, options.source, **enclosure, scan))
         return tl::unexpected(*refusal);
     plan.typed = *typed;
@@ -125,15 +125,12 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
     return plan;
 }
 
-std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &devices,
-                                    const Duplication &duplication, SoFar soFar)
+Refusal sourceGone(const SourceMemory &source, SoFar soFar)
 {
-    if (isStillThere(host, devices, duplication.source))
-        return std::nullopt;
-    return Refusal{NotThere, displayPath(duplication.source.root) + ": the source is not there any more; " +
-                                 (soFar == SoFar::Untouched
-                                      ? "nothing was touched"
-                                      : "nothing was copied, and the report says which disks were erased")};
+    return {NotThere, displayPath(source.root) + ": the source is not there any more; " +
+                          (soFar == SoFar::Untouched
+                               ? "nothing was touched"
+                               : "nothing was copied, and the report says which disks were erased")};
 }
 
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes)

@@ -38,10 +38,9 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
 /// The state of the destination disks when the command says why it ends.
 enum class SoFar { Untouched, Erased };
 
-/// Why the source is not what it was when the duplication was planned; nullopt while it is. `soFar` decides
-/// what the reason says of the destinations.
-std::optional<Refusal> sourceChange(platform::Host &host, const ScannedDevices &devices,
-                                    const Duplication &duplication, SoFar soFar);
+/// The source is not there any more, or not what it was. `soFar` decides what the reason says of the
+/// destinations.
+Refusal sourceGone(const SourceMemory &source, SoFar soFar);
 
 /// Notes into which bays a selection of that many bytes does not fit.
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes);

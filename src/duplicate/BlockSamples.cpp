@@ -1,6 +1,6 @@
 #include "duplicate/BlockSamples.h"
 
-#include "duplicate/RunState.h"
+#include "duplicate/RunContext.h"
 #include "duplicate/SourceTime.h"
 #include "foundation/WorkerThread.h"
 
@@ -18,7 +18,7 @@ namespace
 {
 
 // Reads the block of the copy at `offset` into the run's second block, from the disk.
-platform::Expected<std::size_t> readAgain(RunState &run, Target &target, const std::string &copy,
+platform::Expected<std::size_t> readAgain(RunContext &run, Target &target, const std::string &copy,
                                           std::uint64_t offset)
 {
     const auto file = target.destination.openFile(copy, Access::Read);
@@ -46,7 +46,7 @@ void BlockSamples::note(const std::string &source, const Attributes &sourceThen,
         m_spread[static_cast<std::size_t>(place)] = m_ends.back();
 }
 
-void BlockSamples::compare(RunState &run) const
+void BlockSamples::compare(RunContext &run) const
 {
     Told told;
     for (const auto *list : {&m_ends, &m_spread}) {
@@ -57,7 +57,7 @@ void BlockSamples::compare(RunState &run) const
     }
 }
 
-void BlockSamples::compareOne(RunState &run, const Sample &sample, Told &told)
+void BlockSamples::compareOne(RunContext &run, const Sample &sample, Told &told)
 {
     const auto from = run.sources().openFile(sample.source, Access::Read);
     const auto now = from ? (*from)->attributes() : tl::unexpected(from.error());

@@ -13,7 +13,7 @@
 namespace orvana
 {
 
-class RunState;
+class RunContext;
 
 /// Blocks of a run that are compared once more at its end: the first and the last one, and 64 spread over
 /// all. A disk that is smaller than it says shows itself only then, when later blocks have gone over earlier
@@ -28,7 +28,7 @@ public:
     /// Compares the kept blocks once more, read from the disk. A copy that differs by now is reported as
     /// mismatched, one that cannot be read as unverified; either no longer counts as verified. Blocks of a
     /// source that was written to since are left out.
-    void compare(RunState &run) const;
+    void compare(RunContext &run) const;
 
 private:
     struct Sample
@@ -42,7 +42,7 @@ private:
     /// Index of the destination and source of each copy that was reported.
     using Told = std::set<std::pair<std::size_t, std::string>>;
 
-    static void compareOne(RunState &run, const Sample &sample, Told &told);
+    static void compareOne(RunContext &run, const Sample &sample, Told &told);
 
     static constexpr std::size_t Spread = 64;
 

@@ -1,6 +1,6 @@
 #include "duplicate/FileComparer.h"
 
-#include "duplicate/RunState.h"
+#include "duplicate/RunContext.h"
 #include "duplicate/SourceTime.h"
 #include "duplicate/Target.h"
 #include "foundation/DisplayPath.h"
@@ -43,13 +43,13 @@ bool dropped(File &file)
 class VerifyTimer
 {
 public:
-    explicit VerifyTimer(RunState &run) : m_run(run) {}
+    explicit VerifyTimer(RunContext &run) : m_run(run) {}
     ~VerifyTimer() { m_run.addVerifyTime(std::chrono::steady_clock::now() - m_start); }
     VerifyTimer(const VerifyTimer &) = delete;
     VerifyTimer &operator=(const VerifyTimer &) = delete;
 
 private:
-    RunState &m_run;
+    RunContext &m_run;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 

@@ -12,7 +12,7 @@
 namespace orvana
 {
 
-class RunState;
+class RunContext;
 struct ComparedCopy;
 struct Target;
 
@@ -22,7 +22,7 @@ struct Target;
 class FileComparer
 {
 public:
-    explicit FileComparer(RunState &run) : m_run(run) {}
+    explicit FileComparer(RunContext &run) : m_run(run) {}
 
     /// Returns 1, or -1 when the source cannot be opened. Ends the thread when it is cancelled.
     int compare(const std::string &source, const OutArray &copies);
@@ -45,7 +45,7 @@ private:
     void noteChangedSource(const std::string &source);
     void noteResults(const std::string &source);
 
-    RunState &m_run;
+    RunContext &m_run;
     BlockSamples m_samples;
     bool m_diskIsRead = false; ///< by at least one of the copies
     bool m_sideBySide = false; ///< threads pay where disks are waited for, and for large files

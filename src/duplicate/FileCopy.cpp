@@ -1,7 +1,7 @@
 #include "duplicate/FileCopy.h"
 
 #include "duplicate/RunLocks.h"
-#include "duplicate/RunState.h"
+#include "duplicate/RunContext.h"
 #include "duplicate/SkipRules.h"
 #include "duplicate/TreeWalk.h"
 #include "foundation/DisplayPath.h"
@@ -96,12 +96,20 @@ void noteEarlyEnd(const CopyJob &job, RunReport &report, const std::exception &e
 
 } // namespace
 
+CopyJob boundToFolders(platform::Host &host, CopyJob job)
+{
+    job.expectedRoots.clear();
+    for (const auto &root : job.DesFileArray)
+        job.expectedRoots.push_back(identityOf(host, root));
+    return job;
+}
+
 /// What the calls that work on the calling thread share until the job changes.
 struct FileCopy::Foreground
 {
-    Foreground(RunContext context, const CopyJob &job) : state(std::move(context), job), walk(state) {}
+    Foreground(RunSetup setup, const CopyJob &job) : run(std::move(setup), job), walk(run) {}
 
-    RunState state;
+    RunContext run;
     TreeWalk walk;
 };
 
@@ -117,13 +125,23 @@ FileCopy::~FileCopy()
 void FileCopy::SetBackupDiskValue(std::vector<std::string> selection, std::string SrcPath,
                                   std::vector<std::string> DesArray)
 {
+    setJob(boundToFolders(m_host, {std::move(selection), std::move(SrcPath), std::move(DesArray), {}, 0}));
+}
+
+void FileCopy::setJob(CopyJob job)
+{
     m_foreground.reset();
-    CopyJob job{std::move(selection), std::move(SrcPath), std::move(DesArray), {}, 0};
-    for (const auto &root : job.DesFileArray)
-        job.expectedRoots.push_back(identityOf(m_host, root));
     const std::lock_guard lock(m_jobMutex);
     m_job = std::move(job);
     ++m_jobNumber;
+}
+
+void FileCopy::start(CopyTask task)
+{
+    setJob(std::move(task.job));
+    m_nextReport = std::move(task.report);
+    m_nextLocks = std::move(task.locks);
+    startCopyThread();
 }
 
 std::int64_t FileCopy::totalFiles() const
@@ -249,20 +267,20 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
     ReportOnCancel reportOnCancel(*report);
     if (!locks)
         locks = locksFor(job);
-    RunState state({.host = m_host,
+    RunContext context({.host = m_host,
                     .center = m_center,
                     .isCurrent = isCurrent,
                     .verifyFiles = [this] { return m_verifyFiles.load(); },
                     .includeHidden = m_hiddenFiles,
                     .report = report},
                    job);
-    state.keepTo(std::move(locks));
-    TreeWalk walk(state);
+    context.keepTo(std::move(locks));
+    TreeWalk walk(context);
     WorkerThread::exitIfCancelled();
-    for (const auto &item : state.job().SrcFileArray)
+    for (const auto &item : context.job().SrcFileArray)
         walk.copySelected(item);
     walk.compareSamples();
-    state.finishDestinations();
+    context.finishDestinations();
     reportOnCancel.disarm();
 }
 
@@ -273,7 +291,7 @@ FileCopy::Foreground &FileCopy::foreground()
         const std::lock_guard lock(m_jobMutex);
         report->begin(m_job.SrcDiskPath, m_job.DesFileArray, m_verifyFiles);
         m_foreground =
-            std::make_unique<Foreground>(RunContext{.host = m_host,
+            std::make_unique<Foreground>(RunSetup{.host = m_host,
                                                     .center = m_center,
                                                     .isCurrent = [] { return true; },
                                                     .verifyFiles = [this] { return m_verifyFiles.load(); },
@@ -286,8 +304,7 @@ FileCopy::Foreground &FileCopy::foreground()
 
 void FileCopy::createFileFolder(const std::string &path, const platform::Attributes &attributes)
 {
-    auto &state = foreground().state;
-    for (auto &target : state.targets()) {
+    for (auto &target : foreground().run.targets()) {
         auto &destination = target.destination;
         if (!path.starts_with(destination.root() + "/"))
             continue;

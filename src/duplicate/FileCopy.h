@@ -15,7 +15,7 @@ namespace orvana
 class NotificationCenter;
 class RunLocks;
 class RunReport;
-class RunState;
+class RunContext;
 class TreeWalk;
 
 namespace platform
@@ -23,6 +23,20 @@ namespace platform
 class Host;
 struct Attributes;
 } // namespace platform
+
+/// All that one run of the engine is given.
+struct CopyTask
+{
+    CopyJob job;                       ///< with its destinations bound, see `boundToFolders`
+    std::shared_ptr<RunReport> report; ///< the run keeps and writes it; without one none is written
+    /// The run works under these; without them it takes its own. A destination that another run holds gets
+    /// nothing.
+    std::shared_ptr<RunLocks> locks;
+};
+
+/// The job with its destinations bound to the folders that they are now: one that is another by the time of
+/// the run gets nothing.
+CopyJob boundToFolders(platform::Host &host, CopyJob job);
 
 /// The duplication engine: one job at a time, on a worker thread of its own.
 ///
@@ -38,8 +52,11 @@ public:
     /// Cancels the run in hand and waits for the worker, at most ten seconds; see `waitForEnd`.
     ~FileCopy();
 
-    /// Sets the next job and its count to 0; `setTotalFiles` comes after it. The destinations are bound to
-    /// the folders that they are now: one that is another by the time of the run gets nothing.
+    /// Takes the whole task and starts it on a new worker, as `startCopyThread` does.
+    void start(CopyTask task);
+
+    /// Sets the next job, bound to the folders that its destinations are now, and its count to 0;
+    /// `setTotalFiles` comes after it.
     void SetBackupDiskValue(std::vector<std::string> selection, std::string SrcPath,
                             std::vector<std::string> DesArray);
 
@@ -56,10 +73,6 @@ public:
 
     /// The report that the next run keeps and writes; without one none is written.
     void setReport(std::shared_ptr<RunReport> report) { m_nextReport = std::move(report); }
-
-    /// The locks that the next run works under; without them it takes its own. A destination that another run
-    /// holds gets nothing.
-    void setLocks(std::shared_ptr<RunLocks> locks) { m_nextLocks = std::move(locks); }
 
     /// Starts the job on a new worker, which has its own copy of it. A worker still at work is cancelled and
     /// not waited for; it posts nothing more. The new worker waits up to 10 s for destinations that a
@@ -114,6 +127,7 @@ private:
     std::shared_ptr<RunLocks> locksFor(const CopyJob &job) const;
     void copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,
                  const std::shared_ptr<RunReport> &report, std::shared_ptr<RunLocks> locks);
+    void setJob(CopyJob job);
     void cleanAfter(std::uint64_t job);
     Foreground &foreground();
 

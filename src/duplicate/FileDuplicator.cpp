@@ -1,7 +1,7 @@
 #include "duplicate/FileDuplicator.h"
 
 #include "duplicate/FileComparer.h"
-#include "duplicate/RunState.h"
+#include "duplicate/RunContext.h"
 #include "duplicate/SourceTime.h"
 #include "duplicate/Target.h"
 #include "foundation/DisplayPath.h"
@@ -48,7 +48,7 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
     }
     copyContent(**from, source, copies, like);
     closeOutputs(source);
-    if (m_run.context().verifyFiles())
+    if (m_run.setup().verifyFiles())
         m_comparer.compare(source, copies);
     return 1;
 }

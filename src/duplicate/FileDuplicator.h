@@ -13,14 +13,14 @@ namespace orvana
 {
 
 class FileComparer;
-class RunState;
+class RunContext;
 struct Target;
 
 /// Copies one file to all destinations: each block is read once and written to every one of them.
 class FileDuplicator
 {
 public:
-    FileDuplicator(RunState &run, FileComparer &comparer) : m_run(run), m_comparer(comparer) {}
+    FileDuplicator(RunContext &run, FileComparer &comparer) : m_run(run), m_comparer(comparer) {}
     ~FileDuplicator() { leavePumps(); }
     FileDuplicator(const FileDuplicator &) = delete;
     FileDuplicator &operator=(const FileDuplicator &) = delete;
@@ -53,7 +53,7 @@ private:
     void closeOutputs(const std::string &source);
     void leavePumps();
 
-    RunState &m_run;
+    RunContext &m_run;
     FileComparer &m_comparer;
     std::string m_source;
     std::uint64_t m_written = 0;    ///< bytes of the source that were read and handed on

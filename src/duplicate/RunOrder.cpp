@@ -19,6 +19,8 @@ std::string refusalText(OrderRefusal refusal)
         return "The source is not there any more, or another disk has taken its place. Nothing was copied; "
                "the "
                "report says which disks were erased. Choose the source again.";
+    case OrderRefusal::DiskDoesNotAnswer:
+        return "A disk of the run before does not answer. Nothing was erased.";
     }
     return {};
 }
@@ -33,6 +35,7 @@ tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const Sca
         return tl::unexpected(OrderRefusal::SourceGone);
     RunOrder order{.selection = selection,
                    .totalFiles = 0,
+                   .totalBytes = 0,
                    .choice = choice,
                    .source = source,
                    .erase = {},

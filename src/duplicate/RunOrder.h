@@ -4,10 +4,20 @@
 #include "duplicate/RunPlan.h"
 #include "duplicate/SourceDisks.h"
 
-#include <set>
+#include <memory>
+#include <optional>
 
 namespace orvana
 {
+
+class RunLocks;
+
+/// A job into plain folders, with the locks that hold them for it.
+struct FolderJob
+{
+    CopyJob job;                     ///< with its destinations bound
+    std::shared_ptr<RunLocks> locks; ///< may be null
+};
 
 /// The disks and files of a run, decided once at Start. A later look can take a disk out, and never put one
 /// in.
@@ -15,10 +25,13 @@ struct RunOrder
 {
     std::vector<std::string> selection; ///< the ticked paths
     std::int64_t totalFiles = 0;        ///< what the selection comes to, as counted
+    std::uint64_t totalBytes = 0;       ///< the same in bytes
     RunChoice choice;                   ///< as it was at Start, with all disks of the source
     SourceMemory source;                ///< what the run copies from
     ErasePlan erase;                    ///< with `choice.erase`: which disks are erased, under which names
     DestinationPlan destinations;       ///< without: which volumes are written to
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::optional<FolderJob> folders{}; ///< instead of disks in bays: the run copies there at once
 };
 
 /// Why a run with this choice may not start.
@@ -26,6 +39,7 @@ enum class OrderRefusal {
     NothingTicked,           ///< and the disks were to be erased for it
     SourceGone,              ///< the source is not there any more, or another disk stands in its place
     SourceGoneSinceTheErase, ///< the same, noticed when disks had been erased for the run
+    DiskDoesNotAnswer,       ///< the copy thread of an earlier run hangs, and the disks were to be erased
 };
 
 std::string refusalText(OrderRefusal refusal);

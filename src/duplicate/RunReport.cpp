@@ -203,7 +203,10 @@ RunSummary RunReport::summaryNow(RunOutcome outcome) const
                        .verify = m_verify,
                        .seconds = m_times,
                        .disks = m_disks,
-                       .destinations = {}};
+                       .destinations = {},
+                       .ending = {},
+                       .hasErased = false,
+                       .isRecorded = false};
     for (const auto &state : m_destinations)
         summary.destinations.push_back(summaryOf(state));
     return summary;

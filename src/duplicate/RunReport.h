@@ -100,6 +100,10 @@ public:
     void blockCompared(std::uint64_t bytes) { m_comparedBytes += bytes; }
     void phaseTimes(const PhaseTimes &times);
 
+    /// Everything is written, and the destinations are brought to their disks now.
+    void syncStarts() { m_isSyncing = true; }
+    bool isSyncing() const { return m_isSyncing; }
+
     /// Writes the report, once; later calls change nothing.
     void finish(RunOutcome outcome);
 
@@ -146,6 +150,7 @@ private:
     std::atomic<std::int64_t> m_filesStarted{0};
     std::atomic<std::uint64_t> m_sourceBytes{0};
     std::atomic<std::uint64_t> m_comparedBytes{0};
+    std::atomic<bool> m_isSyncing{false};
     std::function<void(const RunProblem &)> m_listener;
 
     mutable std::mutex m_mutex;

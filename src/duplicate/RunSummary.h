@@ -11,6 +11,16 @@ namespace orvana
 
 enum class RunOutcome { Finished, Cancelled };
 
+/// The way in which a run came to its end.
+enum class RunEnding {
+    Copied,        ///< the copy ran to its end, well or not
+    Cancelled,     ///< the user ended it
+    EnclosureLost, ///< the enclosure was unplugged
+    NothingToCopy, ///< there was no source, or no enclosure to copy to
+    NoDestination, ///< all disks were left out
+    Refused,       ///< a guard said no, after the start
+};
+
 /// In which way a file on a destination is not as it should be.
 enum class ProblemKind {
     Failed,        ///< it could not be brought there
@@ -87,6 +97,9 @@ struct RunSummary
     PhaseTimes seconds;
     std::vector<DiskEntry> disks;
     std::vector<DestinationSummary> destinations;
+    RunEnding ending = RunEnding::Copied; ///< once it has ended
+    bool hasErased = false;               ///< disks were to be erased, and the disk tool has been at work
+    bool isRecorded = false;              ///< log and report are written, and hold all of it
 };
 
 /// True when every file is on the destination and nothing differed, as far as the run came.

@@ -125,6 +125,18 @@ BayRows bayRowsOf(const ORVThunderboltInfo &enclosure, const UserHome &user)
     return rows;
 }
 
+PerBay<std::string> volumeNamesOf(const ORVThunderboltInfo &enclosure, const UserHome &user)
+{
+    PerBay<std::string> names;
+    for (const auto bay : AllBays)
+        names[bay] = NoVolume;
+    for (const auto &disk : enclosure.hddArray()) {
+        if (const auto bay = bayOfDisk(*disk))
+            names[*bay] = rowOfDisk(*disk, user).volume;
+    }
+    return names;
+}
+
 SourcePlan planSources(const ORVThunderboltInfo *enclosure, const ScannedDevices &devices,
                        const UserHome &user)
 {

@@ -41,6 +41,9 @@ struct BayRows
 
 BayRows bayRowsOf(const ORVThunderboltInfo &enclosure, const UserHome &user);
 
+/// What the bays show when nothing was typed: the names of their volumes, `NoVolume` for an empty bay.
+PerBay<std::string> volumeNamesOf(const ORVThunderboltInfo &enclosure, const UserHome &user);
+
 enum class SourceIcon { InternalDisk, Home, ExternalDisk };
 
 /// One item of the source pop-up.

@@ -1,6 +1,6 @@
 #include "duplicate/TreeWalk.h"
 
-#include "duplicate/RunState.h"
+#include "duplicate/RunContext.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
@@ -130,8 +130,8 @@ private:
     std::vector<Level> m_levels;
 };
 
-TreeWalk::TreeWalk(RunState &run)
-    : m_run(run), m_rules(run.context().host, run.context().includeHidden), m_comparer(run),
+TreeWalk::TreeWalk(RunContext &run)
+    : m_run(run), m_rules(run.setup().host, run.setup().includeHidden), m_comparer(run),
       m_duplicator(run, m_comparer)
 {
 }

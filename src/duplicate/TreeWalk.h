@@ -11,13 +11,13 @@
 namespace orvana
 {
 
-class RunState;
+class RunContext;
 
 /// Walks the source items of a run and has every file copied.
 class TreeWalk
 {
 public:
-    explicit TreeWalk(RunState &run);
+    explicit TreeWalk(RunContext &run);
 
     /// Copies one ticked item, a folder with all that the skip rules leave of it.
     void copySelected(const std::string &item);
@@ -52,7 +52,7 @@ private:
     bool liesInDestination(const std::string &path);
     OutArray copiesOf(const std::string &item) const;
 
-    RunState &m_run;
+    RunContext &m_run;
     SkipRules m_rules;
     FileComparer m_comparer;
     FileDuplicator m_duplicator;

@@ -1,5 +1,5 @@
 #include "cli/Terminal.h"
-#include "cli/CopyProgress.h"
+#include "duplicate/run/RunProgress.h"
 
 #include <array>
 #include <gtest/gtest.h>

@@ -1,27 +1,32 @@
 #pragma once
 
-#include "duplicate/CopyCensus.h"
 #include "duplicate/RunReport.h"
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 
-namespace orvana::cli
+namespace orvana
 {
 
-/// How far a run is at one moment, reckoned from what it was to copy and what its report counts.
-class CopyProgress
+/// How far a run is, reckoned from what it was to copy and what its report counts by now. Callable from any
+/// thread.
+class RunProgress
 {
 public:
-    CopyProgress(const CopyCensus &census, RunReport &report, bool verify);
+    /// The clock starts here. `files` and `bytes` are what the run was to copy, as counted before it.
+    RunProgress(std::int64_t files, std::uint64_t bytes, bool verify, std::shared_ptr<RunReport> report);
+
+    std::int64_t filesStarted() const { return m_report->filesStarted(); }
+    std::int64_t totalFiles() const { return m_files; }
 
     /// Seconds since the run began.
     double elapsed() const;
 
     /// Bytes that the destination holds, of `totalBytes`.
     std::uint64_t bytesOf(std::size_t destination) const;
-    std::uint64_t totalBytes() const { return m_census.bytes; }
+    std::uint64_t totalBytes() const { return m_bytes; }
 
     /// Bytes a second since the run began.
     double rateOf(std::size_t destination) const;
@@ -31,15 +36,16 @@ public:
 
     /// Bytes that the slowest destination holds; with verifying, bytes read back count like bytes written.
     std::uint64_t workDone() const;
-    std::uint64_t totalWork() const { return m_verify ? 2 * m_census.bytes : m_census.bytes; }
+    std::uint64_t totalWork() const { return m_verify ? 2 * m_bytes : m_bytes; }
     std::optional<double> secondsLeft() const;
 
 private:
     std::optional<double> timeFor(double done, double total) const;
 
-    CopyCensus m_census;
-    RunReport &m_report;
+    std::int64_t m_files;
+    std::uint64_t m_bytes;
     bool m_verify;
+    std::shared_ptr<RunReport> m_report;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
@@ -49,4 +55,4 @@ std::string percentText(std::uint64_t done, std::uint64_t total);
 /// "1:02:03", or "2:03" under an hour; "--:--" when unknown.
 std::string durationText(std::optional<double> seconds);
 
-} // namespace orvana::cli
+} // namespace orvana

@@ -1,54 +1,56 @@
-#include "cli/CopyProgress.h"
+#include "duplicate/run/RunProgress.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
-namespace orvana::cli
+namespace orvana
 {
 
-CopyProgress::CopyProgress(const CopyCensus &census, RunReport &report, bool verify)
-    : m_census(census), m_report(report), m_verify(verify)
+RunProgress::RunProgress(std::int64_t files, std::uint64_t bytes, bool verify,
+                         std::shared_ptr<RunReport> report)
+    : m_files(files), m_bytes(bytes), m_verify(verify), m_report(std::move(report))
 {
 }
 
-double CopyProgress::elapsed() const
+double RunProgress::elapsed() const
 {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - m_start).count();
 }
 
-std::uint64_t CopyProgress::bytesOf(std::size_t destination) const
+std::uint64_t RunProgress::bytesOf(std::size_t destination) const
 {
-    return m_report.destination(destination).bytes;
+    return m_report->destination(destination).bytes;
 }
 
-double CopyProgress::rateOf(std::size_t destination) const
+double RunProgress::rateOf(std::size_t destination) const
 {
     return static_cast<double>(bytesOf(destination)) / std::max(elapsed(), 0.001);
 }
 
-std::optional<double> CopyProgress::timeFor(double done, double total) const
+std::optional<double> RunProgress::timeFor(double done, double total) const
 {
     if (done <= 0)
         return std::nullopt;
     return std::max(0.0, elapsed() * (total - done) / done);
 }
 
-std::optional<double> CopyProgress::secondsLeftOf(std::size_t destination) const
+std::optional<double> RunProgress::secondsLeftOf(std::size_t destination) const
 {
-    return timeFor(static_cast<double>(bytesOf(destination)), static_cast<double>(m_census.bytes));
+    return timeFor(static_cast<double>(bytesOf(destination)), static_cast<double>(m_bytes));
 }
 
-std::uint64_t CopyProgress::workDone() const
+std::uint64_t RunProgress::workDone() const
 {
-    std::uint64_t slowest = m_census.bytes;
-    for (std::size_t i = 0; i < m_report.destinationCount(); ++i)
+    std::uint64_t slowest = m_bytes;
+    for (std::size_t i = 0; i < m_report->destinationCount(); ++i)
         slowest = std::min(slowest, bytesOf(i));
-    return m_verify ? slowest + m_report.comparedBytes() : slowest;
+    return m_verify ? slowest + m_report->comparedBytes() : slowest;
 }
 
-std::optional<double> CopyProgress::secondsLeft() const
+std::optional<double> RunProgress::secondsLeft() const
 {
     return timeFor(static_cast<double>(workDone()), static_cast<double>(totalWork()));
 }
@@ -72,4 +74,4 @@ std::string durationText(std::optional<double> seconds)
     return text.data();
 }
 
-} // namespace orvana::cli
+} // namespace orvana

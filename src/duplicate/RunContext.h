@@ -25,7 +25,7 @@ class Host;
 }
 
 /// What the engine is given for a run.
-struct RunContext
+struct RunSetup
 {
     platform::Host &host;
     NotificationCenter &center;
@@ -36,17 +36,17 @@ struct RunContext
 };
 
 /// What the parts of one run share. Used by its copy thread only.
-class RunState
+class RunContext
 {
 public:
-    RunState(RunContext context, CopyJob job);
+    RunContext(RunSetup setup, CopyJob job);
 
     /// Works under these locks until the end of the run. What they do not hold gets nothing.
     void keepTo(std::shared_ptr<RunLocks> locks);
 
-    const RunContext &context() const { return m_context; }
+    const RunSetup &setup() const { return m_setup; }
     const CopyJob &job() const { return m_job; }
-    RunReport &report() { return *m_context.report; }
+    RunReport &report() { return *m_setup.report; }
     platform::Folder &sources() { return m_sources; }
     SourceFiles &sourceFiles() { return m_sourceFiles; }
 
@@ -112,7 +112,7 @@ private:
     void post(const char *name, const char *key, Notification::Value value) const;
 
     std::shared_ptr<RunLocks> m_locks; // the first member, so that they end after everything else
-    RunContext m_context;
+    RunSetup m_setup;
     CopyJob m_job;
     platform::Folder &m_sources;
     SourceFiles m_sourceFiles;

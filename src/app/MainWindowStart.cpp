@@ -49,7 +49,6 @@ void MainWindow::Duplicate()
         return;
     m_order.reset();
     m_toldRefusals.clear();
-    m_isNotErased.reset();
     afterCounting(chosenNow());
 }
 
@@ -151,10 +150,11 @@ bool MainWindow::decideOrderNow()
         warn(textOf(order->erase.badNames));
         return false;
     }
-    tellRefusals(order->erase.refusals);
-    tellRefusals(order->destinations.refusals);
+    disksLeftOut(order->erase.refusals);
+    disksLeftOut(order->destinations.refusals);
     m_order = std::move(*order);
     m_order->totalFiles = m_fileList->totalFiles();
+    m_order->totalBytes = m_fileList->totalSize();
     return true;
 }
 
@@ -191,12 +191,8 @@ void MainWindow::askForErase(const ChosenEnclosure &asked, const std::vector<Dis
         return;
     std::vector<DiskAtStake> disks;
     QString text = tr("These disks will lose everything they hold:");
-    PerBay<std::string> present;
     const auto *enclosure = selectedEnclosure();
-    for (const auto &row : enclosure ? bayRowsOf(*enclosure, user()).rows : std::vector<BayRows::Row>()) {
-        if (const auto bay = bayNamed(row.slot))
-            present[*bay] = row.content.volume;
-    }
+    const auto present = enclosure ? volumeNamesOf(*enclosure, user()) : PerBay<std::string>();
     for (std::size_t i = 0; i < contents.size(); ++i) {
         disks.push_back({m_order->erase.disks[i], contents[i]});
         text += QStringLiteral("\n\n") + shownText(stakeText(disks.back(), present[disks.back().erase.bay]));

@@ -1,4 +1,4 @@
-#include "duplicate/RunState.h"
+#include "duplicate/RunContext.h"
 
 #include "duplicate/RunLocks.h"
 #include "foundation/DisplayPath.h"
@@ -24,12 +24,12 @@ double secondsOf(std::chrono::nanoseconds time)
 
 } // namespace
 
-RunState::RunState(RunContext context, CopyJob job)
-    : m_context(std::move(context)), m_job(std::move(job)),
-      m_sources(m_context.host.volumeFiles().workingFolder()), m_sourceFiles(m_sources, m_job.SrcFileArray)
+RunContext::RunContext(RunSetup setup, CopyJob job)
+    : m_setup(std::move(setup)), m_job(std::move(job)),
+      m_sources(m_setup.host.volumeFiles().workingFolder()), m_sourceFiles(m_sources, m_job.SrcFileArray)
 {
     for (std::size_t i = 0; i < m_job.DesFileArray.size(); ++i) {
-        auto &target = m_targets.emplace_back(i, m_context.host.volumeFiles(), m_job.DesFileArray[i],
+        auto &target = m_targets.emplace_back(i, m_setup.host.volumeFiles(), m_job.DesFileArray[i],
                                               report().destination(i));
         if (i < m_job.expectedRoots.size())
             target.destination.expect(m_job.expectedRoots[i]);
@@ -40,7 +40,7 @@ RunState::RunState(RunContext context, CopyJob job)
     m_helpers = std::min(processors, std::max<std::size_t>(1, m_targets.size())) - 1;
 }
 
-void RunState::keepTo(std::shared_ptr<RunLocks> locks)
+void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
 {
     m_locks = std::move(locks);
     for (auto &target : m_targets) {
@@ -51,14 +51,14 @@ void RunState::keepTo(std::shared_ptr<RunLocks> locks)
     }
 }
 
-Lanes &RunState::lanes()
+Lanes &RunContext::lanes()
 {
     if (!m_lanes)
         m_lanes = std::make_unique<Lanes>(m_targets.size());
     return *m_lanes;
 }
 
-std::span<std::byte> RunState::block(int which)
+std::span<std::byte> RunContext::block(int which)
 {
     auto &memory = m_blocks[which];
     if (!memory)
@@ -66,29 +66,29 @@ std::span<std::byte> RunState::block(int which)
     return {memory.get(), BlockSize};
 }
 
-void RunState::post(const char *name, const char *key, Notification::Value value) const
+void RunContext::post(const char *name, const char *key, Notification::Value value) const
 {
-    if (m_context.isCurrent())
-        m_context.center.post(name, key, std::move(value));
+    if (m_setup.isCurrent())
+        m_setup.center.post(name, key, std::move(value));
 }
 
-void RunState::postMessage(const std::string &message) const
+void RunContext::postMessage(const std::string &message) const
 {
     post(notification::FileCopyMessage, notification::key::MessageInfo, message);
 }
 
-void RunState::postFileProgress(std::uint64_t done, std::uint64_t size) const
+void RunContext::postFileProgress(std::uint64_t done, std::uint64_t size) const
 {
     const float fraction = static_cast<float>(done) / static_cast<float>(size);
     post(notification::FileProgress, notification::key::FileProgress, fraction * 100.0F);
 }
 
-void RunState::postTotalProgress(float value) const
+void RunContext::postTotalProgress(float value) const
 {
     post(notification::TotalProgress, notification::key::TotalProrgress, value);
 }
 
-void RunState::countStartedFile(std::uint64_t bytes)
+void RunContext::countStartedFile(std::uint64_t bytes)
 {
     ++m_indexOfBackup;
     report().fileStarted(bytes);
@@ -96,20 +96,20 @@ void RunState::countStartedFile(std::uint64_t bytes)
     postTotalProgress(static_cast<float>(m_indexOfBackup) / static_cast<float>(m_job.totalFiles));
 }
 
-void RunState::cannotDuplicate(Target &target, const std::string &source, const platform::FileError &error)
+void RunContext::cannotDuplicate(Target &target, const std::string &source, const platform::FileError &error)
 {
     postMessage("Can`t Duplicate " + displayPath(source) + " to " + displayPath(target.destination.root()));
     fileFailed(target, source, error.reason());
 }
 
-void RunState::sourceChanged(Target &target, const std::string &source)
+void RunContext::sourceChanged(Target &target, const std::string &source)
 {
     if (std::exchange(target.isCopied, false))
         --target.tally.copied;
     fileFailed(target, source, "The source was written to meanwhile", ProblemKind::SourceChanged);
 }
 
-void RunState::startFile()
+void RunContext::startFile()
 {
     m_sourceInHand.reset();
     for (auto &target : m_targets) {
@@ -118,21 +118,21 @@ void RunState::startFile()
     }
 }
 
-void RunState::takeBack(Target &target, const std::string &source, const platform::FileError &error)
+void RunContext::takeBack(Target &target, const std::string &source, const platform::FileError &error)
 {
     target.isCopied = false;
     --target.tally.copied;
     cannotDuplicate(target, source, error);
 }
 
-void RunState::fileFailed(Target &target, const std::string &source, const std::string &reason,
+void RunContext::fileFailed(Target &target, const std::string &source, const std::string &reason,
                           ProblemKind kind)
 {
     target.hasFailed = true;
     report().failed(target.index, source, reason, kind);
 }
 
-void RunState::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
+void RunContext::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
 {
     target.tally.syncNanoseconds = outcome.nanoseconds;
     if (outcome.result)
@@ -142,7 +142,7 @@ void RunState::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
 }
 
 // The bytes are on their way, or arrived; but they count only in the place where the user looks for them.
-void RunState::noteEnd(Target &target)
+void RunContext::noteEnd(Target &target)
 {
     const auto index = target.index;
     const auto moved = target.destination.movedFolder(m_sources);
@@ -154,9 +154,10 @@ void RunState::noteEnd(Target &target)
         report().onDisk(index);
 }
 
-void RunState::finishDestinations()
+void RunContext::finishDestinations()
 {
     const auto copied = std::chrono::steady_clock::now();
+    report().syncStarts();
     for (auto &target : m_targets)
         target.destination.protectFolders();
     for (auto &target : m_targets) {

@@ -1,6 +1,5 @@
 #include "app/MainWindow.h"
 
-#include "duplicate/RunReport.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
 #include "panels/ShownText.h"
@@ -30,56 +29,26 @@ void MainWindow::lockChoices(bool locked)
         view->setDisabled(locked);
 }
 
-// Waits for a cancelled run that is still writing its last block, and gives the window the time to be
-// painted.
-void MainWindow::eraseWhenIdle(int looksLeft)
+void MainWindow::lookAtAllDevices()
 {
-    constexpr std::chrono::milliseconds BetweenLooks{100};
-    later(BetweenLooks, [this, looksLeft, run = m_run.load()] {
-        if (run != m_run)
-            return; // it was called off
-        if (!m_fileCopy->isRunning()) {
-            EraseDisk();
-        } else if (looksLeft > 0) {
-            eraseWhenIdle(looksLeft - 1);
-        } else {
-            warn("A disk of the run before does not answer. Nothing was erased.");
-            endWithoutCopy();
-        }
-    });
+    scanAll();
 }
 
-void MainWindow::EraseDisk()
+// The end of an erase, as the window shows it: its copy follows.
+void MainWindow::lookAtEnclosures()
 {
-    // The records may be old: a disk that was pulled and another one that came tell nobody. Scanning again
-    // shows which disks are still those that the bays showed.
-    scanAll();
-    if (!m_order && !decideOrderNow())
-        return;
-    const auto devices = scannedDevices(m_ScanDevice);
-    auto choice = m_order->choice;
-    choice.enclosure = whereItIsNow(devices, choice.enclosure);
-    auto plan = planErase(devices, choice, user(), eraseFormat());
-    if (!plan && plan.error() != EnclosureRefusal::NoneChosen) {
-        warn(refusalText(plan.error()));
-        endWithoutCopy();
-        return;
-    }
-    std::vector<DiskUtilInfo> disks;
-    if (plan) {
-        if (!m_order->erase.disks.empty() && !isStillThere(m_context.host, devices, m_order->source)) {
-            warn(refusalText(OrderRefusal::SourceGone));
-            endWithoutCopy();
-            return;
-        }
-        plan = eraseWithin(*m_order, std::move(*plan));
-        for (const auto &erase : plan->disks)
-            disks.push_back(erase.info);
-        m_erasePlan = std::move(*plan);
-    }
-    m_diskTool->setSparedDisks(m_order->choice.sourceDisks);
-    m_diskTool->setDiskArray(std::move(disks));
-    m_diskTool->startEraseDiskThread();
+    m_action->setIsErasing(false);
+    lockChoices(false);
+    setProgressMsg(std::string());
+    m_ScanDevice.resetArray("TBBay4");
+    m_ScanDevice.scanTBDevice();
+    setTargetDiskInfo();
+    fileProgress->setKind(ProgressIndicator::Kind::Determinate);
+    totalProgress->setKind(ProgressIndicator::Kind::Determinate);
+    setFileProgerss(0.0F);
+    setTotalProgerss(0.0F);
+    m_action->StartBtn->setEnabled(true);
+    m_action->setIsDuplicating(true);
 }
 
 void MainWindow::setEjectButtonsEnabled(bool enabled)
@@ -94,17 +63,17 @@ void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t ru
                                void (MainWindow::*ejected)())
 {
     constexpr std::chrono::milliseconds BetweenLooks{100};
-    if (run != m_run)
+    if (run != m_run->number())
         return;
-    if (m_fileCopy->isRunning()) {
+    if (m_run->fileCopy().isRunning()) {
         later(BetweenLooks, [this, disks = std::move(disks), run, ejected]() mutable {
             ejectWhenIdle(std::move(disks), run, ejected);
         });
         return;
     }
-    m_diskTool->setDiskArray(std::move(disks));
-    m_diskTool->EjectDisks();
-    m_diskTool->setDiskArray({});
+    m_run->diskTool().setDiskArray(std::move(disks));
+    m_run->diskTool().EjectDisks();
+    m_run->diskTool().setDiskArray({});
     setProgressMsg(std::string());
     (this->*ejected)();
     m_action->StartBtn->setEnabled(true);
@@ -114,20 +83,20 @@ void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t ru
 
 void MainWindow::EjectTargetDisks()
 {
-    if (isRunning())
+    if (m_run->isOn())
         return;
     setEjectButtonsEnabled(false);
-    m_diskTool->setDiskArray({});
+    m_run->diskTool().setDiskArray({});
     auto choice = choiceNow();
     addDisksOf(m_context.host, scannedDevices(m_ScanDevice), selectionNow(), choice.sourceDisks);
     auto plan = planTargetEject(scannedDevices(m_ScanDevice), choice, user());
-    m_diskTool->setSparedDisks(choice.sourceDisks);
+    m_run->diskTool().setSparedDisks(choice.sourceDisks);
     if (plan && !plan->refusals.empty())
         warn(notEjectedText(plan->refusals));
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else
-        ejectWhenIdle(std::move(plan->disks), m_run, &MainWindow::targetsEjected);
+        ejectWhenIdle(std::move(plan->disks), m_run->number(), &MainWindow::targetsEjected);
 }
 
 void MainWindow::targetsEjected()
@@ -140,18 +109,18 @@ void MainWindow::targetsEjected()
 
 void MainWindow::EjectSourceDisk()
 {
-    if (isRunning())
+    if (m_run->isOn())
         return;
     setEjectButtonsEnabled(false);
-    m_diskTool->setDiskArray({});
+    m_run->diskTool().setDiskArray({});
     auto plan = planSourceEject(scannedDevices(m_ScanDevice), choiceNow());
-    m_diskTool->setSparedDisks({});
+    m_run->diskTool().setSparedDisks({});
     if (plan && !plan->refusals.empty())
         warn(notEjectedText(plan->refusals));
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else
-        ejectWhenIdle(std::move(plan->disks), m_run, &MainWindow::sourceEjected);
+        ejectWhenIdle(std::move(plan->disks), m_run->number(), &MainWindow::sourceEjected);
 }
 
 void MainWindow::sourceEjected()
@@ -165,7 +134,7 @@ void MainWindow::tellEjects()
 {
     std::string failed;
     QStringList ejected;
-    for (const auto &result : m_diskTool->results()) {
+    for (const auto &result : m_run->diskTool().results()) {
         if (result.succeeded)
             ejected << shownText(result.disk.diskVolume);
         else

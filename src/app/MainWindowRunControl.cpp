@@ -1,0 +1,213 @@
+#include "app/MainWindow.h"
+
+#include "duplicate/ReportTable.h"
+#include "filetree/FileListViewController.h"
+#include "panels/CopyActionViewController.h"
+#include "panels/DiskInfoViewController.h"
+#include "panels/ShownText.h"
+#include "platform/Host.h"
+
+namespace orvana
+{
+
+using Title = CopyActionViewController::Title;
+
+void MainWindow::warn(const std::string &text)
+{
+    m_sheets.show({tr("Warning"), shownText(text)});
+}
+
+// Looks again, from the records of all disks, at what selecting the enclosure looked at.
+bool MainWindow::isStartRefused()
+{
+    const auto devices = scannedDevices(m_ScanDevice);
+    const auto enclosure = chosenEnclosure(devices, chosenNow());
+    if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)
+        return false; // the run itself says so, and does nothing
+    const auto refusal = enclosure ? startRefusal(**enclosure, devices) : std::optional(enclosure.error());
+    if (!refusal)
+        return false;
+    warn(refusalText(*refusal));
+    return true;
+}
+
+RunChoice MainWindow::choiceNow() const
+{
+    RunChoice choice;
+    choice.enclosure = chosenNow();
+    choice.source = m_diskInfo->Source();
+    choice.sourceItem = m_diskInfo->SourcePopup->selectedTitle();
+    choice.sourceRoot = *FileSystemItem::repoRoot();
+    choice.sourceDisks = m_source.disks;
+    choice.slotAisSource = m_diskInfo->SlotAisSource();
+    choice.names[Bay::A] = m_diskInfo->SlotA();
+    choice.names[Bay::B] = m_diskInfo->SlotB();
+    choice.names[Bay::C] = m_diskInfo->SlotC();
+    choice.names[Bay::D] = m_diskInfo->SlotD();
+    choice.isOverSize[Bay::A] = m_diskInfo->isOverSize_SlotA();
+    choice.isOverSize[Bay::B] = m_diskInfo->isOverSize_SlotB();
+    choice.isOverSize[Bay::C] = m_diskInfo->isOverSize_SlotC();
+    choice.isOverSize[Bay::D] = m_diskInfo->isOverSize_SlotD();
+    choice.shown = m_shown;
+    choice.erase = m_action->EraseDiskCheckBox->isChecked();
+    choice.verify = m_action->verifyFiles();
+    return choice;
+}
+
+void MainWindow::StartDuplicate()
+{
+    if (!m_order && !decideOrderNow())
+        return;
+    const bool isErase = m_order->choice.erase;
+    m_action->setTitle(Title::Cancel);
+    m_action->StartBtn->setEnabled(!isErase);
+    disableSlots(true);
+    displayDialog(2, true);
+    fileProgress->setKind(ProgressIndicator::Kind::Determinate);
+    setTotalProgerss(0.0F);
+    if (isErase) {
+        m_action->setIsErasing(true);
+        totalProgress->setKind(ProgressIndicator::Kind::Indeterminate);
+        setFileProgerss(ProgressIndicator::Hidden);
+        setProgressMsg("Erasing the destination disks. The window answers again when it is done.");
+        lockChoices(true);
+    } else {
+        m_action->setIsDuplicating(true);
+        totalProgress->setKind(ProgressIndicator::Kind::Determinate);
+        setFileProgerss(0.0F);
+    }
+    m_run->start(*std::exchange(m_order, std::nullopt));
+    holdOffSleepWhileBusy();
+}
+
+// The flag of the action panel stays set in both cases, so that the next click on the button is a Cancel.
+bool MainWindow::hasSomethingToCopy()
+{
+    if (m_run->order().selection.empty() && !hasTree(m_fileList->rows()))
+        return false;
+    const bool showsPlaceholders = m_diskInfo->Source() == "Source Disk (Slot-A)" &&
+                                   m_diskInfo->SlotB() == "Destination Disk (Slot-B)" &&
+                                   m_diskInfo->SlotC() == "Destination Disk (Slot-C)" &&
+                                   m_diskInfo->SlotD() == "Destination Disk (Slot-D)";
+    if (showsPlaceholders)
+        m_sheets.show({tr("Infomation"), tr("You must select a Orvana Storage Device first."), {tr("OK")}});
+    return !showsPlaceholders;
+}
+
+void MainWindow::refused(const RunRefusal &refusal)
+{
+    warn(refusalText(refusal));
+}
+
+void MainWindow::disksLeftOut(const std::vector<DiskRefusal> &refusals)
+{
+    std::vector<DiskRefusal> news;
+    for (const auto &refusal : refusals) {
+        if (m_toldRefusals.insert(refusalText(refusal)).second)
+            news.push_back(refusal);
+    }
+    if (!news.empty())
+        m_sheets.show({tr("Warning"), QString::fromStdString(textOf(news))});
+}
+
+void MainWindow::restoreIdleControls()
+{
+    m_action->setIsErasing(false);
+    m_action->setIsDuplicating(false);
+    m_action->setTitle(Title::Start);
+    m_action->StartBtn->setEnabled(true);
+    lockChoices(false);
+    disableSlots(false);
+}
+
+void MainWindow::BackupFinish()
+{
+    m_run->copyEnded();
+}
+
+void MainWindow::StopDuplicate()
+{
+    const bool wasOn = m_run->isOn();
+    m_run->cancel();
+    if (!wasOn)
+        showCancelled(); // a run that had come to nothing left the button a Cancel
+}
+
+void MainWindow::ended(const RunSummary &summary)
+{
+    switch (summary.ending) {
+    case RunEnding::Copied:
+        copied(summary);
+        break;
+    case RunEnding::Cancelled:
+        showCancelled();
+        break;
+    case RunEnding::EnclosureLost:
+        enclosureLost();
+        break;
+    case RunEnding::NothingToCopy:
+        m_action->setTitle(Title::Start);
+        if (!diskLines(summary).empty())
+            showLastReport();
+        tellOfNoCopy(summary);
+        break;
+    case RunEnding::NoDestination:
+    case RunEnding::Refused:
+        restoreIdleControls();
+        displayDialog(1, true);
+        showLastReport();
+        tellOfNoCopy(summary);
+        break;
+    }
+}
+
+void MainWindow::copied(const RunSummary &summary)
+{
+    m_action->setIsDuplicating(false);
+    m_action->setTitle(Title::Start);
+    disableSlots(false);
+    hiddenPrpgressBar(true);
+    m_ScanDevice.reGetDiskVolume();
+    setTargetDiskInfo();
+    displayDialog(1, true);
+    m_sheets.show({tr("File Copy Completed"), tr("All files have been copied successfully."), {tr("Done")}});
+    if (!isAllDone(summary) || !summary.isRecorded)
+        showLastReport();
+    tellDesktop(tr("Duplication finished"), shownText(headlineOf(summary)));
+}
+
+void MainWindow::showCancelled()
+{
+    hiddenPrpgressBar(true);
+    displayDialog(1, true);
+    restoreIdleControls();
+    showReportOfDisks();
+}
+
+void MainWindow::enclosureLost()
+{
+    restoreIdleControls();
+    displayDialog(0, true);
+    showReportOfDisks();
+    m_sheets.show(
+        {tr("Warning"), tr("The device was removed while files were being duplicated to it. The run "
+                           "has ended; its copies are not complete.")});
+    tellDesktop(tr("Duplication ended"), tr("The device was removed. The copies are not complete."));
+}
+
+// Without an erase before it, a run that comes to no copy ends with the click on Start.
+void MainWindow::tellOfNoCopy(const RunSummary &summary)
+{
+    if (summary.hasErased)
+        tellDesktop(tr("Nothing was duplicated"), tr("There was nothing to copy, or no disk to copy to."));
+}
+
+// A disk whose erase failed is reported, also when the run was ended before its copy was done.
+void MainWindow::showReportOfDisks()
+{
+    const auto summary = m_run->summary();
+    if (summary.hasErased && !diskLines(summary).empty())
+        showLastReport();
+}
+
+} // namespace orvana
