@@ -24,9 +24,9 @@ bool spend(std::atomic<std::int64_t> &allowance, std::size_t bytes)
     return true;
 }
 
-void delay(const VolumeFaults &faults)
+void wait(int milliseconds)
 {
-    if (const int milliseconds = faults.delayMilliseconds; milliseconds > 0)
+    if (milliseconds > 0)
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
@@ -42,7 +42,7 @@ public:
 
     Expected<std::size_t> read(std::span<std::byte> into, std::uint64_t offset) override
     {
-        delay(m_faults);
+        wait(m_faults.delayMilliseconds);
         if (m_faults.gone)
             return failure(ENODEV);
         auto count = m_real->read(into, offset);
@@ -55,7 +55,7 @@ public:
 
     Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) override
     {
-        delay(m_faults);
+        wait(m_faults.delayMilliseconds);
         if (m_faults.gone)
             return failure(ENODEV);
         if (!spend(m_faults.goneAfter, bytes.size())) {
@@ -190,6 +190,8 @@ public:
     Expected<void> syncVolume() override
     {
         const auto *faults = faultsAt("");
+        if (faults)
+            wait(faults->syncDelayMilliseconds);
         if (faults && (faults->syncError || faults->gone))
             return failure(EIO);
         return m_real.syncVolume();

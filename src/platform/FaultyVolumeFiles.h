@@ -18,6 +18,7 @@ struct VolumeFaults
     std::atomic<std::int64_t> readErrorAfter{-1};  ///< bytes that may still be read, then read errors
     std::atomic<std::int64_t> listErrorAfter{-1};  ///< names that each listing gives, then it breaks off
     std::atomic<int> delayMilliseconds{0};         ///< added to each read and write
+    std::atomic<int> syncDelayMilliseconds{0};     ///< added to each sync of the whole volume
     std::atomic<std::int64_t> goneAfter{-1};       ///< bytes that may still be written, then gone
     std::atomic<bool> gone{false};                 ///< every call fails, open files included
     std::atomic<bool> readOnly{false};             ///< nothing can be opened for writing or created

@@ -6,6 +6,7 @@
 #include "filetree/OutlineViewDataSource.h"
 #include "platform/HostFactory.h"
 #include "support/SmallMachine.h"
+#include "support/WatchedHost.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -17,35 +18,19 @@ namespace orvana
 {
 
 /// The simulated machine, whose disk utility and desktop are watched.
-class WindowTest::WatchedHost final : public platform::Host, platform::CommandLauncher, platform::Workspace
+class WindowTest::WatchedHost final : public test::WatchedHost, platform::Workspace
 {
 public:
-    WatchedHost(platform::Host &host, WindowTest &test) : m_host(host), m_test(test) {}
+    WatchedHost(platform::Host &host, WindowTest &test) : test::WatchedHost(host)
+    {
+        beforeDiskUtility = [&test](const Files &words) {
+            test.m_tools.push_back(words);
+            test.m_beforeTool(words);
+        };
+        afterListing = [&test] { test.m_afterListing(); };
+    }
 
-    platform::Account &account() override { return m_host.account(); }
-    platform::Places &places() override { return m_host.places(); }
-    platform::VolumeFiles &volumeFiles() override { return m_host.volumeFiles(); }
-    platform::HardwareRegistry &registry() override { return m_host.registry(); }
-    platform::VolumeEvents &volumeEvents() override { return m_host.volumeEvents(); }
-    platform::CommandLauncher &launcher() override { return *this; }
     platform::Workspace &workspace() override { return *this; }
-
-    Result run(const std::string &path, const std::vector<std::string> &arguments) override
-    {
-        if (path == "/usr/sbin/diskutil") {
-            m_test.m_tools.push_back(arguments);
-            m_test.m_beforeTool(arguments);
-        }
-        auto result = m_host.launcher().run(path, arguments);
-        if (path == "/bin/df")
-            m_test.m_afterListing();
-        return result;
-    }
-
-    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
-    {
-        m_host.launcher().setSparedDisks(std::move(disks));
-    }
 
     void openPage(const std::string &address) override { pages.push_back(address); }
     void openFolder(const std::string &) override {}
@@ -61,10 +46,6 @@ public:
     std::vector<platform::DesktopNotice> notices;
     std::vector<std::optional<double>> progress;
     std::shared_ptr<int> holds = std::make_shared<int>(0);
-
-private:
-    platform::Host &m_host;
-    WindowTest &m_test;
 };
 
 WindowTest::WindowTest() : m_machine(Json::parse(test::SmallMachine))

@@ -3,11 +3,11 @@
 #include "cli/CancelRequest.h"
 #include "foundation/PlainMainQueue.h"
 #include "foundation/SystemLog.h"
-#include "platform/CommandLauncher.h"
 #include "platform/HostFactory.h"
 #include "platform/VolumeFiles.h"
 #include "platform/posix/PosixCommandLauncher.h"
 #include "support/SmallMachine.h"
+#include "support/WatchedHost.h"
 
 #include <array>
 #include <chrono>
@@ -22,39 +22,6 @@ namespace orvana::cli
 
 namespace
 {
-
-/// A host whose disk utility can be watched.
-class WatchedHost final : public platform::Host, platform::CommandLauncher
-{
-public:
-    using Watcher = std::function<void(const std::vector<std::string> &)>;
-
-    WatchedHost(platform::Host &host, const Watcher &beforeTool) : m_host(host), m_beforeTool(beforeTool) {}
-
-    platform::Account &account() override { return m_host.account(); }
-    platform::Places &places() override { return m_host.places(); }
-    platform::VolumeFiles &volumeFiles() override { return m_host.volumeFiles(); }
-    platform::HardwareRegistry &registry() override { return m_host.registry(); }
-    platform::VolumeEvents &volumeEvents() override { return m_host.volumeEvents(); }
-    platform::CommandLauncher &launcher() override { return *this; }
-    platform::Workspace &workspace() override { return m_host.workspace(); }
-
-    Result run(const std::string &path, const std::vector<std::string> &arguments) override
-    {
-        if (path == "/usr/sbin/diskutil")
-            m_beforeTool(arguments);
-        return m_host.launcher().run(path, arguments);
-    }
-
-    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
-    {
-        m_host.launcher().setSparedDisks(std::move(disks));
-    }
-
-private:
-    platform::Host &m_host;
-    const Watcher &m_beforeTool;
-};
 
 /// Who is asked: types the answer once the question stands in the file, after what happens meanwhile.
 class Somebody
@@ -125,7 +92,8 @@ ExitStatus SimulatedMachineTest::run(const Command &command)
     const SystemLogCapture silence([](const std::string &) {});
     PlainMainQueue queue;
     const auto machine = platform::makeSimulatorHost(m_tree.path("machine.json"), &queue).value();
-    WatchedHost host(*machine, m_beforeTool);
+    test::WatchedHost host(*machine);
+    host.beforeDiskUtility = m_beforeTool;
     std::FILE *out = std::fopen(m_tree.path("out").c_str(), "w");
     std::FILE *err = std::fopen(m_tree.path("err").c_str(), "w");
     std::optional<Somebody> somebody;

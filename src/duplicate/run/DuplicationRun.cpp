@@ -159,10 +159,15 @@ void DuplicationRun::eraseFinished()
     }
     m_erasePlan.reset();
     m_phase = RunPhase::Looking;
+    const auto run = m_number.load();
+    if (!m_isCancelWanted)
+        m_view.lookAtEnclosures();
+    if (run != m_number)
+        return;
     if (m_isCancelWanted)
-        return cancel();
-    m_view.lookAtEnclosures();
-    CopyFile();
+        cancel();
+    else
+        CopyFile();
 }
 
 // The run keeps to what was decided at its start; the enclosure may have another place in the picker by now,
@@ -183,7 +188,11 @@ void DuplicationRun::CopyFile()
 {
     if (m_order.folders)
         return copyTo(*m_order.folders);
-    if (!m_view.hasSomethingToCopy())
+    const auto run = m_number.load(); // the view may cancel whenever it is asked or told something
+    const bool hasSomethingToCopy = m_view.hasSomethingToCopy();
+    if (run != m_number)
+        return;
+    if (!hasSomethingToCopy)
         return end(RunEnding::NothingToCopy);
     const auto devices = m_view.devices();
     const auto choice = presentChoice(devices);
@@ -201,6 +210,8 @@ void DuplicationRun::CopyFile()
     plan = destinationsWithin(m_order, std::move(*plan));
     reportDestinations(*m_report, *plan, choice);
     m_view.disksLeftOut(plan->refusals);
+    if (run != m_number)
+        return;
     if (plan->destinations.empty())
         return end(RunEnding::NoDestination);
     copyTo({boundToFolders(m_host, {m_order.selection, choice.sourceRoot, plan->roots(), {}, 0}), nullptr});
@@ -210,17 +221,22 @@ void DuplicationRun::copyTo(const FolderJob &job)
 {
     auto task = CopyTask{job.job, m_report, job.locks};
     task.job.totalFiles = m_order.totalFiles;
-    m_phase = RunPhase::Copying;
     m_relay.jobHandedOver(task.job.SrcDiskPath, task.job.DesFileArray);
+    const auto run = m_number.load();
     m_view.copyStarts(task.job);
+    if (run != m_number)
+        return;
+    m_phase = RunPhase::Copying;
     m_progress.emplace(m_order.totalFiles, m_order.totalBytes, m_order.choice.verify, m_report);
     m_fileCopy.start(std::move(task));
 }
 
 void DuplicationRun::refuse(const RunRefusal &refusal)
 {
+    const auto run = m_number.load();
     m_view.refused(refusal);
-    end(RunEnding::Refused);
+    if (run == m_number)
+        end(RunEnding::Refused);
 }
 
 void DuplicationRun::answer(const Notification &notification)

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/CommandLauncher.h"
+#include "platform/Host.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace orvana::test
+{
+
+/// A host whose commands are watched. Everything else is the host's beneath, unless a test says otherwise.
+class WatchedHost : public platform::Host, platform::CommandLauncher
+{
+public:
+    using Words = std::vector<std::string>;
+
+    explicit WatchedHost(platform::Host &host) : m_host(host) {}
+
+    /// Called before each command of the disk utility, with its words.
+    std::function<void(const Words &)> beforeDiskUtility = [](const Words &) {};
+
+    /// Called when the mounted volumes have been listed by "df".
+    std::function<void()> afterListing = [] {};
+
+    platform::Account &account() override { return m_host.account(); }
+    platform::Places &places() override { return m_host.places(); }
+    platform::VolumeFiles &volumeFiles() override { return m_host.volumeFiles(); }
+    platform::HardwareRegistry &registry() override { return m_host.registry(); }
+    platform::VolumeEvents &volumeEvents() override { return m_host.volumeEvents(); }
+    platform::CommandLauncher &launcher() override { return *this; }
+    platform::Workspace &workspace() override { return m_host.workspace(); }
+
+    Result run(const std::string &path, const Words &arguments) override
+    {
+        if (path == "/usr/sbin/diskutil")
+            beforeDiskUtility(arguments);
+        auto result = m_host.launcher().run(path, arguments);
+        if (path == "/bin/df")
+            afterListing();
+        return result;
+    }
+
+    void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
+    {
+        m_host.launcher().setSparedDisks(std::move(disks));
+    }
+
+private:
+    platform::Host &m_host;
+};
+
+} // namespace orvana::test
