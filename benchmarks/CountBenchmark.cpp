@@ -4,7 +4,7 @@
 //     plurimo_count_benchmark [FILES] [ROUNDS]      200,000 files and 9 rounds, unless told
 
 #include "filetree/SizeCounter.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 
 #include <algorithm>
 #include <chrono>

@@ -3,10 +3,10 @@
 //
 //     plurimo_filelist_benchmark [ENTRIES] [FILES]      100,000 entries and 1,000,000 files, unless told
 
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "foundation/NotificationCenter.h"
-#include "foundation/QtMainQueue.h"
-#include "platform/HostFactory.h"
+#include "foundation/qt/QtMainQueue.h"
+#include "platform/hosts/HostFactory.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -6,13 +6,13 @@
 #include "app/MainMenu.h"
 #include "app/MainWindow.h"
 #include "app/OrvanaAppDelegate.h"
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "foundation/Clock.h"
 #include "foundation/NotificationCenter.h"
-#include "foundation/QtMainQueue.h"
+#include "foundation/qt/QtMainQueue.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/TBDeviceViewController.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 #include "resources/Resources.h"
 
 #include <QAbstractButton>

@@ -1,13 +1,13 @@
 #include "app/MainWindow.h"
 
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/FittingFont.h"
-#include "panels/ShownText.h"
 #include "panels/TBDeviceViewController.h"
 #include "platform/Host.h"
 #include "platform/Workspace.h"
+#include "ui/FittingFont.h"
+#include "ui/ShownText.h"
 #include "version/WebAddress.h"
 
 #include <QApplication>

@@ -2,10 +2,10 @@
 
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/ShownText.h"
-#include "panels/SystemColor.h"
 #include "platform/Host.h"
 #include "platform/Workspace.h"
+#include "ui/ShownText.h"
+#include "ui/SystemColor.h"
 
 #include <utility>
 

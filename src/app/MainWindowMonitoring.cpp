@@ -1,11 +1,11 @@
 #include "app/MainWindow.h"
 
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "foundation/MainQueue.h"
 #include "foundation/NotificationNames.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/SystemColor.h"
+#include "ui/SystemColor.h"
 
 #include <algorithm>
 
@@ -54,7 +54,8 @@ void MainWindow::makeDispatchTable()
     add({notification::EjectSourceDisk}, [this](const auto &) { EjectSourceDisk(); });
     add({UpdateDiskInfoColor}, [this](const auto &) { setTargetDiskInfoColor(); });
     add({ClickStartBtn}, [this](const auto &) { Duplicate(); });
-    add({ClickVerifyBtn}, [this](const auto &) { m_run->fileCopy().setBVerifyFiles(m_action->verifyFiles()); });
+    add({ClickVerifyBtn},
+        [this](const auto &) { m_run->fileCopy().setBVerifyFiles(m_action->verifyFiles()); });
     add({ClickEraseBtn}, [this](const auto &) { eraseOptionChanged(); });
     add({FileCopyMessage, FileProgress, TotalProgress, DiskMessage, notification::BackupFinish}, ofTheRun);
     add({EraseDiskFinish}, ofTheRun);

@@ -1,9 +1,9 @@
 #include "app/MainWindow.h"
 #include "app/RunReportWindow.h"
 #include "panels/CopyActionViewController.h"
-#include "panels/ShownText.h"
 #include "platform/Host.h"
 #include "platform/Workspace.h"
+#include "ui/ShownText.h"
 
 #include <QCloseEvent>
 #include <QFile>

@@ -1,11 +1,11 @@
 #include "app/MainWindow.h"
 
-#include "duplicate/ReportTable.h"
-#include "filetree/FileListViewController.h"
+#include "duplicate/report/ReportTable.h"
+#include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/ShownText.h"
 #include "platform/Host.h"
+#include "ui/ShownText.h"
 
 namespace orvana
 {

@@ -1,12 +1,12 @@
 #include "app/MainWindow.h"
 
-#include "filetree/FileListViewController.h"
-#include "filetree/FileTreeView.h"
+#include "filetree/view/FileListViewController.h"
+#include "filetree/view/FileTreeView.h"
 #include "foundation/NotificationNames.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/SystemColor.h"
 #include "panels/TBDeviceViewController.h"
+#include "ui/SystemColor.h"
 
 #include <QFileInfo>
 

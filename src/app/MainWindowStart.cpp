@@ -2,11 +2,11 @@
 
 #include "app/MainWindow.h"
 
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/ShownText.h"
 #include "platform/Host.h"
+#include "ui/ShownText.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #include "app/MainMenu.h"
 #include "app/MainWindow.h"
 #include "foundation/NotificationCenter.h"
-#include "log/LogDataWindows.h"
-#include "version/VersionWindow.h"
+#include "log/view/LogDataWindows.h"
+#include "version/view/VersionWindow.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "duplicate/ReportTable.h"
+#include "duplicate/report/ReportTable.h"
 #include "ui_RunReportWindow.h"
 
 #include <QWidget>

@@ -2,10 +2,10 @@
 
 #include "app/MainWindow.h"
 #include "app/OrvanaAppDelegate.h"
-#include "app/Palettes.h"
 #include "app/RunReportWindow.h"
 #include "app/ScriptRunner.h"
-#include "log/LogDataWindows.h"
+#include "log/view/LogDataWindows.h"
+#include "ui/Palettes.h"
 
 #include <QApplication>
 #include <QPainter>

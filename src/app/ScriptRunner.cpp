@@ -2,11 +2,11 @@
 
 #include "app/MainWindow.h"
 #include "app/OrvanaAppDelegate.h"
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
 #include "panels/TBDeviceViewController.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>

@@ -3,14 +3,14 @@
 #include "app/ScriptRunner.h"
 #include "app/SingleInstance.h"
 #include "app/VolumeNotifications.h"
-#include "cli/CancelRequest.h"
-#include "cli/HostChoice.h"
-#include "cli/LiteralWords.h"
 #include "foundation/Clock.h"
+#include "foundation/LiteralWords.h"
 #include "foundation/NotificationCenter.h"
-#include "foundation/QtMainQueue.h"
+#include "foundation/qt/QtMainQueue.h"
 #include "log/LogData.h"
 #include "platform/Account.h"
+#include "platform/hosts/HostChoice.h"
+#include "platform/posix/CancelRequest.h"
 #include "platform/posix/ProcessStart.h"
 #include "resources/Resources.h"
 
@@ -31,7 +31,7 @@ using namespace orvana;
 /// Everything that the user can say.
 struct Words
 {
-    cli::HostChoice machine;
+    platform::HostChoice machine;
     std::string edition = "Orvana";
     std::optional<std::string> logFolder;
     std::optional<std::string> script;
@@ -128,13 +128,13 @@ int runProgram(Words words)
         }
     }
     const bool isSimulated = words.machine.simulatorFile || words.machine.demo || words.machine.demoFolder;
-    const auto file = isSimulated ? cli::simulatorFileOf(words.machine) : std::string();
+    const auto file = isSimulated ? platform::simulatorFileOf(words.machine) : std::string();
     if (!file)
         return fail(file.error().status, file.error().reason);
     SingleInstance instance(QString::fromStdString(*file));
     if (instance.askTheFirst())
         return 0;
-    if (const auto refusal = cli::makeLogFolder(words.logFolder))
+    if (const auto refusal = platform::makeLogFolder(words.logFolder))
         return fail(refusal->status, refusal->reason);
     // From here on no path is taken from the working folder.
     for (auto *path : {&words.machine.simulatorFile, &words.machine.demoFolder}) {
@@ -144,13 +144,13 @@ int runProgram(Words words)
     QtMainQueue queue;
     platform::posix::enterEmptyFolder();
     // On a simulated machine, a script opens and tells nothing outside of its window.
-    auto host = cli::makeHost(words.machine, &queue,
-                              words.script ? platform::Desktop::None : platform::Desktop::Users);
+    auto host = platform::makeHost(words.machine, &queue,
+                                   words.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)
         return fail(host.error().status, host.error().reason);
     Program program(words, std::move(*host), queue);
     instance.listen([&] { program.raise(); });
-    const cli::CancelRequest signalled([&] { queue.async([&] { program.end(); }); });
+    const platform::posix::CancelRequest signalled([&] { queue.async([&] { program.end(); }); });
     return program.run(words, steps, QString::fromStdString(*file));
 }
 
@@ -158,7 +158,7 @@ int runProgram(Words words)
 
 int main(int argc, char **argv)
 {
-    cli::CancelRequest::blockSignals();
+    platform::posix::CancelRequest::blockSignals();
     platform::posix::openStandardFiles();
     CLI::App app("Duplicates disks: one read, many writes, verified.", "orvana-plurimo");
     Words words;
@@ -170,7 +170,7 @@ int main(int argc, char **argv)
         std::ostringstream complaint;
         const int status = app.exit(error, out, complaint);
         std::fputs(out.str().c_str(), stdout);
-        std::fputs(cli::shownLiteral(complaint.str()).c_str(), stderr);
+        std::fputs(shownLiteral(complaint.str()).c_str(), stderr);
         return status == 0 ? 0 : 2;
     }
     if (!hasDisplay())

@@ -2,8 +2,8 @@
 
 #include "cli/Terminal.h"
 #include "cli/TerminalRun.h"
-#include "duplicate/CopyCensus.h"
-#include "duplicate/RunLocks.h"
+#include "duplicate/engine/CopyCensus.h"
+#include "duplicate/engine/RunLocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 #include "platform/Host.h"

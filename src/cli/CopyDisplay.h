@@ -1,8 +1,8 @@
 #pragma once
 
+#include "duplicate/plan/RunOrder.h"
 #include "duplicate/run/RunProgress.h"
-#include "cli/Refusal.h"
-#include "duplicate/RunOrder.h"
+#include "foundation/Refusal.h"
 
 #include <memory>
 #include <string>

@@ -1,8 +1,8 @@
 #include "cli/CopyDisplay.h"
 
 #include "cli/Terminal.h"
-#include "duplicate/ReportJson.h"
-#include "duplicate/ReportTable.h"
+#include "duplicate/report/ReportJson.h"
+#include "duplicate/report/ReportTable.h"
 
 #include <nlohmann/json.hpp>
 

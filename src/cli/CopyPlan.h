@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/Refusal.h"
-#include "duplicate/CopyJob.h"
+#include "duplicate/engine/CopyJob.h"
+#include "foundation/Refusal.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "cli/CopyDisplay.h"
 
 #include "cli/Terminal.h"
-#include "duplicate/ReportTable.h"
+#include "duplicate/report/ReportTable.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 

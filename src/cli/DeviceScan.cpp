@@ -1,6 +1,6 @@
 #include "cli/DeviceScan.h"
 
-#include "duplicate/SourcePlan.h"
+#include "duplicate/plan/SourcePlan.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/PlainMainQueue.h"
 #include "platform/Host.h"

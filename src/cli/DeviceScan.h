@@ -1,8 +1,8 @@
 #pragma once
 
-#include "cli/Refusal.h"
 #include "discovery/ORVScanDevice.h"
-#include "duplicate/RunGuards.h"
+#include "duplicate/plan/RunGuards.h"
+#include "foundation/Refusal.h"
 
 #include <tl/expected.hpp>
 

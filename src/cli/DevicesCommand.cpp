@@ -1,6 +1,5 @@
 #include "cli/DevicesCommand.h"
 
-#include "cli/CancelRequest.h"
 #include "cli/DevicesText.h"
 #include "cli/Terminal.h"
 #include "discovery/ORVScanDevice.h"
@@ -10,6 +9,7 @@
 #include "foundation/PlainMainQueue.h"
 #include "platform/Host.h"
 #include "platform/VolumeEvents.h"
+#include "platform/posix/CancelRequest.h"
 
 #include <nlohmann/json.hpp>
 
@@ -45,7 +45,7 @@ void watchDevices(platform::Host &host, PlainMainQueue &queue, Terminal &termina
     ThunderBoltMonitor monitor(host.registry(), center);
     monitor.MonitorInit();
     host.volumeEvents().subscribe([&](platform::VolumeChange change) { say(nameOf(change)); });
-    const CancelRequest cancelRequest([&] { queue.quit(); });
+    const platform::posix::CancelRequest cancelRequest([&] { queue.quit(); });
     queue.run();
 }
 

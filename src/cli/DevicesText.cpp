@@ -1,7 +1,7 @@
 #include "cli/DevicesText.h"
 
 #include "discovery/ORVScanDevice.h"
-#include "duplicate/ScannedDevices.h"
+#include "duplicate/plan/ScannedDevices.h"
 #include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"

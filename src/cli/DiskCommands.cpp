@@ -1,15 +1,15 @@
 #include "cli/DiskCommands.h"
 
-#include "cli/CancelRequest.h"
 #include "cli/DeviceScan.h"
 #include "cli/EraseConsent.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalRun.h"
-#include "duplicate/DiskUtil.h"
-#include "duplicate/RunPlan.h"
+#include "duplicate/disktool/DiskUtil.h"
+#include "duplicate/plan/RunPlan.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/NotificationNames.h"
 #include "platform/Host.h"
+#include "platform/posix/CancelRequest.h"
 
 #include <algorithm>
 #include <atomic>
@@ -68,7 +68,7 @@ private:
     PerBay<std::optional<std::string>> m_typed;
     PerBay<std::string> m_present;
     std::atomic<bool> m_isCancelled{false};
-    CancelRequest m_cancelRequest; // the last, so that its thread ends first
+    platform::posix::CancelRequest m_cancelRequest; // the last, so that its thread ends first
 };
 
 DiskCommand::Check DiskCommand::chooseBays()

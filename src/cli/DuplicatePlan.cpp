@@ -1,7 +1,7 @@
 #include "cli/DuplicatePlan.h"
 
 #include "cli/CopyPlan.h"
-#include "duplicate/RunPlan.h"
+#include "duplicate/plan/RunPlan.h"
 #include "foundation/DisplayPath.h"
 #include "platform/Host.h"
 #include "platform/VolumeFiles.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cli/DeviceScan.h"
-#include "duplicate/CopyJob.h"
-#include "duplicate/SourceDisks.h"
+#include "duplicate/engine/CopyJob.h"
+#include "duplicate/plan/SourceDisks.h"
 
 namespace orvana::cli
 {

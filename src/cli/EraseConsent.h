@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/Refusal.h"
-#include "duplicate/RunOrder.h"
+#include "duplicate/plan/RunOrder.h"
+#include "foundation/Refusal.h"
 
 #include <functional>
 #include <tl/expected.hpp>

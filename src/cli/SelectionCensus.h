@@ -1,6 +1,6 @@
 #pragma once
 
-#include "duplicate/CopyCensus.h"
+#include "duplicate/engine/CopyCensus.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "cli/SimulatorCommand.h"
 
 #include "cli/Terminal.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 
 namespace orvana::cli
 {

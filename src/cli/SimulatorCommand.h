@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/Refusal.h"
+#include "foundation/Refusal.h"
 
 #include <string>
 

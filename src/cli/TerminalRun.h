@@ -1,11 +1,11 @@
 #pragma once
 
-#include "cli/CancelRequest.h"
 #include "cli/CopyDisplay.h"
-#include "cli/Refusal.h"
 #include "duplicate/run/DuplicationRun.h"
 #include "foundation/PlainMainQueue.h"
+#include "foundation/Refusal.h"
 #include "log/LogData.h"
+#include "platform/posix/CancelRequest.h"
 
 #include <atomic>
 #include <optional>
@@ -71,7 +71,7 @@ private:
     NotificationCenter m_center;
     DuplicationRun m_run;
     std::vector<NotificationCenter::Subscription> m_subscriptions;
-    CancelRequest m_cancelRequest; // the last, so that its thread ends first
+    platform::posix::CancelRequest m_cancelRequest; // the last, so that its thread ends first
 };
 
 } // namespace orvana::cli

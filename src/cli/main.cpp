@@ -1,14 +1,14 @@
-#include "cli/CancelRequest.h"
 #include "cli/CopyCommand.h"
 #include "cli/DevicesCommand.h"
 #include "cli/DiskCommands.h"
 #include "cli/DuplicateCommand.h"
-#include "cli/HostChoice.h"
-#include "cli/LiteralWords.h"
 #include "cli/LogsCommand.h"
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
+#include "foundation/LiteralWords.h"
 #include "foundation/PlainMainQueue.h"
+#include "platform/hosts/HostChoice.h"
+#include "platform/posix/CancelRequest.h"
 #include "platform/posix/ProcessStart.h"
 
 #include <CLI/CLI.hpp>
@@ -25,7 +25,7 @@ using namespace orvana;
 /// Everything that the user can say.
 struct Words
 {
-    cli::HostChoice machine;
+    platform::HostChoice machine;
     std::optional<std::string> logFolder;
     cli::CopyOptions copy;
     cli::DevicesOptions devices;
@@ -128,7 +128,7 @@ void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
 
 void takeLiterally(std::string &text)
 {
-    text = cli::literal(text);
+    text = literal(text);
 }
 
 void takeLiterally(std::optional<std::string> &text)
@@ -175,11 +175,11 @@ ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string
     PlainMainQueue queue;
     const bool watches = command == "devices" ? words.devices.watch : command != "copy" && command != "logs";
     const bool writesLog = command != "devices" && command != "logs";
-    if (const auto refusal = writesLog ? cli::makeLogFolder(words.logFolder) : std::nullopt) {
+    if (const auto refusal = writesLog ? platform::makeLogFolder(words.logFolder) : std::nullopt) {
         terminal.printError("plurimoctl: " + refusal->reason);
         return refusal->status;
     }
-    const auto host = cli::makeHost(words.machine, watches ? &queue : nullptr);
+    const auto host = platform::makeHost(words.machine, watches ? &queue : nullptr);
     if (!host) {
         terminal.printError("plurimoctl: " + host.error().reason);
         return host.error().status;
@@ -199,7 +199,7 @@ ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string
 
 ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
 {
-    const auto file = cli::simulatorFileOf(words.machine);
+    const auto file = platform::simulatorFileOf(words.machine);
     if (!file) {
         terminal.printError("plurimoctl: " + file.error().reason);
         return file.error().status;
@@ -209,8 +209,8 @@ ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
 
 int runMain(int argc, char **argv)
 {
-    cli::CancelRequest::blockSignals();
-    cli::CancelRequest::endWhileNobodyWaits();
+    platform::posix::CancelRequest::blockSignals();
+    platform::posix::CancelRequest::endWhileNobodyWaits();
     platform::posix::openStandardFiles();
     CLI::App app("Duplicates disks: one read, many writes, verified.", "plurimoctl");
     app.set_version_flag("--version", "plurimoctl " PLURIMO_VERSION);
@@ -233,7 +233,7 @@ int runMain(int argc, char **argv)
     for (auto *command : {copy, duplicate, erase, eject, devices, logs, simulator})
         describeCommon(*command, words);
     try {
-        auto typed = cli::shelteredWords(argc, argv);
+        auto typed = shelteredWords(argc, argv);
         std::reverse(typed.begin(), typed.end()); // the parser takes them from the end
         app.parse(std::move(typed));
     } catch (const CLI::ParseError &error) {
@@ -241,7 +241,7 @@ int runMain(int argc, char **argv)
         std::ostringstream complaint;
         const auto status = app.exit(error, out, complaint);
         std::fputs(out.str().c_str(), stdout);
-        std::fputs(cli::shownLiteral(complaint.str()).c_str(), stderr);
+        std::fputs(shownLiteral(complaint.str()).c_str(), stderr);
         return status == 0 ? AllDone : WrongUsage;
     }
     takeLiterally(words);

@@ -5,7 +5,7 @@
 #include "diskutil/UdisksService.h"
 #include "diskutil/VolumeUsers.h"
 
-#include "duplicate/VolumeName.h"
+#include "duplicate/disktool/VolumeName.h"
 #include "foundation/DisplayPath.h"
 #include "platform/posix/Descriptor.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "diskutil/Outcome.h"
-#include "duplicate/VolumeName.h"
+#include "duplicate/disktool/VolumeName.h"
 
 #include <optional>
 

@@ -2,20 +2,20 @@
 //
 //     plurimo-gallery FOLDER
 
-#include "app/Palettes.h"
 #include "discovery/ORVScanDevice.h"
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "foundation/DeviceBlocks.h"
 #include "foundation/NotificationCenter.h"
-#include "foundation/QtMainQueue.h"
 #include "foundation/SizeText.h"
+#include "foundation/qt/QtMainQueue.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
 #include "panels/ProgressBarViewController.h"
-#include "panels/SystemColor.h"
 #include "panels/TBDeviceViewController.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 #include "resources/Resources.h"
+#include "ui/Palettes.h"
+#include "ui/SystemColor.h"
 
 #include <QApplication>
 #include <QDir>

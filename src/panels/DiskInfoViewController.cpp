@@ -2,9 +2,9 @@
 
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
-#include "panels/FittingFont.h"
-#include "panels/ShownText.h"
-#include "panels/SystemColor.h"
+#include "ui/FittingFont.h"
+#include "ui/ShownText.h"
+#include "ui/SystemColor.h"
 
 #include <QEvent>
 

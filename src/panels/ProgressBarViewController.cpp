@@ -1,7 +1,7 @@
 #include "panels/ProgressBarViewController.h"
 
 #include "foundation/SystemLog.h"
-#include "panels/ShownText.h"
+#include "ui/ShownText.h"
 
 namespace orvana
 {

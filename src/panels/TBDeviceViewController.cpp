@@ -3,7 +3,7 @@
 #include "discovery/DeviceRecords.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
-#include "panels/ShownText.h"
+#include "ui/ShownText.h"
 
 namespace orvana
 {

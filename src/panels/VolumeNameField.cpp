@@ -1,6 +1,6 @@
 #include "panels/VolumeNameField.h"
 
-#include "panels/ShownText.h"
+#include "ui/ShownText.h"
 
 #include <QHelpEvent>
 #include <QPainter>

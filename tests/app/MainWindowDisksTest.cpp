@@ -1,6 +1,6 @@
-#include "WindowFixture.h"
+#include "app/WindowFixture.h"
 
-#include "panels/SystemColor.h"
+#include "ui/SystemColor.h"
 
 namespace orvana
 {

@@ -1,7 +1,7 @@
-#include "WindowFixture.h"
+#include "app/WindowFixture.h"
 
 #include "foundation/NotificationNames.h"
-#include "panels/SystemColor.h"
+#include "ui/SystemColor.h"
 
 namespace orvana
 {

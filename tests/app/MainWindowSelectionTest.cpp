@@ -1,7 +1,7 @@
-#include "WindowFixture.h"
+#include "app/WindowFixture.h"
 
-#include "filetree/FileTreeView.h"
-#include "panels/SystemColor.h"
+#include "filetree/view/FileTreeView.h"
+#include "ui/SystemColor.h"
 
 #include <QApplication>
 #include <QIcon>

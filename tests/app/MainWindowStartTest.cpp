@@ -1,9 +1,9 @@
 // The steps between the click on Start and the first erased disk.
 
-#include "WindowFixture.h"
+#include "app/WindowFixture.h"
 
 #include "foundation/NotificationNames.h"
-#include "panels/SystemColor.h"
+#include "ui/SystemColor.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -3,10 +3,10 @@
 //
 // The number of sequences and the first seed come from ORVANA_SEQUENCES and ORVANA_SEED.
 
-#include "WindowFixture.h"
+#include "app/WindowFixture.h"
 
 #include "filetree/FileSystemItem.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 
 #include <QtTest/QTest>
 

@@ -1,10 +1,10 @@
-#include "WindowFixture.h"
+#include "app/WindowFixture.h"
 
 #include "app/RunReportWindow.h"
 #include "app/VolumeNotifications.h"
-#include "filetree/FileTreeView.h"
-#include "filetree/OutlineViewDataSource.h"
-#include "platform/HostFactory.h"
+#include "filetree/view/FileTreeView.h"
+#include "filetree/view/OutlineViewDataSource.h"
+#include "platform/hosts/HostFactory.h"
 #include "support/SmallMachine.h"
 #include "support/WatchedHost.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "filetree/FileListViewController.h"
+#include "filetree/view/FileListViewController.h"
 #include "foundation/PathJson.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"

@@ -1,7 +1,7 @@
 // Copies that would land on their own source, and two runs at once.
 
-#include "MachineFixture.h"
-#include "duplicate/RunLocks.h"
+#include "cli/MachineFixture.h"
+#include "duplicate/engine/RunLocks.h"
 #include "platform/posix/PosixVolumeFiles.h"
 #include "support/TestHost.h"
 

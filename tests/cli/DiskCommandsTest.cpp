@@ -1,6 +1,6 @@
 // Erasing and ejecting from the terminal, on a simulated machine.
 
-#include "MachineFixture.h"
+#include "cli/MachineFixture.h"
 
 namespace orvana::cli
 {

@@ -1,6 +1,6 @@
 // Whole duplications in the terminal, on a simulated machine.
 
-#include "MachineFixture.h"
+#include "cli/MachineFixture.h"
 
 #include <algorithm>
 

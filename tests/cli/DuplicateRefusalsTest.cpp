@@ -1,6 +1,6 @@
 // What keeps a duplication in the terminal from starting. Nothing is touched then.
 
-#include "MachineFixture.h"
+#include "cli/MachineFixture.h"
 
 namespace orvana::cli
 {

@@ -1,7 +1,7 @@
 #include "cli/LogsCommand.h"
-#include "cli/HostChoice.h"
 #include "cli/Terminal.h"
 #include "foundation/PathJson.h"
+#include "platform/hosts/HostChoice.h"
 #include "support/TemporaryTree.h"
 #include "support/TestHost.h"
 
@@ -164,9 +164,9 @@ TEST_F(LogsCommand, WhatCannotBeRemovedIsNamedAndTheOthersGo)
 TEST(LogFolder, IsMadeWhereItIsNamed)
 {
     const test::TemporaryTree tree;
-    EXPECT_FALSE(makeLogFolder(std::nullopt));
-    EXPECT_FALSE(makeLogFolder(tree.path("a/b")));
-    EXPECT_FALSE(makeLogFolder(tree.path("a/b"))) << "it is there";
+    EXPECT_FALSE(platform::makeLogFolder(std::nullopt));
+    EXPECT_FALSE(platform::makeLogFolder(tree.path("a/b")));
+    EXPECT_FALSE(platform::makeLogFolder(tree.path("a/b"))) << "it is there";
     EXPECT_EQ(test::treeOf(tree.root()), (std::vector<std::string>{"a", "a/b"}));
 }
 
@@ -174,7 +174,7 @@ TEST(LogFolder, ThatCannotBeMadeIsRefusedWithTheReason)
 {
     const test::TemporaryTree tree;
     tree.file("file", "");
-    const auto refusal = makeLogFolder(tree.path("file/logs"));
+    const auto refusal = platform::makeLogFolder(tree.path("file/logs"));
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->status, NotThere);
     EXPECT_EQ(refusal->reason,

@@ -1,10 +1,10 @@
-#include "MachineFixture.h"
+#include "cli/MachineFixture.h"
 
-#include "cli/CancelRequest.h"
 #include "foundation/PlainMainQueue.h"
 #include "foundation/SystemLog.h"
-#include "platform/HostFactory.h"
 #include "platform/VolumeFiles.h"
+#include "platform/hosts/HostFactory.h"
+#include "platform/posix/CancelRequest.h"
 #include "platform/posix/PosixCommandLauncher.h"
 #include "support/SmallMachine.h"
 #include "support/WatchedHost.h"
@@ -144,7 +144,7 @@ int SimulatedMachineTest::duplicateUntil(const std::string &text)
     m_tree.file("out", "");
     const pid_t child = ::fork();
     if (child == 0) {
-        CancelRequest::blockSignals();
+        platform::posix::CancelRequest::blockSignals();
         ::_exit(duplicate());
     }
     EXPECT_TRUE(waitForText(m_tree.path("out"), text));

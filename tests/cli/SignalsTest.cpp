@@ -1,6 +1,6 @@
 // Signals, closed standard files and languages: the program from outside.
 
-#include "MachineFixture.h"
+#include "cli/MachineFixture.h"
 #include "foundation/SizeText.h"
 
 #include <array>

@@ -4,7 +4,7 @@
 #include "contract/DiskUtilityContract.h"
 #include "discovery/ORVScanDevice.h"
 #include "foundation/PlainMainQueue.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 #include "support/TemporaryTree.h"
 
 namespace orvana::platform

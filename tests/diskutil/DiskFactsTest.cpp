@@ -1,7 +1,7 @@
 // What is found out of a disk, on made-up machines.
 
 #include "diskutil/DiskFacts.h"
-#include "LinuxFixture.h"
+#include "platform/linux/LinuxFixture.h"
 
 namespace orvana::test
 {

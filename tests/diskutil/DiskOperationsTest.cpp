@@ -1,6 +1,6 @@
 // The order of erase and eject, and their refusals, with a service and a disk that the test plays.
 
-#include "PlayedDisk.h"
+#include "diskutil/PlayedDisk.h"
 
 namespace orvana::diskutil
 {

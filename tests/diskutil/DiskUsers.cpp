@@ -1,4 +1,4 @@
-#include "DiskUsers.h"
+#include "diskutil/DiskUsers.h"
 
 #include "support/Shell.h"
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "ImageDisk.h"
+#include "diskutil/ImageDisk.h"
 
 namespace orvana::test
 {

@@ -1,4 +1,4 @@
-#include "ImageDisk.h"
+#include "diskutil/ImageDisk.h"
 
 #include "support/Shell.h"
 

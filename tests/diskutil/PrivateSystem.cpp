@@ -1,4 +1,4 @@
-#include "PrivateSystem.h"
+#include "diskutil/PrivateSystem.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // The contract of disk utilities, kept by the real one.
 
-#include "DiskUsers.h"
-#include "RealDisks.h"
 #include "contract/DiskUtilityContract.h"
+#include "diskutil/DiskUsers.h"
+#include "diskutil/RealDisks.h"
 
 namespace orvana::test
 {

@@ -1,7 +1,7 @@
-#include "RealDisks.h"
+#include "diskutil/RealDisks.h"
 
-#include "duplicate/FileCopy.h"
-#include "duplicate/RunReport.h"
+#include "duplicate/engine/FileCopy.h"
+#include "duplicate/report/RunReport.h"
 #include "foundation/NotificationCenter.h"
 #include "support/TestHost.h"
 

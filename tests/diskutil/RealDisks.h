@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ImageDisk.h"
-#include "PrivateSystem.h"
+#include "diskutil/ImageDisk.h"
+#include "diskutil/PrivateSystem.h"
 #include "support/StoppedClock.h"
 #include "support/TemporaryTree.h"
 

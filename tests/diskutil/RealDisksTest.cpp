@@ -1,10 +1,10 @@
 // What is erased and ejected on real disks, and what is refused.
 
-#include "RealDisks.h"
-#include "DiskUsers.h"
+#include "diskutil/RealDisks.h"
+#include "diskutil/DiskUsers.h"
 #include "foundation/PlainMainQueue.h"
-#include "platform/HostFactory.h"
 #include "platform/VolumeEvents.h"
+#include "platform/hosts/HostFactory.h"
 
 #include <random>
 

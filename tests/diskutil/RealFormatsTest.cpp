@@ -1,6 +1,6 @@
 // The file systems that real disks are erased to: their names, their owners, and what can be done with them.
 
-#include "RealDisks.h"
+#include "diskutil/RealDisks.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 // An erase for which the user is asked: what happens to the disk while the question stands.
 
-#include "DiskUsers.h"
-#include "RealDisks.h"
+#include "diskutil/DiskUsers.h"
+#include "diskutil/RealDisks.h"
 
 #include <chrono>
 #include <future>

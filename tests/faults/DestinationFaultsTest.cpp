@@ -1,6 +1,6 @@
 // Faults of a destination. Each test says what log, report and status tell, and that the others lost nothing.
 
-#include "FaultFixture.h"
+#include "faults/FaultFixture.h"
 
 #include <fcntl.h>
 #include <sys/socket.h>

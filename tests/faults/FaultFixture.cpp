@@ -1,8 +1,8 @@
-#include "FaultFixture.h"
+#include "faults/FaultFixture.h"
 
-#include "cli/CancelRequest.h"
 #include "cli/Terminal.h"
 #include "foundation/SystemLog.h"
+#include "platform/posix/CancelRequest.h"
 
 #include <chrono>
 #include <filesystem>
@@ -83,7 +83,7 @@ void FaultTest::runInChild(const cli::CopyOptions &options) const
         std::FILE *out = std::fopen(m_tree.path("out").c_str(), "w");
         std::FILE *err = std::fopen(m_tree.path("err").c_str(), "w");
         const SystemLogCapture silence([](const std::string &) {});
-        cli::CancelRequest::blockSignals();
+        platform::posix::CancelRequest::blockSignals();
         cli::Terminal terminal(out, err, false);
         TestHost host(m_tree.path("home"));
         m_faults(host);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MountedVolume.h"
 #include "cli/CopyCommand.h"
+#include "faults/MountedVolume.h"
 #include "foundation/PathJson.h"
 #include "support/TemporaryTree.h"
 #include "support/TestHost.h"

@@ -1,13 +1,13 @@
 // Bays of the simulated machine whose disks are image files, mounted for real.
 
-#include "FaultFixture.h"
+#include "faults/FaultFixture.h"
 
 #include "cli/DuplicateCommand.h"
 #include "cli/Terminal.h"
 #include "discovery/ORVScanDevice.h"
 #include "foundation/PlainMainQueue.h"
 #include "platform/CommandLauncher.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 #include "support/Recorder.h"
 
 namespace orvana::test

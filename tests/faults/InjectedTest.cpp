@@ -1,8 +1,8 @@
 // Every failure that can be injected, on each destination in turn, held against the report: none is missing,
 // and none is reported that did not happen. Prints the table.
 
-#include "duplicate/FileCopy.h"
-#include "duplicate/RunReport.h"
+#include "duplicate/engine/FileCopy.h"
+#include "duplicate/report/RunReport.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/PathJson.h"
 #include "foundation/SystemLog.h"

@@ -1,9 +1,9 @@
 // Verification reads the medium, not the memory before it.
 
-#include "FaultFixture.h"
+#include "faults/FaultFixture.h"
 
-#include "duplicate/FileCopy.h"
-#include "duplicate/RunReport.h"
+#include "duplicate/engine/FileCopy.h"
+#include "duplicate/report/RunReport.h"
 #include "support/Recorder.h"
 #include "support/StoppedClock.h"
 

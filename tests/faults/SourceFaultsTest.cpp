@@ -1,6 +1,6 @@
 // Faults of the source, hard trees, and runs that are cut off.
 
-#include "FaultFixture.h"
+#include "faults/FaultFixture.h"
 
 #include <csignal>
 #include <fcntl.h>

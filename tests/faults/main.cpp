@@ -1,4 +1,4 @@
-#include "MountedVolume.h"
+#include "faults/MountedVolume.h"
 
 #include <gtest/gtest.h>
 

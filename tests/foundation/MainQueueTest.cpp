@@ -1,5 +1,5 @@
 #include "foundation/PlainMainQueue.h"
-#include "foundation/QtMainQueue.h"
+#include "foundation/qt/QtMainQueue.h"
 #include "support/ManualMainQueue.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "SlotPanelFixture.h"
+#include "panels/SlotPanelFixture.h"
 
 namespace orvana
 {

@@ -3,7 +3,7 @@
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
 #include "panels/DiskInfoViewController.h"
-#include "panels/SystemColor.h"
+#include "ui/SystemColor.h"
 
 #include <QLabel>
 #include <QtTest/QTest>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "duplicate/ScannedDevices.h"
+#include "duplicate/plan/ScannedDevices.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 // The terminal program's way to the virtual machine.
 
-#include "EmulatedEnclosure.h"
-#include "platform/HostFactory.h"
 #include "platform/NullDevices.h"
+#include "platform/hosts/HostFactory.h"
 #include "platform/linux/LinuxHost.h"
+#include "EmulatedEnclosure.h"
 
 namespace orvana::platform
 {

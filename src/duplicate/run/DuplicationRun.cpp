@@ -1,7 +1,7 @@
 #include "duplicate/run/DuplicationRun.h"
 
-#include "duplicate/DiskReport.h"
-#include "duplicate/RunReport.h"
+#include "duplicate/report/RunReport.h"
+#include "duplicate/run/DiskReport.h"
 #include "foundation/Clock.h"
 #include "foundation/MainQueue.h"
 #include "foundation/NotificationNames.h"
@@ -61,11 +61,11 @@ DuplicationRun::~DuplicationRun()
 // Work of a run that has ended meanwhile is dropped.
 void DuplicationRun::later(std::chrono::milliseconds delay, std::function<void()> work)
 {
-    m_queue.after(delay, [this, isAlive = std::weak_ptr(m_isAlive), run = m_number.load(),
-                          work = std::move(work)] {
-        if (!isAlive.expired() && run == m_number)
-            work();
-    });
+    m_queue.after(delay,
+                  [this, isAlive = std::weak_ptr(m_isAlive), run = m_number.load(), work = std::move(work)] {
+                      if (!isAlive.expired() && run == m_number)
+                          work();
+                  });
 }
 
 RunPhase DuplicationRun::phase() const

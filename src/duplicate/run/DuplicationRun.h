@@ -1,11 +1,11 @@
 #pragma once
 
-#include "duplicate/DiskUtil.h"
-#include "duplicate/FileCopy.h"
-#include "duplicate/RunOrder.h"
-#include "duplicate/RunProblems.h"
-#include "duplicate/RunRelay.h"
+#include "duplicate/disktool/DiskUtil.h"
+#include "duplicate/engine/FileCopy.h"
+#include "duplicate/plan/RunOrder.h"
+#include "duplicate/report/RunProblems.h"
 #include "duplicate/run/RunProgress.h"
+#include "duplicate/run/RunRelay.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "duplicate/RunReport.h"
+#include "duplicate/report/RunReport.h"
 
 #include <chrono>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "platform/simulator/DemoMachine.h"
 
 #include "foundation/DisplayPath.h"
-#include "platform/PrivateFolder.h"
+#include "platform/posix/PrivateFolder.h"
 
 #include <filesystem>
 #include <fstream>

@@ -3,7 +3,7 @@
 #include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SystemLog.h"
-#include "platform/PrivateFolder.h"
+#include "platform/posix/PrivateFolder.h"
 #include "platform/simulator/MachinePlaces.h"
 
 #include <algorithm>

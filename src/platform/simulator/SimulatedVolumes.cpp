@@ -1,7 +1,7 @@
 #include "platform/simulator/SimulatedVolumes.h"
 
-#include "platform/PrivateFolder.h"
 #include "platform/posix/PosixVolumeFiles.h"
+#include "platform/posix/PrivateFolder.h"
 #include "platform/simulator/MachineReader.h"
 
 #include <algorithm>

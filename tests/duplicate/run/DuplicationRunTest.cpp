@@ -1,13 +1,13 @@
 #include "duplicate/run/DuplicationRun.h"
 
 #include "discovery/ORVScanDevice.h"
-#include "duplicate/RunReport.h"
+#include "duplicate/report/RunReport.h"
 #include "foundation/NotificationNames.h"
 #include "foundation/PathJson.h"
 #include "foundation/SystemLog.h"
 #include "log/LogData.h"
 #include "platform/FaultyVolumeFiles.h"
-#include "platform/HostFactory.h"
+#include "platform/hosts/HostFactory.h"
 #include "support/ManualMainQueue.h"
 #include "support/SmallMachine.h"
 #include "support/StoppedClock.h"
@@ -280,27 +280,26 @@ TEST_F(DuplicationRunTest, WholeRunWithEraseVerifyAndAFailingDiskIsToldInThisOrd
     start();
     m_run->start(order(true));
     untilEnded();
-    EXPECT_EQ(everythingTold(),
-              (Lines{"Erasing, look at all", //
-                     "Erasing, message: Erasing /dev/disk3 & Mount to /Volumes/COPY1",
-                     "Erasing, tool eraseDisk",
-                     "Erasing, message: Erasing /dev/disk4 & Mount to /Volumes/COPY2",
-                     "Erasing, tool eraseDisk",
-                     "Erasing, message: Erasing /dev/disk5 & Mount to /Volumes/COPY3",
-                     "Erasing, tool eraseDisk", //
-                     "Looking, look at enclosures", "Looking, something to copy?",
-                     "Looking, left out: Slot-C (COPY2): its erase did not succeed",
-                     "Looking, left out: no more", //
-                     "Looking, copy starts",       //
-                     "Copying, message: Duplicating /Volumes/Master/Read me.txt",
-                     "Copying, total 1", //
-                     "Copying, message: Verifying File ...",
-                     "Copying, message: Verifying File ... Succeeded", //
-                     "Syncing, total 1", "Syncing, copy thread ends", "Ended, ended: copied"}));
+    EXPECT_EQ(
+        everythingTold(),
+        (Lines{"Erasing, look at all", //
+               "Erasing, message: Erasing /dev/disk3 & Mount to /Volumes/COPY1", "Erasing, tool eraseDisk",
+               "Erasing, message: Erasing /dev/disk4 & Mount to /Volumes/COPY2", "Erasing, tool eraseDisk",
+               "Erasing, message: Erasing /dev/disk5 & Mount to /Volumes/COPY3",
+               "Erasing, tool eraseDisk", //
+               "Looking, look at enclosures", "Looking, something to copy?",
+               "Looking, left out: Slot-C (COPY2): its erase did not succeed",
+               "Looking, left out: no more", //
+               "Looking, copy starts",       //
+               "Copying, message: Duplicating /Volumes/Master/Read me.txt",
+               "Copying, total 1", //
+               "Copying, message: Verifying File ...",
+               "Copying, message: Verifying File ... Succeeded", //
+               "Syncing, total 1", "Syncing, copy thread ends", "Ended, ended: copied"}));
     std::string log;
     for (const char *record :
-         {"\n\n", "Erasing /dev/disk3 & Mount to /Volumes/COPY1", "Erasing /dev/disk4 & Mount to /Volumes/COPY2",
-          "Erasing /dev/disk5 & Mount to /Volumes/COPY3",
+         {"\n\n", "Erasing /dev/disk3 & Mount to /Volumes/COPY1",
+          "Erasing /dev/disk4 & Mount to /Volumes/COPY2", "Erasing /dev/disk5 & Mount to /Volumes/COPY3",
           "Start Duplicating Files from /Volumes/Master to /Volumes/COPY1 /Volumes/COPY3",
           "Duplicating /Volumes/Master/Read me.txt", "Verifying File ... Succeeded", "Finish !!!"})
         log += std::string("[2026/11/21 10:20:30]: ") + record + "\n";
@@ -527,7 +526,8 @@ TEST_F(DuplicationRunTest, RunIntoFoldersAsksForNoDevices)
     RunOrder order;
     order.selection = {volume("Master/Read me.txt")};
     order.folders = FolderJob{
-        boundToFolders(*m_host, {order.selection, volume("Master"), {m_tree.folder("there")}, {}, 0}), nullptr};
+        boundToFolders(*m_host, {order.selection, volume("Master"), {m_tree.folder("there")}, {}, 0}),
+        nullptr};
     m_run->start(std::move(order));
     untilEnded();
     EXPECT_EQ(m_summary.ending, RunEnding::Copied);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MadeUpMachine.h"
 #include "discovery/ORVScanDevice.h"
 #include "platform/NullDevices.h"
 #include "platform/linux/LinuxHost.h"
+#include "platform/linux/MadeUpMachine.h"
 #include "support/ManualMainQueue.h"
 #include "support/Recorder.h"
 

@@ -1,4 +1,4 @@
-#include "MadeUpMachine.h"
+#include "platform/linux/MadeUpMachine.h"
 
 #include <algorithm>
 #include <cstdlib>

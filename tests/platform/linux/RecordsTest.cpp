@@ -1,11 +1,11 @@
 // Machines as they were recorded, each listed as it is known to be. A record NAME.umockdev in the folder
 // "records" belongs with NAME.devices, what "plurimoctl devices" prints for it.
 
-#include "MadeUpMachine.h"
 #include "cli/DevicesText.h"
 #include "discovery/ORVScanDevice.h"
 #include "platform/NullDevices.h"
 #include "platform/linux/LinuxHost.h"
+#include "platform/linux/MadeUpMachine.h"
 #include "support/Recorder.h"
 
 #include <algorithm>

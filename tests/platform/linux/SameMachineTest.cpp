@@ -1,11 +1,11 @@
 // The same machine made up of kernel devices and simulated: what the program sees of both must be the same.
 
-#include "LinuxFixture.h"
 #include "discovery/ThunderBoltMonitor.h"
 #include "foundation/NotificationNames.h"
 #include "foundation/PlainMainQueue.h"
-#include "platform/HostFactory.h"
 #include "platform/VolumeEvents.h"
+#include "platform/hosts/HostFactory.h"
+#include "platform/linux/LinuxFixture.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,6 +1,6 @@
 // The package's udev rule, read and applied by udev itself together with the machine's own rules.
 
-#include "LinuxFixture.h"
+#include "platform/linux/LinuxFixture.h"
 #include "support/Shell.h"
 
 #include <cstdlib>

@@ -1,0 +1,113 @@
+#include "duplicate/disktool/VolumeName.h"
+
+#include "foundation/DisplayPath.h"
+
+#include <cstdlib>
+
+namespace orvana
+{
+
+namespace
+{
+
+struct FormatLimit
+{
+    const char *name;
+    std::size_t length;
+    const char *unit;
+};
+
+FormatLimit limitOf(EraseFormat format)
+{
+    switch (format) {
+    case EraseFormat::Xfs:
+        return {"xfs", 12, "bytes"};
+    case EraseFormat::ExFat:
+        return {"exFAT", 11, "characters"};
+    case EraseFormat::Ext4:
+        return {"ext4", 16, "bytes"};
+    }
+    return {};
+}
+
+// Characters are counted as exFAT keeps them: those of four bytes take the place of two.
+std::size_t lengthIn(EraseFormat format, const std::string &name)
+{
+    if (format != EraseFormat::ExFat)
+        return name.size();
+    std::size_t length = 0;
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte & 0xC0U) != 0x80)
+            length += byte >= 0xF0 ? 2 : 1;
+    }
+    return length;
+}
+
+} // namespace
+
+EraseFormat eraseFormatOf(std::string_view setting)
+{
+    if (setting == "xfs")
+        return EraseFormat::Xfs;
+    return setting == "exfat" ? EraseFormat::ExFat : EraseFormat::Ext4;
+}
+
+std::optional<std::string> eraseFormatSetting()
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
+    const char *setting = std::getenv("ORVANA_FILE_SYSTEM");
+    return setting ? std::optional<std::string>(setting) : std::nullopt;
+}
+
+EraseFormat eraseFormat()
+{
+    return eraseFormatOf(eraseFormatSetting().value_or(std::string()));
+}
+
+std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)
+{
+    if (name.empty())
+        return NameGuard::Empty;
+    if (name.find('/') != std::string::npos || name.find('\0') != std::string::npos)
+        return NameGuard::Separator;
+    if (name == "." || name == ".." || name == NoVolume || name == UnformattedDisk)
+        return NameGuard::Reserved;
+    if (!isUtf8(name) || displayPath(name) != name)
+        return NameGuard::NotText;
+    if (lengthIn(format, name) > limitOf(format).length)
+        return NameGuard::TooLong;
+    if (name.front() == ' ' || name.back() == ' ' || name.find("  ") != std::string::npos)
+        return NameGuard::LostBlanks;
+    // The maker of this file system takes none.
+    if (format == EraseFormat::Xfs && name.find(' ') != std::string::npos)
+        return NameGuard::Blanks;
+    return std::nullopt;
+}
+
+std::string reasonText(NameGuard guard, EraseFormat format)
+{
+    const auto limit = limitOf(format);
+    switch (guard) {
+    case NameGuard::Empty:
+        return "a disk needs a name";
+    case NameGuard::Reserved:
+        return "this cannot be the name of a disk";
+    case NameGuard::Separator:
+        return "a name cannot hold \"/\"";
+    case NameGuard::NotText:
+        return "a name is text on one line";
+    case NameGuard::OfSource:
+        return "this is the name of the source";
+    case NameGuard::LostBlanks:
+        return "a name cannot begin or end with a blank, nor hold two in a row";
+    case NameGuard::Blanks:
+        return std::string("a name on ") + limit.name + " cannot hold blanks";
+    case NameGuard::TooLong:
+        return "longer than " + std::to_string(limit.length) + " " + limit.unit + ", which is the limit of " +
+               limit.name;
+    }
+    return {};
+}
+
+} // namespace orvana

@@ -1,0 +1,263 @@
+#include "duplicate/engine/Destination.h"
+
+#include "duplicate/engine/SourceFiles.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace orvana
+{
+
+using platform::Access;
+using platform::Attributes;
+using platform::Expected;
+using platform::File;
+using platform::FileProblem;
+using platform::Folder;
+
+namespace
+{
+
+struct SplitPath
+{
+    std::string_view folder;
+    std::string_view name;
+};
+
+SplitPath split(std::string_view path)
+{
+    const auto slash = path.rfind('/');
+    if (slash == std::string_view::npos)
+        return {std::string_view(), path};
+    return {path.substr(0, slash), path.substr(slash + 1)};
+}
+
+bool isLeftOpen(const Attributes &folder, const Attributes &like)
+{
+    if (!folder.permissions || !like.permissions)
+        return false;
+    const auto final = platform::withSearch(*like.permissions);
+    const auto open = final | platform::OwnerRights;
+    return open != final && *folder.permissions == open;
+}
+
+} // namespace
+
+Destination::Destination(platform::VolumeFiles &files, std::string root) : m_root(std::move(root))
+{
+    auto opened = files.openFolder(m_root, platform::Reach::Beneath);
+    if (!opened) {
+        m_openError = opened.error();
+        return;
+    }
+    m_volume = std::move(*opened);
+    m_traits = m_volume->traits();
+    if (const auto own = m_volume->attributes(".", platform::Links::Follow, platform::Want::Basics))
+        m_rootAttributes = *own;
+}
+
+bool Destination::isRoot(const Attributes &attributes) const
+{
+    return isOpen() && attributes.device == m_rootAttributes.device &&
+           attributes.inode == m_rootAttributes.inode;
+}
+
+Expected<std::string_view> Destination::beneath(std::string_view path) const
+{
+    if (!m_volume)
+        return tl::unexpected(m_openError);
+    if (!path.starts_with(m_root))
+        return platform::failure(FileProblem::LeadsOutOfVolume);
+    path.remove_prefix(m_root.size());
+    if (!path.empty() && path.front() != '/')
+        return platform::failure(FileProblem::LeadsOutOfVolume);
+    while (path.starts_with('/'))
+        path.remove_prefix(1);
+    return path;
+}
+
+Expected<Folder *> Destination::holderOf(std::string_view beneathPath)
+{
+    const auto folder = split(beneathPath).folder;
+    if (folder.empty())
+        return m_volume.get();
+    if (m_holder && m_holderPath == folder)
+        return m_holder.get();
+    auto opened = m_volume->openFolder(folder);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    checkHolder();
+    m_holder = std::move(*opened);
+    m_holderPath = folder;
+    return m_holder.get();
+}
+
+// Before the folder in hand is left: is it still at its path?
+void Destination::checkHolder()
+{
+    if (!m_holder || m_moved)
+        return;
+    const auto there = m_volume->attributes(m_holderPath, platform::Links::Follow, platform::Want::Basics);
+    const auto own = m_holder->attributes(".", platform::Links::Follow, platform::Want::Basics);
+    if (own && (!there || there->device != own->device || there->inode != own->inode))
+        m_moved = m_root + "/" + m_holderPath;
+}
+
+std::optional<std::string> Destination::movedFolder(Folder &anywhere)
+{
+    if (!m_volume)
+        return std::nullopt;
+    checkHolder();
+    const auto there = anywhere.attributes(m_root, platform::Links::Follow, platform::Want::Basics);
+    if (!there || !isRoot(*there))
+        return m_root;
+    return m_moved;
+}
+
+Expected<void> Destination::makeFolder(std::string_view beneathPath, const Attributes &like)
+{
+    const auto holder = holderOf(beneathPath);
+    if (!holder)
+        return tl::unexpected(holder.error());
+    return (*holder)->makeFolder(split(beneathPath).name, like);
+}
+
+Expected<void> Destination::makeFolderWithParents(std::string_view beneathPath, const Attributes &like)
+{
+    Expected<void> made;
+    for (std::size_t end = 0; end != beneathPath.size();) {
+        end = std::min(beneathPath.find('/', end + 1), beneathPath.size());
+        const auto folder = beneathPath.substr(0, end);
+        made = makeFolder(folder, like);
+        if (made)
+            m_openToOwner.emplace_back(folder, like);
+        else if (made.error().problem != FileProblem::Exists)
+            break;
+    }
+    return made;
+}
+
+bool Destination::holds(const std::string &path) const
+{
+    const auto place = beneath(path);
+    return place && m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
+}
+
+Expected<Destination::Made> Destination::createFolder(const std::string &path, const Attributes &like)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    if (place->empty())
+        return Made::Existed;
+    auto made = makeFolder(*place, like);
+    if (!made && made.error().problem == FileProblem::NotFound)
+        made = makeFolderWithParents(*place, like);
+    if (made)
+        return Made::New;
+    if (made.error().problem != FileProblem::Exists)
+        return tl::unexpected(made.error());
+    const auto there = m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
+    if (there && there->type == platform::FileType::Folder)
+        return isLeftOpen(*there, like) ? Made::LeftOpen : Made::Existed;
+    return tl::unexpected(there ? platform::fileError(ENOTDIR) : there.error());
+}
+
+Expected<Destination::Made> Destination::createParent(const std::string &path, const Attributes &like)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto holder = holderOf(*place);
+    if (holder)
+        return Made::Existed;
+    const auto folder = path.substr(0, path.rfind('/'));
+    const bool hasFileAbove = holder.error().problem == FileProblem::NotAFolder && !holds(folder);
+    // Only a missing folder is made; one that cannot be opened shows when the file is created.
+    if (holder.error().problem != FileProblem::NotFound && !hasFileAbove)
+        return Made::Existed;
+    if (const auto made = makeFolderWithParents(split(*place).folder, like); !made)
+        return tl::unexpected(made.error());
+    return Made::New;
+}
+
+void Destination::protectFolder(const std::string &path, const Attributes &like)
+{
+    if (const auto place = beneath(path); place && !place->empty())
+        (void)m_volume->protectFolder(*place, like);
+}
+
+Expected<std::unique_ptr<File>> Destination::createFile(const std::string &path, const Attributes &like)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto holder = holderOf(*place);
+    if (!holder)
+        return tl::unexpected(holder.error());
+    return (*holder)->createFile(split(*place).name, like);
+}
+
+Expected<std::unique_ptr<File>> Destination::openFile(const std::string &path, Access access)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto holder = holderOf(*place);
+    if (!holder)
+        return tl::unexpected(holder.error());
+    auto opened = (*holder)->openFile(split(*place).name, access);
+    // Seen from the folder a link may lead out that seen from the volume does not.
+    if (!opened && opened.error().problem == FileProblem::LeadsOutOfVolume)
+        return m_volume->openFile(*place, access);
+    return opened;
+}
+
+Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &path,
+                                                          const SourceFiles &sourceFiles)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto there = m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
+    if (there && sourceFiles.mayBeSource(*m_volume, *place, *there))
+        return platform::failure(FileProblem::OfSource);
+    auto file = openFile(path, Access::Write);
+    if (!file)
+        return file;
+    // Somebody may have put another file there meanwhile.
+    const auto opened = (*file)->attributes();
+    const bool isSame = there && opened && opened->device == there->device && opened->inode == there->inode;
+    return isSame ? std::move(file) : tl::unexpected(platform::fileError(ESTALE));
+}
+
+void Destination::protectFolders()
+{
+    // From the innermost out, as each may stand in the way of the next.
+    for (auto folder = m_openToOwner.rbegin(); m_volume && folder != m_openToOwner.rend(); ++folder)
+        (void)m_volume->protectFolder(folder->first, folder->second);
+    m_openToOwner.clear();
+}
+
+void Destination::close()
+{
+    protectFolders();
+    m_holder.reset();
+    if (m_volume)
+        m_openError = platform::fileError(EBADF);
+    m_volume.reset();
+}
+
+void Destination::expect(const std::optional<FolderIdentity> &identity)
+{
+    if (m_volume && identity != FolderIdentity{m_rootAttributes.device, m_rootAttributes.inode})
+        refuse(platform::fileError(ESTALE));
+}
+
+void Destination::refuse(const platform::FileError &error)
+{
+    close();
+    m_openError = error;
+}
+
+} // namespace orvana

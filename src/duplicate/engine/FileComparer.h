@@ -1,0 +1,54 @@
+#pragma once
+
+#include "duplicate/engine/BlockSamples.h"
+#include "platform/VolumeFiles.h"
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+class RunContext;
+struct ComparedCopy;
+struct Target;
+
+/// Reads a file and its copies back, block by block, and tells where they differ.
+///
+/// What memory holds of them is dropped first, where the file system can, so that the disks are read.
+class FileComparer
+{
+public:
+    explicit FileComparer(RunContext &run) : m_run(run) {}
+
+    /// Returns 1, or -1 when the source cannot be opened. Ends the thread when it is cancelled.
+    int compare(const std::string &source, const OutArray &copies);
+
+    /// Compares samples of all that was compared once more. At the end of a run.
+    void compareSamples() const { m_samples.compare(m_run); }
+
+private:
+    void openCopies(const std::string &source, const OutArray &copies);
+    void readFromDisk(Target &target, const std::string &source);
+    void compareBlocks(platform::File &from, std::uint64_t size);
+    void noteSample(const std::string &source, const OutArray &copies, std::uint64_t size);
+    platform::Expected<std::size_t> compareAndReadAhead(platform::File &from,
+                                                        std::span<const std::byte> block,
+                                                        std::uint64_t offset, int spare);
+    static void compareBlock(ComparedCopy &copy, std::span<const std::byte> block, std::uint64_t offset);
+    void tellDifferences(std::uint64_t offset);
+    void tellUnreadableSource(const platform::FileError &error);
+    bool isSourceChanged(const platform::File &from) const;
+    void noteChangedSource(const std::string &source);
+    void noteResults(const std::string &source);
+
+    RunContext &m_run;
+    BlockSamples m_samples;
+    bool m_diskIsRead = false; ///< by at least one of the copies
+    bool m_sideBySide = false; ///< threads pay where disks are waited for, and for large files
+};
+
+} // namespace orvana

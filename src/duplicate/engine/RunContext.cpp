@@ -1,0 +1,189 @@
+#include "duplicate/engine/RunContext.h"
+
+#include "duplicate/engine/RunLocks.h"
+#include "foundation/DisplayPath.h"
+#include "foundation/NotificationNames.h"
+#include "foundation/WorkerThread.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <thread>
+#include <utility>
+
+namespace orvana
+{
+
+namespace
+{
+
+double secondsOf(std::chrono::nanoseconds time)
+{
+    return std::chrono::duration<double>(time).count();
+}
+
+} // namespace
+
+RunContext::RunContext(RunSetup setup, CopyJob job)
+    : m_setup(std::move(setup)), m_job(std::move(job)), m_sources(m_setup.host.volumeFiles().workingFolder()),
+      m_sourceFiles(m_sources, m_job.SrcFileArray)
+{
+    for (std::size_t i = 0; i < m_job.DesFileArray.size(); ++i) {
+        auto &target = m_targets.emplace_back(i, m_setup.host.volumeFiles(), m_job.DesFileArray[i],
+                                              report().destination(i));
+        if (i < m_job.expectedRoots.size())
+            target.destination.expect(m_job.expectedRoots[i]);
+        target.startPump();
+    }
+
+    const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
+    m_helpers = std::min(processors, std::max<std::size_t>(1, m_targets.size())) - 1;
+}
+
+void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
+{
+    m_locks = std::move(locks);
+    for (auto &target : m_targets) {
+        if (m_locks->hasSource() && m_locks->hasDestination(target.index))
+            continue;
+        target.pump.reset();
+        target.destination.refuse({platform::FileProblem::Busy, EBUSY});
+    }
+}
+
+Lanes &RunContext::lanes()
+{
+    if (!m_lanes)
+        m_lanes = std::make_unique<Lanes>(m_targets.size());
+    return *m_lanes;
+}
+
+std::span<std::byte> RunContext::block(int which)
+{
+    auto &memory = m_blocks[which];
+    if (!memory)
+        memory = std::make_unique_for_overwrite<std::byte[]>(BlockSize);
+    return {memory.get(), BlockSize};
+}
+
+void RunContext::post(const char *name, const char *key, Notification::Value value) const
+{
+    if (m_setup.isCurrent())
+        m_setup.center.post(name, key, std::move(value));
+}
+
+void RunContext::postMessage(const std::string &message) const
+{
+    post(notification::FileCopyMessage, notification::key::MessageInfo, message);
+}
+
+void RunContext::postFileProgress(std::uint64_t done, std::uint64_t size) const
+{
+    const float fraction = static_cast<float>(done) / static_cast<float>(size);
+    post(notification::FileProgress, notification::key::FileProgress, fraction * 100.0F);
+}
+
+void RunContext::postTotalProgress(float value) const
+{
+    post(notification::TotalProgress, notification::key::TotalProrgress, value);
+}
+
+void RunContext::countStartedFile(std::uint64_t bytes)
+{
+    ++m_indexOfBackup;
+    report().fileStarted(bytes);
+    // Without a count there is nothing to divide by; the value is then what the division gives.
+    postTotalProgress(static_cast<float>(m_indexOfBackup) / static_cast<float>(m_job.totalFiles));
+}
+
+void RunContext::cannotDuplicate(Target &target, const std::string &source, const platform::FileError &error)
+{
+    postMessage("Can`t Duplicate " + displayPath(source) + " to " + displayPath(target.destination.root()));
+    fileFailed(target, source, error.reason());
+}
+
+void RunContext::sourceChanged(Target &target, const std::string &source)
+{
+    if (std::exchange(target.isCopied, false))
+        --target.tally.copied;
+    fileFailed(target, source, "The source was written to meanwhile", ProblemKind::SourceChanged);
+}
+
+void RunContext::startFile()
+{
+    m_sourceInHand.reset();
+    for (auto &target : m_targets) {
+        target.hasFailed = false;
+        target.isCopied = false;
+    }
+}
+
+void RunContext::takeBack(Target &target, const std::string &source, const platform::FileError &error)
+{
+    target.isCopied = false;
+    --target.tally.copied;
+    cannotDuplicate(target, source, error);
+}
+
+void RunContext::fileFailed(Target &target, const std::string &source, const std::string &reason,
+                            ProblemKind kind)
+{
+    target.hasFailed = true;
+    report().failed(target.index, source, reason, kind);
+}
+
+void RunContext::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
+{
+    target.tally.syncNanoseconds = outcome.nanoseconds;
+    if (outcome.result)
+        noteEnd(target);
+    else
+        report().notOnDisk(target.index, outcome.result.error().reason());
+}
+
+// The bytes are on their way, or arrived; but they count only in the place where the user looks for them.
+void RunContext::noteEnd(Target &target)
+{
+    const auto index = target.index;
+    const auto moved = target.destination.movedFolder(m_sources);
+    if (moved)
+        report().notOnDisk(index, displayPath(*moved) + " was moved away in mid-run");
+    else if (target.destination.traits().isMemory)
+        report().inMemory(index);
+    else
+        report().onDisk(index);
+}
+
+void RunContext::finishDestinations()
+{
+    const auto copied = std::chrono::steady_clock::now();
+    report().syncStarts();
+    for (auto &target : m_targets)
+        target.destination.protectFolders();
+    for (auto &target : m_targets) {
+        if (target.pump)
+            target.pump->startFinalSync();
+    }
+    for (auto &target : m_targets) {
+        auto &destination = target.destination;
+        if (target.pump) {
+            const auto outcome = target.pump->waitForFinalSync(WorkerThread::currentToken());
+            WorkerThread::exitIfCancelled();
+            noteSync(target, *outcome);
+        } else if (destination.isOpen()) {
+            noteSync(target, {destination.volume()->syncVolume(), 0});
+        } else {
+            report().notOnDisk(target.index, destination.openError().reason());
+        }
+    }
+    for (auto &target : m_targets)
+        target.pump.reset();
+    for (auto &target : m_targets)
+        target.destination.close();
+    const auto end = std::chrono::steady_clock::now();
+    report().phaseTimes({.copy = secondsOf(copied - m_start - m_verifyTime),
+                         .verify = secondsOf(m_verifyTime),
+                         .sync = secondsOf(end - copied)});
+}
+
+} // namespace orvana

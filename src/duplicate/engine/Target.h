@@ -1,0 +1,71 @@
+#pragma once
+
+#include "duplicate/engine/Destination.h"
+#include "duplicate/engine/WriteOutPump.h"
+#include "duplicate/engine/WrittenFiles.h"
+#include "duplicate/report/RunReport.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace orvana
+{
+
+/// The copy of the file in hand while it is written.
+struct WrittenCopy
+{
+    std::unique_ptr<platform::File> file;
+    std::optional<platform::FileError> error; ///< the first error; nothing more is written after it
+    bool existed = false;                     ///< the error came up in opening what was there already
+    std::optional<std::uint64_t> tail;        ///< bytes of an older file behind the copy's end
+    bool isDoneBefore = false;                ///< the same source was copied there earlier in this run
+    std::string otherName;                    ///< with SameFile: what the file is called there
+    bool isClosed = false;
+    bool isTold = false; ///< the error was reported
+};
+
+/// The copy of the file in hand while it is read back.
+struct ComparedCopy
+{
+    std::unique_ptr<platform::File> file; ///< null for a copy that takes no part (any more)
+    std::unique_ptr<std::byte[]> block;   ///< BlockSize bytes; kept from file to file
+    bool differsHere = false;             ///< in the block in hand
+    std::optional<platform::FileError> error;
+    std::optional<platform::FileError> sourceError;
+    std::int64_t differences = 0; ///< blocks that differ
+    std::uint64_t firstOffset = 0;
+
+    /// True if the copy takes part and all that was read of it so far equals its source.
+    bool isGood() const { return file && !error && differences == 0; }
+};
+
+/// One destination of a run: its folder, what was counted on it, and the state of the file in hand there.
+///
+/// Used by the copy thread, and by a lane that does the work for this destination.
+struct Target
+{
+    /// Opens the folder at `root`. `tallyOfReport` must outlive the target.
+    Target(std::size_t place, platform::VolumeFiles &files, const std::string &root,
+           DestinationTally &tallyOfReport);
+
+    /// Keeps what is written moving to the disk from now on, where the volume needs that.
+    void startPump();
+
+    const std::size_t index; ///< its place in the job and in the report
+    Destination destination;
+    DestinationTally &tally;
+    WrittenFiles written;               ///< the files that this run wrote there
+    std::unique_ptr<WriteOutPump> pump; ///< null where written data does not wait in memory
+
+    // The file in hand.
+    bool isCopied = false;                          ///< it counts as copied
+    bool hasFailed = false;                         ///< the report says that it failed
+    std::optional<platform::FileError> parentError; ///< its folder could not be made
+    WrittenCopy output;
+    ComparedCopy comparison;
+};
+
+} // namespace orvana

@@ -1,0 +1,317 @@
+#include "duplicate/engine/TreeWalk.h"
+
+#include "duplicate/engine/RunContext.h"
+#include "foundation/DisplayPath.h"
+#include "foundation/SystemLog.h"
+#include "foundation/WorkerThread.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvana
+{
+
+using platform::Attributes;
+using platform::FileType;
+using platform::Links;
+using platform::NameList;
+using platform::Want;
+
+namespace
+{
+
+constexpr const char *LeadsIntoDestination = "it leads into a destination";
+
+} // namespace
+
+/// The folders between the start of a walk and the entry in hand. A list instead of a recursion: a tree may
+/// be deeper than a stack. Leaving a folder, also when the run is cancelled, closes it to its owner again
+/// where its permissions say so.
+class TreeWalk::FolderStack
+{
+public:
+    FolderStack(TreeWalk &walk, std::string source, OutArray copies)
+        : m_walk(walk), m_source(std::move(source)), m_copies(std::move(copies))
+    {
+    }
+    ~FolderStack()
+    {
+        while (!isEmpty())
+            leave();
+    }
+    FolderStack(const FolderStack &) = delete;
+    FolderStack &operator=(const FolderStack &) = delete;
+
+    bool isEmpty() const { return m_levels.empty(); }
+    const std::string &source() const { return m_source; }
+    const OutArray &copies() const { return m_copies; }
+    NameList &names() { return m_levels.back().names; }
+
+    /// The entry in hand. Its name is part of the paths while it lives, and longer if it was entered.
+    class Entry
+    {
+    public:
+        Entry(FolderStack &stack, std::string_view name) : m_stack(stack), m_length(name.size())
+        {
+            stack.append(name);
+        }
+        ~Entry()
+        {
+            if (!m_isEntered)
+                m_stack.cut(m_length);
+        }
+        Entry(const Entry &) = delete;
+        Entry &operator=(const Entry &) = delete;
+
+        void enter(const Attributes &like)
+        {
+            m_isEntered = true;
+            m_stack.enter(like, m_length);
+        }
+
+    private:
+        FolderStack &m_stack;
+        std::size_t m_length;
+        bool m_isEntered = false;
+    };
+
+    /// Goes on to the entry `name` of the folder in hand.
+    void append(std::string_view name)
+    {
+        const auto add = [&](std::string &path) { path.append("/").append(name); };
+        add(m_source);
+        for (auto &copy : m_copies) {
+            if (copy)
+                add(*copy);
+        }
+    }
+
+    /// Goes back from an entry whose name is `length` long.
+    void cut(std::size_t length)
+    {
+        const auto shorten = [&](std::string &path) { path.resize(path.size() - length - 1); };
+        shorten(m_source);
+        for (auto &copy : m_copies) {
+            if (copy)
+                shorten(*copy);
+        }
+    }
+
+    /// Makes the present entry, a folder, the one in hand.
+    void enter(const Attributes &like, std::size_t nameLength)
+    {
+        auto made = m_walk.makeFolders(m_source, m_copies, like);
+        m_levels.push_back({NameList(), std::move(made), like, nameLength});
+        m_levels.back().names = m_walk.listOf(m_source, m_copies);
+    }
+
+    void leave()
+    {
+        const auto &level = m_levels.back();
+        m_walk.protectFolders(m_copies, level.made, level.like);
+        // The first folder's path was not appended to anything.
+        if (m_levels.size() > 1)
+            cut(level.nameLength);
+        m_levels.pop_back();
+    }
+
+private:
+    struct Level
+    {
+        NameList names;
+        std::vector<bool> made;
+        Attributes like;
+        std::size_t nameLength;
+    };
+
+    TreeWalk &m_walk;
+    std::string m_source;
+    OutArray m_copies;
+    std::vector<Level> m_levels;
+};
+
+TreeWalk::TreeWalk(RunContext &run)
+    : m_run(run), m_rules(run.setup().host, run.setup().includeHidden), m_comparer(run),
+      m_duplicator(run, m_comparer)
+{
+}
+
+std::optional<Attributes> TreeWalk::followed(const std::string &path) const
+{
+    const auto attributes = m_run.sources().attributes(path, Links::Follow, Want::Basics);
+    return attributes ? std::optional(*attributes) : std::nullopt;
+}
+
+// A destination may lie within the source, by way of a link: copying it into itself would never end.
+bool TreeWalk::isDestination(const Attributes &folder)
+{
+    const auto &targets = m_run.targets();
+    return std::any_of(targets.begin(), targets.end(),
+                       [&](const Target &target) { return target.destination.isRoot(folder); });
+}
+
+// The same for what a link leads to: there, the folder may also be one that this run made.
+bool TreeWalk::liesInDestination(const std::string &path)
+{
+    auto above = path;
+    for (auto here = followed(above); here && here->type == FileType::Folder;) {
+        if (isDestination(*here))
+            return true;
+        above += "/..";
+        const auto next = followed(above);
+        if (!next || (next->device == here->device && next->inode == here->inode))
+            return false;
+        here = next;
+    }
+    return false;
+}
+
+// The item's place on each destination: the root with that part of the item's path that lies behind the
+// source's root. Only the length of the source's root is used, not where in the path it stands.
+OutArray TreeWalk::copiesOf(const std::string &item) const
+{
+    const auto &root = m_run.job().SrcDiskPath;
+    const bool holdsRoot = !root.empty() && item.find(root) != std::string::npos;
+    const auto relative = item.substr(holdsRoot ? root.size() : 0);
+    OutArray copies;
+    for (const auto &destination : m_run.job().DesFileArray)
+        copies.emplace_back(destination + relative);
+    return copies;
+}
+
+void TreeWalk::copySelected(const std::string &item)
+{
+    const auto attributes =
+        m_run.sources().attributes(item, Links::DoNotFollow, Want::HiddenExtension).value_or(Attributes());
+    const auto copies = copiesOf(item);
+    const bool isLink = attributes.type == FileType::SymbolicLink;
+    if (isLink && liesInDestination(item)) {
+        m_run.report().leftOut(item, LeadsIntoDestination);
+        return;
+    }
+    if (const auto target = followed(item); !target || target->type != FileType::Folder) {
+        copyItem(item, copies);
+        return;
+    }
+    const bool isRoot = item == m_run.job().SrcDiskPath;
+    const auto made = isRoot ? std::vector<bool>() : makeFolders(item, copies, attributes);
+    struct Protect
+    {
+        TreeWalk &walk;
+        const OutArray &copies;
+        const std::vector<bool> &made;
+        const Attributes &like;
+        ~Protect() { walk.protectFolders(copies, made, like); }
+    } const protect{*this, copies, made, attributes};
+    copyListedEntries(item, copies);
+}
+
+void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copies)
+{
+    for (auto names = listOf(folder, copies); !names.empty();) {
+        WorkerThread::exitIfCancelled();
+        const std::string name(names.takeNext());
+        // Tested by its bare name, so a link directly in a ticked folder is not left out.
+        if (const auto verdict = m_rules.examine(name); verdict.skip) {
+            m_run.report().leftOut(std::string(folder).append("/").append(name), verdict.rule);
+            continue;
+        }
+        OutArray entryCopies = copies;
+        for (auto &copy : entryCopies) {
+            if (copy)
+                copy->append("/").append(name);
+        }
+        copyItem(std::string(folder).append("/").append(name), entryCopies);
+    }
+}
+
+int TreeWalk::copyItem(const std::string &source, const OutArray &copies)
+{
+    const auto attributes = m_run.sources().attributes(source, Links::DoNotFollow, Want::HiddenExtension);
+    return copyItem(source, copies, attributes.value_or(Attributes()));
+}
+
+int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const Attributes &attributes)
+{
+    const bool isLink = attributes.type == FileType::SymbolicLink;
+    const auto target = isLink ? followed(source) : attributes;
+    if (!target || target->type != FileType::Folder)
+        return m_duplicator.copy(source, copies, attributes);
+    if (isLink ? liesInDestination(source) : isDestination(*target))
+        m_run.report().leftOut(source, LeadsIntoDestination);
+    else
+        copyTree(source, copies, attributes);
+    return 1;
+}
+
+void TreeWalk::copyTree(const std::string &folder, const OutArray &copies, const Attributes &like)
+{
+    FolderStack stack(*this, folder, copies);
+    stack.enter(like, 0);
+    while (!stack.isEmpty()) {
+        WorkerThread::exitIfCancelled();
+        if (stack.names().empty())
+            stack.leave();
+        else
+            copyEntry(stack, stack.names().takeNext());
+    }
+}
+
+void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
+{
+    FolderStack::Entry entry(stack, name);
+    const auto verdict = m_rules.examine(stack.source());
+    const auto attributes = verdict.attributes.value_or(Attributes());
+    const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
+    if (verdict.skip || (isFolder && isDestination(attributes))) {
+        m_run.report().leftOut(stack.source(), verdict.skip ? verdict.rule : LeadsIntoDestination);
+    } else if (!isFolder) {
+        m_duplicator.copy(stack.source(), stack.copies(), attributes);
+    } else {
+        entry.enter(attributes);
+    }
+}
+
+NameList TreeWalk::listOf(const std::string &folder, const OutArray &copies)
+{
+    auto names = m_run.sources().list(folder);
+    const auto error = names ? names->error() : std::optional(names.error());
+    if (!error)
+        return std::move(*names);
+    const auto reason =
+        (names ? "The folder cannot be read to its end: " : "The folder cannot be read: ") + error->reason();
+    systemLog("Open of " + displayPath(folder) + " for reading failed");
+    m_run.forEachCopy(copies, [&](const Target &target, const std::string &) {
+        m_run.report().failed(target.index, folder, reason);
+    });
+    return names ? std::move(*names) : NameList();
+}
+
+std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArray &copies,
+                                        const Attributes &like)
+{
+    std::vector<bool> made(copies.size(), false);
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        const auto created = target.destination.createFolder(copy, like);
+        if (created) {
+            made[target.index] = *created != Destination::Made::Existed;
+            return;
+        }
+        // A file in its place is left alone, and only the report knows.
+        if (!target.destination.holds(copy))
+            systemLog("Create " + displayPath(copy) + " Folder Fail \n");
+        m_run.report().failed(target.index, source,
+                              "The folder cannot be created: " + created.error().reason());
+    });
+    return made;
+}
+
+void TreeWalk::protectFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)
+{
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        if (target.index < made.size() && made[target.index])
+            target.destination.protectFolder(copy, like);
+    });
+}
+
+} // namespace orvana

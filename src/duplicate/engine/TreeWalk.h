@@ -1,0 +1,61 @@
+#pragma once
+
+#include "duplicate/engine/FileComparer.h"
+#include "duplicate/engine/FileDuplicator.h"
+#include "duplicate/engine/SkipRules.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+class RunContext;
+
+/// Walks the source items of a run and has every file copied.
+class TreeWalk
+{
+public:
+    explicit TreeWalk(RunContext &run);
+
+    /// Copies one ticked item, a folder with all that the skip rules leave of it.
+    void copySelected(const std::string &item);
+
+    /// Copies a file or a folder with everything below it to the given paths. Returns 1, or -1 for a file
+    /// that cannot be opened.
+    int copyItem(const std::string &source, const OutArray &copies);
+
+    int compare(const std::string &source, const OutArray &copies)
+    {
+        return m_comparer.compare(source, copies);
+    }
+
+    void compareSamples() const { m_comparer.compareSamples(); }
+
+    bool isSkipFile(const std::string &pathOrName) { return m_rules.examine(pathOrName).skip; }
+
+private:
+    class FolderStack;
+
+    int copyItem(const std::string &source, const OutArray &copies, const platform::Attributes &attributes);
+    void copyTree(const std::string &folder, const OutArray &copies, const platform::Attributes &like);
+    void copyEntry(FolderStack &stack, std::string_view name);
+    void copyListedEntries(const std::string &folder, const OutArray &copies);
+    platform::NameList listOf(const std::string &folder, const OutArray &copies);
+    std::vector<bool> makeFolders(const std::string &source, const OutArray &copies,
+                                  const platform::Attributes &like);
+    void protectFolders(const OutArray &copies, const std::vector<bool> &made,
+                        const platform::Attributes &like);
+    std::optional<platform::Attributes> followed(const std::string &path) const;
+    bool isDestination(const platform::Attributes &folder);
+    bool liesInDestination(const std::string &path);
+    OutArray copiesOf(const std::string &item) const;
+
+    RunContext &m_run;
+    SkipRules m_rules;
+    FileComparer m_comparer;
+    FileDuplicator m_duplicator;
+};
+
+} // namespace orvana

@@ -1,0 +1,112 @@
+#include "duplicate/report/ReportJson.h"
+
+#include <nlohmann/json.hpp>
+
+namespace orvana
+{
+
+namespace
+{
+
+const char *nameOf(VerifiedFrom from)
+{
+    switch (from) {
+    case VerifiedFrom::None:
+        return "none";
+    case VerifiedFrom::Disk:
+        return "disk";
+    case VerifiedFrom::Cache:
+        return "cache";
+    }
+    return "";
+}
+
+Json onDiskJson(Durability durability)
+{
+    return durability == Durability::Memory ? Json("memory") : Json(durability == Durability::OnDisk);
+}
+
+Json destinationJson(const DestinationSummary &destination)
+{
+    Json json = Json::object();
+    putPath(json, "path", destination.path);
+    json["copied"] = destination.copied;
+    json["failed"] = destination.failed;
+    json["verified"] = destination.verified;
+    json["mismatched"] = destination.mismatched;
+    json["unverified"] = destination.unverified;
+    json["bytes"] = destination.bytes;
+    json["secondsWriting"] = destination.secondsWriting;
+    json["secondsSyncing"] = destination.secondsSyncing;
+    json["verifiedFrom"] = nameOf(destination.verifiedFrom);
+    json["slowest"] = destination.isSlowest;
+    json["onDisk"] = onDiskJson(destination.durability);
+    if (destination.durability == Durability::NotKnown) {
+        json["notKnownToBeOnDisk"] = destination.notKnownToBeOnDisk;
+        json["reason"] = destination.reason;
+    }
+    return json;
+}
+
+} // namespace
+
+Json reportJson(const RunSummary &summary)
+{
+    Json json = {{"version", 2},
+                 {"program", "Orvana Plurimo " PLURIMO_VERSION},
+                 {"started", summary.started},
+                 {"ended", summary.ended},
+                 {"outcome", summary.outcome == RunOutcome::Finished ? "finished" : "cancelled"}};
+    if (!summary.note.empty())
+        json["note"] = summary.note;
+    putPath(json, "source", summary.source);
+    json["filesStarted"] = summary.filesStarted;
+    json["sourceBytes"] = summary.sourceBytes;
+    json["leftOut"] = summary.leftOut;
+    json["verify"] = summary.verify;
+    json["seconds"] = {
+        {"copy", summary.seconds.copy}, {"verify", summary.seconds.verify}, {"sync", summary.seconds.sync}};
+    json["disks"] = disksJson(summary);
+    json["destinations"] = destinationsJson(summary);
+    return json;
+}
+
+Json destinationsJson(const RunSummary &summary)
+{
+    Json list = Json::array();
+    for (const auto &destination : summary.destinations)
+        list.push_back(destinationJson(destination));
+    return list;
+}
+
+Json disksJson(const RunSummary &summary)
+{
+    Json list = Json::array();
+    for (const auto &entry : summary.disks)
+        list.push_back(diskJson(entry));
+    return list;
+}
+
+Json problemJson(const RunProblem &problem)
+{
+    Json json = {{"kind", nameOf(problem.kind)}};
+    putPath(json, "file", problem.file);
+    putPath(json, "destination", problem.destination);
+    if (problem.kind == ProblemKind::Mismatched) {
+        json["firstOffset"] = problem.firstOffset;
+        json["blocks"] = problem.blocks;
+    } else {
+        json["reason"] = problem.reason;
+    }
+    return json;
+}
+
+Json leftOutJson(std::string_view item, std::string_view rule)
+{
+    Json json = {{"kind", "leftOut"}};
+    putPath(json, "file", item);
+    json["reason"] = rule;
+    return json;
+}
+
+} // namespace orvana

@@ -1,0 +1,171 @@
+#pragma once
+
+#include "duplicate/report/ReportFile.h"
+#include "duplicate/report/RunSummary.h"
+#include "foundation/Clock.h"
+
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvana
+{
+
+/// What happened on one destination. The copy thread counts; any thread may read.
+struct DestinationTally
+{
+    explicit DestinationTally(std::string path) : root(std::move(path)) {}
+
+    void addWriteTime(std::chrono::nanoseconds time)
+    {
+        writeNanoseconds += static_cast<std::uint64_t>(time.count());
+    }
+
+    const std::string root;
+    std::atomic<std::int64_t> copied{0};            ///< files written without an error
+    std::atomic<std::int64_t> failed{0};            ///< files and folders that are missing or incomplete
+    std::atomic<std::int64_t> verified{0};          ///< copies that were read back and equal their source
+    std::atomic<std::int64_t> mismatched{0};        ///< copies that were read back and differ
+    std::atomic<std::int64_t> unverified{0};        ///< copies that could not be read back
+    std::atomic<std::uint64_t> bytes{0};            ///< bytes written
+    std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent in writing, waiting for the disk included
+    std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
+};
+
+/// The account of one run, kept while it goes on and written as "<stamp>-Report.json" at its end.
+///
+/// It holds counts only; failures and mismatches go to a file as they come, so its memory does not grow with
+/// them. All functions may be called from any thread.
+class RunReport
+{
+public:
+    /// `folder` is where the report will be written, `stamp` the start of its name. A folder that cannot
+    /// be written loses the report and nothing else.
+    /// `number` is the first to try for its name: that of the run's log.
+    RunReport(std::string folder, std::string stamp, const Clock &clock, int number = 1);
+    RunReport(const RunReport &) = delete;
+    RunReport &operator=(const RunReport &) = delete;
+
+    /// Says what the run is about to do. Called once, before anything else is noted.
+    void begin(const std::string &source, const std::vector<std::string> &destinations, bool verify);
+
+    /// Notes what became of a disk as a whole; the same again changes nothing. May come before `begin`.
+    void disk(const DiskEntry &entry);
+
+    /// A word on the run as a whole, such as why nothing was copied. A run with one is not all done.
+    void note(std::string_view text);
+
+    /// The tally of the destination at `index` of the job. Valid as long as the report.
+    DestinationTally &destination(std::size_t index);
+    std::size_t destinationCount() const;
+
+    /// `file` could not be brought to the destination, for `reason`.
+    void failed(std::size_t index, std::string_view file, std::string_view reason,
+                ProblemKind kind = ProblemKind::Failed);
+
+    /// `item` of the source was left out, by `rule`.
+    void leftOut(std::string_view item, std::string_view rule);
+
+    /// `blocks` blocks of the copy of `file` differ, the first at byte `firstOffset`.
+    void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
+
+    /// The copy of `file` could not be read back.
+    void unverified(std::size_t index, std::string_view file, std::string_view reason);
+
+    /// Reading back showed what the disk holds, or only what memory holds.
+    /// Cache, once said, stays.
+    void verifiedFrom(std::size_t index, VerifiedFrom from);
+
+    /// What was written to the destination is on its disk. Until this is said it does not count as done.
+    void onDisk(std::size_t index);
+
+    /// All that the destination has is memory, and what was written to it is there.
+    void inMemory(std::size_t index);
+
+    /// What was written to the destination is not known to be on its disk, for `reason`.
+    void notOnDisk(std::size_t index, std::string_view reason);
+
+    /// Called with every problem, on the thread that notes it. Set before the run.
+    void setProblemListener(std::function<void(const RunProblem &)> listener)
+    {
+        m_listener = std::move(listener);
+    }
+
+    void fileStarted(std::uint64_t bytes);
+    void blockCompared(std::uint64_t bytes) { m_comparedBytes += bytes; }
+    void phaseTimes(const PhaseTimes &times);
+
+    /// Everything is written, and the destinations are brought to their disks now.
+    void syncStarts() { m_isSyncing = true; }
+    bool isSyncing() const { return m_isSyncing; }
+
+    /// Writes the report, once; later calls change nothing.
+    void finish(RunOutcome outcome);
+
+    /// Path of the written report; empty before `finish` and when it could not be written.
+    std::string path() const;
+
+    /// True when the report was written with every problem in it; after `finish`. A report without a folder
+    /// is none that could be missed.
+    bool isWritten() const;
+
+    /// The run as it is by now.
+    RunSummary summary() const;
+
+    /// True when every file is on every destination and nothing differed, as far as the run came, and no
+    /// disk failed or was refused.
+    bool allDone() const { return isAllDone(summary()); }
+
+    /// Files whose copy was started.
+    std::int64_t filesStarted() const { return m_filesStarted; }
+
+    /// Bytes of the sources whose copies were read back.
+    std::uint64_t comparedBytes() const { return m_comparedBytes; }
+
+private:
+    struct DestinationState
+    {
+        explicit DestinationState(const std::string &root) : tally(root) {}
+
+        DestinationTally tally;
+        std::string notOnDiskReason = "the run ended before the final sync";
+        VerifiedFrom verifiedFrom = VerifiedFrom::None;
+        Durability durability = Durability::NotKnown;
+    };
+
+    void addProblem(const RunProblem &problem);
+    const DestinationTally *slowest() const;
+    DestinationSummary summaryOf(const DestinationState &state) const;
+    RunSummary summaryNow(RunOutcome outcome) const; // with the mutex held
+
+    const std::string m_stamp;
+    const int m_number;
+    const Clock &m_clock;
+    std::atomic<std::int64_t> m_leftOut{0};
+    std::atomic<std::int64_t> m_filesStarted{0};
+    std::atomic<std::uint64_t> m_sourceBytes{0};
+    std::atomic<std::uint64_t> m_comparedBytes{0};
+    std::atomic<bool> m_isSyncing{false};
+    std::function<void(const RunProblem &)> m_listener;
+
+    mutable std::mutex m_mutex;
+    ReportFile m_file;
+    ReportFile m_leftOutFile; ///< only its list
+    std::string m_source;
+    bool m_verify = false;
+    std::string m_started;
+    PhaseTimes m_times;
+    std::vector<DiskEntry> m_disks;
+    std::string m_note;
+    std::deque<DestinationState> m_destinations; // grows without moving its members
+    bool m_finished = false;
+    RunOutcome m_outcome = RunOutcome::Finished; // once it is finished
+    std::string m_path;
+};
+
+} // namespace orvana

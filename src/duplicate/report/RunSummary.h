@@ -1,0 +1,121 @@
+#pragma once
+
+#include "duplicate/report/DiskEntry.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+enum class RunOutcome { Finished, Cancelled };
+
+/// The way in which a run came to its end.
+enum class RunEnding {
+    Copied,        ///< the copy ran to its end, well or not
+    Cancelled,     ///< the user ended it
+    EnclosureLost, ///< the enclosure was unplugged
+    NothingToCopy, ///< there was no source, or no enclosure to copy to
+    NoDestination, ///< all disks were left out
+    Refused,       ///< a guard said no, after the start
+};
+
+/// In which way a file on a destination is not as it should be.
+enum class ProblemKind {
+    Failed,        ///< it could not be brought there
+    KeptTail,      ///< the copy holds bytes of an older, longer file behind its end
+    SourceChanged, ///< the source was written to meanwhile
+    SameFile,      ///< its name leads to the copy of another file
+    Mismatched,    ///< the copy was read back and differs
+    Unverified,    ///< the copy could not be compared
+};
+
+/// The name of a kind in reports: "keptTail".
+const char *nameOf(ProblemKind kind);
+
+/// One file on one destination that is not as it should be. Paths are bytes as they are on the disk.
+struct RunProblem
+{
+    ProblemKind kind;
+    std::string file;              ///< the path of the source
+    std::string destination;       ///< its root
+    std::string reason;            ///< empty for a mismatch
+    std::uint64_t firstOffset = 0; ///< of a mismatch: the byte at which the first differing block begins
+    std::int64_t blocks = 0;       ///< of a mismatch: how many blocks differ
+};
+
+/// The place from which the copies of a destination were read back: its disk, or the memory before the disk.
+enum class VerifiedFrom { None, Disk, Cache };
+
+/// The place where a destination's copies are known to be.
+enum class Durability {
+    NotKnown,
+    OnDisk,
+    Memory, ///< the file system has no disk, and they are there
+};
+
+/// The counts and the state of one destination.
+struct DestinationSummary
+{
+    std::string path;            ///< its root, bytes as they are on the disk
+    std::int64_t copied = 0;     ///< files, once they are known to be on the disk
+    std::int64_t failed = 0;     ///< files and folders that are missing or incomplete
+    std::int64_t verified = 0;   ///< copies that were read back and equal their source
+    std::int64_t mismatched = 0; ///< copies that were read back and differ
+    std::int64_t unverified = 0; ///< copies that could not be compared
+    std::uint64_t bytes = 0;     ///< bytes written
+    double secondsWriting = 0;   ///< waiting for the disk included
+    double secondsSyncing = 0;
+    VerifiedFrom verifiedFrom = VerifiedFrom::None;
+    bool isSlowest = false; ///< of several destinations
+    Durability durability = Durability::NotKnown;
+    std::int64_t notKnownToBeOnDisk = 0; ///< files that would count as copied otherwise
+    std::string reason;                  ///< why it is not known that the copies are on the disk
+};
+
+/// Seconds spent in the phases of a run.
+struct PhaseTimes
+{
+    double copy = 0;
+    double verify = 0;
+    double sync = 0;
+};
+
+/// The account of a run. Everything that shows or writes what a run did reads this.
+struct RunSummary
+{
+    std::string started; ///< local time with offset
+    std::string ended;   ///< the same; the present time while the run goes on
+    RunOutcome outcome = RunOutcome::Finished;
+    std::string note;   ///< a word on the whole run; empty for none
+    std::string source; ///< its root, bytes as they are on the disk
+    std::int64_t filesStarted = 0;
+    std::uint64_t sourceBytes = 0; ///< of these files, when they were opened
+    std::int64_t leftOut = 0;      ///< items that were left out by a rule
+    bool verify = false;
+    PhaseTimes seconds;
+    std::vector<DiskEntry> disks;
+    std::vector<DestinationSummary> destinations;
+    RunEnding ending = RunEnding::Copied; ///< once it has ended
+    bool hasErased = false;               ///< disks were to be erased, and the disk tool has been at work
+    bool isRecorded = false;              ///< log and report are written, and hold all of it
+};
+
+/// True when every file is on the destination and nothing differed, as far as the run came.
+bool isWhole(const DestinationSummary &destination);
+
+/// True when every file is on every destination and nothing differed, as far as the run came, and no disk
+/// failed or was refused.
+bool isAllDone(const RunSummary &summary);
+
+/// A readable line for each disk that was not erased or was left out of the run.
+std::vector<std::string> diskLines(const RunSummary &summary);
+
+/// A readable line for each destination that is not known to hold on its disk what was written to it.
+std::vector<std::string> notOnDiskLines(const RunSummary &summary);
+
+/// A problem in one readable line: "failed: /source/file -> /destination: no space".
+std::string problemText(const RunProblem &problem);
+
+} // namespace orvana

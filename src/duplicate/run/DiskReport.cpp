@@ -1,0 +1,65 @@
+#include "duplicate/run/DiskReport.h"
+
+#include "duplicate/report/RunReport.h"
+
+namespace orvana
+{
+
+namespace
+{
+
+void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
+{
+    for (const auto &refusal : refusals) {
+        if (refusal.reason == DiskGuard::NotErased)
+            continue; // the report of the erase says it, and why
+        const bool isSource = refusal.reason == DiskGuard::CarriesSource;
+        report.disk({refusal.bay,
+                     refusal.name,
+                     {},
+                     isSource ? DiskOutcome::LeftOut : DiskOutcome::Refused,
+                     reasonText(refusal.reason)});
+    }
+}
+
+} // namespace
+
+PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> &results)
+{
+    PerBay<bool> bays;
+    for (const auto bay : AllBays)
+        bays[bay] = true;
+    for (const auto bay : plan.tooSmall)
+        bays[bay] = false; // that the selection does not fit is what is said of it
+    for (std::size_t i = 0; i < plan.disks.size() && i < results.size(); ++i)
+        bays[plan.disks[i].bay] = !results[i].succeeded;
+    return bays;
+}
+
+void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results)
+{
+    for (std::size_t i = 0; i < plan.disks.size(); ++i) {
+        const auto &disk = plan.disks[i];
+        const auto &info = disk.info;
+        DiskEntry entry{slotNameOf(disk.bay), info.diskVolume, info, DiskOutcome::EraseFailed,
+                        "the erase was stopped before it"};
+        if (i < results.size()) {
+            entry.outcome = results[i].succeeded ? DiskOutcome::Erased : DiskOutcome::EraseFailed;
+            entry.reason = results[i].reason;
+        }
+        report.disk(entry);
+    }
+    reportRefusals(report, plan.refusals);
+}
+
+void reportDestinations(RunReport &report, const DestinationPlan &plan, const RunChoice &choice)
+{
+    reportRefusals(report, plan.refusals);
+    for (const auto bay : plan.tooSmall)
+        report.disk(
+            {slotNameOf(bay), choice.names[bay], {}, DiskOutcome::LeftOut, "the selection does not fit"});
+    if (plan.destinations.empty())
+        report.note("no destination");
+}
+
+} // namespace orvana

@@ -1,0 +1,106 @@
+#include "filetree/view/FileListViewController.h"
+
+#include "filetree/view/OutlineViewDataSource.h"
+#include "foundation/NotificationNames.h"
+#include "foundation/SizeText.h"
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr std::chrono::milliseconds BetweenLabels{100};
+
+} // namespace
+
+FileListViewController::FileListViewController(platform::Host &host, NotificationCenter &center,
+                                               MainQueue &queue, QWidget *parent)
+    : QWidget(parent), m_center(center), m_count(host, center),
+      m_dataSource(new OutlineViewDataSource(center, this)),
+      m_labelUpdate(queue, BetweenLabels, [this] { writeItemSizeLabel(); })
+{
+    setupUi(this);
+    sourceFileListView->setModel(m_dataSource);
+    connect(sourceFileListView, &QTreeView::expanded, m_dataSource, &OutlineViewDataSource::itemDidExpand);
+    connect(sourceFileListView, &QTreeView::collapsed, m_dataSource, &OutlineViewDataSource::itemDidCollapse);
+    connect(sourceFileListView, &QTreeView::clicked, this, &FileListViewController::clickItem);
+    for (const char *name : {notification::OutlineViewItemChange, notification::FileSizeChange,
+                             notification::OutlineViewItemStateChange})
+        m_subscriptions.push_back(
+            center.subscribe(name, [this](const Notification &note) { FileViewChange(note); }));
+    awakeFromNib();
+}
+
+// The counting thread must not find a panel that is half gone.
+FileListViewController::~FileListViewController()
+{
+    m_subscriptions.clear();
+}
+
+void FileListViewController::awakeFromNib()
+{
+    updateItemSizeLabel(SizeLabel::Blank);
+}
+
+void FileListViewController::FileViewChange(const Notification &note)
+{
+    if (note.name == notification::OutlineViewItemChange) {
+        startCountThread();
+        m_center.post(notification::UpdateDiskInfoColor);
+    } else if (note.name == notification::FileSizeChange) {
+        updateItemSizeLabel(SizeLabel::Counts);
+    } else if (note.name == notification::OutlineViewItemStateChange) {
+        m_dataSource->reloadData();
+    }
+}
+
+void FileListViewController::showRoot(PathObject path)
+{
+    m_fileSysItem.setrepoRootPath(std::move(path));
+    m_dataSource->reloadData();
+}
+
+std::vector<FileListRow> FileListViewController::rows() const
+{
+    return visibleRows(*FileSystemItem::rootItem());
+}
+
+void FileListViewController::clickItem()
+{
+    startCountThread();
+}
+
+void FileListViewController::startCountThread()
+{
+    m_count.start(rows());
+}
+
+void FileListViewController::stopCountThread()
+{
+    m_count.stop();
+}
+
+std::string FileListViewController::stringFromFileSize(std::uint64_t bytes)
+{
+    return sizeText(bytes);
+}
+
+void FileListViewController::updateItemSizeLabel(SizeLabel label)
+{
+    m_label = label;
+    m_labelUpdate.request();
+}
+
+void FileListViewController::writeItemSizeLabel()
+{
+    if (m_label == SizeLabel::Blank) {
+        itemSizeLabel->clear();
+        return;
+    }
+    itemSizeLabel->setText(tr("%1 File(s)     Size : %2")
+                               .arg(totalFiles())
+                               .arg(QString::fromStdString(stringFromFileSize(totalSize()))));
+}
+
+} // namespace orvana

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <thread>
+
+namespace orvana::platform::posix
+{
+
+/// Waits for the signals by which a user ends the program (SIGINT, SIGTERM, SIGHUP) and says so, once. The
+/// second one ends the process at once, with status 130.
+///
+/// `blockSignals` must have been called before the process started its first thread.
+class CancelRequest
+{
+public:
+    static void blockSignals();
+
+    /// Has a signal end the process with status 130 as long as no request waits for it: nothing has been
+    /// touched then. Called once, at the start of a program.
+    static void endWhileNobodyWaits();
+
+    /// `onSignal` is called on a thread of its own.
+    explicit CancelRequest(std::function<void()> onSignal);
+    ~CancelRequest();
+    CancelRequest(const CancelRequest &) = delete;
+    CancelRequest &operator=(const CancelRequest &) = delete;
+
+private:
+    std::jthread m_thread;
+};
+
+} // namespace orvana::platform::posix

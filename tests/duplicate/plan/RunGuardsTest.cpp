@@ -1,0 +1,235 @@
+// What is never done, whatever the user chose.
+
+#include "duplicate/plan/RunGuards.h"
+#include "support/MadeUpDevices.h"
+
+#include <gtest/gtest.h>
+
+namespace orvana
+{
+
+using namespace test;
+
+TEST(RunGuards, PlaceholderIsNoEnclosure)
+{
+    const ScannedDevices devices{{enclosure(1, {})}, {}, {}};
+    EXPECT_EQ(chosenEnclosure(devices, {0, 1}).error(), EnclosureRefusal::NoneChosen);
+    EXPECT_EQ(chosenEnclosure(devices, {-1, 1}).error(), EnclosureRefusal::NoneChosen);
+}
+
+TEST(RunGuards, EnclosureThatWasPulledIsNotThere)
+{
+    EXPECT_EQ(chosenEnclosure({{enclosure(1, {})}, {}, {}}, {2, 1}).error(), EnclosureRefusal::NotThere);
+}
+
+TEST(RunGuards, EnclosureThatMovedUpIsNotTakenForTheChosenOne)
+{
+    const ScannedDevices before{{enclosure(1, {}), enclosure(2, {})}, {}, {}};
+    const ScannedDevices after{{enclosure(2, {})}, {}, {}};
+    EXPECT_TRUE(chosenEnclosure(before, {1, 1}));
+    EXPECT_EQ(chosenEnclosure(after, {1, 1}).error(), EnclosureRefusal::AnotherOne);
+}
+
+TEST(RunGuards, TwoEnclosuresOfOneIdentityAreNotToldApart)
+{
+    const ScannedDevices devices{{enclosure(1, {}), enclosure(1, {})}, {}, {}};
+    EXPECT_EQ(chosenEnclosure(devices, {1, 1}).error(), EnclosureRefusal::AnotherOne);
+}
+
+TEST(RunGuards, EnclosureWithoutIdentityIsNotTrusted)
+{
+    const ScannedDevices devices{{std::make_shared<ORVThunderboltInfo>()}, {}, {}};
+    EXPECT_EQ(chosenEnclosure(devices, {1, std::nullopt}).error(), EnclosureRefusal::AnotherOne);
+}
+
+TEST(RunGuards, StartupDiskInAnyBayRefusesTheStart)
+{
+    for (const char *slot : {"Slot-A", "Slot-D"}) {
+        const auto box =
+            enclosure(1, {inBay("Slot-B", disk(2, {volume("/Volumes/B")})), inBay(slot, startupDisk(1)),
+                          inBay("Slot-C", disk(3, {volume("/Volumes/C")}))});
+        EXPECT_EQ(startRefusal(*box, {{box}, {}, {}}), EnclosureRefusal::StartupDisk);
+    }
+}
+
+TEST(RunGuards, StartupVolumeBehindTheFirstOfADiskRefusesTheStart)
+{
+    const auto box = enclosure(1, {inBay("Slot-B", disk(2, {volume("/boot"), volume("/")}))});
+    EXPECT_EQ(startRefusal(*box, {{box}, {}, {}}), EnclosureRefusal::StartupDisk);
+}
+
+TEST(RunGuards, StartupDiskIsKnownByItsDeviceNodeToo)
+{
+    const auto box = enclosure(1, {inBay("Slot-B", disk(4, {volume("/Volumes/B")}))});
+    EXPECT_EQ(startRefusal(*box, {{box}, {startupDisk(4)}, {}}), EnclosureRefusal::StartupDisk);
+}
+
+TEST(RunGuards, RaidSetInAnyBayRefusesTheStart)
+{
+    const auto box = enclosure(1, {inBay("Slot-A", raid(disk(1))), inBay("Slot-B", disk(2))});
+    EXPECT_EQ(startRefusal(*box, {{box}, {}, {}}), EnclosureRefusal::RaidSet);
+}
+
+TEST(RunGuards, OrdinaryEnclosureMayStart)
+{
+    const auto box =
+        enclosure(1, {inBay("Slot-A", disk(1, {volume("/Volumes/A")})), inBay("Slot-B", blank(disk(2)))});
+    EXPECT_EQ(startRefusal(*box, {{box}, {startupDisk()}, {}}), std::nullopt);
+}
+
+class SourceGuard : public testing::Test
+{
+protected:
+    std::optional<DiskGuard> guard() const { return guardOf(*m_disk, m_devices, m_choice, Anna); }
+
+    DiskPtr m_disk = inBay("Slot-A", disk(1, {volume("/Volumes/One"), volume("/Volumes/Two")}));
+    ScannedDevices m_devices{{enclosure(1, {m_disk})}, {startupDisk()}, {}};
+    RunChoice m_choice;
+};
+
+TEST_F(SourceGuard, DiskWithTheTreesRootCarriesTheSource)
+{
+    m_choice.sourceRoot = "/Volumes/Two";
+    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+}
+
+TEST_F(SourceGuard, DiskWithAFolderAsTheTreesRootCarriesTheSource)
+{
+    m_choice.sourceRoot = "/Volumes/Two/Footage";
+    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+}
+
+TEST_F(SourceGuard, DiskOfAnotherNameThatBeginsAlikeDoesNot)
+{
+    m_choice.sourceRoot = "/Volumes/Twos";
+    EXPECT_EQ(guard(), std::nullopt);
+}
+
+TEST_F(SourceGuard, DiskNamedInTheSourceRowCarriesTheSource)
+{
+    m_choice.source = "Two";
+    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+}
+
+TEST_F(SourceGuard, DiskOfTheChosenItemCarriesTheSource)
+{
+    m_choice.sourceItem = "One";
+    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+}
+
+TEST_F(SourceGuard, AnotherRecordOfTheDiskCountsAsWell)
+{
+    m_devices.otherDiskArray.push_back(disk(1, {volume("/Volumes/Three")}));
+    m_choice.source = "Three";
+    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+}
+
+TEST_F(SourceGuard, StartupDiskIsNeverTouchedWhateverTheSource)
+{
+    EXPECT_EQ(guardOf(*m_devices.otherDiskArray.front(), m_devices, m_choice, Anna), DiskGuard::StartupDisk);
+}
+
+TEST_F(SourceGuard, DiskWithoutADeviceNodeIsNeverTouched)
+{
+    m_disk->setDevPath(std::nullopt);
+    EXPECT_EQ(guard(), DiskGuard::NoDevice);
+}
+
+TEST_F(SourceGuard, UnmountedVolumeIsNotTakenForAMissingSource)
+{
+    m_disk->setBsdPathArray({unmountedVolume()});
+    EXPECT_EQ(guard(), std::nullopt);
+}
+
+TEST(NameGuards, OrdinaryNamesAreAllowed)
+{
+    for (const char *name : {"COPY1", "My Disk", "...", "Überspielung 1", "none"})
+        EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), std::nullopt) << name;
+}
+
+TEST(NameGuards, NameIsNeeded)
+{
+    EXPECT_EQ(nameGuardOf("", EraseFormat::Ext4), NameGuard::Empty);
+}
+
+TEST(NameGuards, NamesThatMeanSomethingElseAreRefused)
+{
+    for (const char *name : {".", "..", "None", "Unformatted"})
+        EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), NameGuard::Reserved) << name;
+}
+
+TEST(NameGuards, NamesThatWouldLeadElsewhereAreRefused)
+{
+    EXPECT_EQ(nameGuardOf("a/b", EraseFormat::Ext4), NameGuard::Separator);
+    EXPECT_EQ(nameGuardOf(std::string("a\0b", 3), EraseFormat::Ext4), NameGuard::Separator);
+}
+
+TEST(NameGuards, NamesThatAreNoTextAreRefused)
+{
+    EXPECT_EQ(nameGuardOf("a\xFF", EraseFormat::Ext4), NameGuard::NotText);
+    EXPECT_EQ(nameGuardOf("a\nb", EraseFormat::Ext4), NameGuard::NotText);
+}
+
+TEST(NameGuards, BlanksThatTheListOfVolumesLosesAreRefused)
+{
+    for (const char *name : {" a", "a ", "a  b"})
+        EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), NameGuard::LostBlanks) << name;
+}
+
+TEST(NameGuards, XfsTakesNoBlanks)
+{
+    EXPECT_EQ(nameGuardOf("COPY 1", EraseFormat::Xfs), NameGuard::Blanks);
+    EXPECT_EQ(nameGuardOf("COPY 1", EraseFormat::ExFat), std::nullopt);
+}
+
+TEST(NameGuards, CharacterThatIsNotShownIsRefused)
+{
+    EXPECT_EQ(nameGuardOf("a\xE2\x80\x8E"
+                          "b",
+                          EraseFormat::Ext4),
+              NameGuard::NotText)
+        << "it turns the writing direction";
+}
+
+TEST(NameGuards, EachFormatHasItsLimit)
+{
+    EXPECT_EQ(nameGuardOf(std::string(16, 'a'), EraseFormat::Ext4), std::nullopt);
+    EXPECT_EQ(nameGuardOf(std::string(17, 'a'), EraseFormat::Ext4), NameGuard::TooLong);
+    EXPECT_EQ(nameGuardOf(std::string(12, 'a'), EraseFormat::Xfs), std::nullopt);
+    EXPECT_EQ(nameGuardOf(std::string(13, 'a'), EraseFormat::Xfs), NameGuard::TooLong);
+    EXPECT_EQ(nameGuardOf(std::string(11, 'a'), EraseFormat::ExFat), std::nullopt);
+    EXPECT_EQ(nameGuardOf(std::string(12, 'a'), EraseFormat::ExFat), NameGuard::TooLong);
+}
+
+TEST(NameGuards, FormatIsTheOneOfTheSettingElseExt4)
+{
+    EXPECT_EQ(eraseFormatOf("xfs"), EraseFormat::Xfs);
+    EXPECT_EQ(eraseFormatOf("exfat"), EraseFormat::ExFat);
+    for (const char *setting : {"", "ext4", "XFS", "btrfs"})
+        EXPECT_EQ(eraseFormatOf(setting), EraseFormat::Ext4) << setting;
+}
+
+TEST(NameGuards, LimitsAreInBytesOrCharactersAsTheFormatKeepsThem)
+{
+    const std::string elevenUmlauts = "üüüüüüüüüüü";
+    EXPECT_EQ(nameGuardOf(elevenUmlauts, EraseFormat::Ext4), NameGuard::TooLong);
+    EXPECT_EQ(nameGuardOf(elevenUmlauts, EraseFormat::ExFat), std::nullopt);
+    const std::string sixPictures = "😀😀😀😀😀😀";
+    EXPECT_EQ(nameGuardOf(sixPictures, EraseFormat::ExFat), NameGuard::TooLong);
+}
+
+TEST(NameGuards, RefusalNamesBayNameAndLimit)
+{
+    EXPECT_EQ(
+        refusalText(NameRefusal{"Slot-B", "A much too long name", NameGuard::TooLong, EraseFormat::Xfs}),
+        "Slot-B (A much too long name): longer than 12 bytes, which is the limit of xfs");
+}
+
+TEST(RunGuards, RefusalOfADiskNamesBayNameAndReason)
+{
+    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "CO\nPY", DiskGuard::CarriesSource}),
+              "Slot-B (CO\\x0APY): it carries the source");
+    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "", DiskGuard::NoName}), "Slot-B: its volume has no name");
+}
+
+} // namespace orvana

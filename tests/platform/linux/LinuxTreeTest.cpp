@@ -1,0 +1,421 @@
+// The scan of a machine, from the kernel's devices to the records.
+
+#include "platform/hosts/HostFactory.h"
+#include "platform/linux/LinuxFixture.h"
+
+#include <filesystem>
+
+namespace orvana::test
+{
+
+using Bays = std::vector<std::string>;
+using LinuxScan = LinuxFixture;
+
+// The simulated machine with one enclosure and a disk in each of its bays.
+Bays baysOfSimulator(const std::string &controller)
+{
+    const TemporaryTree tree;
+    const auto file = tree.file("machine.json", R"({"login":"anna","enclosures":[{"uid":1,"controller":")" +
+                                                    controller + R"(","bays":[
+        {"bay":"A","serial":"SNA","size":9},{"bay":"B","serial":"SNB","size":9},
+        {"bay":"C","serial":"SNC","size":9},{"bay":"D","serial":"SND","size":9}]}]})");
+    const auto host = platform::makeSimulatorHost(file, nullptr).value();
+    ORVScanDevice scanner(host->registry(), host->launcher());
+    scanner.scanTBDevice();
+    Bays bays;
+    for (const auto &disk : scanner.tbArray().at(0)->hddArray())
+        bays.push_back(disk->slotPath().value() + " " + disk->hddSN().value());
+    return bays;
+}
+
+TEST_F(LinuxScan, OnePortControllersGiveTheirBaysAsOnTheSimulator)
+{
+    const auto upper = addEnclosure("612");
+    for (int bay = 0; bay < 4; ++bay)
+        m_machine.addSataDisk(
+            m_machine.controllerOf(upper, bay), 0,
+            {.node = std::string("sd") + "abcd"[bay], .serial = std::string("SN") + "ABCD"[bay]});
+    ASSERT_EQ(scan().tbArray().size(), 1U);
+    EXPECT_EQ(baysOf(*m_scanner->tbArray()[0]), baysOfSimulator("612"));
+}
+
+TEST_F(LinuxScan, TwoPortControllersGiveTheirBaysAsOnTheSimulator)
+{
+    const auto upper = addEnclosure("625");
+    for (int bay = 0; bay < 4; ++bay)
+        m_machine.addSataDisk(
+            m_machine.controllerOf(upper, bay < 2 ? 0 : 3), bay % 2,
+            {.node = std::string("sd") + "abcd"[bay], .serial = std::string("SN") + "ABCD"[bay]});
+    ASSERT_EQ(scan().tbArray().size(), 1U);
+    EXPECT_EQ(baysOf(*m_scanner->tbArray()[0]), baysOfSimulator("625"));
+}
+
+TEST_F(LinuxScan, TwoPortControllerBehindBridgeOneOrTwoHasNoBayButIsListed)
+{
+    const auto upper = addEnclosure("625");
+    for (const auto *slot : {"1", "2"}) {
+        const std::string number = slot;
+        const auto bridge = m_machine.addBridge(upper, "0000:02:0" + number + ".0");
+        const auto ahci = m_machine.addAhci(bridge, "0000:2" + number + ":00.0", "0x1b21", "0x0625");
+        m_machine.addSataDisk(
+            ahci, 0, {.node = "sd" + std::string(1, number == "1" ? 'a' : 'b'), .serial = "SN" + number});
+    }
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none SN1", "none SN2"}));
+}
+
+TEST_F(LinuxScan, BridgesOfOtherNumbersThanAnEnclosuresNameNoBay)
+{
+    m_router = m_machine.addRouter(m_hostRouter, "1");
+    const auto upper = m_machine.addBridge(m_port, "0000:01:00.0");
+    for (const char slot : {'3', '4', '5', '6'}) {
+        const std::string number(1, slot);
+        const auto bridge = m_machine.addBridge(upper, "0000:02:0" + number + ".0");
+        m_machine.addSataDisk(m_machine.addAhci(bridge, "0000:2" + number + ":00.0", "0x1b21", "0x0612"), 0,
+                              {.node = "sd" + number, .serial = "SN" + number});
+    }
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none SN3", "none SN4", "none SN5", "none SN6"}));
+}
+
+TEST_F(LinuxScan, FurtherControllerBesideThoseOfAnEnclosureTakesAllBaysTheirNames)
+{
+    const auto upper = addEnclosure();
+    m_machine.addSataDisk(m_machine.controllerOf(upper, 0), 0, {.node = "sda", .serial = "SNA"});
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"Slot-A SNA"}));
+    m_machine.addAhci(m_machine.addBridge(upper, "0000:02:07.0"), "0000:27:00.0", "0x1b21", "0x0612");
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none SNA"}));
+}
+
+TEST_F(LinuxScan, ControllerWhoseBridgeIsMissingFromOneLookIsInNoBay)
+{
+    const auto upper = addEnclosure();
+    m_machine.addSataDisk(m_machine.controllerOf(upper, 3), 0, {.node = "sda", .serial = "SNA"});
+    auto devices = platform::linux_host::readDevices();
+    platform::linux_host::SystemFiles files;
+    files.mounts = m_machine.mountFile();
+    files.swaps = m_machine.swapFile();
+    files.devices = [&] {
+        platform::linux_host::DeviceList seen;
+        const auto all = platform::linux_host::readDevices();
+        for (const char *subsystem : {"pci", "thunderbolt", "block", "ata_port", "scsi", "devlink"}) {
+            for (const auto *device : all.ofSubsystem(subsystem)) {
+                if (device->path != upper + "/0000:02:03.0")
+                    seen.add(*device);
+            }
+        }
+        return seen;
+    };
+    platform::linux_host::LinuxMachine machine(files);
+    const auto look = machine.look();
+    std::vector<platform::RegistryEntryPtr> drivers;
+    look->tree.root->collect({"AppleAHCIDiskDriver", {}}, drivers);
+    ASSERT_EQ(drivers.size(), 1U);
+    EXPECT_EQ(drivers[0]->path().find("pci-bridge"), std::string::npos) << drivers[0]->path();
+}
+
+TEST_F(LinuxScan, EnclosureIsDescribedByItsRouter)
+{
+    addEnclosure();
+    m_machine.addRouter(m_router, "301", "0x41", "0x238");
+    m_machine.addRouter(m_router, "501", "0x41", "0x239");
+    scan();
+    ASSERT_EQ(m_scanner->tbArray().size(), 2U) << "a model that is no four-bay enclosure is not listed";
+    const auto &first = *m_scanner->tbArray()[0];
+    const auto &second = *m_scanner->tbArray()[1];
+    EXPECT_EQ(first.moduleName(), "Four Bay 1");
+    EXPECT_EQ(first.vendorName(), "Orvana");
+    EXPECT_EQ(first.depth(), 1);
+    EXPECT_EQ(first.routeSring(), 1);
+    EXPECT_EQ(first.moduleID(), 567);
+    EXPECT_EQ(second.depth(), 2);
+    EXPECT_EQ(second.routeSring(), 0x301);
+    EXPECT_EQ(second.parentTb(), first.uid());
+    EXPECT_NE(second.uid(), first.uid());
+}
+
+TEST_F(LinuxScan, MachineWithoutThunderboltHasNoEnclosure)
+{
+    m_machine.pull("/sys/devices/pci0000:00/0000:00:0d.2");
+    EXPECT_TRUE(scan().tbArray().empty());
+    EXPECT_TRUE(m_scanner->otherDiskArray().empty());
+}
+
+TEST_F(LinuxScan, UnauthorisedRouterIsListedWithoutDisksAndTold)
+{
+    m_machine.addRouter(m_hostRouter, "1", "0x41", "0x237", "0");
+    EXPECT_TRUE(scan().tbArray().at(0)->hddArray().empty());
+    ASSERT_EQ(m_log.all().size(), 1U) << "once, however often is looked";
+    const std::string remark =
+        "Four Bay 1 (0-1) is not authorised; its disks are not there until it is. This lets it "
+        "in: boltctl enroll e6d5c4b3-a201-3412-ffff-0000000001";
+    EXPECT_EQ(m_log.all()[0], remark);
+    EXPECT_EQ(m_scanner->remarks(), std::vector{remark});
+}
+
+TEST_F(LinuxScan, NvmeDiskInAnEnclosureIsInNoBayAndSaidToBe)
+{
+    const auto upper = addEnclosure();
+    const auto nvme = m_machine.addPci(m_machine.addBridge(upper, "0000:02:04.0"), "0000:30:00.0", "0x144d",
+                                       "0xa808", "0x010802");
+    m_machine.addBlock(m_machine.add(nvme + "/nvme/nvme0", "nvme"),
+                       {.node = "nvme0n1", .model = "Fast", .serial = "NV1"});
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), (Bays{"none NV1"}));
+    EXPECT_EQ(
+        m_scanner->remarks(),
+        (std::vector<std::string>{"Fast (NV1) in Four Bay 1 sits in none of the bays that are known; it is "
+                                  "neither copied to nor erased"}));
+}
+
+TEST_F(LinuxScan, InternalDisksAreListedWithModelAndSerialNumber)
+{
+    m_machine.addSataDisk(m_internal, 0,
+                          {.node = "sda", .serial = "INT1", .properties = {"ID_MODEL_ENC=SSD\\x20512\\x20"}});
+    const auto nvme = m_machine.addPci({}, "0000:00:1d.0", "0x144d", "0xa808", "0x010802");
+    m_machine.addBlock(m_machine.add(nvme + "/nvme/nvme0", "nvme", {"A: model=Fast", "A: serial=NV1"}),
+                       {.node = "nvme0n1", .model = "Fast", .serial = "NV1"});
+    const auto virtio = m_machine.addPci({}, "0000:00:1e.0", "0x1af4", "0x1001", "0x010000");
+    m_machine.addBlock(virtio + "/virtio1", {.node = "vda", .model = "Virtual", .serial = "VI1"});
+    std::vector<std::string> disks;
+    for (const auto &disk : scan().otherDiskArray())
+        disks.push_back(disk->hddModel().value() + "/" + disk->hddSN().value());
+    EXPECT_EQ(disks, (std::vector<std::string>{"SSD 512/INT1", "Fast/NV1", "Virtual/VI1"}));
+    EXPECT_TRUE(m_scanner->tbArray().empty());
+}
+
+class ExternalDisks : public LinuxFixture
+{
+protected:
+    std::string addUsb(const std::string &removable, const MadeUpDisk &disk)
+    {
+        const auto controller = m_machine.addPci({}, "0000:00:14.0", "0x8086", "0xa36d", "0x0c0330");
+        const auto usb = m_machine.add(controller + "/usb1/1-1", "usb",
+                                       {"E: DEVTYPE=usb_device", "A: removable=" + removable});
+        return m_machine.addBlock(usb + "/1-1:1.0/host9/target9:0:0/9:0:0:0", disk);
+    }
+
+    static MadeUpDisk stick()
+    {
+        return {.node = "sdu",
+                .model = "Ultra",
+                .serial = "U1",
+                .properties = {"ID_BUS=usb", "ID_VENDOR_ENC=\\x20SanDisk\\x20", "ID_MODEL_ENC=Ultra\\x20"}};
+    }
+};
+
+TEST_F(ExternalDisks, UsbDiskIsListedByVendorAndProduct)
+{
+    addUsb("removable", stick());
+    ASSERT_EQ(scan().otherDiskArray().size(), 1U);
+    EXPECT_EQ(m_scanner->otherDiskArray()[0]->hddModel(), "SanDisk Ultra");
+    EXPECT_EQ(m_scanner->otherDiskArray()[0]->hddSN(), std::nullopt);
+}
+
+TEST_F(ExternalDisks, BuiltInCardReaderIsNotListed)
+{
+    addUsb("fixed", stick());
+    EXPECT_TRUE(scan().otherDiskArray().empty());
+}
+
+TEST_F(ExternalDisks, DiskBehindABuiltInHubIsListed)
+{
+    const auto controller = m_machine.addPci({}, "0000:00:15.0", "0x8086", "0xa12f", "0x0c0330");
+    const auto hub =
+        m_machine.add(controller + "/usb3/3-1", "usb", {"E: DEVTYPE=usb_device", "A: removable=fixed"});
+    const auto device =
+        m_machine.add(hub + "/3-1.2", "usb", {"E: DEVTYPE=usb_device", "A: removable=removable"});
+    m_machine.addBlock(device + "/3-1.2:1.0/host9/target9:0:0/9:0:0:0", stick());
+    EXPECT_EQ(scan().otherDiskArray().size(), 1U);
+}
+
+TEST_F(ExternalDisks, DiskWithAVolumeGroupInUseKeepsItsOwnDevice)
+{
+    auto disk = stick();
+    disk.properties.push_back("ID_PART_TABLE_TYPE=gpt");
+    const auto path = addUsb("removable", disk);
+    const auto partition = m_machine.addPartition(path, 1, {"ID_FS_USAGE=raid", "ID_FS_TYPE=LVM2_member"});
+    m_machine.makeFolder(partition + "/holders/dm-0");
+    ASSERT_EQ(scan().otherDiskArray().size(), 1U);
+    EXPECT_EQ(m_scanner->otherDiskArray()[0]->devPath(), "/dev/disk0");
+}
+
+TEST_F(ExternalDisks, CardReaderOnACableIsNotListed)
+{
+    auto reader = stick();
+    reader.properties.push_back("ID_DRIVE_FLASH_SD=1");
+    addUsb("removable", reader);
+    EXPECT_TRUE(scan().otherDiskArray().empty());
+}
+
+TEST_F(ExternalDisks, FireWireDiskIsListedAfterTheInternalOnes)
+{
+    const auto controller = m_machine.addPci({}, "0000:00:10.0", "0x11c1", "0x5901", "0x0c0010");
+    const auto unit = m_machine.add(controller + "/fw1/fw1.0", "firewire");
+    m_machine.addBlock(unit + "/host8/target8:0:0/8:0:0:0",
+                       {.node = "sdf", .properties = {"ID_VENDOR=LaCie", "ID_MODEL_ENC=Rugged"}});
+    m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
+    const auto &disks = scan().otherDiskArray();
+    ASSERT_EQ(disks.size(), 2U);
+    EXPECT_EQ(disks[0]->hddModel(), "WD Red");
+    EXPECT_EQ(disks[1]->hddModel(), "LaCie Rugged");
+}
+
+TEST_F(LinuxScan, MemberOfASetIsMarkedAndOfferedAsOneVolume)
+{
+    const auto upper = addEnclosure();
+    m_machine.addSataDisk(m_machine.controllerOf(upper, 0), 0,
+                          {.node = "sda", .properties = {"ID_FS_USAGE=raid", "ID_FS_TYPE=isw_raid_member"}});
+    const auto second = m_machine.addSataDisk(m_machine.controllerOf(upper, 1), 0,
+                                              {.node = "sdb", .properties = {"ID_PART_TABLE_TYPE=gpt"}});
+    m_machine.addPartition(second, 1, {"ID_FS_USAGE=raid", "ID_FS_TYPE=linux_raid_member"});
+    m_machine.makeFolder(second + "/sdb1/holders/md0");
+    const auto &enclosure = *scan().tbArray().at(0);
+    ASSERT_EQ(enclosure.hddArray().size(), 2U);
+    for (const auto &disk : enclosure.hddArray()) {
+        EXPECT_TRUE(disk->isRaidFormated());
+        ASSERT_EQ(disk->bsdPathArray().size(), 1U);
+        EXPECT_EQ(disk->bsdPathArray()[0]->devPath(), disk->devPath());
+    }
+}
+
+TEST_F(LinuxScan, DiskWithoutASerialNumberHasNone)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 2), 0, {.node = "sda", .serial = ""});
+    EXPECT_EQ(baysOf(*scan().tbArray().at(0)), Bays{"Slot-C none"});
+}
+
+TEST_F(LinuxScan, BlankDiskIsUnformatted)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 0), 0, {.node = "sda"});
+    const auto &disk = *scan().tbArray().at(0)->hddArray().at(0);
+    EXPECT_TRUE(disk.isUnFormated());
+    EXPECT_TRUE(disk.bsdPathArray().empty());
+    EXPECT_EQ(disk.diskSize(), 7814037168 * 512);
+}
+
+TEST_F(LinuxScan, FormattedDiskThatIsNotMountedIsNotUnformatted)
+{
+    const auto path = m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 0), 0,
+                                            {.node = "sda", .properties = {"ID_PART_TABLE_TYPE=gpt"}});
+    m_machine.addPartition(path, 1, {"ID_FS_USAGE=filesystem", "ID_FS_TYPE=ext4"});
+    const auto &disk = *scan().tbArray().at(0)->hddArray().at(0);
+    EXPECT_FALSE(disk.isUnFormated());
+    EXPECT_TRUE(disk.bsdPathArray().empty());
+}
+
+TEST_F(LinuxScan, DiskWithSeveralThingsAtOnceIsNotUnformatted)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 0), 0,
+                          {.node = "sda", .properties = {"ID_FS_AMBIVALENT=filesystem:ext4:1.0 other:x:1"}});
+    EXPECT_FALSE(scan().tbArray().at(0)->hddArray().at(0)->isUnFormated());
+}
+
+TEST_F(LinuxScan, DevicesAtOnePlaceOfSeveralBusesHavePathsOfTheirOwn)
+{
+    const auto bridge = m_machine.addBridge({}, "0000:00:1c.0");
+    for (const auto *name : {"0000:40:00.0", "0000:41:00.0"})
+        m_machine.addPci(bridge, name, "0x8086", "0x1520", "0x020000");
+    std::set<std::string> paths;
+    const auto entries = host().registry().match(platform::RegistryMatching{"IOPCIDevice", {}}).entries;
+    for (const auto &entry : entries)
+        paths.insert(entry->path());
+    EXPECT_EQ(paths.size(), entries.size());
+}
+
+TEST_F(LinuxScan, DiskThatUdevHasNotLookedAtIsNotUnformatted)
+{
+    const auto controller = m_machine.controllerOf(addEnclosure(), 0);
+    m_machine.add(controller + "/ata9/host9/target9:0:0/9:0:0:0/block/sda", "block",
+                  {"N: sda", "E: DEVTYPE=disk", "E: MAJOR=8", "E: MINOR=0", "A: size=100"});
+    EXPECT_FALSE(scan().tbArray().at(0)->hddArray().at(0)->isUnFormated());
+}
+
+TEST_F(LinuxScan, MountedPartitionIsAVolumeWithItsMountPointAndRoom)
+{
+    const auto path = m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 0), 0,
+                                            {.node = "sda", .properties = {"ID_PART_TABLE_TYPE=gpt"}});
+    m_machine.addPartition(path, 1);
+    m_machine.addPartition(path, 2);
+    const TemporaryTree place;
+    m_machine.mount("sda2", place.folder("My\\040Disk"));
+    place.folder("My Disk");
+    const auto &disk = *scan().tbArray().at(0)->hddArray().at(0);
+    EXPECT_EQ(disk.devPath(), "/dev/disk0");
+    ASSERT_EQ(disk.bsdPathArray().size(), 1U) << "the partition that is not mounted is none";
+    const auto &volume = *disk.bsdPathArray()[0];
+    EXPECT_EQ(volume.devPath(), "/dev/disk0s2");
+    ASSERT_NE(volume.mountPoint(), nullptr);
+    EXPECT_EQ(*volume.mountPoint(), place.path("My Disk"));
+    EXPECT_GT(volume.capacitySize().value_or(0), 0);
+    EXPECT_EQ(host().places().volumePath("My Disk"), place.path("My Disk"));
+}
+
+TEST_F(LinuxScan, FileSystemOnAWholeDiskIsAVolume)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure(), 0), 0,
+                          {.node = "sda", .properties = {"ID_FS_USAGE=filesystem", "ID_FS_TYPE=ext4"}});
+    const TemporaryTree place;
+    m_machine.mount("sda", place.root());
+    const auto &disk = *scan().tbArray().at(0)->hddArray().at(0);
+    ASSERT_EQ(disk.bsdPathArray().size(), 1U);
+    EXPECT_EQ(disk.bsdPathArray()[0]->devPath(), "/dev/disk0s0");
+    EXPECT_EQ(*disk.bsdPathArray()[0]->mountPoint(), place.root());
+}
+
+class DiskUtilityCalls : public LinuxFixture
+{
+protected:
+    /// Runs the disk utility by way of a program that prints its arguments.
+    platform::CommandLauncher::Result run(const std::vector<std::string> &arguments)
+    {
+        const auto program = m_tree.file("utility", "#!/bin/sh\nprintf '%s|' \"$@\" >&2\nexit 3\n");
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+        platform::linux_host::LinuxLauncher launcher(m_linux, program);
+        return launcher.run("/usr/sbin/diskutil", arguments);
+    }
+
+    TemporaryTree m_tree;
+    platform::linux_host::LinuxMachine m_linux{{m_machine.mountFile(), m_machine.swapFile(), "/none"}};
+};
+
+TEST_F(DiskUtilityCalls, CarryTheKernelsNameAndWhatIsKnownOfTheDisk)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure("625"), 3), 1, {.node = "sdq"});
+    const auto look = m_linux.look();
+    const auto result = run({"eraseDisk", "JHFS+", "COPY 1", "/dev/disk0"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.output, "eraseDisk|JHFS+|COPY 1|/dev/sdq|--expect-sequence=" +
+                                 std::to_string(look->disks.at(0).sequence.value()) +
+                                 "|--expect-serial=SN1|--expect-size=4000787030016|"
+                                 "--expect-bay=e6d5c4b3-a201-3412-ffff-0000000001/03.0/0x1b21:0x0625/1/0|")
+        << "the reason that it gives is the answer";
+}
+
+TEST_F(DiskUtilityCalls, LeaveOutWhatIsNotKnown)
+{
+    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure("625"), 3), 1, {.node = "sdq", .serial = ""});
+    m_linux.look();
+    EXPECT_EQ(run({"eject", "/dev/disk0"}).output.find("--expect-serial"), std::string::npos);
+}
+
+TEST_F(DiskUtilityCalls, AreNotMadeForADiskThatIsGone)
+{
+    const auto disk = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
+    m_linux.look();
+    m_machine.pull(disk);
+    m_machine.addSataDisk(m_internal, 1, {.node = "sda", .serial = "OTHER"});
+    const auto result = run({"eject", "/dev/disk0"});
+    EXPECT_EQ(result.status, 4);
+    EXPECT_EQ(result.output, "/dev/disk0: this disk is not there any more\n");
+}
+
+TEST_F(LinuxScan, TwoVolumesOfOneNameHaveNoPlace)
+{
+    const auto path = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
+    m_machine.addPartition(path, 1);
+    m_machine.addPartition(path, 2);
+    m_machine.mount("sda1", "/media/anna/COPY");
+    m_machine.mount("sda2", "/mnt/COPY");
+    EXPECT_EQ(host().places().volumePath("COPY"), std::nullopt);
+    EXPECT_EQ(host().places().volumePath("proc"), std::nullopt) << "no volume of a disk";
+}
+
+} // namespace orvana::test
