@@ -61,9 +61,9 @@ public:
     {
         return m_real.makeFolder(path, like);
     }
-    Expected<void> protectFolder(std::string_view path, const platform::Attributes &like) const override
+    Expected<void> finishFolder(std::string_view path, const platform::Attributes &like) const override
     {
-        return m_real.protectFolder(path, like);
+        return m_real.finishFolder(path, like);
     }
     Expected<void> syncVolume() override { return m_real.syncVolume(); }
     platform::VolumeTraits traits() const override { return m_real.traits(); }

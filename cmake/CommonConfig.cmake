@@ -32,5 +32,10 @@ if(PLURIMO_SANITIZE)
   target_link_options(plurimo_common INTERFACE -fsanitize=${PLURIMO_SANITIZE})
 endif()
 
+set(PLURIMO_BLOCK_SIZE "" CACHE STRING "For tests alone: bytes of a block of the copy instead of the product's 1048576")
+if(PLURIMO_BLOCK_SIZE)
+  target_compile_definitions(plurimo_common INTERFACE PLURIMO_BLOCK_SIZE=${PLURIMO_BLOCK_SIZE})
+endif()
+
 # A build folder belongs to one compiler; the version is told to the code once.
 target_compile_definitions(plurimo_common INTERFACE PLURIMO_VERSION="${PROJECT_VERSION}")

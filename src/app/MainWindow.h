@@ -216,6 +216,8 @@ private:
 
     // Erase and eject
     void lockChoices(bool locked);
+    void eject(tl::expected<EjectPlan, EnclosureRefusal> plan, std::vector<DiskFingerprint> spared,
+               void (MainWindow::*ejected)());
     void ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t run, void (MainWindow::*ejected)());
     void targetsEjected();
     void sourceEjected();

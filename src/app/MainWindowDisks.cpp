@@ -40,8 +40,7 @@ void MainWindow::lookAtEnclosures()
     m_action->setIsErasing(false);
     lockChoices(false);
     setProgressMsg(std::string());
-    m_ScanDevice.resetArray("TBBay4");
-    m_ScanDevice.scanTBDevice();
+    m_ScanDevice.scanEnclosuresAnew();
     setTargetDiskInfo();
     fileProgress->setKind(ProgressIndicator::Kind::Determinate);
     totalProgress->setKind(ProgressIndicator::Kind::Determinate);
@@ -81,22 +80,27 @@ void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t ru
     tellEjects();
 }
 
-void MainWindow::EjectTargetDisks()
+void MainWindow::eject(tl::expected<EjectPlan, EnclosureRefusal> plan, std::vector<DiskFingerprint> spared,
+                       void (MainWindow::*ejected)())
 {
-    if (m_run->isOn())
-        return;
     setEjectButtonsEnabled(false);
     m_run->diskTool().setDiskArray({});
-    auto choice = choiceNow();
-    addDisksOf(m_context.host, scannedDevices(m_ScanDevice), selectionNow(), choice.sourceDisks);
-    auto plan = planTargetEject(scannedDevices(m_ScanDevice), choice, user());
-    m_run->diskTool().setSparedDisks(choice.sourceDisks);
+    m_run->diskTool().setSparedDisks(std::move(spared));
     if (plan && !plan->refusals.empty())
         warn(notEjectedText(plan->refusals));
     if (!plan || plan->disks.empty())
         setEjectButtonsEnabled(true);
     else
-        ejectWhenIdle(std::move(plan->disks), m_run->number(), &MainWindow::targetsEjected);
+        ejectWhenIdle(std::move(plan->disks), m_run->number(), ejected);
+}
+
+void MainWindow::EjectTargetDisks()
+{
+    if (m_run->isOn())
+        return;
+    auto choice = choiceNow();
+    addDisksOf(m_context.host, devices(), selectionNow(), choice.sourceDisks);
+    eject(planTargetEject(devices(), choice, user()), choice.sourceDisks, &MainWindow::targetsEjected);
 }
 
 void MainWindow::targetsEjected()
@@ -109,18 +113,8 @@ void MainWindow::targetsEjected()
 
 void MainWindow::EjectSourceDisk()
 {
-    if (m_run->isOn())
-        return;
-    setEjectButtonsEnabled(false);
-    m_run->diskTool().setDiskArray({});
-    auto plan = planSourceEject(scannedDevices(m_ScanDevice), choiceNow());
-    m_run->diskTool().setSparedDisks({});
-    if (plan && !plan->refusals.empty())
-        warn(notEjectedText(plan->refusals));
-    if (!plan || plan->disks.empty())
-        setEjectButtonsEnabled(true);
-    else
-        ejectWhenIdle(std::move(plan->disks), m_run->number(), &MainWindow::sourceEjected);
+    if (!m_run->isOn())
+        eject(planSourceEject(devices(), choiceNow()), {}, &MainWindow::sourceEjected);
 }
 
 void MainWindow::sourceEjected()

@@ -20,11 +20,11 @@ void MainWindow::warn(const std::string &text)
 // Looks again, from the records of all disks, at what selecting the enclosure looked at.
 bool MainWindow::isStartRefused()
 {
-    const auto devices = scannedDevices(m_ScanDevice);
-    const auto enclosure = chosenEnclosure(devices, chosenNow());
+    const auto enclosure = chosenEnclosure(devices(), chosenNow());
     if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)
         return false; // the run itself says so, and does nothing
-    const auto refusal = enclosure ? startRefusal(**enclosure, devices) : std::optional(enclosure.error());
+    const auto refusal =
+        enclosure ? refusalOfStart(**enclosure, devices()) : std::optional(enclosure.error());
     if (!refusal)
         return false;
     warn(refusalText(*refusal));
@@ -49,6 +49,7 @@ RunChoice MainWindow::choiceNow() const
     choice.isOverSize[Bay::C] = m_diskInfo->isOverSize_SlotC();
     choice.isOverSize[Bay::D] = m_diskInfo->isOverSize_SlotD();
     choice.shown = m_shown;
+    choice.selectedBytes = m_fileList->totalSize();
     choice.erase = m_action->EraseDiskCheckBox->isChecked();
     choice.verify = m_action->verifyFiles();
     return choice;

@@ -33,7 +33,7 @@ ChosenEnclosure MainWindow::chosenNow() const
 // The enclosure at the picker's place, if it still is the one that was chosen there.
 ORVThunderboltInfo *MainWindow::selectedEnclosure() const
 {
-    const auto enclosure = chosenEnclosure(scannedDevices(m_ScanDevice), chosenNow());
+    const auto enclosure = chosenEnclosure(devices(), chosenNow());
     return enclosure ? enclosure->get() : nullptr;
 }
 
@@ -48,10 +48,7 @@ void MainWindow::rememberEnclosure()
 
 void MainWindow::scanAll()
 {
-    m_ScanDevice.resetArray("All");
-    m_ScanDevice.scanTBDevice();
-    m_ScanDevice.scanOtherDevice();
-    m_ScanDevice.scanOtherTBDevice();
+    m_ScanDevice.scanEverything();
     m_tbDevice->setRemarks(m_ScanDevice.remarks());
 }
 
@@ -129,7 +126,7 @@ void MainWindow::setSourceDiskInfo()
         showSource(nullptr);
         return;
     }
-    const auto plan = planSources(selectedEnclosure(), scannedDevices(m_ScanDevice), user());
+    const auto plan = planSources(selectedEnclosure(), devices(), user());
     fillSourcePopup(plan);
     if (plan.isFound) {
         setRow("Source", plan.row);
@@ -144,7 +141,7 @@ void MainWindow::setSourceDiskInfo()
 void MainWindow::showSource(const PathObject &root)
 {
     m_fileList->showRoot(root);
-    m_source = rememberSource(m_context.host, scannedDevices(m_ScanDevice), root ? *root : std::string());
+    m_source = rememberSource(m_context.host, devices(), root ? *root : std::string());
 }
 
 void MainWindow::fillSourcePopup(const SourcePlan &plan)
@@ -178,8 +175,8 @@ QIcon MainWindow::iconOf(const SourceCandidate &candidate)
 
 void MainWindow::SourceDiskSelectionChange()
 {
-    const auto match = sourceTitled(m_diskInfo->SourcePopup->selectedTitle(), selectedEnclosure(),
-                                    scannedDevices(m_ScanDevice), user());
+    const auto match =
+        sourceTitled(m_diskInfo->SourcePopup->selectedTitle(), selectedEnclosure(), devices(), user());
     m_maySourceBeEjected = match.mayBeEjected;
     m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
     setRow("Source", match.row);

@@ -119,8 +119,7 @@ void MainWindow::startInOrder(const ChosenEnclosure &asked, const std::vector<Di
         StartDuplicate();
         return;
     }
-    m_survey = std::make_unique<DiskSurvey>(m_context.host,
-                                            disksToErase(m_order->erase, scannedDevices(m_ScanDevice)));
+    m_survey = std::make_unique<DiskSurvey>(m_context.host, disksToErase(m_order->erase, devices()));
     m_survey->waitUntilOver(UnnoticedWait);
     afterSurvey(asked, agreed);
 }
@@ -141,7 +140,7 @@ bool MainWindow::decideOrderNow()
         m_order->source = m_source;
         return true;
     }
-    auto order = decideOrder(m_context.host, scannedDevices(m_ScanDevice), choice, m_source, selectionNow());
+    auto order = decideOrder(m_context.host, devices(), choice, m_source, selectionNow());
     if (!order) {
         warn(refusalText(order.error()));
         return false;

@@ -9,7 +9,7 @@
 #include "foundation/qt/QtMainQueue.h"
 #include "log/LogData.h"
 #include "platform/Account.h"
-#include "platform/hosts/HostChoice.h"
+#include "platform/hosts/HostOptions.h"
 #include "platform/posix/CancelRequest.h"
 #include "platform/posix/ProcessStart.h"
 #include "resources/Resources.h"
@@ -29,7 +29,7 @@ namespace
 using namespace orvana;
 
 /// Everything that the user can say.
-struct Words
+struct CommandLineOptions
 {
     platform::HostChoice machine;
     std::string edition = "Orvana";
@@ -37,20 +37,16 @@ struct Words
     std::optional<std::string> script;
 };
 
-void describe(CLI::App &app, Words &words)
+void describe(CLI::App &app, CommandLineOptions &options)
 {
     app.set_version_flag("--version", "orvana-plurimo " PLURIMO_VERSION);
-    app.add_option("--simulator", words.machine.simulatorFile, "Work on the simulated machine of this file")
-        ->type_name("FILE");
-    app.add_flag("--demo", words.machine.demo, "Work on the ready-made demo machine");
-    app.add_option("--demo-folder", words.machine.demoFolder, "The same, with its files in this folder")
-        ->type_name("FOLDER");
-    app.add_option("--edition", words.edition, "Orvana, or Obsidio for the partner edition")
+    platform::describeHost(app, options.machine);
+    app.add_option("--edition", options.edition, "Orvana, or Obsidio for the partner edition")
         ->check(CLI::IsMember({"Orvana", "Obsidio"}))
         ->type_name("NAME");
-    app.add_option("--log-dir", words.logFolder, "Folder for logs and reports instead of ~/Documents")
+    app.add_option("--log-dir", options.logFolder, "Folder for logs and reports instead of ~/Documents")
         ->type_name("FOLDER");
-    app.add_option("--script", words.script, "Play the steps of this file, and quit")->type_name("FILE");
+    app.add_option("--script", options.script, "Play the steps of this file, and quit")->type_name("FILE");
     app.allow_extras(); // the toolkit has options of its own, such as -platform
 }
 
@@ -70,23 +66,23 @@ bool hasDisplay()
 class Program
 {
 public:
-    Program(const Words &words, std::unique_ptr<platform::Host> host, QtMainQueue &queue)
+    Program(const CommandLineOptions &options, std::unique_ptr<platform::Host> host, QtMainQueue &queue)
         : m_host(std::move(host)),
-          m_delegate({*m_host, m_center, m_volumeCenter, queue, m_clock, logFolder(words)}, words.edition)
+          m_delegate({*m_host, m_center, m_volumeCenter, queue, m_clock, logFolder(options)}, options.edition)
     {
         postVolumeEvents(*m_host, m_volumeCenter);
     }
 
-    int run(const Words &words, const std::vector<ScriptStep> &steps, const QString &machine)
+    int run(const CommandLineOptions &options, const std::vector<ScriptStep> &steps, const QString &machine)
     {
         m_delegate.applicationDidFinishLaunching();
-        if (!words.script)
+        if (!options.script)
             return QApplication::exec();
         ScriptRunner script(m_delegate, steps, machine);
         int status = 0;
         QObject::connect(&script, &ScriptRunner::ended, &script, [&](const QString &reason) {
             if (!reason.isEmpty())
-                status = fail(1, *words.script + ": " + reason.toStdString());
+                status = fail(1, *options.script + ": " + reason.toStdString());
             QApplication::quit();
         });
         script.start();
@@ -100,9 +96,10 @@ public:
     void end() { m_delegate.endNow(); }
 
 private:
-    std::string logFolder(const Words &words) const
+    std::string logFolder(const CommandLineOptions &options) const
     {
-        return words.logFolder ? *words.logFolder : LogData::documentsFolder(m_host->account().homeFolder());
+        return options.logFolder ? *options.logFolder
+                                 : LogData::documentsFolder(m_host->account().homeFolder());
     }
 
     std::unique_ptr<platform::Host> m_host;
@@ -112,13 +109,13 @@ private:
     OrvanaAppDelegate m_delegate;
 };
 
-int runProgram(Words words)
+int runProgram(CommandLineOptions options)
 {
-    if (words.logFolder)
-        words.logFolder = std::filesystem::absolute(*words.logFolder).native();
+    if (options.logFolder)
+        options.logFolder = std::filesystem::absolute(*options.logFolder).native();
     std::vector<ScriptStep> steps;
-    if (words.script) {
-        auto read = readScript(QString::fromStdString(*words.script));
+    if (options.script) {
+        auto read = readScript(QString::fromStdString(*options.script));
         if (!read)
             return fail(4, read.error().toStdString());
         steps = std::move(*read);
@@ -127,31 +124,32 @@ int runProgram(Words words)
                 step.words[0] = QFileInfo(step.words[0]).absoluteFilePath();
         }
     }
-    const bool isSimulated = words.machine.simulatorFile || words.machine.demo || words.machine.demoFolder;
-    const auto file = isSimulated ? platform::simulatorFileOf(words.machine) : std::string();
+    const bool isSimulated =
+        options.machine.simulatorFile || options.machine.demo || options.machine.demoFolder;
+    const auto file = isSimulated ? platform::simulatorFileOf(options.machine) : std::string();
     if (!file)
         return fail(file.error().status, file.error().reason);
     SingleInstance instance(QString::fromStdString(*file));
     if (instance.askTheFirst())
         return 0;
-    if (const auto refusal = platform::makeLogFolder(words.logFolder))
+    if (const auto refusal = platform::makeLogFolder(options.logFolder))
         return fail(refusal->status, refusal->reason);
     // From here on no path is taken from the working folder.
-    for (auto *path : {&words.machine.simulatorFile, &words.machine.demoFolder}) {
+    for (auto *path : {&options.machine.simulatorFile, &options.machine.demoFolder}) {
         if (*path)
             *path = std::filesystem::absolute(**path).native();
     }
     QtMainQueue queue;
     platform::posix::enterEmptyFolder();
     // On a simulated machine, a script opens and tells nothing outside of its window.
-    auto host = platform::makeHost(words.machine, &queue,
-                                   words.script ? platform::Desktop::None : platform::Desktop::Users);
+    auto host = platform::makeHost(options.machine, &queue,
+                                   options.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)
         return fail(host.error().status, host.error().reason);
-    Program program(words, std::move(*host), queue);
+    Program program(options, std::move(*host), queue);
     instance.listen([&] { program.raise(); });
     const platform::posix::CancelRequest signalled([&] { queue.async([&] { program.end(); }); });
-    return program.run(words, steps, QString::fromStdString(*file));
+    return program.run(options, steps, QString::fromStdString(*file));
 }
 
 } // namespace
@@ -161,8 +159,8 @@ int main(int argc, char **argv)
     platform::posix::CancelRequest::blockSignals();
     platform::posix::openStandardFiles();
     CLI::App app("Duplicates disks: one read, many writes, verified.", "orvana-plurimo");
-    Words words;
-    describe(app, words);
+    CommandLineOptions options;
+    describe(app, options);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
@@ -180,5 +178,5 @@ int main(int argc, char **argv)
     QApplication::setApplicationVersion(QStringLiteral(PLURIMO_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("orvana-plurimo"));
     loadResources();
-    return runProgram(words);
+    return runProgram(options);
 }

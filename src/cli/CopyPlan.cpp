@@ -1,6 +1,7 @@
 #include "cli/CopyPlan.h"
 
 #include "foundation/DisplayPath.h"
+#include "foundation/Paths.h"
 #include "platform/Host.h"
 #include "platform/VolumeFiles.h"
 
@@ -28,11 +29,6 @@ std::string parentOf(const std::string &path)
 {
     const auto slash = path.rfind('/');
     return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-bool isAtOrBelow(const std::string &path, const std::string &root)
-{
-    return path == root || path.starts_with(root + "/");
 }
 
 class Planner

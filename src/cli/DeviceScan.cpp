@@ -27,7 +27,7 @@ DeviceScan::DeviceScan(platform::Host &host, PlainMainQueue &queue)
     : m_queue(queue), m_scanner(host.registry(), host.launcher()), m_user(userHomeOf(host))
 {
     m_scanner.setDetectOption("Orvana");
-    scanAll();
+    m_scanner.scanEverything();
 }
 
 void DeviceScan::takeUpChanges()
@@ -39,22 +39,13 @@ void DeviceScan::takeUpChanges()
 void DeviceScan::scan()
 {
     takeUpChanges();
-    scanAll();
-}
-
-void DeviceScan::scanAll()
-{
-    m_scanner.resetArray("All");
-    m_scanner.scanTBDevice();
-    m_scanner.scanOtherDevice();
-    m_scanner.scanOtherTBDevice();
+    m_scanner.scanEverything();
 }
 
 void DeviceScan::scanEnclosures()
 {
     takeUpChanges();
-    m_scanner.resetArray("TBBay4");
-    m_scanner.scanTBDevice();
+    m_scanner.scanEnclosuresAnew();
 }
 
 tl::expected<ChosenEnclosure, Refusal> DeviceScan::choose(std::optional<int> number) const
@@ -78,7 +69,7 @@ tl::expected<std::shared_ptr<ORVThunderboltInfo>, Refusal> usableEnclosure(const
     const auto enclosure = chosenEnclosure(devices, chosen);
     if (!enclosure)
         return tl::unexpected(refusalOf(enclosure.error()));
-    if (const auto refusal = startRefusal(**enclosure, devices))
+    if (const auto refusal = refusalOfStart(**enclosure, devices))
         return tl::unexpected(refusalOf(*refusal));
     return *enclosure;
 }

@@ -36,7 +36,6 @@ public:
 
 private:
     void takeUpChanges();
-    void scanAll();
 
     PlainMainQueue &m_queue;
     ORVScanDevice m_scanner;

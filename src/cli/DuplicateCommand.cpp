@@ -110,7 +110,7 @@ DuplicateCommand::Check DuplicateCommand::decideDestinations()
     refuseWhatIsNotMounted(m_host, *plan);
     refuseWhatIsInUse(m_host, *plan);
     for (const auto &refusal : plan->refusals) {
-        if (refusal.reason == DiskGuard::ReadOnly || refusal.reason == DiskGuard::InUse)
+        if (refusal.reason == RefusalReason::ReadOnly || refusal.reason == RefusalReason::InUse)
             m_terminal.printError("plurimoctl: " + refusalText(refusal));
     }
     m_order = newOrder();

@@ -3,6 +3,7 @@
 #include "cli/CopyPlan.h"
 #include "duplicate/plan/RunPlan.h"
 #include "foundation/DisplayPath.h"
+#include "foundation/Paths.h"
 #include "platform/Host.h"
 #include "platform/VolumeFiles.h"
 
@@ -72,7 +73,7 @@ tl::expected<std::vector<std::string>, Refusal> selectBelow(const std::string &r
     std::vector<std::string> selection;
     for (const auto &word : wanted) {
         const auto path = pathBelow(root, word);
-        if (word.empty() || (path != root && !path.starts_with(root + "/")))
+        if (word.empty() || !isAtOrBelow(path, root))
             return tl::unexpected(
                 Refusal{WrongUsage, displayPath(word) + ": does not lie in the source " + displayPath(root)});
         if (!attributesOf(host, path))
@@ -135,6 +136,7 @@ Refusal sourceGone(const SourceMemory &source, SoFar soFar)
 
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes)
 {
+    choice.selectedBytes = bytes;
     for (const auto &[slot, isFit] :
          fitOfBays(enclosure, bytes, choice.erase ? EraseFirst::Yes : EraseFirst::No)) {
         if (const auto bay = bayNamed(slot))

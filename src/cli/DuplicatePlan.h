@@ -42,7 +42,7 @@ enum class SoFar { Untouched, Erased };
 /// destinations.
 Refusal sourceGone(const SourceMemory &source, SoFar soFar);
 
-/// Notes into which bays a selection of that many bytes does not fit.
+/// Notes the bytes of the selection, and into which bays they do not fit.
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes);
 
 } // namespace orvana::cli

@@ -7,7 +7,7 @@
 #include "cli/Terminal.h"
 #include "foundation/LiteralWords.h"
 #include "foundation/PlainMainQueue.h"
-#include "platform/hosts/HostChoice.h"
+#include "platform/hosts/HostOptions.h"
 #include "platform/posix/CancelRequest.h"
 #include "platform/posix/ProcessStart.h"
 
@@ -23,7 +23,7 @@ namespace
 using namespace orvana;
 
 /// Everything that the user can say.
-struct Words
+struct CommandLineOptions
 {
     platform::HostChoice machine;
     std::optional<std::string> logFolder;
@@ -36,15 +36,10 @@ struct Words
 };
 
 // What every command takes.
-void describeCommon(CLI::App &command, Words &words)
+void describeCommon(CLI::App &command, CommandLineOptions &options)
 {
-    command
-        .add_option("--simulator", words.machine.simulatorFile, "Work on the simulated machine of this file")
-        ->type_name("FILE");
-    command.add_flag("--demo", words.machine.demo, "Work on the ready-made demo machine");
-    command.add_option("--demo-folder", words.machine.demoFolder, "The same, with its files in this folder")
-        ->type_name("FOLDER");
-    command.add_option("--log-dir", words.logFolder, "Folder for log and report instead of ~/Documents")
+    platform::describeHost(command, options.machine);
+    command.add_option("--log-dir", options.logFolder, "Folder for log and report instead of ~/Documents")
         ->type_name("FOLDER");
 }
 
@@ -144,67 +139,69 @@ void takeLiterally(std::vector<std::string> &texts)
 }
 
 // Everything that the user typed is meant as it stands.
-void takeLiterally(Words &words)
+void takeLiterally(CommandLineOptions &options)
 {
-    for (auto *text : {&words.machine.simulatorFile, &words.machine.demoFolder, &words.logFolder,
-                       &words.copy.root, &words.duplicate.source})
+    for (auto *text : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
+                       &options.copy.root, &options.duplicate.source})
         takeLiterally(*text);
-    for (auto *texts : {&words.copy.sources, &words.copy.destinations, &words.duplicate.selection,
-                        &words.duplicate.names, &words.disks.bays, &words.disks.names, &words.logs.names})
+    for (auto *texts :
+         {&options.copy.sources, &options.copy.destinations, &options.duplicate.selection,
+          &options.duplicate.names, &options.disks.bays, &options.disks.names, &options.logs.names})
         takeLiterally(*texts);
-    for (auto *text : {&words.simulator.target, &words.simulator.newName})
+    for (auto *text : {&options.simulator.target, &options.simulator.newName})
         takeLiterally(*text);
 }
 
 // From here on no path is taken from the working folder.
-void makeAbsolute(Words &words)
+void makeAbsolute(CommandLineOptions &options)
 {
     const auto makePath = [](std::string &path) { path = cli::cleanPath(path); };
-    for (auto *path :
-         {&words.machine.simulatorFile, &words.machine.demoFolder, &words.logFolder, &words.copy.logFolder,
-          &words.duplicate.logFolder, &words.disks.logFolder, &words.logs.logFolder, &words.copy.root}) {
+    for (auto *path : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
+                       &options.copy.logFolder, &options.duplicate.logFolder, &options.disks.logFolder,
+                       &options.logs.logFolder, &options.copy.root}) {
         if (*path)
             makePath(**path);
     }
-    for (auto *paths : {&words.copy.sources, &words.copy.destinations})
+    for (auto *paths : {&options.copy.sources, &options.copy.destinations})
         std::for_each(paths->begin(), paths->end(), makePath);
 }
 
-ExitStatus onHost(const Words &words, cli::Terminal &terminal, const std::string &command)
+ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, const std::string &command)
 {
     PlainMainQueue queue;
-    const bool watches = command == "devices" ? words.devices.watch : command != "copy" && command != "logs";
+    const bool watches =
+        command == "devices" ? options.devices.watch : command != "copy" && command != "logs";
     const bool writesLog = command != "devices" && command != "logs";
-    if (const auto refusal = writesLog ? platform::makeLogFolder(words.logFolder) : std::nullopt) {
+    if (const auto refusal = writesLog ? platform::makeLogFolder(options.logFolder) : std::nullopt) {
         terminal.printError("plurimoctl: " + refusal->reason);
         return refusal->status;
     }
-    const auto host = platform::makeHost(words.machine, watches ? &queue : nullptr);
+    const auto host = platform::makeHost(options.machine, watches ? &queue : nullptr);
     if (!host) {
         terminal.printError("plurimoctl: " + host.error().reason);
         return host.error().status;
     }
     if (command == "copy")
-        return cli::runCopy(**host, terminal, words.copy);
+        return cli::runCopy(**host, terminal, options.copy);
     if (command == "duplicate")
-        return cli::runDuplicate(**host, queue, terminal, words.duplicate);
+        return cli::runDuplicate(**host, queue, terminal, options.duplicate);
     if (command == "erase")
-        return cli::runErase(**host, queue, terminal, words.disks);
+        return cli::runErase(**host, queue, terminal, options.disks);
     if (command == "eject")
-        return cli::runEject(**host, queue, terminal, words.disks);
+        return cli::runEject(**host, queue, terminal, options.disks);
     if (command == "logs")
-        return cli::runLogs(**host, terminal, words.logs);
-    return cli::runDevices(**host, queue, terminal, words.devices);
+        return cli::runLogs(**host, terminal, options.logs);
+    return cli::runDevices(**host, queue, terminal, options.devices);
 }
 
-ExitStatus onSimulator(const Words &words, cli::Terminal &terminal)
+ExitStatus onSimulator(const CommandLineOptions &options, cli::Terminal &terminal)
 {
-    const auto file = platform::simulatorFileOf(words.machine);
+    const auto file = platform::simulatorFileOf(options.machine);
     if (!file) {
         terminal.printError("plurimoctl: " + file.error().reason);
         return file.error().status;
     }
-    return cli::runSimulator(*file, terminal, words.simulator);
+    return cli::runSimulator(*file, terminal, options.simulator);
 }
 
 int runMain(int argc, char **argv)
@@ -215,7 +212,7 @@ int runMain(int argc, char **argv)
     CLI::App app("Duplicates disks: one read, many writes, verified.", "plurimoctl");
     app.set_version_flag("--version", "plurimoctl " PLURIMO_VERSION);
     app.require_subcommand(1);
-    Words words;
+    CommandLineOptions options;
     auto *copy = app.add_subcommand("copy", "Copy files and folders to several folders at once");
     auto *duplicate = app.add_subcommand("duplicate", "Copy a source onto the disks in an enclosure's bays");
     auto *erase = app.add_subcommand("erase", "Give the disks in an enclosure's bays a new file system");
@@ -223,15 +220,15 @@ int runMain(int argc, char **argv)
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
     auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
     auto *simulator = app.add_subcommand("simulator", "Change the simulated machine");
-    describeCopy(*copy, words.copy);
-    describeDuplicate(*duplicate, words.duplicate);
-    describeErase(*erase, words.disks);
-    describeDisks(*eject, words.disks);
-    describeDevices(*devices, words.devices);
-    describeLogs(*logs, words.logs);
-    describeSimulator(*simulator, words.simulator);
+    describeCopy(*copy, options.copy);
+    describeDuplicate(*duplicate, options.duplicate);
+    describeErase(*erase, options.disks);
+    describeDisks(*eject, options.disks);
+    describeDevices(*devices, options.devices);
+    describeLogs(*logs, options.logs);
+    describeSimulator(*simulator, options.simulator);
     for (auto *command : {copy, duplicate, erase, eject, devices, logs, simulator})
-        describeCommon(*command, words);
+        describeCommon(*command, options);
     try {
         auto typed = shelteredWords(argc, argv);
         std::reverse(typed.begin(), typed.end()); // the parser takes them from the end
@@ -244,15 +241,15 @@ int runMain(int argc, char **argv)
         std::fputs(shownLiteral(complaint.str()).c_str(), stderr);
         return status == 0 ? AllDone : WrongUsage;
     }
-    takeLiterally(words);
-    words.copy.logFolder = words.duplicate.logFolder = words.disks.logFolder = words.logFolder;
-    words.logs.logFolder = words.logFolder;
-    makeAbsolute(words);
+    takeLiterally(options);
+    options.copy.logFolder = options.duplicate.logFolder = options.disks.logFolder = options.logFolder;
+    options.logs.logFolder = options.logFolder;
+    makeAbsolute(options);
     platform::posix::enterEmptyFolder();
     auto terminal = cli::Terminal::ofProcess();
     if (simulator->parsed())
-        return onSimulator(words, terminal);
-    return onHost(words, terminal, app.get_subcommands().front()->get_name());
+        return onSimulator(options, terminal);
+    return onHost(options, terminal, app.get_subcommands().front()->get_name());
 }
 
 } // namespace

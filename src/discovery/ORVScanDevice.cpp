@@ -66,6 +66,20 @@ void ORVScanDevice::setDetectOption(const std::string &edition)
     Detect_USB_1394_Device = edition == "Orvana";
 }
 
+void ORVScanDevice::scanEverything()
+{
+    resetArray("All");
+    scanTBDevice();
+    scanOtherDevice();
+    scanOtherTBDevice();
+}
+
+void ORVScanDevice::scanEnclosuresAnew()
+{
+    resetArray("TBBay4");
+    scanTBDevice();
+}
+
 void ORVScanDevice::resetArray(const std::string &key)
 {
     const bool all = key == "All";

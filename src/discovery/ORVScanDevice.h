@@ -59,6 +59,10 @@ public:
     void scanOtherDevice();
     void scanOtherTBDevice();
 
+    /// Empties the lists and scans for all of it, or for the enclosures alone.
+    void scanEverything();
+    void scanEnclosuresAnew();
+
     /// Measures the volumes of the enclosures again; other disks keep what they have.
     void reGetDiskVolume() { getMountPoint(); }
 

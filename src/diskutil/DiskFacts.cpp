@@ -15,7 +15,7 @@ namespace
 
 using platform::linux_host::Device;
 using platform::linux_host::Disk;
-using platform::linux_host::Snapshot;
+using platform::linux_host::SystemState;
 
 // Where a running system has its parts. In the first ones everything below counts, too; below the others
 // users mount what is theirs.
@@ -31,30 +31,30 @@ bool isSystemPlace(const std::string &point)
 }
 
 // An image may be a device itself; the kernel then names no holder.
-bool isImage(const Snapshot &snapshot, const Device &piece)
+bool isImage(const SystemState &system, const Device &partition)
 {
-    const auto blocks = snapshot.devices.ofSubsystem("block");
+    const auto blocks = system.devices.ofSubsystem("block");
     return std::any_of(blocks.begin(), blocks.end(), [&](const Device *block) {
-        return block->attribute("loop/backing_file") == "/dev/" + piece.name;
+        return block->attribute("loop/backing_file") == "/dev/" + partition.name;
     });
 }
 
-void addPiece(const Snapshot &snapshot, const Device &piece, DiskFacts &facts)
+void addPartition(const SystemState &system, const Device &partition, DiskFacts &facts)
 {
-    facts.isExamined = facts.isExamined && platform::linux_host::hasUdevLooked(piece);
-    facts.isMember = facts.isMember || platform::linux_host::isMember(piece);
-    facts.isHeld = facts.isHeld || !piece.holders.empty() || isImage(snapshot, piece);
-    facts.isSwappedOn = facts.isSwappedOn || snapshot.swaps.contains(piece.name);
-    facts.holdsSystem = facts.holdsSystem || snapshot.beneathRoot.contains(piece.name);
+    facts.isExamined = facts.isExamined && platform::linux_host::hasUdevLooked(partition);
+    facts.isMember = facts.isMember || platform::linux_host::isMember(partition);
+    facts.isHeld = facts.isHeld || !partition.holders.empty() || isImage(system, partition);
+    facts.isSwappedOn = facts.isSwappedOn || system.swaps.contains(partition.name);
+    facts.holdsSystem = facts.holdsSystem || system.beneathRoot.contains(partition.name);
     const auto before = facts.mounted.size();
-    for (const auto &mount : snapshot.mounts) {
-        if (platform::linux_host::deviceOf(snapshot.devices, mount) != &piece)
+    for (const auto &mount : system.mounts) {
+        if (platform::linux_host::deviceOf(system.devices, mount) != &partition)
             continue;
         facts.holdsSystem = facts.holdsSystem || isSystemPlace(mount.target);
-        facts.mounted.push_back({"/dev/" + piece.name, mount.target});
+        facts.mounted.push_back({"/dev/" + partition.name, mount.target});
     }
     // Mounted by another disk, where it cannot be unmounted for this one.
-    facts.isHeld = facts.isHeld || (facts.mounted.size() == before && snapshot.isPooled(piece));
+    facts.isHeld = facts.isHeld || (facts.mounted.size() == before && system.isPooled(partition));
 }
 
 Outcome<void> refuse(const std::string &node, const char *why)
@@ -82,10 +82,10 @@ bool isSpared(const std::string &node, const DiskFacts &facts, const Expectation
 
 } // namespace
 
-std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &device)
+std::optional<KnownDisk> knownDisk(const SystemState &system, const Device &device)
 {
     // Whether somebody else has the disk is asked elsewhere.
-    const auto disks = disksOf(snapshot, [](const std::string &) { return false; });
+    const auto disks = disksOf(system, [](const std::string &) { return false; });
     const auto disk =
         std::find_if(disks.begin(), disks.end(), [&](const Disk &one) { return one.device == &device; });
     if (disk == disks.end())
@@ -95,7 +95,7 @@ std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &devic
         return known;
     platform::linux_host::DiskNames names;
     names.bind(disks);
-    const auto tree = makeTree(snapshot, disks, names);
+    const auto tree = makeTree(system, disks, names);
     std::vector<platform::RegistryEntryPtr> drivers;
     tree.root->collect({"AppleAHCIDiskDriver", {}}, drivers);
     // The driver's own device stands right above it, named as the kernel names the disk.
@@ -106,21 +106,21 @@ std::optional<KnownDisk> knownDisk(const Snapshot &snapshot, const Device &devic
     return known;
 }
 
-std::optional<DiskFacts> factsOf(const Snapshot &snapshot, const std::string &node, const BayRule &rule)
+std::optional<DiskFacts> factsOf(const SystemState &system, const std::string &node, const BayRule &rule)
 {
     // Only the kernel's own name: a link may lead elsewhere by the time that the service follows it.
     const std::string folder = "/dev/";
     const auto *device =
-        node.starts_with(folder) ? snapshot.devices.blockNamed(node.substr(folder.size())) : nullptr;
+        node.starts_with(folder) ? system.devices.blockNamed(node.substr(folder.size())) : nullptr;
     if (!device)
         return std::nullopt;
     DiskFacts facts;
-    facts.isRootKnown = !snapshot.beneathRoot.empty();
+    facts.isRootKnown = !system.beneathRoot.empty();
     facts.isExamined = true;
-    addPiece(snapshot, *device, facts);
-    for (const auto *partition : snapshot.devices.partitionsOf(*device))
-        addPiece(snapshot, *partition, facts);
-    const auto known = device->type == "disk" ? rule(snapshot, *device) : std::nullopt;
+    addPartition(system, *device, facts);
+    for (const auto *partition : system.devices.partitionsOf(*device))
+        addPartition(system, *partition, facts);
+    const auto known = device->type == "disk" ? rule(system, *device) : std::nullopt;
     facts.isWholeDisk = known.has_value();
     if (known) {
         facts.identity = known->identity;

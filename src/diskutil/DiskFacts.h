@@ -42,16 +42,16 @@ struct KnownDisk
     bool isInBay = false;
     std::optional<std::string> wwn = std::nullopt;
 };
-using BayRule = std::function<std::optional<KnownDisk>(const platform::linux_host::Snapshot &,
+using BayRule = std::function<std::optional<KnownDisk>(const platform::linux_host::SystemState &,
                                                        const platform::linux_host::Device &)>;
 
 /// The rule of the installed program: physical disks, and the bays of the four-bay enclosures.
-std::optional<KnownDisk> knownDisk(const platform::linux_host::Snapshot &snapshot,
+std::optional<KnownDisk> knownDisk(const platform::linux_host::SystemState &system,
                                    const platform::linux_host::Device &device);
 
 /// The facts of the block device at `node`, by the kernel's own name ("/dev/sdb"); nothing when there is
 /// none.
-std::optional<DiskFacts> factsOf(const platform::linux_host::Snapshot &snapshot, const std::string &node,
+std::optional<DiskFacts> factsOf(const platform::linux_host::SystemState &system, const std::string &node,
                                  const BayRule &rule);
 
 /// Refuses a disk that is not exactly the expected one, or of which anything is missing on either side, and a

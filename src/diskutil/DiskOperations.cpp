@@ -22,11 +22,11 @@ Outcome<DiskFacts> lookAndCheck(const Request &request, const Surroundings &with
     return *facts;
 }
 
-Trouble busy(const MountedPiece &piece, const Trouble &cause, const Surroundings &with)
+Trouble busy(const MountedPiece &partition, const Trouble &cause, const Surroundings &with)
 {
-    std::string reason = displayPath(piece.point) + " cannot be unmounted: " + cause.reason;
+    std::string reason = displayPath(partition.point) + " cannot be unmounted: " + cause.reason;
     const char *before = "; in use by ";
-    for (const auto &user : with.usersOf(piece.point)) {
+    for (const auto &user : with.usersOf(partition.point)) {
         reason.append(before).append(user);
         before = ", ";
     }
@@ -38,13 +38,13 @@ Outcome<DiskFacts> unmountAll(const Request &request, const Surroundings &with, 
 {
     auto facts = lookAndCheck(request, with, check);
     while (facts && !facts->mounted.empty()) {
-        const auto piece = facts->mounted.back();
-        if (const auto done = with.service.unmount(piece.node); !done)
-            return tl::unexpected(busy(piece, done.error(), with));
+        const auto partition = facts->mounted.back();
+        if (const auto done = with.service.unmount(partition.node); !done)
+            return tl::unexpected(busy(partition, done.error(), with));
         const auto count = facts->mounted.size();
         facts = lookAndCheck(request, with, check);
         if (facts && facts->mounted.size() >= count)
-            return trouble(Refused, displayPath(piece.point) + " does not stay unmounted");
+            return trouble(Refused, displayPath(partition.point) + " does not stay unmounted");
     }
     return facts;
 }
@@ -54,10 +54,10 @@ using Change = std::function<Outcome<std::string>()>;
 // Changes the disk at once after the look. A right that is missing is asked for, and then all is looked at
 // anew, for who is asked may take their time.
 Outcome<std::string> lookAndChange(const Request &request, const Surroundings &with,
-                                   const std::function<Outcome<void>()> &look, const Change &change)
+                                   const std::function<Outcome<void>()> &snapshot, const Change &change)
 {
     const auto attempt = [&]() -> Outcome<std::string> {
-        const auto good = look();
+        const auto good = snapshot();
         return good ? change() : tl::unexpected(good.error());
     };
     auto changed = attempt();
@@ -90,12 +90,12 @@ Outcome<void> lookThatItIsFree(const Request &request, const Surroundings &with)
 // nothing.
 Outcome<void> makeTable(const Request &request, const Surroundings &with)
 {
-    const auto look = [&]() -> Outcome<void> {
+    const auto snapshot = [&]() -> Outcome<void> {
         if (auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
             return alone;
         return lookThatItIsFree(request, with);
     };
-    const auto made = lookAndChange(request, with, look, [&] {
+    const auto made = lookAndChange(request, with, snapshot, [&] {
         return with.service.makeTable(request.node).map([&] { return request.node; });
     });
     if (made)
@@ -158,8 +158,8 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
     if (!facts)
         return tl::unexpected(facts.error());
     std::string lost;
-    for (const auto &piece : facts->mounted) {
-        if (const auto written = with.writeOut(piece.point); !written)
+    for (const auto &partition : facts->mounted) {
+        if (const auto written = with.writeOut(partition.point); !written)
             lost = written.error().reason;
     }
     if (const auto unmounted = unmountAll(request, with, checkEjectable); !unmounted)

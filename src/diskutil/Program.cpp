@@ -56,7 +56,7 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule,
                              const platform::linux_host::SystemFiles &files)
 {
     const auto lookAt = [&](const std::string &node) {
-        return factsOf(platform::linux_host::readSnapshot(files), node, rule);
+        return factsOf(platform::linux_host::readSystemState(files), node, rule);
     };
     if (request.verb == Verb::IsInBay)
         return isInBay(request.node, lookAt(request.node));

@@ -31,10 +31,10 @@ Outcome<VolumeFormat> formatOf(const std::string &word, const std::optional<std:
 
 Outcome<void> checkName(const VolumeFormat &format, const std::string &name)
 {
-    const auto guard = nameGuardOf(name, format.rules);
-    if (!guard)
+    const auto reason = refusalOfName(name, format.rules);
+    if (!reason)
         return {};
-    return trouble(Refused, "\"" + displayPath(name) + "\": " + reasonText(*guard, format.rules));
+    return trouble(Refused, "\"" + displayPath(name) + "\": " + reasonText(*reason, format.rules));
 }
 
 } // namespace orvana::diskutil

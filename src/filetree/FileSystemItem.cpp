@@ -1,6 +1,7 @@
 #include "filetree/FileSystemItem.h"
 
 #include "filetree/ReservedPaths.h"
+#include "foundation/TreeRoot.h"
 #include "platform/Host.h"
 
 #include <utility>
@@ -18,8 +19,7 @@ struct FileSystemItem::ClassState
 {
     platform::VolumeFiles *files = nullptr;
     std::optional<ReservedPaths> reserved;
-    PathObject rootPath = std::make_shared<const std::string>();
-    std::shared_ptr<FileSystemItem> root;
+    TreeRoot<FileSystemItem> root;
 };
 
 namespace
@@ -48,25 +48,17 @@ void FileSystemItem::useHost(platform::Host &host)
 
 const PathObject &FileSystemItem::repoRoot()
 {
-    return classState().rootPath;
+    return classState().root.path();
 }
 
 void FileSystemItem::setrepoRootPath(PathObject path)
 {
-    if (!path)
-        path = std::make_shared<const std::string>();
-    if (path == classState().rootPath)
-        return;
-    classState().rootPath = std::move(path);
-    classState().root.reset();
+    classState().root.setPath(std::move(path));
 }
 
 std::shared_ptr<FileSystemItem> FileSystemItem::rootItem()
 {
-    auto &state = classState();
-    if (!state.root)
-        state.root = std::make_shared<FileSystemItem>(*state.rootPath);
-    return state.root;
+    return classState().root.item();
 }
 
 FileSystemItem::FileSystemItem(std::string path, FileSystemItem *parent)

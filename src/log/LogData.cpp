@@ -1,4 +1,5 @@
 #include "log/LogData.h"
+#include "platform/posix/TransferAll.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -72,16 +73,10 @@ bool LogData::append(const std::string &record) const
     const int file = openLog(m_logFilePath);
     if (file < 0)
         return false;
-    std::size_t done = 0;
-    while (done < record.size()) {
-        const auto count = ::write(file, record.data() + done, record.size() - done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            break;
-        done += static_cast<std::size_t>(count);
-    }
-    return ::close(file) == 0 && done == record.size();
+    const auto done = platform::posix::transferAll(record.size(), [&](std::size_t moved) {
+        return ::write(file, record.data() + moved, record.size() - moved);
+    });
+    return ::close(file) == 0 && done && *done == record.size();
 }
 
 std::string LogData::logFile() const

@@ -1,4 +1,5 @@
 #include "log/LogFile.h"
+#include "platform/posix/TransferAll.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -46,19 +47,12 @@ LogFile::~LogFile()
 Expected<std::string> LogFile::read(std::uint64_t offset, std::size_t length) const
 {
     std::string bytes(length, '\0');
-    std::size_t done = 0;
-    while (done < length) {
-        const auto count =
-            ::pread(m_number, bytes.data() + done, length - done, static_cast<off_t>(offset + done));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return failure(errno);
-        if (count == 0)
-            break;
-        done += static_cast<std::size_t>(count);
-    }
-    bytes.resize(done);
+    const auto done = platform::posix::transferAll(length, [&](std::size_t moved) {
+        return ::pread(m_number, bytes.data() + moved, length - moved, static_cast<off_t>(offset + moved));
+    });
+    if (!done)
+        return tl::unexpected(done.error());
+    bytes.resize(*done);
     return bytes;
 }
 

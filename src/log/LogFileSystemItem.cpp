@@ -1,5 +1,7 @@
 #include "log/LogFileSystemItem.h"
 
+#include "foundation/Paths.h"
+#include "foundation/TreeRoot.h"
 #include "log/LogFolder.h"
 
 #include <filesystem>
@@ -9,14 +11,14 @@ namespace fs = std::filesystem;
 namespace orvana
 {
 
-struct LogFileSystemItem::ClassState
-{
-    PathObject rootPath = std::make_shared<const std::string>();
-    std::shared_ptr<LogFileSystemItem> root;
-};
-
 namespace
 {
+
+TreeRoot<LogFileSystemItem> &treeRoot()
+{
+    static TreeRoot<LogFileSystemItem> root;
+    return root;
+}
 
 std::shared_ptr<LogFileSystemItem::Children> theLeafMarker()
 {
@@ -24,43 +26,21 @@ std::shared_ptr<LogFileSystemItem::Children> theLeafMarker()
     return marker;
 }
 
-std::string lastComponent(std::string path)
-{
-    while (path.size() > 1 && path.ends_with('/'))
-        path.pop_back();
-    const auto slash = path.rfind('/');
-    return slash == std::string::npos || path.size() == 1 ? path : path.substr(slash + 1);
-}
-
 } // namespace
-
-LogFileSystemItem::ClassState &LogFileSystemItem::classState()
-{
-    static ClassState state;
-    return state;
-}
 
 const PathObject &LogFileSystemItem::repoRoot()
 {
-    return classState().rootPath;
+    return treeRoot().path();
 }
 
 void LogFileSystemItem::setrepoRootPath(PathObject path)
 {
-    if (!path)
-        path = std::make_shared<const std::string>();
-    if (path == classState().rootPath)
-        return;
-    classState().rootPath = std::move(path);
-    classState().root.reset();
+    treeRoot().setPath(std::move(path));
 }
 
 std::shared_ptr<LogFileSystemItem> LogFileSystemItem::rootItem()
 {
-    auto &state = classState();
-    if (!state.root)
-        state.root = std::make_shared<LogFileSystemItem>(*state.rootPath);
-    return state.root;
+    return treeRoot().item();
 }
 
 LogFileSystemItem::LogFileSystemItem(const std::string &path, LogFileSystemItem *parent)

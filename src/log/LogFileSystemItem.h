@@ -57,9 +57,6 @@ public:
     LogFileSystemItem *childAtIndex(std::size_t n) { return children().at(n).get(); }
 
 private:
-    struct ClassState;
-    static ClassState &classState();
-
     bool isFolder() const;
     void build();
 

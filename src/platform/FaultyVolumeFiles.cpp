@@ -182,9 +182,9 @@ public:
         return m_real.makeFolder(path, like);
     }
 
-    Expected<void> protectFolder(std::string_view path, const Attributes &like) const override
+    Expected<void> finishFolder(std::string_view path, const Attributes &like) const override
     {
-        return m_real.protectFolder(path, like);
+        return m_real.finishFolder(path, like);
     }
 
     Expected<void> syncVolume() override

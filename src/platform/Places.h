@@ -15,10 +15,6 @@ class Places
 public:
     virtual ~Places() = default;
 
-    /// The mount point of the one volume whose last path component is `name` ("/Volumes/<name>"); nothing
-    /// when there is no such volume or more than one.
-    virtual std::optional<std::string> volumePath(const std::string &name) const = 0;
-
     /// The home folder of the user `login` ("/Users/<login>"); nothing when there is no such user.
     virtual std::optional<std::string> userPath(const std::string &login) const = 0;
 

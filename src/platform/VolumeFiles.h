@@ -151,12 +151,12 @@ public:
     virtual Expected<std::unique_ptr<File>> createFile(std::string_view path,
                                                        const Attributes &like) const = 0;
 
-    /// Creates one folder with the attributes of `like`, open to its owner until `protectFolder`, and with
+    /// Creates one folder with the attributes of `like`, open to its owner until `finishFolder`, and with
     /// search permission wherever `like` has read permission.
     virtual Expected<void> makeFolder(std::string_view path, const Attributes &like) const = 0;
 
     /// Takes the owner's extra rights away again that `makeFolder` gave.
-    virtual Expected<void> protectFolder(std::string_view path, const Attributes &like) const = 0;
+    virtual Expected<void> finishFolder(std::string_view path, const Attributes &like) const = 0;
 
     /// Waits until all of the folder's file system is on the disk. An error that came up since the folder
     /// was opened is told once.

@@ -85,7 +85,6 @@ TYPED_TEST_P(HostContract, AccountHasANameAndAHomeThatIsThere)
 
 TYPED_TEST_P(HostContract, PlacesOfNobodyAreNowhere)
 {
-    EXPECT_EQ(this->host().places().volumePath("no such volume here"), std::nullopt);
     EXPECT_EQ(this->host().places().userPath("no such user here"), std::nullopt);
 }
 

@@ -51,10 +51,7 @@ struct SimulatedBay
     }
 
     void spare() const { host->launcher().setSparedDisks({marks}); }
-    void takeInUse()
-    {
-        lock = host->volumeFiles().lockFolder(*host->places().volumePath("OLD"), Sharing::Shared).value();
-    }
+    void takeInUse() { lock = host->volumeFiles().lockFolder(volumes + "/OLD", Sharing::Shared).value(); }
 
     std::vector<std::string> mountedVolumes() const { return test::namesIn(volumes); }
     std::vector<std::string> filesOn(const std::string &volume) const

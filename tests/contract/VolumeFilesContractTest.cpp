@@ -192,7 +192,7 @@ TYPED_TEST(VolumeFilesContract, NewFolderIsOpenToItsOwnerUntilItIsProtected)
     const Attributes like{.permissions = 0444};
     ASSERT_TRUE(volume->makeFolder("folder", like));
     EXPECT_EQ(volume->attributes("folder", Links::Follow, Want::Basics)->permissions, 0755U);
-    EXPECT_TRUE(volume->protectFolder("folder", like));
+    EXPECT_TRUE(volume->finishFolder("folder", like));
     EXPECT_EQ(volume->attributes("folder", Links::Follow, Want::Basics)->permissions, 0555U);
 }
 

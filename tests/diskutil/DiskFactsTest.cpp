@@ -30,7 +30,7 @@ protected:
         platform::linux_host::SystemFiles files;
         files.mounts = m_machine.mountFile();
         files.swaps = m_machine.swapFile();
-        return diskutil::factsOf(platform::linux_host::readSnapshot(files), node, diskutil::knownDisk)
+        return diskutil::factsOf(platform::linux_host::readSystemState(files), node, diskutil::knownDisk)
             .value();
     }
 
@@ -54,8 +54,8 @@ TEST_F(DiskFactsOf, LauncherHandsOverJustTheseFacts)
     addBayDisk();
     const auto found = facts();
     platform::linux_host::LinuxMachine machine({m_machine.mountFile(), m_machine.swapFile(), "/none"});
-    const auto look = machine.look();
-    for (const auto &disk : look->disks) {
+    const auto snapshot = machine.snapshot();
+    for (const auto &disk : snapshot->disks) {
         if (disk.device->name == "sdb") {
             EXPECT_EQ(identityOf(disk), found.identity);
         }
@@ -72,10 +72,10 @@ TEST_F(DiskFactsOf, LinkToADiskIsNone)
 {
     m_machine.addSataDisk(m_machine.controllerOf(m_upper, 0), 0,
                           {.node = "sdb", .properties = {"DEVLINKS=/dev/disk/by-id/ata-SN1"}});
-    const auto snapshot =
-        platform::linux_host::readSnapshot({m_machine.mountFile(), m_machine.swapFile(), ""});
-    EXPECT_TRUE(diskutil::factsOf(snapshot, "/dev/sdb", diskutil::knownDisk));
-    EXPECT_FALSE(diskutil::factsOf(snapshot, "/dev/disk/by-id/ata-SN1", diskutil::knownDisk));
+    const auto system =
+        platform::linux_host::readSystemState({m_machine.mountFile(), m_machine.swapFile(), ""});
+    EXPECT_TRUE(diskutil::factsOf(system, "/dev/sdb", diskutil::knownDisk));
+    EXPECT_FALSE(diskutil::factsOf(system, "/dev/disk/by-id/ata-SN1", diskutil::knownDisk));
 }
 
 TEST_F(DiskFactsOf, InternalDiskIsInNoBayAndHoldsTheSystem)

@@ -11,7 +11,7 @@ using namespace orvana;
 namespace
 {
 
-std::optional<diskutil::KnownDisk> imageDisk(const platform::linux_host::Snapshot &,
+std::optional<diskutil::KnownDisk> imageDisk(const platform::linux_host::SystemState &,
                                              const platform::linux_host::Device &device)
 {
     const auto image = device.attribute("loop/backing_file");

@@ -47,7 +47,6 @@ public:
 
     std::string loginName() const override { return "tester"; }
     std::string homeFolder() const override { return m_home; }
-    std::optional<std::string> volumePath(const std::string &) const override { return std::nullopt; }
     std::optional<std::string> userPath(const std::string &login) const override
     {
         return login == "tester" ? std::optional(m_home) : std::nullopt;

@@ -65,45 +65,45 @@ EraseFormat eraseFormat()
     return eraseFormatOf(eraseFormatSetting().value_or(std::string()));
 }
 
-std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format)
+std::optional<NameRefusalReason> refusalOfName(const std::string &name, EraseFormat format)
 {
     if (name.empty())
-        return NameGuard::Empty;
+        return NameRefusalReason::Empty;
     if (name.find('/') != std::string::npos || name.find('\0') != std::string::npos)
-        return NameGuard::Separator;
+        return NameRefusalReason::Separator;
     if (name == "." || name == ".." || name == NoVolume || name == UnformattedDisk)
-        return NameGuard::Reserved;
+        return NameRefusalReason::Reserved;
     if (!isUtf8(name) || displayPath(name) != name)
-        return NameGuard::NotText;
+        return NameRefusalReason::NotText;
     if (lengthIn(format, name) > limitOf(format).length)
-        return NameGuard::TooLong;
+        return NameRefusalReason::TooLong;
     if (name.front() == ' ' || name.back() == ' ' || name.find("  ") != std::string::npos)
-        return NameGuard::LostBlanks;
+        return NameRefusalReason::LostBlanks;
     // The maker of this file system takes none.
     if (format == EraseFormat::Xfs && name.find(' ') != std::string::npos)
-        return NameGuard::Blanks;
+        return NameRefusalReason::Blanks;
     return std::nullopt;
 }
 
-std::string reasonText(NameGuard guard, EraseFormat format)
+std::string reasonText(NameRefusalReason reason, EraseFormat format)
 {
     const auto limit = limitOf(format);
-    switch (guard) {
-    case NameGuard::Empty:
+    switch (reason) {
+    case NameRefusalReason::Empty:
         return "a disk needs a name";
-    case NameGuard::Reserved:
+    case NameRefusalReason::Reserved:
         return "this cannot be the name of a disk";
-    case NameGuard::Separator:
+    case NameRefusalReason::Separator:
         return "a name cannot hold \"/\"";
-    case NameGuard::NotText:
+    case NameRefusalReason::NotText:
         return "a name is text on one line";
-    case NameGuard::OfSource:
+    case NameRefusalReason::OfSource:
         return "this is the name of the source";
-    case NameGuard::LostBlanks:
+    case NameRefusalReason::LostBlanks:
         return "a name cannot begin or end with a blank, nor hold two in a row";
-    case NameGuard::Blanks:
+    case NameRefusalReason::Blanks:
         return std::string("a name on ") + limit.name + " cannot hold blanks";
-    case NameGuard::TooLong:
+    case NameRefusalReason::TooLong:
         return "longer than " + std::to_string(limit.length) + " " + limit.unit + ", which is the limit of " +
                limit.name;
     }

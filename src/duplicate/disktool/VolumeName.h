@@ -24,7 +24,7 @@ inline constexpr const char *NoVolume = "None";
 inline constexpr const char *UnformattedDisk = "Unformatted";
 
 /// Why a disk may not be given a name.
-enum class NameGuard {
+enum class NameRefusalReason {
     Empty,
     Reserved,   ///< ".", "..", "None" or "Unformatted"
     Separator,  ///< holds "/" or NUL
@@ -36,9 +36,9 @@ enum class NameGuard {
 };
 
 /// Why an erase may not give the name; nothing when it may. Window, terminal and disk utility all ask here.
-std::optional<NameGuard> nameGuardOf(const std::string &name, EraseFormat format);
+std::optional<NameRefusalReason> refusalOfName(const std::string &name, EraseFormat format);
 
 /// "longer than 16 bytes, which is the limit of ext4"
-std::string reasonText(NameGuard guard, EraseFormat format);
+std::string reasonText(NameRefusalReason reason, EraseFormat format);
 
 } // namespace orvana

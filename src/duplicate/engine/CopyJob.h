@@ -8,8 +8,13 @@
 namespace orvana
 {
 
-/// Copy and comparison work in blocks of this many bytes.
+/// Copy and comparison work in blocks of this many bytes. The size is part of the product: messages and
+/// counts follow it. Only tests build with another one, to see that nothing else depends on it.
+#ifdef PLURIMO_BLOCK_SIZE
+inline constexpr std::size_t BlockSize = PLURIMO_BLOCK_SIZE;
+#else
 inline constexpr std::size_t BlockSize = 1'048'576;
+#endif
 
 /// By what a folder is told from any other.
 struct FolderIdentity

@@ -181,35 +181,40 @@ Expected<Destination::Made> Destination::createParent(const std::string &path, c
     return Made::New;
 }
 
-void Destination::protectFolder(const std::string &path, const Attributes &like)
+void Destination::finishFolder(const std::string &path, const Attributes &like)
 {
     if (const auto place = beneath(path); place && !place->empty())
-        (void)m_volume->protectFolder(*place, like);
+        (void)m_volume->finishFolder(*place, like);
+}
+
+Expected<Destination::Entry> Destination::entryOf(std::string_view path)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto holder = holderOf(*place);
+    if (!holder)
+        return tl::unexpected(holder.error());
+    return Entry{*place, *holder, split(*place).name};
 }
 
 Expected<std::unique_ptr<File>> Destination::createFile(const std::string &path, const Attributes &like)
 {
-    const auto place = beneath(path);
-    if (!place)
-        return tl::unexpected(place.error());
-    const auto holder = holderOf(*place);
-    if (!holder)
-        return tl::unexpected(holder.error());
-    return (*holder)->createFile(split(*place).name, like);
+    const auto entry = entryOf(path);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    return entry->holder->createFile(entry->name, like);
 }
 
 Expected<std::unique_ptr<File>> Destination::openFile(const std::string &path, Access access)
 {
-    const auto place = beneath(path);
-    if (!place)
-        return tl::unexpected(place.error());
-    const auto holder = holderOf(*place);
-    if (!holder)
-        return tl::unexpected(holder.error());
-    auto opened = (*holder)->openFile(split(*place).name, access);
+    const auto entry = entryOf(path);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    auto opened = entry->holder->openFile(entry->name, access);
     // Seen from the folder a link may lead out that seen from the volume does not.
     if (!opened && opened.error().problem == FileProblem::LeadsOutOfVolume)
-        return m_volume->openFile(*place, access);
+        return m_volume->openFile(entry->place, access);
     return opened;
 }
 
@@ -231,17 +236,17 @@ Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &pat
     return isSame ? std::move(file) : tl::unexpected(platform::fileError(ESTALE));
 }
 
-void Destination::protectFolders()
+void Destination::finishFolders()
 {
     // From the innermost out, as each may stand in the way of the next.
     for (auto folder = m_openToOwner.rbegin(); m_volume && folder != m_openToOwner.rend(); ++folder)
-        (void)m_volume->protectFolder(folder->first, folder->second);
+        (void)m_volume->finishFolder(folder->first, folder->second);
     m_openToOwner.clear();
 }
 
 void Destination::close()
 {
-    protectFolders();
+    finishFolders();
     m_holder.reset();
     if (m_volume)
         m_openError = platform::fileError(EBADF);

@@ -57,7 +57,7 @@ public:
     };
 
     /// Makes a folder and the missing ones above it, all like `like`. Whatever has the name already stays; if
-    /// it is no folder, that is the error. `protectFolder` gives new and left-open folders their final
+    /// it is no folder, that is the error. `finishFolder` gives new and left-open folders their final
     /// permissions.
     platform::Expected<Made> createFolder(const std::string &path, const platform::Attributes &like);
 
@@ -66,10 +66,10 @@ public:
 
     /// Ends the time in which the folder made by `createFolder` is open to its owner, whatever its
     /// permissions say.
-    void protectFolder(const std::string &path, const platform::Attributes &like);
+    void finishFolder(const std::string &path, const platform::Attributes &like);
 
     /// The same for all folders that were made above another.
-    void protectFolders();
+    void finishFolders();
 
     platform::Expected<std::unique_ptr<platform::File>> createFile(const std::string &path,
                                                                    const platform::Attributes &like);
@@ -94,6 +94,16 @@ private:
     platform::Expected<std::string_view> beneath(std::string_view path) const;
     void checkHolder();
     platform::Expected<platform::Folder *> holderOf(std::string_view beneathPath);
+
+    /// A file or folder of the volume: its place below the top, the open folder that holds it, its name
+    /// there.
+    struct Entry
+    {
+        std::string_view place;
+        platform::Folder *holder;
+        std::string_view name;
+    };
+    platform::Expected<Entry> entryOf(std::string_view path);
     platform::Expected<void> makeFolder(std::string_view beneathPath, const platform::Attributes &like);
     platform::Expected<void> makeFolderWithParents(std::string_view beneathPath,
                                                    const platform::Attributes &like);

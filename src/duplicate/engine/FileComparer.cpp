@@ -161,14 +161,14 @@ Expected<std::size_t> FileComparer::compareAndReadAhead(File &from, std::span<co
             compareBlock(target.comparison, block, offset);
         return from.read(m_run.block(spare), next);
     }
-    const Lanes::Work work = [&](std::size_t index) {
+    const Workers::Work work = [&](std::size_t index) {
         compareBlock(m_run.target(index).comparison, block, offset);
     };
     if (block.size() == BlockSize)
         from.willRead(next, BlockSize);
     Expected<std::size_t> ahead;
-    m_run.lanes().doBeside(work, m_run.targets().size(), m_run.targets().size(),
-                           [&] { ahead = from.read(m_run.block(spare), next); });
+    m_run.workers().doBeside(work, m_run.targets().size(), m_run.targets().size(),
+                             [&] { ahead = from.read(m_run.block(spare), next); });
     return ahead;
 }
 

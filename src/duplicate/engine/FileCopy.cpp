@@ -310,7 +310,7 @@ void FileCopy::createFileFolder(const std::string &path, const platform::Attribu
             continue;
         const auto made = destination.createFolder(path, attributes);
         if (made && *made == Destination::Made::New)
-            destination.protectFolder(path, attributes);
+            destination.finishFolder(path, attributes);
         if (made || made.error().problem == platform::FileProblem::NotAFolder)
             return;
     }

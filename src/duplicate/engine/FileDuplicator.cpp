@@ -138,7 +138,7 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)
 {
-    const Lanes::Work work = [&](std::size_t index) {
+    const Workers::Work work = [&](std::size_t index) {
         auto &target = m_run.target(index);
         target.output = {};
         if (index >= copies.size() || !copies[index])
@@ -150,7 +150,7 @@ void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like,
             writeTo(target, *wholeFile, 0);
         closeOutput(target);
     };
-    m_run.lanes().share(work, m_run.targets().size(), m_run.helpers());
+    m_run.workers().share(work, m_run.targets().size(), m_run.helpers());
 }
 
 void FileDuplicator::openOutput(Target &target, const std::string &copy, const Attributes &like)
@@ -203,10 +203,10 @@ void FileDuplicator::openExisting(Target &target, const std::string &copy)
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,
                                                         int spare)
 {
-    const Lanes::Work work = [&](std::size_t index) { writeTo(m_run.target(index), block, offset); };
+    const Workers::Work work = [&](std::size_t index) { writeTo(m_run.target(index), block, offset); };
     Expected<std::size_t> ahead;
-    m_run.lanes().doBeside(work, m_run.targets().size(), m_run.targets().size(),
-                           [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
+    m_run.workers().doBeside(work, m_run.targets().size(), m_run.targets().size(),
+                             [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
     return ahead;
 }
 

@@ -51,11 +51,11 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
     }
 }
 
-Lanes &RunContext::lanes()
+Workers &RunContext::workers()
 {
-    if (!m_lanes)
-        m_lanes = std::make_unique<Lanes>(m_targets.size());
-    return *m_lanes;
+    if (!m_workers)
+        m_workers = std::make_unique<Workers>(m_targets.size());
+    return *m_workers;
 }
 
 std::span<std::byte> RunContext::block(int which)
@@ -159,7 +159,7 @@ void RunContext::finishDestinations()
     const auto copied = std::chrono::steady_clock::now();
     report().syncStarts();
     for (auto &target : m_targets)
-        target.destination.protectFolders();
+        target.destination.finishFolders();
     for (auto &target : m_targets) {
         if (target.pump)
             target.pump->startFinalSync();

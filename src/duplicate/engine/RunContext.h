@@ -1,9 +1,9 @@
 #pragma once
 
 #include "duplicate/engine/CopyJob.h"
-#include "duplicate/engine/Lanes.h"
 #include "duplicate/engine/SourceFiles.h"
 #include "duplicate/engine/Target.h"
+#include "duplicate/engine/Workers.h"
 #include "duplicate/report/RunReport.h"
 #include "foundation/NotificationCenter.h"
 
@@ -64,10 +64,10 @@ public:
         }
     }
 
-    /// One lane for each destination, made at the first call.
-    Lanes &lanes();
+    /// One worker for each destination, made at the first call.
+    Workers &workers();
 
-    /// Lanes that pay for work which seldom waits for a disk: no more than there are processors beside the
+    /// Workers that pay for work which seldom waits for a disk: no more than there are processors beside the
     /// copy thread's.
     std::size_t helpers() const { return m_helpers; }
 
@@ -119,7 +119,7 @@ private:
     std::int64_t m_indexOfBackup = 0;
     std::deque<Target> m_targets; // which stay where they are
     std::optional<platform::Attributes> m_sourceInHand;
-    std::unique_ptr<Lanes> m_lanes;
+    std::unique_ptr<Workers> m_workers;
     std::size_t m_helpers = 0;
     std::unique_ptr<std::byte[]> m_blocks[2];
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();

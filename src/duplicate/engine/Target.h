@@ -44,7 +44,7 @@ struct ComparedCopy
 
 /// One destination of a run: its folder, what was counted on it, and the state of the file in hand there.
 ///
-/// Used by the copy thread, and by a lane that does the work for this destination.
+/// Used by the copy thread, and by a worker that does the work for this destination.
 struct Target
 {
     /// Opens the folder at `root`. `tallyOfReport` must outlive the target.

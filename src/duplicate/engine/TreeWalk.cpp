@@ -108,7 +108,7 @@ public:
     void leave()
     {
         const auto &level = m_levels.back();
-        m_walk.protectFolders(m_copies, level.made, level.like);
+        m_walk.finishFolders(m_copies, level.made, level.like);
         // The first folder's path was not appended to anything.
         if (m_levels.size() > 1)
             cut(level.nameLength);
@@ -181,16 +181,17 @@ OutArray TreeWalk::copiesOf(const std::string &item) const
 
 void TreeWalk::copySelected(const std::string &item)
 {
-    const auto attributes =
-        m_run.sources().attributes(item, Links::DoNotFollow, Want::HiddenExtension).value_or(Attributes());
+    const auto read = m_run.sources().attributes(item, Links::DoNotFollow, Want::HiddenExtension);
+    const auto attributes = read.value_or(Attributes());
     const auto copies = copiesOf(item);
     const bool isLink = attributes.type == FileType::SymbolicLink;
     if (isLink && liesInDestination(item)) {
         m_run.report().leftOut(item, LeadsIntoDestination);
         return;
     }
-    if (const auto target = followed(item); !target || target->type != FileType::Folder) {
-        copyItem(item, copies);
+    const auto target = isLink ? followed(item) : read ? std::optional(*read) : std::nullopt;
+    if (!target || target->type != FileType::Folder) {
+        m_duplicator.copy(item, copies, attributes);
         return;
     }
     const bool isRoot = item == m_run.job().SrcDiskPath;
@@ -201,7 +202,7 @@ void TreeWalk::copySelected(const std::string &item)
         const OutArray &copies;
         const std::vector<bool> &made;
         const Attributes &like;
-        ~Protect() { walk.protectFolders(copies, made, like); }
+        ~Protect() { walk.finishFolders(copies, made, like); }
     } const protect{*this, copies, made, attributes};
     copyListedEntries(item, copies);
 }
@@ -306,11 +307,11 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
     return made;
 }
 
-void TreeWalk::protectFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)
+void TreeWalk::finishFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)
 {
     m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
         if (target.index < made.size() && made[target.index])
-            target.destination.protectFolder(copy, like);
+            target.destination.finishFolder(copy, like);
     });
 }
 

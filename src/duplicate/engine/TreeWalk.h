@@ -45,8 +45,8 @@ private:
     platform::NameList listOf(const std::string &folder, const OutArray &copies);
     std::vector<bool> makeFolders(const std::string &source, const OutArray &copies,
                                   const platform::Attributes &like);
-    void protectFolders(const OutArray &copies, const std::vector<bool> &made,
-                        const platform::Attributes &like);
+    void finishFolders(const OutArray &copies, const std::vector<bool> &made,
+                       const platform::Attributes &like);
     std::optional<platform::Attributes> followed(const std::string &path) const;
     bool isDestination(const platform::Attributes &folder);
     bool liesInDestination(const std::string &path);

@@ -14,7 +14,7 @@ namespace orvana
 {
 
 /// Keeps written data moving to one volume's disk while the copy goes on, on a thread of its own, and syncs
-/// the volume at the end. Its functions are called by the copy thread or a lane, one at a time.
+/// the volume at the end. Its functions are called by the copy thread or a worker, one at a time.
 ///
 /// Many small files travel better together: their bytes are only counted, and the volume is synced whenever
 /// enough has gathered. A large file goes range by range; what is on the disk is dropped from memory, so

@@ -70,11 +70,14 @@ struct RunChoice
     std::vector<DiskFingerprint> sourceDisks; ///< all disks that the run reads from; none of them is touched
     bool slotAisSource = true;
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
-    PerBay<bool> isOverSize;   ///< the selection does not fit into the bay
+    PerBay<bool> isOverSize;   ///< the bay is shown as too small for the selection
     PerBay<bool> isNotErased;  ///< the run was to erase the bay's disk first, and did not
     /// The disks whose rows the bays showed; a disk that is another one by the time of the run is passed
     /// over. Without it that is not compared.
     std::optional<ShownDisks> shown;
+    /// The bytes of the selection as counted, which the plan fits into the bays itself. Without them, and
+    /// once a run has erased, a bay is too small only when it is shown so.
+    std::optional<std::uint64_t> selectedBytes;
     bool erase = false;
     bool verify = false;
 

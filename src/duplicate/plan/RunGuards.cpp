@@ -2,6 +2,7 @@
 
 #include "duplicate/plan/SourceDisks.h"
 #include "foundation/DisplayPath.h"
+#include "foundation/Paths.h"
 
 #include <algorithm>
 
@@ -10,13 +11,6 @@ namespace orvana
 
 namespace
 {
-
-bool isAtOrBelow(const std::string &path, const std::string &folder)
-{
-    if (folder.empty() || path.empty())
-        return false;
-    return path == folder || path.starts_with(folder + "/");
-}
 
 bool isSameDisk(const ORVHddInfo &a, const ORVHddInfo &b)
 {
@@ -123,8 +117,8 @@ ChosenEnclosure whereItIsNow(const ScannedDevices &devices, ChosenEnclosure chos
     return chosen;
 }
 
-std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure,
-                                             const ScannedDevices &devices)
+std::optional<EnclosureRefusal> refusalOfStart(const ORVThunderboltInfo &enclosure,
+                                               const ScannedDevices &devices)
 {
     const auto &disks = enclosure.hddArray();
     if (std::any_of(disks.begin(), disks.end(),
@@ -135,36 +129,36 @@ std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure
     return std::nullopt;
 }
 
-std::string reasonText(DiskGuard guard)
+std::string reasonText(RefusalReason reason)
 {
-    switch (guard) {
-    case DiskGuard::CarriesSource:
+    switch (reason) {
+    case RefusalReason::CarriesSource:
         return "it carries the source";
-    case DiskGuard::MayBeSource:
+    case RefusalReason::MayBeSource:
         return "it cannot be told from a disk of the source";
-    case DiskGuard::StartupDisk:
+    case RefusalReason::StartupDisk:
         return "it is the start-up disk";
-    case DiskGuard::RaidSet:
+    case RefusalReason::RaidSet:
         return "it belongs to a RAID set";
-    case DiskGuard::NoDevice:
+    case RefusalReason::NoDevice:
         return "it has no device node";
-    case DiskGuard::NotCertain:
+    case RefusalReason::NotCertain:
         return "another disk claims the same place";
-    case DiskGuard::NoName:
+    case RefusalReason::NoName:
         return "its volume has no name";
-    case DiskGuard::NotMounted:
+    case RefusalReason::NotMounted:
         return "its volume is not mounted";
-    case DiskGuard::OtherDisk:
+    case RefusalReason::OtherDisk:
         return "it is not the disk that was shown";
-    case DiskGuard::NotErased:
+    case RefusalReason::NotErased:
         return "its erase did not succeed";
-    case DiskGuard::OtherVolume:
+    case RefusalReason::OtherVolume:
         return "it no longer holds the volume that was shown";
-    case DiskGuard::InUse:
+    case RefusalReason::InUse:
         return "another run is at work on its volume";
-    case DiskGuard::ReadOnly:
+    case RefusalReason::ReadOnly:
         return "its volume is mounted read-only";
-    case DiskGuard::SameName:
+    case RefusalReason::SameName:
         return "a bay before it shows the same name";
     }
     return {};
@@ -189,33 +183,33 @@ bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const 
     });
 }
 
-std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &devices,
-                                 const RunChoice &choice, const UserHome &user)
+std::optional<RefusalReason> refusalOf(const ORVHddInfo &disk, const ScannedDevices &devices,
+                                       const RunChoice &choice, const UserHome &user)
 {
     if (isStartupIn(disk, devices))
-        return DiskGuard::StartupDisk;
+        return RefusalReason::StartupDisk;
     if (carriesSource(disk, devices, choice, user))
-        return DiskGuard::CarriesSource;
+        return RefusalReason::CarriesSource;
     if (anyRecordOf(disk, devices,
                     [&](const ORVHddInfo &record) { return isAmong(record, choice.sourceDisks); }))
-        return DiskGuard::MayBeSource;
+        return RefusalReason::MayBeSource;
     if (!disk.devPath() || disk.devPath()->empty())
-        return DiskGuard::NoDevice;
+        return RefusalReason::NoDevice;
     return std::nullopt;
 }
 
-std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
-                                       const ScannedDevices &devices, const RunChoice &choice,
-                                       const UserHome &user)
+std::optional<RefusalReason> refusalOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
+                                             const ScannedDevices &devices, const RunChoice &choice,
+                                             const UserHome &user)
 {
-    if (const auto guard = guardOf(disk, devices, choice, user))
-        return guard;
+    if (const auto reason = refusalOf(disk, devices, choice, user))
+        return reason;
     if (disk.isRaidFormated())
-        return DiskGuard::RaidSet;
+        return RefusalReason::RaidSet;
     if (!isCertain(disk, enclosure, devices))
-        return DiskGuard::NotCertain;
+        return RefusalReason::NotCertain;
     if (!isAsShown(disk, choice))
-        return DiskGuard::OtherDisk;
+        return RefusalReason::OtherDisk;
     return std::nullopt;
 }
 

@@ -31,11 +31,11 @@ chosenEnclosure(const ScannedDevices &devices, const ChosenEnclosure &chosen);
 ChosenEnclosure whereItIsNow(const ScannedDevices &devices, ChosenEnclosure chosen);
 
 /// Why no run may start with the enclosure; looks at all of its disks.
-std::optional<EnclosureRefusal> startRefusal(const ORVThunderboltInfo &enclosure,
-                                             const ScannedDevices &devices);
+std::optional<EnclosureRefusal> refusalOfStart(const ORVThunderboltInfo &enclosure,
+                                               const ScannedDevices &devices);
 
 /// Why one disk is passed over.
-enum class DiskGuard {
+enum class RefusalReason {
     CarriesSource, ///< one of its volumes is the source
     MayBeSource,   ///< it cannot be told from a disk of the source
     StartupDisk,   ///< it carries the start-up volume
@@ -53,13 +53,13 @@ enum class DiskGuard {
 };
 
 /// "it carries the source"
-std::string reasonText(DiskGuard guard);
+std::string reasonText(RefusalReason reason);
 
 struct DiskRefusal
 {
     std::string bay;  ///< "Slot-A" to "Slot-D"
     std::string name; ///< as shown in the bay
-    DiskGuard reason;
+    RefusalReason reason;
 };
 
 /// "Slot-B (COPY1): it carries the source"
@@ -72,21 +72,21 @@ bool carriesSource(const ORVHddInfo &disk, const ScannedDevices &devices, const 
 
 /// Why the disk may neither be erased nor written to nor ejected with the destinations, whatever its bay
 /// shows; nothing when it may.
-std::optional<DiskGuard> guardOf(const ORVHddInfo &disk, const ScannedDevices &devices,
-                                 const RunChoice &choice, const UserHome &user);
+std::optional<RefusalReason> refusalOf(const ORVHddInfo &disk, const ScannedDevices &devices,
+                                       const RunChoice &choice, const UserHome &user);
 
 /// Why a disk of the chosen enclosure, in one of its bays, may neither be erased nor written to: what
-/// `guardOf` says, and that it belongs to a RAID set, cannot be told from another, or is not the one that was
-/// shown.
-std::optional<DiskGuard> guardOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
-                                       const ScannedDevices &devices, const RunChoice &choice,
-                                       const UserHome &user);
+/// `refusalOf` says, and that it belongs to a RAID set, cannot be told from another, or is not the one that
+/// was shown.
+std::optional<RefusalReason> refusalOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
+                                             const ScannedDevices &devices, const RunChoice &choice,
+                                             const UserHome &user);
 
 struct NameRefusal
 {
     std::string bay;
     std::string name;
-    NameGuard reason;
+    NameRefusalReason reason;
     EraseFormat format;
 };
 

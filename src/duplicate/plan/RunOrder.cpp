@@ -59,7 +59,7 @@ ErasePlan eraseWithin(const RunOrder &order, ErasePlan now)
     std::erase_if(now.disks, [&](const PlannedErase &disk) {
         if (std::find(ordered.begin(), ordered.end(), disk) != ordered.end())
             return false;
-        now.refusals.push_back({slotNameOf(disk.bay), disk.info.diskVolume, DiskGuard::OtherDisk});
+        now.refusals.push_back({slotNameOf(disk.bay), disk.info.diskVolume, RefusalReason::OtherDisk});
         return true;
     });
     return now;
@@ -78,7 +78,7 @@ DestinationPlan destinationsWithin(const RunOrder &order, DestinationPlan now)
     std::erase_if(now.destinations, [&](const PlannedDestination &destination) {
         if (isOrdered(destination))
             return false;
-        now.refusals.push_back({slotNameOf(destination.bay), destination.name, DiskGuard::OtherDisk});
+        now.refusals.push_back({slotNameOf(destination.bay), destination.name, RefusalReason::OtherDisk});
         return true;
     });
     return now;

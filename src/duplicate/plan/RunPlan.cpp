@@ -1,4 +1,5 @@
 #include "duplicate/plan/RunPlan.h"
+#include "foundation/Paths.h"
 
 #include <algorithm>
 
@@ -18,26 +19,27 @@ std::string newNameOf(const ORVHddInfo &disk, const std::string &field)
 }
 
 // A disk called like the source would be taken for it once it is erased.
-std::optional<NameGuard> nameGuardIn(const RunChoice &choice, const std::string &name, EraseFormat format)
+std::optional<NameRefusalReason> nameGuardIn(const RunChoice &choice, const std::string &name,
+                                             EraseFormat format)
 {
-    const auto guard = nameGuardOf(name, format);
+    const auto reason = refusalOfName(name, format);
     const bool isSources = name == choice.source || name == choice.sourceItem;
-    return guard || !isSources ? guard : NameGuard::OfSource;
+    return reason || !isSources ? reason : NameRefusalReason::OfSource;
 }
 
 void addToEject(EjectPlan &plan, const ORVHddInfo &disk, const std::string &name,
-                const std::optional<DiskGuard> &guard)
+                const std::optional<RefusalReason> &reason)
 {
-    if (guard)
-        plan.refusals.push_back({disk.slotPath().value_or(std::string()), name, *guard});
+    if (reason)
+        plan.refusals.push_back({disk.slotPath().value_or(std::string()), name, *reason});
     else
         plan.disks.push_back(diskUtilInfo(disk, name));
 }
 
 // The source itself may go; the start-up disk never.
-std::optional<DiskGuard> guardOfSource(const ORVHddInfo &disk, const ScannedDevices &devices)
+std::optional<RefusalReason> guardOfSource(const ORVHddInfo &disk, const ScannedDevices &devices)
 {
-    return guardOf(disk, devices, RunChoice(), UserHome());
+    return refusalOf(disk, devices, RunChoice(), UserHome());
 }
 
 template <class Refusals>
@@ -57,6 +59,14 @@ bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase)
     if (erase == EraseFirst::Yes)
         return size <= 0.99 * static_cast<double>(bytesOfBlocks(volume.capacitySize()));
     return size <= static_cast<double>(bytesOfBlocks(volume.availableSize()));
+}
+
+bool isTooSmall(const ORVHddInfo &disk, Bay bay, const RunChoice &choice)
+{
+    if (choice.isOverSize[bay] || !choice.selectedBytes || disk.bsdPathArray().empty())
+        return choice.isOverSize[bay];
+    return !fits(*choice.selectedBytes, *disk.bsdPathArray().front(),
+                 choice.erase ? EraseFirst::Yes : EraseFirst::No);
 }
 
 std::vector<BayFit> fitOfBays(const ORVThunderboltInfo &enclosure, std::uint64_t bytes, EraseFirst erase)
@@ -119,9 +129,9 @@ tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &device
         if (!bay || choice.isSourceBay(*bay))
             continue;
         const auto name = newNameOf(*disk, choice.names[*bay]);
-        if (const auto guard = guardOfTarget(*disk, **enclosure, devices, choice, user))
-            plan.refusals.push_back({slotNameOf(*bay), choice.names[*bay], *guard});
-        else if (choice.isOverSize[*bay])
+        if (const auto reason = refusalOfTarget(*disk, **enclosure, devices, choice, user))
+            plan.refusals.push_back({slotNameOf(*bay), choice.names[*bay], *reason});
+        else if (isTooSmall(*disk, *bay, choice))
             plan.tooSmall.push_back(*bay);
         else if (const auto bad = nameGuardIn(choice, name, format))
             plan.badNames.push_back({slotNameOf(*bay), name, *bad, format});
@@ -142,7 +152,7 @@ tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &
             if (disk->bsdPathArray().empty() || (bayOfDisk(*disk) && choice.isSourceBay(*bayOfDisk(*disk))))
                 continue;
             addToEject(plan, *disk, displayName(*disk->bsdPathArray().front(), user),
-                       guardOf(*disk, devices, choice, user));
+                       refusalOf(*disk, devices, choice, user));
         }
     }
     return plan;

@@ -16,6 +16,10 @@ namespace orvana
 enum class EraseFirst { No, Yes };
 bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase);
 
+/// True when the selection does not fit into the disk in the bay: the bay is shown so, or its first volume
+/// cannot hold what was counted.
+bool isTooSmall(const ORVHddInfo &disk, Bay bay, const RunChoice &choice);
+
 /// A bay whose disk has volumes, and whether a selection fits into the first of them.
 struct BayFit
 {

@@ -48,9 +48,9 @@ private:
     void add(Bay bay, const std::string &name)
     {
         const auto *disk = diskIn(bay, m_enclosure);
-        if (const auto guard = disk ? guardOfBay(*disk, bay, name) : DiskGuard::OtherDisk)
-            m_plan.refusals.push_back({slotNameOf(bay), name, *guard});
-        else if (m_choice.isOverSize[bay])
+        if (const auto reason = disk ? refusalOfBay(*disk, bay, name) : RefusalReason::OtherDisk)
+            m_plan.refusals.push_back({slotNameOf(bay), name, *reason});
+        else if (isTooSmall(*disk, bay, m_choice))
             m_plan.tooSmall.push_back(bay);
         else
             m_plan.destinations.push_back(destinationOf(*disk, bay, name));
@@ -63,26 +63,26 @@ private:
             bay, name, *volume.mountPoint(), diskUtilInfo(disk, name), volume.devPath(), disk.fingerprint()};
     }
 
-    std::optional<DiskGuard> guardOfBay(const ORVHddInfo &disk, Bay bay, const std::string &name) const
+    std::optional<RefusalReason> refusalOfBay(const ORVHddInfo &disk, Bay bay, const std::string &name) const
     {
-        if (const auto guard = guardOfTarget(disk, m_enclosure, m_devices, m_choice, m_user))
-            return guard;
+        if (const auto reason = refusalOfTarget(disk, m_enclosure, m_devices, m_choice, m_user))
+            return reason;
         if (m_choice.isNotErased[bay])
-            return DiskGuard::NotErased;
+            return RefusalReason::NotErased;
         if (disk.bsdPathArray().empty())
-            return DiskGuard::OtherVolume;
+            return RefusalReason::OtherVolume;
         const auto &mountPoint = disk.bsdPathArray().front()->mountPoint();
         if (!mountPoint || mountPoint->empty())
-            return DiskGuard::NotMounted;
+            return RefusalReason::NotMounted;
         if (name.empty())
-            return DiskGuard::NoName;
+            return RefusalReason::NoName;
         if (displayName(*disk.bsdPathArray().front(), m_user) != name)
-            return DiskGuard::OtherVolume;
+            return RefusalReason::OtherVolume;
         const auto &earlier = m_plan.destinations;
         const bool isTaken = std::any_of(earlier.begin(), earlier.end(), [&](const auto &other) {
             return other.name == name || other.root == *mountPoint;
         });
-        return isTaken ? std::optional(DiskGuard::SameName) : std::nullopt;
+        return isTaken ? std::optional(RefusalReason::SameName) : std::nullopt;
     }
 
     const ORVThunderboltInfo &m_enclosure;
@@ -115,24 +115,24 @@ planDestinations(const ScannedDevices &devices, const RunChoice &choice, const U
 void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan)
 {
     const auto mounted = parseDiskFree(host.launcher().run("/bin/df", {}).output, "/dev/disk");
-    const auto guardNow = [&](const PlannedDestination &destination) -> std::optional<DiskGuard> {
+    const auto refusalNow = [&](const PlannedDestination &destination) -> std::optional<RefusalReason> {
         const auto folder = host.volumeFiles().openFolder(destination.root, platform::Reach::Beneath);
         if (!folder || !host.places().isVolumeRoot(**folder))
-            return DiskGuard::NotMounted;
+            return RefusalReason::NotMounted;
         if ((*folder)->traits().isReadOnly)
-            return DiskGuard::ReadOnly;
+            return RefusalReason::ReadOnly;
         // Of several volumes at one place the last is the one that is seen.
         const auto there = std::find_if(mounted.rbegin(), mounted.rend(), [&](const auto &line) {
             return line.mountPoint == destination.root;
         });
         const bool isSame = there != mounted.rend() && there->device == destination.device;
-        return isSame ? std::nullopt : std::optional(DiskGuard::OtherVolume);
+        return isSame ? std::nullopt : std::optional(RefusalReason::OtherVolume);
     };
     std::erase_if(plan.destinations, [&](const auto &destination) {
-        const auto guard = guardNow(destination);
-        if (guard)
-            plan.refusals.push_back({slotNameOf(destination.bay), destination.name, *guard});
-        return guard.has_value();
+        const auto reason = refusalNow(destination);
+        if (reason)
+            plan.refusals.push_back({slotNameOf(destination.bay), destination.name, *reason});
+        return reason.has_value();
     });
 }
 
@@ -145,7 +145,7 @@ void refuseWhatIsInUse(platform::Host &host, DestinationPlan &plan)
         if (locks.hasDestination(i))
             free.push_back(std::move(destination));
         else
-            plan.refusals.push_back({slotNameOf(destination.bay), destination.name, DiskGuard::InUse});
+            plan.refusals.push_back({slotNameOf(destination.bay), destination.name, RefusalReason::InUse});
     }
     plan.destinations = std::move(free);
 }

@@ -2,6 +2,7 @@
 
 #include "discovery/ORVScanDevice.h"
 #include "foundation/DeviceBlocks.h"
+#include "foundation/Paths.h"
 #include "platform/Account.h"
 #include "platform/Host.h"
 #include "platform/Places.h"
@@ -46,15 +47,6 @@ UserHome userHomeOf(platform::Host &host)
 {
     const auto login = host.account().loginName();
     return {login, host.places().userPath(login).value_or(std::string())};
-}
-
-std::string lastComponent(const std::string &path)
-{
-    const auto end = path.find_last_not_of('/');
-    if (end == std::string::npos)
-        return path.empty() ? std::string() : "/";
-    const auto slash = path.rfind('/', end);
-    return path.substr(slash + 1, end - slash);
 }
 
 bool isStartupVolume(const ORVBsdInfo &volume)

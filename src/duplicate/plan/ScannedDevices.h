@@ -40,9 +40,6 @@ struct UserHome
 /// The host's user; the root is empty when the home is not known.
 UserHome userHomeOf(platform::Host &host);
 
-/// The last component of a path, without slashes at its end; "/" for the root, nothing of an empty path.
-std::string lastComponent(const std::string &path);
-
 /// The name shown for a volume: the login name for the start-up volume, else the last component of its mount
 /// point. Empty while it is not mounted.
 std::string displayName(const ORVBsdInfo &volume, const UserHome &user);

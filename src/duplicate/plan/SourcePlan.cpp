@@ -1,5 +1,6 @@
 #include "duplicate/plan/SourcePlan.h"
 
+#include "foundation/Paths.h"
 #include "foundation/SizeText.h"
 
 #include <algorithm>

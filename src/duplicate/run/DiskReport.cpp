@@ -11,9 +11,9 @@ namespace
 void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
 {
     for (const auto &refusal : refusals) {
-        if (refusal.reason == DiskGuard::NotErased)
+        if (refusal.reason == RefusalReason::NotErased)
             continue; // the report of the erase says it, and why
-        const bool isSource = refusal.reason == DiskGuard::CarriesSource;
+        const bool isSource = refusal.reason == RefusalReason::CarriesSource;
         report.disk({refusal.bay,
                      refusal.name,
                      {},

@@ -179,6 +179,7 @@ RunChoice DuplicationRun::presentChoice(const ScannedDevices &devices) const
     if (!m_isNotErased)
         return choice;
     choice.isNotErased = *m_isNotErased;
+    choice.selectedBytes.reset();
     if (const auto enclosure = chosenEnclosure(devices, choice.enclosure))
         choice.names = volumeNamesOf(**enclosure, userHomeOf(m_host));
     return choice;

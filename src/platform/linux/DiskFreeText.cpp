@@ -20,7 +20,7 @@ std::string percent(std::uint64_t part, std::uint64_t whole)
 
 // The mount point of the device, or of the one mapping that lies on this device alone, such as the unlocked
 // content of an encrypted volume. Nullopt when neither is mounted.
-std::optional<std::string> mountPointOf(const Snapshot &snapshot, const std::vector<MountedDevice> &mounted,
+std::optional<std::string> mountPointOf(const SystemState &system, const std::vector<MountedDevice> &mounted,
                                         const Device &device)
 {
     constexpr int DeepestMapping = 8;
@@ -31,7 +31,7 @@ std::optional<std::string> mountPointOf(const Snapshot &snapshot, const std::vec
         if (found != mounted.end())
             return found->point;
         const auto *holder =
-            top->holders.size() == 1 ? snapshot.devices.blockNamed(*top->holders.begin()) : nullptr;
+            top->holders.size() == 1 ? system.devices.blockNamed(*top->holders.begin()) : nullptr;
         top = holder && holder->slaves.size() == 1 ? holder : nullptr;
     }
     return std::nullopt;
@@ -64,20 +64,22 @@ std::optional<VolumeRoom> measureRoom(const std::string &point)
                       room.f_ffree};
 }
 
-std::vector<ListedVolume> listedVolumes(const Snapshot &snapshot, const std::vector<Disk> &disks,
+std::vector<ListedVolume> listedVolumes(const SystemState &system, const std::vector<Disk> &disks,
                                         const DiskNames &names)
 {
-    const auto mounted = mountedDevices(snapshot);
+    const auto mounted = mountedDevices(system);
     std::vector<ListedVolume> volumes;
     for (const auto &disk : disks) {
         const auto number = names.numberOf(disk);
-        for (const auto &piece : disk.pieces) {
+        for (const auto &partition : disk.partitions) {
             if (!number)
                 continue;
-            const auto point = piece.isLeaf ? mountPointOf(snapshot, mounted, *piece.device) : std::nullopt;
-            const auto name = "/dev/" + DiskNames::nameOf(*number, piece);
-            if (piece.holdsRoot)
-                volumes.push_back({piece.isLeaf ? name : "/dev/" + nameOfRootAbove(*number, piece), "/"});
+            const auto point =
+                partition.isLeaf ? mountPointOf(system, mounted, *partition.device) : std::nullopt;
+            const auto name = "/dev/" + DiskNames::nameOf(*number, partition);
+            if (partition.holdsRoot)
+                volumes.push_back(
+                    {partition.isLeaf ? name : "/dev/" + nameOfRootAbove(*number, partition), "/"});
             else if (point)
                 volumes.push_back({name, *point});
         }

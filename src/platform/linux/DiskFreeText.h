@@ -26,7 +26,7 @@ struct ListedVolume
 };
 
 /// The mounted volumes of the disks. "/" counts for every disk that it lies on.
-std::vector<ListedVolume> listedVolumes(const Snapshot &snapshot, const std::vector<Disk> &disks,
+std::vector<ListedVolume> listedVolumes(const SystemState &system, const std::vector<Disk> &disks,
                                         const DiskNames &names);
 
 /// True when the mount point comes out of the listing's columns as it went in.

@@ -52,9 +52,9 @@ std::string DiskNames::nameOf(int number)
     return "disk" + std::to_string(number);
 }
 
-std::string DiskNames::nameOf(int number, const Piece &piece)
+std::string DiskNames::nameOf(int number, const Partition &partition)
 {
-    return nameOf(number) + "s" + std::to_string(piece.number);
+    return nameOf(number) + "s" + std::to_string(partition.number);
 }
 
 } // namespace orvana::platform::linux_host

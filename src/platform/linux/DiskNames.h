@@ -42,7 +42,7 @@ public:
     static std::string nameOf(int number);
 
     /// "disk3s1"
-    static std::string nameOf(int number, const Piece &piece);
+    static std::string nameOf(int number, const Partition &partition);
 
 private:
     std::map<DiskIdentity, int> m_numbers;

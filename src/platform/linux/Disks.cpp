@@ -121,9 +121,9 @@ void setNames(const DeviceList &devices, Disk &disk)
         {decoded(device.property("ID_VENDOR_ENC")), device.property("ID_VENDOR"), of(scsi, "vendor")});
 }
 
-bool isInUse(const Snapshot &snapshot, const Device &device)
+bool isInUse(const SystemState &system, const Device &device)
 {
-    return snapshot.isMounted(device) || !device.holders.empty() || snapshot.swaps.contains(device.name);
+    return system.isMounted(device) || !device.holders.empty() || system.swaps.contains(device.name);
 }
 
 std::string contentOf(const Device &device)
@@ -138,33 +138,33 @@ std::string contentOf(const Device &device)
         .value_or("");
 }
 
-void addPiece(const Snapshot &snapshot, const Device &device, int number, Disk &disk)
+void addPartition(const SystemState &system, const Device &device, int number, Disk &disk)
 {
     disk.isRaid = disk.isRaid || isMember(device);
-    const bool holdsRoot = snapshot.beneathRoot.contains(device.name);
-    disk.pieces.push_back({.device = &device,
-                           .number = number,
-                           .isOpen = holdsRoot || isInUse(snapshot, device),
-                           .isLeaf = !isMember(device),
-                           .holdsRoot = holdsRoot});
+    const bool holdsRoot = system.beneathRoot.contains(device.name);
+    disk.partitions.push_back({.device = &device,
+                               .number = number,
+                               .isOpen = holdsRoot || isInUse(system, device),
+                               .isLeaf = !isMember(device),
+                               .holdsRoot = holdsRoot});
 }
 
-void setContent(const Snapshot &snapshot, Disk &disk, const ExclusiveUse &inExclusiveUse)
+void setContent(const SystemState &system, Disk &disk, const ExclusiveUse &inExclusiveUse)
 {
     const auto &device = *disk.device;
-    const auto partitions = snapshot.devices.partitionsOf(device);
+    const auto partitions = system.devices.partitionsOf(device);
     for (const auto *partition : partitions)
-        addPiece(snapshot, *partition, static_cast<int>(decimalNumber(partition->attribute("partition"))),
-                 disk);
+        addPartition(system, *partition, static_cast<int>(decimalNumber(partition->attribute("partition"))),
+                     disk);
     disk.content = contentOf(device);
     disk.isRaid = disk.isRaid || isMember(device);
-    if (partitions.empty() && (!device.property("ID_FS_TYPE").empty() || isInUse(snapshot, device)))
-        addPiece(snapshot, device, 0, disk);
-    disk.isOpen = !partitions.empty() || !disk.content.empty() || isInUse(snapshot, device) ||
+    if (partitions.empty() && (!device.property("ID_FS_TYPE").empty() || isInUse(system, device)))
+        addPartition(system, device, 0, disk);
+    disk.isOpen = !partitions.empty() || !disk.content.empty() || isInUse(system, device) ||
                   !hasUdevLooked(device) || inExclusiveUse("/dev/" + device.name);
 }
 
-Disk diskOf(const Snapshot &snapshot, const Device &device, const ExclusiveUse &inExclusiveUse)
+Disk diskOf(const SystemState &system, const Device &device, const ExclusiveUse &inExclusiveUse)
 {
     Disk disk;
     disk.device = &device;
@@ -172,17 +172,17 @@ Disk diskOf(const Snapshot &snapshot, const Device &device, const ExclusiveUse &
     const auto sequence = firstText({device.property("DISKSEQ"), device.attribute("diskseq")});
     if (const auto number = sequence ? decimalNumber(*sequence) : -1; number >= 0)
         disk.sequence = static_cast<std::uint64_t>(number);
-    disk.interconnect = interconnectOf(snapshot.devices, device);
+    disk.interconnect = interconnectOf(system.devices, device);
     if (disk.interconnect.empty()) {
-        setPlace(snapshot.devices, disk);
-        setPort(snapshot.devices, disk);
+        setPlace(system.devices, disk);
+        setPort(system.devices, disk);
     } else {
         disk.diskClass = DiskClass::Services;
-        disk.controller = snapshot.devices.above(device, "pci");
-        disk.isExternal = disk.interconnect != "Secure Digital" && !isCardReader(snapshot.devices, device);
+        disk.controller = system.devices.above(device, "pci");
+        disk.isExternal = disk.interconnect != "Secure Digital" && !isCardReader(system.devices, device);
     }
-    setNames(snapshot.devices, disk);
-    setContent(snapshot, disk, inExclusiveUse);
+    setNames(system.devices, disk);
+    setContent(system, disk, inExclusiveUse);
     return disk;
 }
 
@@ -195,12 +195,12 @@ bool isInExclusiveUse(const std::string &node)
     return !disk.isOpen() && errno == EBUSY;
 }
 
-std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse)
+std::vector<Disk> disksOf(const SystemState &system, const ExclusiveUse &isInUse)
 {
     std::vector<Disk> disks;
-    for (const auto *device : snapshot.devices.ofSubsystem("block")) {
+    for (const auto *device : system.devices.ofSubsystem("block")) {
         if (isPhysicalDisk(*device))
-            disks.push_back(diskOf(snapshot, *device, isInUse));
+            disks.push_back(diskOf(system, *device, isInUse));
     }
     return disks;
 }

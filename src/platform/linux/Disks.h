@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/Snapshot.h"
+#include "platform/linux/SystemState.h"
 
 #include <cstdint>
 #include <functional>
@@ -10,7 +10,7 @@ namespace orvana::platform::linux_host
 {
 
 /// A piece of a disk that can hold a file system: a partition, or the whole of a disk without a table.
-struct Piece
+struct Partition
 {
     const Device *device;
     int number;          ///< of the partition; 0 for a file system on the whole disk
@@ -45,7 +45,7 @@ struct Disk
     bool isOpen = false;                        ///< something was recognised on it, or it is in use
     bool isRaid = false;                        ///< it, or a partition of it, is a member of a set or group
     std::string content;                        ///< what was recognised on the whole of it
-    std::vector<Piece> pieces;
+    std::vector<Partition> partitions;
 };
 
 /// True when the disk's node cannot be had for oneself. Asked only for disks on which nothing was recognised.
@@ -53,7 +53,7 @@ using ExclusiveUse = std::function<bool(const std::string &node)>;
 bool isInExclusiveUse(const std::string &node);
 
 /// The physical disks of a snapshot, which must outlive them. Images, volume groups and memory are none.
-std::vector<Disk> disksOf(const Snapshot &snapshot, const ExclusiveUse &isInUse = isInExclusiveUse);
+std::vector<Disk> disksOf(const SystemState &system, const ExclusiveUse &isInUse = isInExclusiveUse);
 
 /// True for a member of a RAID set, a volume group or a pool.
 bool isMember(const Device &device);

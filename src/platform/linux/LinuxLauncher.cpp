@@ -11,13 +11,13 @@ namespace orvana::platform::linux_host
 namespace
 {
 
-const Disk *diskCalled(const MachineLook &look, const DiskNames &names, const std::string &node)
+const Disk *diskCalled(const MachineSnapshot &snapshot, const DiskNames &names, const std::string &node)
 {
-    const auto found = std::find_if(look.disks.begin(), look.disks.end(), [&](const Disk &disk) {
+    const auto found = std::find_if(snapshot.disks.begin(), snapshot.disks.end(), [&](const Disk &disk) {
         const auto number = names.numberOf(disk);
         return number && "/dev/" + DiskNames::nameOf(*number) == node;
     });
-    return found == look.disks.end() ? nullptr : &*found;
+    return found == snapshot.disks.end() ? nullptr : &*found;
 }
 
 } // namespace
@@ -25,7 +25,7 @@ const Disk *diskCalled(const MachineLook &look, const DiskNames &names, const st
 CommandLauncher::Result LinuxLauncher::run(const std::string &path, const std::vector<std::string> &arguments)
 {
     if (path == "/bin/df")
-        return {diskFreeText(m_machine.look()->volumes), 0};
+        return {diskFreeText(m_machine.snapshot()->volumes), 0};
     if (path == "/usr/sbin/diskutil")
         return runDiskUtility(arguments);
     return m_programs.run(path, arguments);
@@ -33,10 +33,10 @@ CommandLauncher::Result LinuxLauncher::run(const std::string &path, const std::v
 
 // "--spare=device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". The serial number comes last: it may hold
 // commas. A disk that is gone has no node any more.
-std::string LinuxLauncher::sparingWord(const DiskFingerprint &disk, const MachineLook &look) const
+std::string LinuxLauncher::sparingWord(const DiskFingerprint &disk, const MachineSnapshot &snapshot) const
 {
     std::string word = "--spare=";
-    if (const auto *there = diskCalled(look, m_machine.names(), disk.device))
+    if (const auto *there = diskCalled(snapshot, m_machine.names(), disk.device))
         word.append("device=/dev/").append(there->device->name).append(",");
     if (disk.arrival)
         word.append("arrival=").append(std::to_string(*disk.arrival)).append(",");
@@ -54,8 +54,8 @@ CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> a
     if (arguments.empty())
         return m_utilities.run(m_diskUtility, arguments);
     auto &node = arguments.back();
-    const auto look = m_machine.look();
-    const auto *disk = diskCalled(*look, m_machine.names(), node);
+    const auto snapshot = m_machine.snapshot();
+    const auto *disk = diskCalled(*snapshot, m_machine.names(), node);
     if (!disk)
         return {displayPath(node) + ": this disk is not there any more\n", NotThere};
     const auto identity = identityOf(*disk);
@@ -67,7 +67,7 @@ CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> a
     arguments.push_back("--expect-size=" + std::to_string(identity.bytes()));
     arguments.push_back("--expect-bay=" + identity.place);
     for (const auto &spared : m_sparedDisks)
-        arguments.push_back(sparingWord(spared, *look));
+        arguments.push_back(sparingWord(spared, *snapshot));
     return m_utilities.run(m_diskUtility, arguments);
 }
 

@@ -22,7 +22,7 @@ public:
 
 private:
     Result runDiskUtility(std::vector<std::string> arguments);
-    std::string sparingWord(const DiskFingerprint &disk, const MachineLook &look) const;
+    std::string sparingWord(const DiskFingerprint &disk, const MachineSnapshot &snapshot) const;
 
     LinuxMachine &m_machine;
     std::string m_diskUtility;

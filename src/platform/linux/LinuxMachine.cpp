@@ -7,34 +7,34 @@
 namespace orvana::platform::linux_host
 {
 
-std::shared_ptr<const MachineLook> LinuxMachine::look()
+std::shared_ptr<const MachineSnapshot> LinuxMachine::snapshot()
 {
-    auto look = std::make_shared<MachineLook>();
-    look->snapshot = readSnapshot(m_files);
-    look->disks = disksOf(look->snapshot);
-    m_names.bind(look->disks);
-    look->tree = makeTree(look->snapshot, look->disks, m_names);
-    look->volumes = listedVolumes(look->snapshot, look->disks, m_names);
-    report(*look);
-    return look;
+    auto snapshot = std::make_shared<MachineSnapshot>();
+    snapshot->system = readSystemState(m_files);
+    snapshot->disks = disksOf(snapshot->system);
+    m_names.bind(snapshot->disks);
+    snapshot->tree = makeTree(snapshot->system, snapshot->disks, m_names);
+    snapshot->volumes = listedVolumes(snapshot->system, snapshot->disks, m_names);
+    report(*snapshot);
+    return snapshot;
 }
 
-void LinuxMachine::report(const MachineLook &look)
+void LinuxMachine::report(const MachineSnapshot &snapshot)
 {
     std::set<std::string> reasons;
-    for (const auto &disk : look.disks) {
+    for (const auto &disk : snapshot.disks) {
         if (disk.isPlaceUnclear)
             reasons.insert(disk.device->name + " (" + displayPath(disk.serial.value_or("no serial number")) +
                            "): it cannot be told in which enclosure it is; it is not offered");
     }
-    for (const auto *router : routersOf(look.snapshot.devices)) {
+    for (const auto *router : routersOf(snapshot.system.devices)) {
         if (!isAuthorized(*router))
             reasons.insert(displayPath(router->attribute("device_name")) + " (" + router->name +
                            ") is not authorised; its disks are not there until it is. This lets it in: "
                            "boltctl enroll " +
                            displayPath(router->attribute("unique_id")));
     }
-    for (const auto &volume : look.volumes) {
+    for (const auto &volume : snapshot.volumes) {
         if (!survivesColumns(volume.point))
             reasons.insert(displayPath(volume.point) + ": volumes with such a mount point cannot be listed");
     }

@@ -7,14 +7,14 @@ namespace orvana::platform::linux_host
 {
 
 /// One look at the machine, with the names that its disks had then.
-struct MachineLook
+struct MachineSnapshot
 {
-    MachineLook() = default;
-    MachineLook(const MachineLook &) = delete;
-    MachineLook &operator=(const MachineLook &) = delete;
+    MachineSnapshot() = default;
+    MachineSnapshot(const MachineSnapshot &) = delete;
+    MachineSnapshot &operator=(const MachineSnapshot &) = delete;
 
-    Snapshot snapshot;
-    std::vector<Disk> disks; ///< point into `snapshot`
+    SystemState system;
+    std::vector<Disk> disks; ///< point into `system`
     LinuxTree tree;
     std::vector<ListedVolume> volumes;
 };
@@ -25,10 +25,10 @@ class LinuxMachine
 public:
     explicit LinuxMachine(SystemFiles files = {}) : m_files(std::move(files)) {}
 
-    std::shared_ptr<const MachineLook> look();
+    std::shared_ptr<const MachineSnapshot> snapshot();
 
     /// Devices and mounts alone: no disk is opened for it.
-    Snapshot snapshot() const { return readSnapshot(m_files); }
+    SystemState systemState() const { return readSystemState(m_files); }
 
     const DiskNames &names() const { return m_names; }
 
@@ -36,7 +36,7 @@ public:
     const std::set<std::string> &remarks() const { return m_remarks; }
 
 private:
-    void report(const MachineLook &look);
+    void report(const MachineSnapshot &snapshot);
 
     SystemFiles m_files;
     DiskNames m_names;

@@ -12,9 +12,9 @@ constexpr const char *PciClass = "IOPCIDevice";
 
 LinuxRegistry::LinuxRegistry(LinuxMachine &machine) : m_machine(machine)
 {
-    const auto look = m_machine.look();
-    m_known = look->tree.pci;
-    rememberControllers(*look);
+    const auto snapshot = m_machine.snapshot();
+    m_known = snapshot->tree.pci;
+    rememberControllers(*snapshot);
 }
 
 HardwareRegistry::Answer LinuxRegistry::match(const std::optional<RegistryMatching> &matching)
@@ -22,7 +22,7 @@ HardwareRegistry::Answer LinuxRegistry::match(const std::optional<RegistryMatchi
     if (!matching)
         return {RegistryBadArgument, {}};
     Answer answer;
-    m_machine.look()->tree.root->collect(*matching, answer.entries);
+    m_machine.snapshot()->tree.root->collect(*matching, answer.entries);
     return answer;
 }
 
@@ -59,9 +59,9 @@ void LinuxRegistry::takePci(const MachineEvent &event)
     if ((event.action != "add" && event.action != "bind") || m_known.contains(event.path))
         return;
     // What came along with it is found in the same look, and needs none of its own when its event comes.
-    const auto look = m_machine.look();
-    rememberControllers(*look);
-    for (const auto &device : look->tree.pci) {
+    const auto snapshot = m_machine.snapshot();
+    rememberControllers(*snapshot);
+    for (const auto &device : snapshot->tree.pci) {
         if (m_known.insert(device).second)
             tell(RegistryEvent::Published, device.second);
     }
@@ -69,11 +69,11 @@ void LinuxRegistry::takePci(const MachineEvent &event)
 
 void LinuxRegistry::takeDisk(const MachineEvent &event)
 {
-    const auto look = m_machine.look();
-    rememberControllers(*look);
-    for (const auto &disk : look->disks) {
+    const auto snapshot = m_machine.snapshot();
+    rememberControllers(*snapshot);
+    for (const auto &disk : snapshot->disks) {
         if (disk.device->path == event.path && disk.controller)
-            tell(RegistryEvent::Published, look->tree.pci.at(disk.controller->path));
+            tell(RegistryEvent::Published, snapshot->tree.pci.at(disk.controller->path));
     }
 }
 
@@ -89,9 +89,9 @@ void LinuxRegistry::takeLostDisk(const MachineEvent &event)
 }
 
 // The kernel forgets where a disk was as soon as it has gone.
-void LinuxRegistry::rememberControllers(const MachineLook &look)
+void LinuxRegistry::rememberControllers(const MachineSnapshot &snapshot)
 {
-    for (const auto &disk : look.disks) {
+    for (const auto &disk : snapshot.disks) {
         if (disk.controller)
             m_controllers[disk.device->path] = disk.controller->path;
     }

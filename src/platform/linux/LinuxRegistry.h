@@ -33,7 +33,7 @@ private:
     void takePci(const MachineEvent &event);
     void takeDisk(const MachineEvent &event);
     void takeLostDisk(const MachineEvent &event);
-    void rememberControllers(const MachineLook &look);
+    void rememberControllers(const MachineSnapshot &snapshot);
     void tell(RegistryEvent event, const RegistryEntryPtr &entry);
 
     LinuxMachine &m_machine;

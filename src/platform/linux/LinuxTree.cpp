@@ -75,8 +75,7 @@ RegistryProperties mediaProperties(const std::string &name, bool isWhole, bool i
 class TreeBuilder
 {
 public:
-    TreeBuilder(const Snapshot &snapshot, const DiskNames &names)
-        : m_devices(snapshot.devices), m_names(names)
+    TreeBuilder(const SystemState &system, const DiskNames &names) : m_devices(system.devices), m_names(names)
     {
         m_platform = &m_tree.root->add("IOPlatformExpertDevice", "Machine");
     }
@@ -239,33 +238,33 @@ private:
         const auto number = m_names.numberOf(disk);
         if (!number || disk.blocks == 0)
             return; // a card reader without a card
-        auto whole = mediaProperties(DiskNames::nameOf(*number), true, disk.pieces.empty(), disk.isOpen,
+        auto whole = mediaProperties(DiskNames::nameOf(*number), true, disk.partitions.empty(), disk.isOpen,
                                      static_cast<std::int64_t>(disk.blocks) * DeviceBlockBytes, disk.content);
         if (disk.isRaid)
             whole["RAID"] = true;
         auto &media = driver.add("IOBlockStorageDriver", "IOBlockStorageDriver")
                           .add("IOMedia", "Media@0", std::move(whole));
-        if (disk.pieces.empty())
+        if (disk.partitions.empty())
             return;
         auto &scheme = media.add("IOPartitionScheme", "IOPartitionScheme");
-        for (const auto &piece : disk.pieces)
-            addPiece(scheme, piece, *number);
+        for (const auto &partition : disk.partitions)
+            addPartition(scheme, partition, *number);
     }
 
-    static void addPiece(RegistryNode &scheme, const Piece &piece, int number)
+    static void addPartition(RegistryNode &scheme, const Partition &partition, int number)
     {
-        const auto blocks = std::max(decimalNumber(piece.device->attribute("size")), 0L);
-        const auto content = piece.number == 0 ? piece.device->property("ID_FS_TYPE")
-                                               : piece.device->property("ID_PART_ENTRY_TYPE");
+        const auto blocks = std::max(decimalNumber(partition.device->attribute("size")), 0L);
+        const auto content = partition.number == 0 ? partition.device->property("ID_FS_TYPE")
+                                                   : partition.device->property("ID_PART_ENTRY_TYPE");
         // Of media that are open and no leaf, the scan takes the node for the whole disk's. A member of a
         // volume group is neither a volume nor the disk.
-        auto &media =
-            scheme.add("IOMedia", "Media@" + std::to_string(piece.number),
-                       mediaProperties(DiskNames::nameOf(number, piece), false, piece.isLeaf,
-                                       piece.isOpen && piece.isLeaf, blocks * DeviceBlockBytes, content));
-        if (!piece.isLeaf && piece.holdsRoot)
+        auto &media = scheme.add("IOMedia", "Media@" + std::to_string(partition.number),
+                                 mediaProperties(DiskNames::nameOf(number, partition), false,
+                                                 partition.isLeaf, partition.isOpen && partition.isLeaf,
+                                                 blocks * DeviceBlockBytes, content));
+        if (!partition.isLeaf && partition.holdsRoot)
             media.add("IOMedia", "Media@1",
-                      mediaProperties(nameOfRootAbove(number, piece), false, true, true,
+                      mediaProperties(nameOfRootAbove(number, partition), false, true, true,
                                       blocks * DeviceBlockBytes, {}));
     }
 
@@ -284,9 +283,9 @@ private:
 
 } // namespace
 
-LinuxTree makeTree(const Snapshot &snapshot, const std::vector<Disk> &disks, const DiskNames &names)
+LinuxTree makeTree(const SystemState &system, const std::vector<Disk> &disks, const DiskNames &names)
 {
-    return TreeBuilder(snapshot, names).build(disks);
+    return TreeBuilder(system, names).build(disks);
 }
 
 std::string pciNameOf(const Device &pci)
@@ -294,9 +293,9 @@ std::string pciNameOf(const Device &pci)
     return "pci" + hex(hexNumber(pci.attribute("vendor"))) + "," + hex(hexNumber(pci.attribute("device")));
 }
 
-std::string nameOfRootAbove(int number, const Piece &piece)
+std::string nameOfRootAbove(int number, const Partition &partition)
 {
-    return DiskNames::nameOf(number, piece) + "s1";
+    return DiskNames::nameOf(number, partition) + "s1";
 }
 
 } // namespace orvana::platform::linux_host

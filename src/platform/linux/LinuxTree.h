@@ -15,13 +15,13 @@ struct LinuxTree
 
 /// Builds the registry: routers, PCI devices, disks and what is on them, in the order of the kernel's paths.
 /// All disks must be bound in `names`.
-LinuxTree makeTree(const Snapshot &snapshot, const std::vector<Disk> &disks, const DiskNames &names);
+LinuxTree makeTree(const SystemState &system, const std::vector<Disk> &disks, const DiskNames &names);
 
 /// The registry's name of a PCI device that is no bridge: "pci1b21,612".
 std::string pciNameOf(const Device &pci);
 
 /// The piece of a disk beneath the start-up volume that stands for it where the piece itself is a member of a
 /// set or group: "disk0s2s1".
-std::string nameOfRootAbove(int number, const Piece &piece);
+std::string nameOfRootAbove(int number, const Partition &partition);
 
 } // namespace orvana::platform::linux_host

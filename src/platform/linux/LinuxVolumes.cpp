@@ -13,11 +13,11 @@ namespace
 {
 
 // True when the disk itself or one of its partitions is among the devices.
-bool isAnyOf(const Snapshot &snapshot, const Disk &disk, const std::set<std::string> &devices)
+bool isAnyOf(const SystemState &system, const Disk &disk, const std::set<std::string> &devices)
 {
     if (devices.contains(disk.device->name))
         return true;
-    const auto partitions = snapshot.devices.partitionsOf(*disk.device);
+    const auto partitions = system.devices.partitionsOf(*disk.device);
     return std::any_of(partitions.begin(), partitions.end(),
                        [&](const Device *partition) { return devices.contains(partition->name); });
 }
@@ -34,8 +34,8 @@ void LinuxVolumeEvents::subscribe(std::function<void(VolumeChange)> handler)
 LinuxVolumeEvents::Volumes LinuxVolumeEvents::volumes()
 {
     Volumes found;
-    const auto snapshot = m_machine.snapshot();
-    for (const auto &[device, point] : mountedDevices(snapshot))
+    const auto system = m_machine.systemState();
+    for (const auto &[device, point] : mountedDevices(system))
         found[device->path] = {point, device->property("ID_FS_LABEL_ENC")};
     return found;
 }
@@ -64,17 +64,6 @@ void LinuxVolumeEvents::tell(VolumeChange change) const
         handler(change);
 }
 
-std::optional<std::string> LinuxPlaces::volumePath(const std::string &name) const
-{
-    std::set<std::string> found;
-    const auto look = m_machine.look();
-    for (const auto &volume : look->volumes) {
-        if (volume.point.substr(volume.point.rfind('/') + 1) == name)
-            found.insert(volume.point);
-    }
-    return found.size() == 1 ? std::optional(*found.begin()) : std::nullopt;
-}
-
 std::optional<std::string> LinuxPlaces::userPath(const std::string &login) const
 {
     const auto user = posix::userByName(login);
@@ -88,18 +77,18 @@ bool LinuxPlaces::isVolumeRoot(const Folder &folder) const
 
 std::vector<std::string> LinuxPlaces::disksBeneath(const std::vector<std::string> &paths) const
 {
-    const auto look = m_machine.look();
+    const auto snapshot = m_machine.snapshot();
     std::set<std::string> devices;
     for (const auto &path : paths) {
         std::error_code error;
         const auto place = std::filesystem::canonical(path, error);
         if (!error)
-            devices.merge(devicesBeneath(look->snapshot, place.native()));
+            devices.merge(devicesBeneath(snapshot->system, place.native()));
     }
     std::vector<std::string> nodes;
-    for (const auto &disk : look->disks) {
+    for (const auto &disk : snapshot->disks) {
         const auto number = m_machine.names().numberOf(disk);
-        if (number && isAnyOf(look->snapshot, disk, devices))
+        if (number && isAnyOf(snapshot->system, disk, devices))
             nodes.push_back("/dev/" + DiskNames::nameOf(*number));
     }
     return nodes;

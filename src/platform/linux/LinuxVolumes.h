@@ -42,7 +42,6 @@ class LinuxPlaces final : public Places
 public:
     explicit LinuxPlaces(LinuxMachine &machine) : m_machine(machine) {}
 
-    std::optional<std::string> volumePath(const std::string &name) const override;
     std::optional<std::string> userPath(const std::string &login) const override;
     bool isVolumeRoot(const Folder &folder) const override;
     std::vector<std::string> disksBeneath(const std::vector<std::string> &paths) const override;

@@ -1,6 +1,7 @@
 #include "platform/posix/PosixFile.h"
 
 #include "platform/posix/StatAttributes.h"
+#include "platform/posix/TransferAll.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,25 +18,6 @@ namespace orvana::platform::posix
 
 namespace
 {
-
-// The one loop that knows short counts and interruptions. `transfer` moves bytes from the given position on
-// and returns their count, 0 at the end, or -1 with errno.
-template <class Transfer>
-Expected<std::size_t> transferAll(std::size_t size, Transfer transfer)
-{
-    std::size_t done = 0;
-    while (done < size) {
-        const ssize_t count = transfer(done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return failure(errno);
-        if (count == 0)
-            break;
-        done += static_cast<std::size_t>(count);
-    }
-    return done;
-}
 
 bool rangesAreUnknown(int code)
 {

@@ -199,7 +199,7 @@ Expected<void> PosixFolder::makeFolder(std::string_view path, const Attributes &
     return {};
 }
 
-Expected<void> PosixFolder::protectFolder(std::string_view path, const Attributes &like) const
+Expected<void> PosixFolder::finishFolder(std::string_view path, const Attributes &like) const
 {
     const unsigned mode = newFolderMode(like, m_defaults);
     if ((mode | OwnerRights) == mode)

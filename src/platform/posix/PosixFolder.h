@@ -25,7 +25,7 @@ public:
     Expected<std::unique_ptr<File>> openFile(std::string_view path, Access access) const override;
     Expected<std::unique_ptr<File>> createFile(std::string_view path, const Attributes &like) const override;
     Expected<void> makeFolder(std::string_view path, const Attributes &like) const override;
-    Expected<void> protectFolder(std::string_view path, const Attributes &like) const override;
+    Expected<void> finishFolder(std::string_view path, const Attributes &like) const override;
     Expected<void> syncVolume() override;
     VolumeTraits traits() const override;
     Expected<std::uint64_t> freeBytes() const override;

@@ -2,6 +2,7 @@
 
 #include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
+#include "foundation/Paths.h"
 #include "foundation/SystemLog.h"
 #include "platform/posix/PrivateFolder.h"
 #include "platform/simulator/MachinePlaces.h"
@@ -26,11 +27,6 @@ namespace orvana::platform::simulator
 
 namespace
 {
-
-bool isAtOrBelow(const std::string &path, const std::string &folder)
-{
-    return path == folder || path.starts_with(folder + "/");
-}
 
 std::optional<std::string> textOfFile(const std::string &path)
 {

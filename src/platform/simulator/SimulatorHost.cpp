@@ -13,11 +13,6 @@ namespace
 
 constexpr std::chrono::milliseconds BetweenLooks{100};
 
-std::string lastComponent(const std::string &path)
-{
-    return path.substr(path.rfind('/') + 1);
-}
-
 } // namespace
 
 class SimulatorHost::SimulatedAccount final : public Account
@@ -42,19 +37,6 @@ public:
     explicit SimulatedPlaces(const SimulatedMachine &machine)
         : m_machine(machine), m_login(machine.machine().login), m_home(machine.volumes().homeFolder(m_login))
     {
-    }
-
-    std::optional<std::string> volumePath(const std::string &name) const override
-    {
-        std::optional<std::string> found;
-        for (const auto &point : m_machine.mountPoints()) {
-            if (lastComponent(point) != name)
-                continue;
-            if (found)
-                return std::nullopt;
-            found = point;
-        }
-        return found;
     }
 
     std::optional<std::string> userPath(const std::string &login) const override

@@ -58,7 +58,7 @@ struct SyncedVolume final : platform::Folder
     {
         return platform::failure(5);
     }
-    platform::Expected<void> protectFolder(std::string_view, const platform::Attributes &) const override
+    platform::Expected<void> finishFolder(std::string_view, const platform::Attributes &) const override
     {
         return platform::failure(5);
     }

@@ -48,39 +48,39 @@ TEST(RunGuards, StartupDiskInAnyBayRefusesTheStart)
         const auto box =
             enclosure(1, {inBay("Slot-B", disk(2, {volume("/Volumes/B")})), inBay(slot, startupDisk(1)),
                           inBay("Slot-C", disk(3, {volume("/Volumes/C")}))});
-        EXPECT_EQ(startRefusal(*box, {{box}, {}, {}}), EnclosureRefusal::StartupDisk);
+        EXPECT_EQ(refusalOfStart(*box, {{box}, {}, {}}), EnclosureRefusal::StartupDisk);
     }
 }
 
 TEST(RunGuards, StartupVolumeBehindTheFirstOfADiskRefusesTheStart)
 {
     const auto box = enclosure(1, {inBay("Slot-B", disk(2, {volume("/boot"), volume("/")}))});
-    EXPECT_EQ(startRefusal(*box, {{box}, {}, {}}), EnclosureRefusal::StartupDisk);
+    EXPECT_EQ(refusalOfStart(*box, {{box}, {}, {}}), EnclosureRefusal::StartupDisk);
 }
 
 TEST(RunGuards, StartupDiskIsKnownByItsDeviceNodeToo)
 {
     const auto box = enclosure(1, {inBay("Slot-B", disk(4, {volume("/Volumes/B")}))});
-    EXPECT_EQ(startRefusal(*box, {{box}, {startupDisk(4)}, {}}), EnclosureRefusal::StartupDisk);
+    EXPECT_EQ(refusalOfStart(*box, {{box}, {startupDisk(4)}, {}}), EnclosureRefusal::StartupDisk);
 }
 
 TEST(RunGuards, RaidSetInAnyBayRefusesTheStart)
 {
     const auto box = enclosure(1, {inBay("Slot-A", raid(disk(1))), inBay("Slot-B", disk(2))});
-    EXPECT_EQ(startRefusal(*box, {{box}, {}, {}}), EnclosureRefusal::RaidSet);
+    EXPECT_EQ(refusalOfStart(*box, {{box}, {}, {}}), EnclosureRefusal::RaidSet);
 }
 
 TEST(RunGuards, OrdinaryEnclosureMayStart)
 {
     const auto box =
         enclosure(1, {inBay("Slot-A", disk(1, {volume("/Volumes/A")})), inBay("Slot-B", blank(disk(2)))});
-    EXPECT_EQ(startRefusal(*box, {{box}, {startupDisk()}, {}}), std::nullopt);
+    EXPECT_EQ(refusalOfStart(*box, {{box}, {startupDisk()}, {}}), std::nullopt);
 }
 
 class SourceGuard : public testing::Test
 {
 protected:
-    std::optional<DiskGuard> guard() const { return guardOf(*m_disk, m_devices, m_choice, Anna); }
+    std::optional<RefusalReason> guard() const { return refusalOf(*m_disk, m_devices, m_choice, Anna); }
 
     DiskPtr m_disk = inBay("Slot-A", disk(1, {volume("/Volumes/One"), volume("/Volumes/Two")}));
     ScannedDevices m_devices{{enclosure(1, {m_disk})}, {startupDisk()}, {}};
@@ -90,13 +90,13 @@ protected:
 TEST_F(SourceGuard, DiskWithTheTreesRootCarriesTheSource)
 {
     m_choice.sourceRoot = "/Volumes/Two";
-    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+    EXPECT_EQ(guard(), RefusalReason::CarriesSource);
 }
 
 TEST_F(SourceGuard, DiskWithAFolderAsTheTreesRootCarriesTheSource)
 {
     m_choice.sourceRoot = "/Volumes/Two/Footage";
-    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+    EXPECT_EQ(guard(), RefusalReason::CarriesSource);
 }
 
 TEST_F(SourceGuard, DiskOfAnotherNameThatBeginsAlikeDoesNot)
@@ -108,31 +108,32 @@ TEST_F(SourceGuard, DiskOfAnotherNameThatBeginsAlikeDoesNot)
 TEST_F(SourceGuard, DiskNamedInTheSourceRowCarriesTheSource)
 {
     m_choice.source = "Two";
-    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+    EXPECT_EQ(guard(), RefusalReason::CarriesSource);
 }
 
 TEST_F(SourceGuard, DiskOfTheChosenItemCarriesTheSource)
 {
     m_choice.sourceItem = "One";
-    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+    EXPECT_EQ(guard(), RefusalReason::CarriesSource);
 }
 
 TEST_F(SourceGuard, AnotherRecordOfTheDiskCountsAsWell)
 {
     m_devices.otherDiskArray.push_back(disk(1, {volume("/Volumes/Three")}));
     m_choice.source = "Three";
-    EXPECT_EQ(guard(), DiskGuard::CarriesSource);
+    EXPECT_EQ(guard(), RefusalReason::CarriesSource);
 }
 
 TEST_F(SourceGuard, StartupDiskIsNeverTouchedWhateverTheSource)
 {
-    EXPECT_EQ(guardOf(*m_devices.otherDiskArray.front(), m_devices, m_choice, Anna), DiskGuard::StartupDisk);
+    EXPECT_EQ(refusalOf(*m_devices.otherDiskArray.front(), m_devices, m_choice, Anna),
+              RefusalReason::StartupDisk);
 }
 
 TEST_F(SourceGuard, DiskWithoutADeviceNodeIsNeverTouched)
 {
     m_disk->setDevPath(std::nullopt);
-    EXPECT_EQ(guard(), DiskGuard::NoDevice);
+    EXPECT_EQ(guard(), RefusalReason::NoDevice);
 }
 
 TEST_F(SourceGuard, UnmountedVolumeIsNotTakenForAMissingSource)
@@ -144,61 +145,61 @@ TEST_F(SourceGuard, UnmountedVolumeIsNotTakenForAMissingSource)
 TEST(NameGuards, OrdinaryNamesAreAllowed)
 {
     for (const char *name : {"COPY1", "My Disk", "...", "Überspielung 1", "none"})
-        EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), std::nullopt) << name;
+        EXPECT_EQ(refusalOfName(name, EraseFormat::Ext4), std::nullopt) << name;
 }
 
 TEST(NameGuards, NameIsNeeded)
 {
-    EXPECT_EQ(nameGuardOf("", EraseFormat::Ext4), NameGuard::Empty);
+    EXPECT_EQ(refusalOfName("", EraseFormat::Ext4), NameRefusalReason::Empty);
 }
 
 TEST(NameGuards, NamesThatMeanSomethingElseAreRefused)
 {
     for (const char *name : {".", "..", "None", "Unformatted"})
-        EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), NameGuard::Reserved) << name;
+        EXPECT_EQ(refusalOfName(name, EraseFormat::Ext4), NameRefusalReason::Reserved) << name;
 }
 
 TEST(NameGuards, NamesThatWouldLeadElsewhereAreRefused)
 {
-    EXPECT_EQ(nameGuardOf("a/b", EraseFormat::Ext4), NameGuard::Separator);
-    EXPECT_EQ(nameGuardOf(std::string("a\0b", 3), EraseFormat::Ext4), NameGuard::Separator);
+    EXPECT_EQ(refusalOfName("a/b", EraseFormat::Ext4), NameRefusalReason::Separator);
+    EXPECT_EQ(refusalOfName(std::string("a\0b", 3), EraseFormat::Ext4), NameRefusalReason::Separator);
 }
 
 TEST(NameGuards, NamesThatAreNoTextAreRefused)
 {
-    EXPECT_EQ(nameGuardOf("a\xFF", EraseFormat::Ext4), NameGuard::NotText);
-    EXPECT_EQ(nameGuardOf("a\nb", EraseFormat::Ext4), NameGuard::NotText);
+    EXPECT_EQ(refusalOfName("a\xFF", EraseFormat::Ext4), NameRefusalReason::NotText);
+    EXPECT_EQ(refusalOfName("a\nb", EraseFormat::Ext4), NameRefusalReason::NotText);
 }
 
 TEST(NameGuards, BlanksThatTheListOfVolumesLosesAreRefused)
 {
     for (const char *name : {" a", "a ", "a  b"})
-        EXPECT_EQ(nameGuardOf(name, EraseFormat::Ext4), NameGuard::LostBlanks) << name;
+        EXPECT_EQ(refusalOfName(name, EraseFormat::Ext4), NameRefusalReason::LostBlanks) << name;
 }
 
 TEST(NameGuards, XfsTakesNoBlanks)
 {
-    EXPECT_EQ(nameGuardOf("COPY 1", EraseFormat::Xfs), NameGuard::Blanks);
-    EXPECT_EQ(nameGuardOf("COPY 1", EraseFormat::ExFat), std::nullopt);
+    EXPECT_EQ(refusalOfName("COPY 1", EraseFormat::Xfs), NameRefusalReason::Blanks);
+    EXPECT_EQ(refusalOfName("COPY 1", EraseFormat::ExFat), std::nullopt);
 }
 
 TEST(NameGuards, CharacterThatIsNotShownIsRefused)
 {
-    EXPECT_EQ(nameGuardOf("a\xE2\x80\x8E"
-                          "b",
-                          EraseFormat::Ext4),
-              NameGuard::NotText)
+    EXPECT_EQ(refusalOfName("a\xE2\x80\x8E"
+                            "b",
+                            EraseFormat::Ext4),
+              NameRefusalReason::NotText)
         << "it turns the writing direction";
 }
 
 TEST(NameGuards, EachFormatHasItsLimit)
 {
-    EXPECT_EQ(nameGuardOf(std::string(16, 'a'), EraseFormat::Ext4), std::nullopt);
-    EXPECT_EQ(nameGuardOf(std::string(17, 'a'), EraseFormat::Ext4), NameGuard::TooLong);
-    EXPECT_EQ(nameGuardOf(std::string(12, 'a'), EraseFormat::Xfs), std::nullopt);
-    EXPECT_EQ(nameGuardOf(std::string(13, 'a'), EraseFormat::Xfs), NameGuard::TooLong);
-    EXPECT_EQ(nameGuardOf(std::string(11, 'a'), EraseFormat::ExFat), std::nullopt);
-    EXPECT_EQ(nameGuardOf(std::string(12, 'a'), EraseFormat::ExFat), NameGuard::TooLong);
+    EXPECT_EQ(refusalOfName(std::string(16, 'a'), EraseFormat::Ext4), std::nullopt);
+    EXPECT_EQ(refusalOfName(std::string(17, 'a'), EraseFormat::Ext4), NameRefusalReason::TooLong);
+    EXPECT_EQ(refusalOfName(std::string(12, 'a'), EraseFormat::Xfs), std::nullopt);
+    EXPECT_EQ(refusalOfName(std::string(13, 'a'), EraseFormat::Xfs), NameRefusalReason::TooLong);
+    EXPECT_EQ(refusalOfName(std::string(11, 'a'), EraseFormat::ExFat), std::nullopt);
+    EXPECT_EQ(refusalOfName(std::string(12, 'a'), EraseFormat::ExFat), NameRefusalReason::TooLong);
 }
 
 TEST(NameGuards, FormatIsTheOneOfTheSettingElseExt4)
@@ -212,24 +213,25 @@ TEST(NameGuards, FormatIsTheOneOfTheSettingElseExt4)
 TEST(NameGuards, LimitsAreInBytesOrCharactersAsTheFormatKeepsThem)
 {
     const std::string elevenUmlauts = "üüüüüüüüüüü";
-    EXPECT_EQ(nameGuardOf(elevenUmlauts, EraseFormat::Ext4), NameGuard::TooLong);
-    EXPECT_EQ(nameGuardOf(elevenUmlauts, EraseFormat::ExFat), std::nullopt);
+    EXPECT_EQ(refusalOfName(elevenUmlauts, EraseFormat::Ext4), NameRefusalReason::TooLong);
+    EXPECT_EQ(refusalOfName(elevenUmlauts, EraseFormat::ExFat), std::nullopt);
     const std::string sixPictures = "😀😀😀😀😀😀";
-    EXPECT_EQ(nameGuardOf(sixPictures, EraseFormat::ExFat), NameGuard::TooLong);
+    EXPECT_EQ(refusalOfName(sixPictures, EraseFormat::ExFat), NameRefusalReason::TooLong);
 }
 
 TEST(NameGuards, RefusalNamesBayNameAndLimit)
 {
-    EXPECT_EQ(
-        refusalText(NameRefusal{"Slot-B", "A much too long name", NameGuard::TooLong, EraseFormat::Xfs}),
-        "Slot-B (A much too long name): longer than 12 bytes, which is the limit of xfs");
+    EXPECT_EQ(refusalText(NameRefusal{"Slot-B", "A much too long name", NameRefusalReason::TooLong,
+                                      EraseFormat::Xfs}),
+              "Slot-B (A much too long name): longer than 12 bytes, which is the limit of xfs");
 }
 
 TEST(RunGuards, RefusalOfADiskNamesBayNameAndReason)
 {
-    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "CO\nPY", DiskGuard::CarriesSource}),
+    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "CO\nPY", RefusalReason::CarriesSource}),
               "Slot-B (CO\\x0APY): it carries the source");
-    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "", DiskGuard::NoName}), "Slot-B: its volume has no name");
+    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "", RefusalReason::NoName}),
+              "Slot-B: its volume has no name");
 }
 
 } // namespace orvana

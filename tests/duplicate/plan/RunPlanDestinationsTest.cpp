@@ -56,23 +56,23 @@ TEST_F(RunDestinations, TwoBaysThatShowOneNameAreOneDestination)
 TEST_F(RunDestinations, BayWhoseVolumeIsMountedNowhereIsNoDestination)
 {
     diskAt(1)->setBsdPathArray({unmountedVolume()});
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotMounted);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::NotMounted);
     diskAt(1)->setBsdPathArray({volume("")});
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotMounted);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::NotMounted);
 }
 
 TEST_F(RunDestinations, BayWithAnEmptyNameIsNoDestination)
 {
     m_choice.names[Bay::B] = "";
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::NoName);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::NoName);
 }
 
 TEST_F(RunDestinations, BayThatHoldsAnotherVolumeThanItShowsIsNoDestination)
 {
     diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1 1")});
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherVolume);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::OtherVolume);
     diskAt(1)->setBsdPathArray({});
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherVolume);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::OtherVolume);
 }
 
 TEST_F(RunDestinations, BayThatLostItsDiskIsNoDestination)
@@ -185,7 +185,7 @@ TEST_F(RunDestinations, EjectOfTheSourceNeverTakesTheStartupDisk)
     m_choice.sourceItem = "Data";
     const auto plan = planSourceEject(m_devices, m_choice);
     EXPECT_TRUE(plan->disks.empty());
-    EXPECT_EQ(firstReason(*plan), DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(*plan), RefusalReason::StartupDisk);
 }
 
 } // namespace orvana

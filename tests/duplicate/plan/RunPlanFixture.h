@@ -51,7 +51,7 @@ protected:
     }
 
     template <class Plan>
-    static std::optional<DiskGuard> firstReason(const Plan &plan)
+    static std::optional<RefusalReason> firstReason(const Plan &plan)
     {
         return plan.refusals.empty() ? std::nullopt : std::optional(plan.refusals.front().reason);
     }

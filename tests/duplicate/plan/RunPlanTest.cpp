@@ -112,7 +112,7 @@ TEST_F(RunPlan, RaidMemberIsNeverErased)
     raid(diskAt(1));
     const auto plan = erase();
     EXPECT_EQ(erased(plan).front(), "Slot-C /dev/disk3 COPY2");
-    EXPECT_EQ(firstReason(plan), DiskGuard::RaidSet);
+    EXPECT_EQ(firstReason(plan), RefusalReason::RaidSet);
 }
 
 TEST_F(RunPlan, DiskThatIsTooSmallIsNotErased)
@@ -120,6 +120,30 @@ TEST_F(RunPlan, DiskThatIsTooSmallIsNotErased)
     m_choice.isOverSize[Bay::B] = true;
     EXPECT_EQ(erased(erase()), (Names{"Slot-C /dev/disk3 COPY2", "Slot-D /dev/disk4 Untitled"}));
     EXPECT_EQ(erase().tooSmall, std::vector{Bay::B});
+}
+
+TEST_F(RunPlan, BayIsTooSmallByThePlansOwnSumThoughNothingShowsIt)
+{
+    diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1", 100, 50)});
+    m_choice.selectedBytes = 99 * 512;
+    m_choice.erase = true;
+    EXPECT_EQ(erase().tooSmall, std::vector<Bay>()) << "99 hundredths of the capacity, bound included";
+    m_choice.selectedBytes = 99 * 512 + 1;
+    EXPECT_EQ(erase().tooSmall, std::vector{Bay::B});
+
+    m_choice.erase = false;
+    m_choice.selectedBytes = 50 * 512;
+    EXPECT_EQ(destinations().tooSmall, std::vector<Bay>()) << "what is free, bound included";
+    m_choice.selectedBytes = 50 * 512 + 1;
+    EXPECT_EQ(destinations().tooSmall, std::vector{Bay::B});
+}
+
+TEST_F(RunPlan, BayThatIsShownAsTooSmallStaysOutWhateverThePlansSumSays)
+{
+    m_choice.isOverSize[Bay::C] = true;
+    m_choice.selectedBytes = 0;
+    EXPECT_EQ(erase().tooSmall, std::vector{Bay::C});
+    EXPECT_EQ(destinations().tooSmall, std::vector{Bay::C});
 }
 
 TEST_F(RunPlan, DiskInNoKnownBayIsNotErased)
@@ -147,9 +171,9 @@ TEST_F(RunPlan, BayAOfTwoVolumesIsNeverErasedThoughItCountsAsADestination)
 TEST_F(RunPlan, StartupDiskInABayIsNeverErasedNorADestinationNorEjected)
 {
     diskAt(2)->setBsdPathArray({volume("/Volumes/COPY2"), volume("/")});
-    EXPECT_EQ(firstReason(erase()), DiskGuard::StartupDisk);
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::StartupDisk);
-    EXPECT_EQ(firstReason(*planTargetEject(m_devices, m_choice, Anna)), DiskGuard::StartupDisk);
+    EXPECT_EQ(firstReason(erase()), RefusalReason::StartupDisk);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::StartupDisk);
+    EXPECT_EQ(firstReason(*planTargetEject(m_devices, m_choice, Anna)), RefusalReason::StartupDisk);
 }
 
 TEST_F(RunPlan, OneBadNameIsToldBeforeAnythingIsErased)
@@ -186,8 +210,8 @@ TEST_F(RunPlan, TwoDisksThatClaimOneBayAreBothLeftAlone)
     box().hddArray().push_back(bay("Slot-B", 9, "Other"));
     const auto plan = erase();
     EXPECT_EQ(plan.refusals.size(), 2U);
-    EXPECT_EQ(firstReason(plan), DiskGuard::NotCertain);
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::NotCertain);
+    EXPECT_EQ(firstReason(plan), RefusalReason::NotCertain);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::NotCertain);
 }
 
 TEST_F(RunPlan, TwoDisksOfOneDeviceNodeAreBothLeftAlone)
@@ -228,8 +252,8 @@ TEST_F(RunPlan, DiskThatWasChangedSinceItWasShownIsLeftAlone)
     diskAt(1) = bay("Slot-B", 9, "COPY1");
     const auto plan = erase();
     ASSERT_EQ(plan.refusals.size(), 1U);
-    EXPECT_EQ(firstReason(plan), DiskGuard::OtherDisk);
-    EXPECT_EQ(firstReason(destinations()), DiskGuard::OtherDisk);
+    EXPECT_EQ(firstReason(plan), RefusalReason::OtherDisk);
+    EXPECT_EQ(firstReason(destinations()), RefusalReason::OtherDisk);
 }
 
 TEST_F(RunPlan, DisksThatChangedPlacesSinceTheyWereShownAreLeftAlone)

@@ -42,14 +42,6 @@ TEST(SourcePlan, UnmountedVolumeHasNeitherNameNorRoot)
     EXPECT_EQ(rootPath(*unmountedVolume(), Anna), "");
 }
 
-TEST(SourcePlan, LastComponentPassesOverSlashesAtTheEnd)
-{
-    EXPECT_EQ(lastComponent("/Volumes/A/"), "A");
-    EXPECT_EQ(lastComponent("A"), "A");
-    EXPECT_EQ(lastComponent("/"), "/");
-    EXPECT_EQ(lastComponent(""), "");
-}
-
 TEST(SourcePlan, VolumeInBayAIsTheSourceToBeginWith)
 {
     const auto box = enclosure(1, {inBay("Slot-A", disk(1, {volume("/Volumes/Master", 2048, 1024)}))});

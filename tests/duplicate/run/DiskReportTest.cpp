@@ -71,7 +71,7 @@ TEST_F(DiskReport, RefusedDiskFailsTheRun)
 {
     reportDestinations(
         m_report,
-        {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}}, {{"Slot-B", "COPY1", DiskGuard::NotMounted}}, {}},
+        {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}}, {{"Slot-B", "COPY1", RefusalReason::NotMounted}}, {}},
         {});
     EXPECT_FALSE(m_report.allDone());
     EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-B (COPY1): refused: its volume is not mounted"}));
@@ -83,7 +83,7 @@ TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
     choice.names[Bay::D] = "SMALL";
     reportDestinations(m_report,
                        {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}},
-                        {{"Slot-A", "Master", DiskGuard::CarriesSource}},
+                        {{"Slot-A", "Master", RefusalReason::CarriesSource}},
                         {Bay::D}},
                        choice);
     EXPECT_TRUE(m_report.allDone());
@@ -94,7 +94,7 @@ TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
 
 TEST_F(DiskReport, WhatIsRefusedForTheEraseAndForTheCopyIsToldOnce)
 {
-    const std::vector<DiskRefusal> refusals{{"Slot-A", "Master", DiskGuard::CarriesSource}};
+    const std::vector<DiskRefusal> refusals{{"Slot-A", "Master", RefusalReason::CarriesSource}};
     m_erase.refusals = refusals;
     reportErase(m_report, m_erase, {});
     reportDestinations(m_report, {{}, refusals, {}}, {});

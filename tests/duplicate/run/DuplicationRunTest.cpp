@@ -183,17 +183,13 @@ protected:
     {
         if (m_run && m_run->isOn())
             tell("look at all");
-        m_scanner->resetArray("All");
-        m_scanner->scanTBDevice();
-        m_scanner->scanOtherDevice();
-        m_scanner->scanOtherTBDevice();
+        m_scanner->scanEverything();
     }
 
     void lookAtEnclosures() override
     {
         tell("look at enclosures");
-        m_scanner->resetArray("TBBay4");
-        m_scanner->scanTBDevice();
+        m_scanner->scanEnclosuresAnew();
     }
 
     bool hasSomethingToCopy() override

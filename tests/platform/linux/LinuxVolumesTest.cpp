@@ -10,20 +10,20 @@ namespace linux_host = platform::linux_host;
 class LinuxVolumes : public LinuxFixture
 {
 protected:
-    std::shared_ptr<const linux_host::MachineLook> look()
+    std::shared_ptr<const linux_host::MachineSnapshot> snapshot()
     {
         linux_host::SystemFiles files;
         files.mounts = m_machine.mountFile();
         files.swaps = m_machine.swapFile();
         files.btrfs = m_btrfs.root();
-        return linux_host::LinuxMachine(files).look();
+        return linux_host::LinuxMachine(files).snapshot();
     }
 
     /// "disk0s1 /media/COPY" for each listed volume.
     std::vector<std::string> volumes()
     {
         std::vector<std::string> list;
-        const auto seen = look();
+        const auto seen = snapshot();
         for (const auto &volume : seen->volumes)
             list.push_back(volume.device + " " + volume.point);
         return list;
@@ -161,7 +161,7 @@ TEST_F(LinuxVolumes, ManyLayersThatCannotBeSeenFromHereAreFollowedOnce)
     for (int i = 1; i < 60; ++i)
         layers.append(":/l/").append(std::to_string(i));
     m_machine.mountLine("36 1 0:30 / / rw - overlay overlay rw,lowerdir=" + layers);
-    EXPECT_EQ(look()->snapshot.beneathRoot, std::set<std::string>());
+    EXPECT_EQ(snapshot()->system.beneathRoot, std::set<std::string>());
 }
 
 TEST_F(LinuxVolumes, LayeredRootCountsForTheDiskOfItsLayers)
@@ -188,9 +188,9 @@ TEST_F(LinuxVolumes, SwappedPartitionIsOpen)
 {
     addInternal("sda", 2);
     m_machine.swapOn("sda2");
-    const auto seen = look();
-    EXPECT_FALSE(seen->disks.at(0).pieces.at(0).isOpen);
-    EXPECT_TRUE(seen->disks.at(0).pieces.at(1).isOpen);
+    const auto seen = snapshot();
+    EXPECT_FALSE(seen->disks.at(0).partitions.at(0).isOpen);
+    EXPECT_TRUE(seen->disks.at(0).partitions.at(1).isOpen);
 }
 
 TEST_F(LinuxVolumes, MountPointThatTheColumnsWouldChangeIsLeftOutAndTold)
@@ -210,7 +210,7 @@ class DevicesBeneath : public LinuxVolumes
 protected:
     std::set<std::string> beneath(const std::string &path)
     {
-        return linux_host::devicesBeneath(look()->snapshot, path);
+        return linux_host::devicesBeneath(snapshot()->system, path);
     }
 };
 

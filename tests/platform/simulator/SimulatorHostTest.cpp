@@ -142,8 +142,6 @@ TEST_F(Simulator, ContentIsMadeOnceAndTheHomeIsTheUsers)
     EXPECT_EQ(m_host->account().loginName(), "anna");
     EXPECT_EQ(test::contentOf(m_host->account().homeFolder() + "/a.txt").size(), 10U);
     EXPECT_EQ(m_host->places().userPath("anna"), m_host->account().homeFolder());
-    EXPECT_EQ(m_host->places().volumePath("Master"), volumesFolder() + "/Master");
-    EXPECT_EQ(m_host->places().volumePath("Nope"), std::nullopt);
     const auto root = m_host->volumeFiles().openFolder(volumesFolder() + "/Master", Reach::Beneath);
     EXPECT_TRUE(m_host->places().isVolumeRoot(**root));
 }

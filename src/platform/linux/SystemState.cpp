@@ -1,4 +1,4 @@
-#include "platform/linux/Snapshot.h"
+#include "platform/linux/SystemState.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -25,17 +25,17 @@ std::vector<std::set<std::string>> readPools(const std::string &folder)
 class Foundations
 {
 public:
-    explicit Foundations(const Snapshot &snapshot) : m_snapshot(snapshot) {}
+    explicit Foundations(const SystemState &system) : m_system(system) {}
 
     void addPath(const std::string &path)
     {
-        if (const auto *mount = mountAt(m_snapshot.mounts, path))
+        if (const auto *mount = mountAt(m_system.mounts, path))
             addMount(*mount);
     }
 
     void addMountsBelow(const std::string &path)
     {
-        for (const auto &mount : m_snapshot.mounts) {
+        for (const auto &mount : m_system.mounts) {
             if (isBelow(mount.target, path))
                 addMount(mount);
         }
@@ -48,7 +48,7 @@ private:
     {
         if (!m_seenMounts.insert(&mount).second)
             return;
-        const auto *device = deviceOf(m_snapshot.devices, mount);
+        const auto *device = deviceOf(m_system.devices, mount);
         if (device)
             addDevice(*device);
         if (mount.type == "overlay") {
@@ -85,7 +85,7 @@ private:
         if (!m_seenDevices.insert(&device).second)
             return;
         addNamed(device.slaves);
-        for (const auto &pool : m_snapshot.pools) {
+        for (const auto &pool : m_system.pools) {
             if (pool.contains(device.name))
                 addNamed(pool);
         }
@@ -99,12 +99,12 @@ private:
     void addNamed(const Names &names)
     {
         for (const auto &name : names) {
-            if (const auto *device = m_snapshot.devices.blockNamed(name))
+            if (const auto *device = m_system.devices.blockNamed(name))
                 addDevice(*device);
         }
     }
 
-    const Snapshot &m_snapshot;
+    const SystemState &m_system;
     std::set<const Mount *> m_seenMounts;
     std::set<const Device *> m_seenDevices;
     std::set<std::string> m_found;
@@ -120,38 +120,38 @@ int rankOf(const Mount &mount)
 
 } // namespace
 
-bool Snapshot::isMounted(const Device &device) const
+bool SystemState::isMounted(const Device &device) const
 {
     return isPooled(device) || std::any_of(mounts.begin(), mounts.end(), [&](const Mount &mount) {
                return deviceOf(devices, mount) == &device;
            });
 }
 
-bool Snapshot::isPooled(const Device &device) const
+bool SystemState::isPooled(const Device &device) const
 {
     return std::any_of(pools.begin(), pools.end(),
                        [&](const std::set<std::string> &pool) { return pool.contains(device.name); });
 }
 
-Snapshot readSnapshot(const SystemFiles &files)
+SystemState readSystemState(const SystemFiles &files)
 {
-    Snapshot snapshot{files.devices(), readMounts(files.mounts), {}, readPools(files.btrfs), {}};
+    SystemState system{files.devices(), readMounts(files.mounts), {}, readPools(files.btrfs), {}};
     for (const auto &source : readSwaps(files.swaps)) {
-        const auto *device = snapshot.devices.blockAtNode(source);
+        const auto *device = system.devices.blockAtNode(source);
         // A file is swapped on by way of the file system that it lies on.
-        const auto *mount = device ? nullptr : mountAt(snapshot.mounts, source);
+        const auto *mount = device ? nullptr : mountAt(system.mounts, source);
         if (mount)
-            device = deviceOf(snapshot.devices, *mount);
+            device = deviceOf(system.devices, *mount);
         if (device)
-            snapshot.swaps.insert(device->name);
+            system.swaps.insert(device->name);
     }
-    snapshot.beneathRoot = devicesBeneath(snapshot, "/");
-    return snapshot;
+    system.beneathRoot = devicesBeneath(system, "/");
+    return system;
 }
 
-std::set<std::string> devicesBeneath(const Snapshot &snapshot, const std::string &path)
+std::set<std::string> devicesBeneath(const SystemState &system, const std::string &path)
 {
-    Foundations foundations(snapshot);
+    Foundations foundations(system);
     foundations.addPath(path);
     if (path != "/")
         foundations.addMountsBelow(path);
@@ -177,13 +177,13 @@ const Mount *mountAt(const std::vector<Mount> &mounts, const std::string &path)
     return best;
 }
 
-std::vector<MountedDevice> mountedDevices(const Snapshot &snapshot)
+std::vector<MountedDevice> mountedDevices(const SystemState &system)
 {
     std::vector<MountedDevice> found;
     std::vector<int> ranks;
-    for (const auto &mount : snapshot.mounts) {
-        const auto *device = deviceOf(snapshot.devices, mount);
-        if (!device || mountAt(snapshot.mounts, mount.target) != &mount)
+    for (const auto &mount : system.mounts) {
+        const auto *device = deviceOf(system.devices, mount);
+        if (!device || mountAt(system.mounts, mount.target) != &mount)
             continue;
         const auto known = std::find_if(found.begin(), found.end(),
                                         [&](const MountedDevice &entry) { return entry.device == device; });

@@ -1,4 +1,4 @@
-#include "duplicate/engine/Lanes.h"
+#include "duplicate/engine/Workers.h"
 
 #include <chrono>
 #include <system_error>
@@ -53,25 +53,25 @@ bool awaitAwake(Condition condition)
 
 } // namespace
 
-Lanes::Lanes(std::size_t count)
+Workers::Workers(std::size_t count)
 {
     m_threads.reserve(count);
     try {
         while (m_threads.size() < count)
             m_threads.emplace_back([this] { runLane(); });
     } catch (const std::system_error &) {
-        // Fewer lanes do the same work. Without any, `start` does it.
+        // Fewer workers do the same work. Without any, `start` does it.
     }
 }
 
-Lanes::~Lanes()
+Workers::~Workers()
 {
     m_end = true;
     ++m_call;
     m_call.notify_all();
 }
 
-void Lanes::start(const Work &work, std::size_t pieces, std::size_t helpers)
+void Workers::start(const Work &work, std::size_t pieces, std::size_t helpers)
 {
     m_work = &work;
     m_unfinished = pieces;
@@ -89,13 +89,13 @@ void Lanes::start(const Work &work, std::size_t pieces, std::size_t helpers)
         m_call.notify_one();
 }
 
-bool Lanes::hasWork() const
+bool Workers::hasWork() const
 {
     const auto word = m_pieces.load();
     return begun(word) < all(word);
 }
 
-bool Lanes::doOnePiece()
+bool Workers::doOnePiece()
 {
     auto word = m_pieces.load();
     do {
@@ -108,7 +108,7 @@ bool Lanes::doOnePiece()
     return true;
 }
 
-void Lanes::doPiece(std::size_t piece)
+void Workers::doPiece(std::size_t piece)
 {
     try {
         (*m_work.load())(piece);
@@ -117,20 +117,20 @@ void Lanes::doPiece(std::size_t piece)
     }
 }
 
-void Lanes::noteException()
+void Workers::noteException()
 {
     const std::lock_guard lock(m_exceptionMutex);
     if (!m_exception)
         m_exception = std::current_exception();
 }
 
-void Lanes::help()
+void Workers::help()
 {
     while (doOnePiece()) {
     }
 }
 
-void Lanes::waitForAllPieces()
+void Workers::waitForAllPieces()
 {
     if (awaitAwake([this] { return m_unfinished == 0; }))
         return;
@@ -138,8 +138,8 @@ void Lanes::waitForAllPieces()
         m_unfinished.wait(unfinished);
 }
 
-void Lanes::doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
-                     const std::function<void()> &meanwhile)
+void Workers::doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
+                       const std::function<void()> &meanwhile)
 {
     start(work, pieces, helpers);
     try {
@@ -152,7 +152,7 @@ void Lanes::doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
         std::rethrow_exception(exception);
 }
 
-void Lanes::share(const Work &work, std::size_t pieces, std::size_t helpers)
+void Workers::share(const Work &work, std::size_t pieces, std::size_t helpers)
 {
     if (helpers > 0 && pieces > 1) {
         doBeside(work, pieces, helpers, [this] { help(); });
@@ -162,18 +162,18 @@ void Lanes::share(const Work &work, std::size_t pieces, std::size_t helpers)
         work(piece);
 }
 
-void Lanes::awaitWork(unsigned lastCall)
+void Workers::awaitWork(unsigned lastCall)
 {
     if (awaitAwake([this] { return hasWork() || m_end; }))
         return;
     ++m_asleep;
-    // Work that came before this lane counted as asleep was not called out.
+    // Work that came before this worker counted as asleep was not called out.
     if (!hasWork() && !m_end)
         m_call.wait(lastCall);
     --m_asleep;
 }
 
-void Lanes::runLane()
+void Workers::runLane()
 {
     while (!m_end) {
         const auto lastCall = m_call.load();

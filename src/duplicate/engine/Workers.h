@@ -14,25 +14,25 @@ namespace orvana
 
 /// Threads that share out pieces of work among themselves, one piece for each destination.
 ///
-/// All functions are called by one thread. A lane that has just worked stays awake for a moment: waking a
+/// All functions are called by one thread. A worker that has just worked stays awake for a moment: waking a
 /// thread takes longer than writing a small file.
-class Lanes
+class Workers
 {
 public:
     using Work = std::function<void(std::size_t piece)>;
 
-    explicit Lanes(std::size_t count);
-    ~Lanes();
-    Lanes(const Lanes &) = delete;
-    Lanes &operator=(const Lanes &) = delete;
+    explicit Workers(std::size_t count);
+    ~Workers();
+    Workers(const Workers &) = delete;
+    Workers &operator=(const Workers &) = delete;
 
-    /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` lanes, while the caller does
+    /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` workers, while the caller does
     /// `meanwhile`. Returns when all pieces and `meanwhile` are done, and then throws the first exception of
     /// any of them.
     void doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
                   const std::function<void()> &meanwhile);
 
-    /// The caller and at most `helpers` lanes share the pieces 0 to `pieces` - 1. Returns and throws
+    /// The caller and at most `helpers` workers share the pieces 0 to `pieces` - 1. Returns and throws
     /// likewise.
     void share(const Work &work, std::size_t pieces, std::size_t helpers);
 
@@ -48,11 +48,11 @@ private:
     void awaitWork(unsigned lastCall);
 
     std::atomic<const Work *> m_work{nullptr};
-    // The pieces of a round, begun and all, and the round's number in one word: a lane that comes late can
+    // The pieces of a round, begun and all, and the round's number in one word: a worker that comes late can
     // never begin a piece of another round.
     std::atomic<std::uint64_t> m_pieces{0};
     std::atomic<std::size_t> m_unfinished{0};
-    std::atomic<unsigned> m_call{0}; // counts the times that sleeping lanes were called
+    std::atomic<unsigned> m_call{0}; // counts the times that sleeping workers were called
     std::atomic<std::size_t> m_asleep{0};
     std::atomic<bool> m_end{false};
     std::uint64_t m_round = 0;

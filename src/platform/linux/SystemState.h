@@ -19,7 +19,7 @@ struct SystemFiles
 };
 
 /// Devices and mounts as they were at one time.
-struct Snapshot
+struct SystemState
 {
     DeviceList devices;
     std::vector<Mount> mounts;
@@ -37,11 +37,11 @@ struct Snapshot
     bool isPooled(const Device &device) const;
 };
 
-Snapshot readSnapshot(const SystemFiles &files);
+SystemState readSystemState(const SystemFiles &files);
 
 /// Kernel names of the partitions and whole disks that hold the file system at `path`, and those that are
 /// mounted below it. The path must hold no links; for "/" alone, what is mounted below it is left out.
-std::set<std::string> devicesBeneath(const Snapshot &snapshot, const std::string &path);
+std::set<std::string> devicesBeneath(const SystemState &system, const std::string &path);
 
 /// The block device that the mount's file system is on, or null. A mount may outlive its device.
 const Device *deviceOf(const DeviceList &devices, const Mount &mount);
@@ -59,6 +59,6 @@ struct MountedDevice
 
 /// The mount point of each mounted device: "/" before any other, then one of the file system's top folder,
 /// then the first. Mounts that another one hides are left out.
-std::vector<MountedDevice> mountedDevices(const Snapshot &snapshot);
+std::vector<MountedDevice> mountedDevices(const SystemState &system);
 
 } // namespace orvana::platform::linux_host
