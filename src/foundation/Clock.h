@@ -20,7 +20,7 @@ public:
     std::chrono::system_clock::time_point now() const override { return std::chrono::system_clock::now(); }
 };
 
-/// `time` in the system's time zone, laid out as `strftime` does it. Callable from any thread.
+/// Returns `time` in the system's time zone, formatted by `strftime` with `layout`. Callable from any thread.
 std::string localTime(std::chrono::system_clock::time_point time, const char *layout);
 
 } // namespace orvana

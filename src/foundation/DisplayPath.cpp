@@ -34,7 +34,8 @@ bool isWellFormed(char32_t character, int length)
     return character >= smallest[length] && character <= 0x10FFFF && !surrogate;
 }
 
-// The first character of `bytes`, which is not empty; NotUtf8 stands for one byte that starts none.
+// Returns the first character of `bytes`, which must not be empty. If no valid character starts there,
+// returns NotUtf8 for one byte.
 Decoded decodeFirst(std::string_view bytes)
 {
     const auto lead = static_cast<unsigned char>(bytes[0]);

@@ -6,10 +6,10 @@
 namespace orvana
 {
 
-/// A text that came from a disk, made safe to show: always valid UTF-8, on one line.
+/// Returns a text that came from a disk in a form that is safe to show: valid UTF-8 on one line.
 ///
-/// Control characters, bytes that are not UTF-8, and the Unicode characters that break a line or turn the
-/// writing direction appear as \xNN, one for each byte. Everything else stays as it is.
+/// Each byte of the following appears as \xNN: control characters, bytes that are not UTF-8, and Unicode
+/// characters that break a line or change the writing direction. Everything else stays as it is.
 std::string displayPath(std::string_view bytes);
 
 /// True when the bytes are well-formed UTF-8.

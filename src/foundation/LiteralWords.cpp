@@ -11,10 +11,10 @@ namespace orvana
 namespace
 {
 
-// Sheltered words hold it in no other sense: where the user typed it, it is sheltered itself.
+// In a sheltered value this byte is always a mark. If the user typed the byte, it is sheltered itself.
 constexpr char Mark = '\x01';
 constexpr std::string_view Digits = "0123456789abcdef";
-constexpr char Empty = 'e' + 10; // is no digit
+constexpr char Empty = 'e' + 10; // not a hexadecimal digit
 
 bool isPlain(char c)
 {
@@ -46,7 +46,7 @@ std::vector<std::string> shelteredWords(int argc, const char *const *argv)
     for (int i = 1; i < argc; ++i) {
         const std::string_view word = argv[i];
         const auto equals = word.find('=');
-        // The name of an option stays as it is, and so does the sign behind it.
+        // The name of an option stays as it is, and so does the "=" after it.
         if (!isOptionsEnd && word.starts_with("--") && equals != std::string_view::npos)
             words.push_back(std::string(word.substr(0, equals + 1)) + sheltered(word.substr(equals + 1)));
         else

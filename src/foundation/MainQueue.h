@@ -6,10 +6,10 @@
 namespace orvana
 {
 
-/// The queue of the main thread: work handed to it runs there, later, in the order it was handed over.
+/// The queue of the main thread. Work that is handed to it runs there later, in the order of the calls.
 ///
-/// Both functions may be called from any thread and return at once. Work that is still waiting when the
-/// queue is destroyed is dropped.
+/// Both functions may be called from any thread and return at once. When the queue is destroyed, work that is
+/// still waiting is dropped.
 class MainQueue
 {
 public:

@@ -39,7 +39,8 @@ public:
 
 void NotificationCenter::Slot::deliver(const Notification &notification)
 {
-    const OnThisThread onThisThread(this); // the step that may find no memory, before the delivery counts
+    // This may throw for lack of memory, so it comes before the delivery is counted.
+    const OnThisThread onThisThread(this);
     {
         const std::lock_guard lock(mutex);
         if (!active)
@@ -63,7 +64,7 @@ void NotificationCenter::Slot::end()
 {
     std::unique_lock lock(mutex);
     active = false;
-    // Within a handler there is no waiting: another one may be waiting for this.
+    // A handler must not wait here, because another handler may be waiting for it.
     if (handlersOnThisThread.empty())
         idle.wait(lock, [this] { return running == 0; });
 }

@@ -22,26 +22,27 @@ struct Notification
     std::string name;
     std::optional<std::pair<std::string, Value>> userInfo;
 
-    /// The text under `key`, or an empty one when the notification carries no such text.
+    /// Returns the text under `key`, or an empty text when the notification carries no such text.
     std::string text(std::string_view key) const;
 
-    /// The number under `key`, or 0 when the notification carries no such number.
+    /// Returns the number under `key`, or 0 when the notification carries no such number.
     float number(std::string_view key) const;
 };
 
-/// Delivers notifications to whoever subscribed to their name.
+/// Delivers each notification to the handlers that are subscribed to its name.
 ///
-/// Delivery is synchronous, on the posting thread, in order of subscription. All functions may be called
-/// from any thread and from within a handler. A handler subscribed while a notification is being delivered
-/// does not receive that one.
+/// Delivery is synchronous, on the posting thread, in order of subscription. All functions may be called from
+/// any thread and from within a handler. A handler that is subscribed during a delivery does not receive that
+/// notification.
 class NotificationCenter
 {
 public:
     using Handler = std::function<void(const Notification &)>;
     struct Slot;
 
-    /// Ends its subscription when destroyed. After that the handler will not be called again; unless it is
-    /// ended from within a handler, it is not running on another thread either.
+    /// Ends its subscription when destroyed. The handler is not called after that. The destructor also waits
+    /// until the handler is not running on any thread, unless the destructor is itself called from within a
+    /// handler.
     class Subscription
     {
     public:

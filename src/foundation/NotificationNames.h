@@ -35,7 +35,7 @@ inline constexpr const char *FileSizeChange = "FileSizeChange";
 inline constexpr const char *TBDeviceAttached = "TBDeviceAttached";
 inline constexpr const char *TBDeviceDeattached = "TBDeviceDeattached";
 
-// Volumes, on a centre of their own
+// Volumes, posted on a notification centre of their own
 inline constexpr const char *DidMount = "NSWorkspaceDidMountNotification";
 inline constexpr const char *DidUnmount = "NSWorkspaceDidUnmountNotification";
 inline constexpr const char *DidRenameVolume = "NSWorkspaceDidRenameVolumeNotification";

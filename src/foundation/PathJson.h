@@ -9,11 +9,12 @@ namespace orvana
 
 using Json = nlohmann::ordered_json;
 
-/// Puts a path into a JSON object under `key`, as it is shown, and its bytes in base64 under `key`Bytes when
-/// they are shown in another way: bytes that are not UTF-8, and control characters.
+/// Puts a path into a JSON object under `key`, in the form in which it is shown. When that form differs from
+/// the path's bytes, also puts the bytes in base64 under `key`Bytes. They differ for bytes that are not UTF-8
+/// and for control characters, for example.
 void putPath(Json &object, const std::string &key, std::string_view path);
 
-/// The bytes in base64, padded.
+/// Returns the bytes in base64, padded.
 std::string base64(std::string_view bytes);
 
 } // namespace orvana

@@ -6,7 +6,7 @@
 namespace orvana
 {
 
-/// A path whose identity counts: two objects with the same text are not the same path. Null is missing.
+/// A path whose identity counts: two objects with the same text are not the same path. Null means no path.
 using PathObject = std::shared_ptr<const std::string>;
 
 } // namespace orvana

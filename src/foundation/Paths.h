@@ -5,10 +5,12 @@
 namespace orvana
 {
 
-/// The last component of a path, without slashes at its end; "/" for the root, nothing of an empty path.
+/// Returns the last component of a path, without trailing slashes. Returns "/" for the root and an empty text
+/// for an empty path.
 std::string lastComponent(const std::string &path);
 
-/// True when the path is the folder or lies in it, by their texts alone. Nothing lies in an empty one.
+/// True when the path is the folder or lies in it. Compares only the texts. Nothing lies in an empty folder
+/// path.
 bool isAtOrBelow(const std::string &path, const std::string &folder);
 
 } // namespace orvana

@@ -29,7 +29,7 @@ void PendingUpdate::request()
         const auto state = waiting.lock();
         if (!state)
             return;
-        // First, so that a request made while the work reads its values is not lost.
+        // This comes first, so that a request made while the work reads its values is not lost.
         state->isWaiting = false;
         state->work();
     });

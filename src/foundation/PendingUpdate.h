@@ -9,20 +9,21 @@
 namespace orvana
 {
 
-/// Work for the main queue that may be asked for a million times a second: however often that is, it runs at
-/// most once an interval, and once more after the last request.
+/// Work for the main queue that may be requested very often, even a million times a second. The work runs at
+/// most once per interval, and once more after the last request.
 class PendingUpdate
 {
 public:
     /// `queue` must outlive the object; `work` runs on the main thread.
     PendingUpdate(MainQueue &queue, std::chrono::milliseconds interval, std::function<void()> work);
 
-    /// On the main thread; after that the work does not run.
+    /// Call on the main thread. The work does not run after that.
     ~PendingUpdate();
     PendingUpdate(const PendingUpdate &) = delete;
     PendingUpdate &operator=(const PendingUpdate &) = delete;
 
-    /// Asks for the work, one interval from now unless it is already waiting. Callable from any thread.
+    /// Requests the work, which then runs after one interval. Does nothing when the work is already waiting.
+    /// Callable from any thread.
     void request();
 
 private:

@@ -8,7 +8,7 @@ namespace orvana
 void PlainMainQueue::after(std::chrono::milliseconds delay, std::function<void()> work)
 {
     const std::lock_guard lock(m_mutex);
-    // Under the lock, so that equal delays keep the order of the calls.
+    // The time is read under the lock, so that equal delays keep the order of the calls.
     m_waiting.emplace(Clock::now() + delay, std::move(work));
     m_changed.notify_all();
 }

@@ -16,10 +16,10 @@ public:
     void async(std::function<void()> work) override { after(std::chrono::milliseconds(0), std::move(work)); }
     void after(std::chrono::milliseconds delay, std::function<void()> work) override;
 
-    /// Runs work on the calling thread until `quit`.
+    /// Runs work on the calling thread until `quit` is called.
     void run();
 
-    /// Ends `run` after the piece of work in hand. Callable from any thread.
+    /// Ends `run` after the work that is running now. Callable from any thread.
     void quit();
 
 private:

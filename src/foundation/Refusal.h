@@ -7,7 +7,7 @@
 namespace orvana
 {
 
-/// Why a command cannot start: one line for the user, and the status to leave with.
+/// The reason why a command cannot start: the exit status, and one line for the user.
 struct Refusal
 {
     ExitStatus status;

@@ -15,7 +15,7 @@ std::string sizeText(std::uint64_t bytes)
         value *= 0.0009765625F;
         ++unit;
     }
-    // As "%.2f" would, but with a point in every language.
+    // This prints as "%.2f" would, but with a decimal point in every language.
     std::array<char, 48> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), static_cast<double>(value),
                                    std::chars_format::fixed, 2)

@@ -6,8 +6,9 @@
 namespace orvana
 {
 
-/// A size in bytes as people read it: two decimals and a unit from "Bytes" to "TB", stepping by 1024 as
-/// soon as the value exceeds 1023. Reckoned in single precision; beyond "TB" the number just grows.
+/// Returns a size in bytes as people read it: two decimals and a unit from "Bytes" to "TB". The next unit,
+/// 1024 times larger, is used as soon as the value exceeds 1023. Computed in single precision. Beyond "TB"
+/// the number just grows.
 std::string sizeText(std::uint64_t bytes);
 
 } // namespace orvana

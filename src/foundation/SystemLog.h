@@ -9,7 +9,7 @@ namespace orvana
 /// Writes one line to standard error, where the desktop's journal keeps it. Callable from any thread.
 void systemLog(const std::string &line);
 
-/// Sends the lines elsewhere while it lives: what tests use to read them.
+/// Sends the lines to `sink` instead while this object lives. Tests use it to read the lines.
 class SystemLogCapture
 {
 public:

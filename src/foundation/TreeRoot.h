@@ -7,13 +7,13 @@
 namespace orvana
 {
 
-/// The root of a tree of which the program has one, told by the identity of its path object: another object
-/// makes the tree be read anew, also when its text is the same. Main thread only.
+/// The root of a tree that exists once in the program. The identity of the path object counts: with another
+/// object the tree is read again, even when the text is the same. Main thread only.
 template <class Item>
 class TreeRoot
 {
 public:
-    /// Never null; an empty path stands for no tree.
+    /// Never null. An empty path means that there is no tree.
     const PathObject &path() const { return m_path; }
 
     void setPath(PathObject path)
@@ -26,7 +26,7 @@ public:
         m_item.reset();
     }
 
-    /// The item of the path, made at the first call.
+    /// Returns the item of the path. It is made at the first call for that path.
     std::shared_ptr<Item> item()
     {
         if (!m_item)

@@ -26,7 +26,7 @@ void runJob(const std::function<void()> &job)
     try {
         job();
     } catch (const Cancelled &) {
-        // The one way out of a cancelled job.
+        // Every cancelled job ends here.
     } catch (const std::exception &error) {
         systemLog("worker thread ended: " + std::string(error.what()));
     }
@@ -54,7 +54,7 @@ WorkerThread::WorkerThread(std::function<void()> job) : m_end(std::make_shared<E
     const auto work = [shared, end = m_end] {
         runJob(*shared);
         // The job's captures are destroyed before the end is announced. A waiting thread may destroy the
-        // objects that they refer to as soon as it hears of the end.
+        // objects that they refer to as soon as it learns of the end.
         *shared = nullptr;
         end->announce();
     };

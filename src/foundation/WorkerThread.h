@@ -13,18 +13,18 @@ namespace orvana
 
 /// A thread with one job, a cooperative cancel request and one end.
 ///
-/// The job asks `exitIfCancelled` at the places where it may end; the thread then ends at once, and every
-/// object on its stack is destroyed on the way out.
+/// The job calls `exitIfCancelled` at the places where it may end. If a cancel was requested, the thread ends
+/// there, and every object on its stack is destroyed on the way out.
 class WorkerThread
 {
 public:
     /// Starts `job` on a new thread. An exception that leaves the job is written to the system log. When the
-    /// system has no thread to give, the job runs on the calling thread before the constructor returns, and
+    /// system cannot start a thread, the job runs on the calling thread before the constructor returns, and
     /// cannot be cancelled.
     explicit WorkerThread(std::function<void()> job);
 
-    /// Requests a cancel and waits for the end without limit; `waitForEnd` and `abandon` come first where
-    /// the job may hang.
+    /// Requests a cancel and waits without limit for the end of the job. If the job may hang, call
+    /// `waitForEnd` and `abandon` first.
     ~WorkerThread();
 
     void requestCancel() { m_thread.request_stop(); }
@@ -32,10 +32,10 @@ public:
     /// True once the job has ended. Callable from any thread.
     bool hasEnded() const;
 
-    /// Waits at most `limit` for the end of the job; true when it has ended.
+    /// Waits at most `limit` for the end of the job. Returns true when the job has ended.
     bool waitForEnd(std::chrono::milliseconds limit) const;
 
-    /// Lets the thread go on by itself. What its job uses must then live as long as the process.
+    /// Lets the thread run on by itself. Everything that its job uses must then live as long as the process.
     void abandon()
     {
         if (m_thread.joinable())
@@ -45,10 +45,11 @@ public:
     /// True when the calling thread is a worker whose cancel was requested.
     static bool isCancelled();
 
-    /// Ends the calling worker at once when its cancel was requested; on any other thread it does nothing.
+    /// Ends the calling worker at once when its cancel was requested. Does nothing on any other thread.
     static void exitIfCancelled();
 
-    /// The stop token of the calling worker; on any other thread one that is never stopped.
+    /// Returns the stop token of the calling worker. On any other thread returns a token that is never
+    /// stopped.
     static std::stop_token currentToken();
 
 private:
@@ -57,21 +58,21 @@ private:
     std::jthread m_thread;
 };
 
-/// Threads that were replaced or cancelled and have still to end. Used on one thread, their owner's.
+/// Threads that were replaced or cancelled and have not ended yet. Used only on the thread of their owner.
 class RetiredThreads
 {
 public:
-    /// Takes over a thread whose cancel was requested, and drops those that have ended meanwhile.
+    /// Takes over a thread whose cancel was requested. Drops the threads that have ended meanwhile.
     void add(std::unique_ptr<WorkerThread> thread);
 
-    /// True when none is left that has not ended.
+    /// True when all threads have ended.
     bool allEnded() const;
 
-    /// Waits at most `limit`; true when all have ended.
+    /// Waits at most `limit` for all threads. Returns true when all have ended.
     bool waitForAll(std::chrono::milliseconds limit) const;
 
-    /// Joins all, at most `limit` long. False when some still run; those are abandoned, and the process
-    /// should be left with `std::quick_exit`.
+    /// Waits at most `limit` for all threads and joins those that have ended. Returns false when some still
+    /// run. These are abandoned, and the process should then exit with `std::quick_exit`.
     bool joinAll(std::chrono::milliseconds limit);
 
 private:

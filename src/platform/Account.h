@@ -13,7 +13,7 @@ public:
 
     virtual std::string loginName() const = 0;
 
-    /// Absolute path of the home folder, without a slash at its end.
+    /// Absolute path of the home folder, without a trailing slash.
     virtual std::string homeFolder() const = 0;
 };
 

@@ -7,10 +7,10 @@
 namespace orvana::platform
 {
 
-/// The maker's number among Thunderbolt vendors.
+/// The maker's Thunderbolt vendor number.
 inline constexpr std::int64_t MakerVendor = 65;
 
-/// The numbers of the models with four bays.
+/// The model numbers of the enclosures with four bays.
 inline constexpr std::array<std::int64_t, 2> FourBayModels{567, 568};
 
 constexpr bool isFourBayModel(std::int64_t model)

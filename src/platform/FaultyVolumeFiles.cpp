@@ -10,7 +10,8 @@ namespace orvana::platform
 namespace
 {
 
-// Takes `bytes` from what is still allowed; false when that no longer suffices.
+// Subtracts `bytes` from the allowance. Returns false when less than `bytes` is left. A negative allowance
+// has no limit.
 bool spend(std::atomic<std::int64_t> &allowance, std::size_t bytes)
 {
     auto left = allowance.load();
@@ -112,8 +113,8 @@ private:
 class FaultyFolder final : public Folder
 {
 public:
-    /// `path` is empty for the working folder, whose callers name absolute paths. `own` are the faults of the
-    /// volume that the folder was opened on, or null.
+    /// `path` is empty for the working folder, whose callers use absolute paths. `own` points to the faults
+    /// of the volume on which the folder was opened, or is null.
     FaultyFolder(const FaultyVolumeFiles &files, std::unique_ptr<Folder> owned, Folder &real,
                  std::string path, VolumeFaults *own)
         : m_files(files), m_owned(std::move(owned)), m_real(real), m_path(std::move(path)), m_own(own)

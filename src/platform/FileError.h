@@ -6,16 +6,16 @@
 namespace orvana::platform
 {
 
-/// What stands between the program and a file, as far as the program tells cases apart.
+/// The reason why an operation on a file failed, as far as the program distinguishes the cases.
 enum class FileProblem {
     NotFound,
     Exists,
-    LeadsOutOfVolume, ///< a link or a mount on the way leaves the volume
-    NotAFile,         ///< a folder, a pipe, a socket or a device where a file should be
+    LeadsOutOfVolume, ///< a link or a mount in the path leads out of the volume
+    NotAFile,         ///< a folder, a pipe, a socket or a device, but no regular file
     NotAFolder,
     NotSupported,
-    Busy,     ///< somebody else holds it
-    OfSource, ///< it is a file of the source, or may be one
+    Busy,     ///< another run holds a lock on it
+    OfSource, ///< the file belongs to the source, or may belong to it
     SameFile, ///< the name leads to a file that was written under another name
     Other,
 };
@@ -32,10 +32,10 @@ struct FileError
 template <class T>
 using Expected = tl::expected<T, FileError>;
 
-/// The one place that turns an errno into an error.
+/// Turns an errno into an error. No other function does this.
 FileError fileError(int code);
 
-/// The same, ready to be returned from a function with an `Expected` result.
+/// Makes an error that a function with an `Expected` result can return directly.
 tl::unexpected<FileError> failure(int code);
 tl::unexpected<FileError> failure(FileProblem problem);
 

@@ -11,7 +11,7 @@ class VolumeEvents;
 class VolumeFiles;
 class Workspace;
 
-/// The only way to the machine. The parts live as long as the host.
+/// The program's only access to the machine. The parts live as long as the host.
 class Host
 {
 public:

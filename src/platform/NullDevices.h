@@ -18,14 +18,14 @@ public:
     Answer watch(const std::string &, RegistryEvent, EventHandler) override { return {}; }
 };
 
-/// Volumes never change.
+/// The events of volumes that never change.
 class NullVolumeEvents final : public VolumeEvents
 {
 public:
     void subscribe(std::function<void(VolumeChange)>) override {}
 };
 
-/// No desktop is there to do anything.
+/// A workspace without a desktop. Its functions do nothing.
 class NullWorkspace final : public Workspace
 {
 public:

@@ -5,19 +5,20 @@
 namespace orvana::platform
 {
 
-/// An entry of a registry tree in memory: what back ends build from what they find.
+/// An entry of a registry tree in memory. Back ends build such trees from the devices that they find.
 ///
-/// The root owns the tree; an entry that was handed out keeps the whole tree alive.
+/// The root owns the tree. An entry that was handed out keeps the whole tree alive.
 class RegistryNode final : public RegistryEntry, public std::enable_shared_from_this<RegistryNode>
 {
 public:
     static std::shared_ptr<RegistryNode> makeRoot();
 
-    /// Adds a child at the end. `pathComponent` is its part of the path, and up to an "@" its name.
+    /// Adds a child at the end. `pathComponent` is the child's part of the path. The text before an "@" in it
+    /// is the child's name.
     RegistryNode &add(std::string className, const std::string &pathComponent,
                       RegistryProperties properties = {});
 
-    /// Gives it another name than its path has; nothing makes the name unreadable.
+    /// Gives the entry a name that differs from its path. Nullopt makes the name unreadable.
     void setName(std::optional<std::string> name) { m_name = std::move(name); }
 
     const std::string &className() const { return m_className; }
@@ -27,7 +28,7 @@ public:
     std::string path() const override { return m_path; }
     std::optional<std::string> name() const override { return m_name; }
 
-    /// Appends the entries at and below this one that match, parents first.
+    /// Appends the matching entries at and below this entry to `found`, parents first.
     void collect(const RegistryMatching &matching, std::vector<RegistryEntryPtr> &found) const;
 
 private:

@@ -24,7 +24,7 @@ struct RegistryDictionary
     RegistryProperties values;
 };
 
-/// The value under `key` if it is there and of type T; nothing otherwise.
+/// Returns the value under `key`, or nullopt when it is missing or not of type T.
 template <class T>
 std::optional<T> valueOf(const RegistryProperties &properties, const std::string &key)
 {

@@ -7,7 +7,7 @@ namespace orvana::platform
 
 enum class VolumeChange { Mounted, Unmounted, Renamed };
 
-/// Tells when volumes come, go or are renamed, on the main queue.
+/// Reports on the main queue when volumes are mounted, unmounted or renamed.
 class VolumeEvents
 {
 public:

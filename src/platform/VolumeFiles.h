@@ -15,32 +15,34 @@ namespace orvana::platform
 
 enum class FileType { Regular, Folder, SymbolicLink, Special };
 
-/// What is known of a file or folder. A new entry made like it gets everything but size and time: a copy
-/// carries its own.
+/// What is known of a file or folder. A new entry that is made from these attributes gets the same
+/// permissions, owner, group and hidden-extension flag, but not the same size and time.
 struct Attributes
 {
-    static constexpr std::uint32_t Unknown = 0xFFFFFFFF; ///< owner or group; nothing is changed then
+    static constexpr std::uint32_t Unknown = 0xFFFFFFFF; ///< owner or group is not known and not set
 
     FileType type = FileType::Regular;
     std::uint64_t size = 0; ///< bytes
-    /// The twelve permission bits; a link has none of its own, and a new entry gets the process's default.
+    /// The twelve permission bits. Nullopt for a link, which has no permissions of its own. A new entry
+    /// without them gets the process's default.
     std::optional<std::uint32_t> permissions;
     std::uint32_t owner = Unknown;
     std::uint32_t group = Unknown;
     std::int64_t modified = 0; ///< nanoseconds since 1970
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
-    std::uint64_t links = 1;      ///< names that the file has
-    bool hiddenExtension = false; ///< read only where it is asked for
+    std::uint64_t links = 1;      ///< number of names that the file has
+    bool hiddenExtension = false; ///< filled in only for Want::HiddenExtension
 };
 
-/// The permissions with search permission wherever there is read permission: those of a new folder.
+/// Returns the permissions with search permission added wherever there is read permission. New folders get
+/// these permissions.
 constexpr std::uint32_t withSearch(std::uint32_t permissions)
 {
     return permissions | (permissions & 0444U) >> 2U;
 }
 
-/// The owner's permissions on a new folder until the folder gets its final ones.
+/// The permissions that the owner has on a new folder until the folder gets its final permissions.
 inline constexpr std::uint32_t OwnerRights = 0700;
 
 enum class Links { Follow, DoNotFollow };
@@ -54,57 +56,59 @@ public:
     void add(std::string_view name);
     bool empty() const { return m_next >= m_bytes.size(); }
 
-    /// Takes the next name. Not to be called on an empty list; the view lives as long as the list.
+    /// Takes the next name. The list must not be empty. The view lives as long as the list.
     std::string_view takeNext();
 
-    /// Why the listing broke off after the last of these names; nullopt for a complete one.
+    /// The reason why the listing broke off after the last of these names; nullopt for a complete listing.
     const std::optional<FileError> &error() const { return m_error; }
     void breakOff(const FileError &error) { m_error = error; }
 
 private:
-    std::string m_bytes; // each name ends with a NUL, which no name holds
+    std::string m_bytes; // each name ends with a NUL, which no name contains
     std::optional<FileError> m_error;
     std::size_t m_next = 0;
 };
 
-/// An open regular file. Reading, writing and the calls on ranges may be made from several threads; `close`
-/// comes last.
+/// An open regular file. Several threads may read, write and call the functions on ranges. `close` must be
+/// the last call.
 class File
 {
 public:
-    /// As the length of a range: to the end of the file.
+    /// As the length of a range, this value means: to the end of the file.
     static constexpr std::uint64_t ToTheEnd = 0;
 
     virtual ~File() = default;
 
     virtual Expected<Attributes> attributes() const = 0;
 
-    /// Reads until `into` is full or the file ends; returns the bytes read, 0 at or beyond the end.
+    /// Reads until `into` is full or the file ends. Returns the number of bytes read, which is 0 at or beyond
+    /// the end.
     virtual Expected<std::size_t> read(std::span<std::byte> into, std::uint64_t offset) = 0;
 
-    /// Tells that the range will be read soon. Never fails.
+    /// Announces that the range will be read soon. Never fails.
     virtual void willRead(std::uint64_t offset, std::uint64_t length) = 0;
 
-    /// Writes all of `bytes` at `offset`; the file grows as needed and is never shortened.
+    /// Writes all of `bytes` at `offset`. The file grows as needed and is never shortened.
     virtual Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) = 0;
 
-    /// Sends the range on its way to the disk and returns without waiting for it.
+    /// Starts writing the range to the disk and returns without waiting for it.
     virtual Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) = 0;
 
-    /// Waits until the range is on the disk, as far as its data is concerned.
+    /// Waits until the data of the range is on the disk.
     virtual Expected<void> finishWriteOut(std::uint64_t offset, std::uint64_t length) = 0;
 
-    /// Waits until the file's data is on the disk, by the file system's own sync.
+    /// Waits until the file's data is on the disk. Uses the file system's own sync of the file.
     virtual Expected<void> sync() = 0;
 
-    /// Forgets what memory holds of the range, so that the next read of it comes from the disk.
+    /// Drops the range from the page cache, so that the next read of the range comes from the disk.
     virtual void dropCached(std::uint64_t offset, std::uint64_t length) = 0;
 
-    /// True when memory was seen to hold nothing of the file, so that the next read comes from the disk.
+    /// True when a check found no page of the file in memory, so that the next read comes from the disk.
     /// Pages that another process maps stay in memory.
     virtual bool isOutOfMemory() const = 0;
 
-    /// Closes the file and tells what the file system says to it. The destructor closes silently.
+    /// Closes the file and returns the file system's error, if there is one. The destructor closes the file
+    /// without reporting an error.
     virtual Expected<void> close() = 0;
 };
 
@@ -113,20 +117,20 @@ struct VolumeTraits
 {
     std::uint64_t device = 0;
     bool isMountRoot = false;             ///< the folder is the top of a mounted volume
-    bool isReadOnly = false;              ///< the volume, or this mount of it, takes no writes
-    bool readsBackFromDisk = false;       ///< cached pages can be dropped, so that a read shows the disk
-    bool keepsSmallFilesInInodes = false; ///< reading such a file back shows its inode, which stays in memory
+    bool isReadOnly = false;              ///< the volume, or this mount of it, accepts no writes
+    bool readsBackFromDisk = false;       ///< cached pages can be dropped, so that a read comes from the disk
+    bool keepsSmallFilesInInodes = false; ///< a small file is read from its inode, which stays in memory
     bool hasStableInodes = false;         ///< a file keeps its inode number while it is closed
-    bool needsFileSync = false; ///< a sync of the volume does not reach it; each file has to be synced
-    bool isMemory = false;      ///< there is no disk beneath it
+    bool needsFileSync = false; ///< a sync of the volume does not reach the disk; each file must be synced
+    bool isMemory = false;      ///< the files lie in memory; there is no disk
     bool writesOutInBackground = false; ///< holds written data in memory for a while
 };
 
-/// An open folder; everything is named by a path relative to it, of any length.
+/// An open folder. All paths are relative to the folder and may have any length.
 ///
-/// A folder opened with Reach::Beneath never lets a path out: a link that leads outside, a mount on the way
-/// or ".." above it gives LeadsOutOfVolume. With Reach::Anywhere, links are followed wherever they lead and
-/// an absolute path is taken as such. A folder may be used from several threads.
+/// In a folder opened with Reach::Beneath, no path leads out of the folder: a link to the outside, a mount in
+/// the path, or a ".." that leads above the folder gives LeadsOutOfVolume. With Reach::Anywhere, links are
+/// followed wherever they lead, and an absolute path is used as it is. Several threads may use a folder.
 class Folder
 {
 public:
@@ -134,37 +138,38 @@ public:
 
     virtual Expected<Attributes> attributes(std::string_view path, Links links, Want want) const = 0;
 
-    /// The place of the file or folder: an absolute path without links.
+    /// Returns the absolute path of the file or folder, without links.
     virtual Expected<std::string> realPath(std::string_view path) const = 0;
 
-    /// Names without "." and "..". A listing that breaks off gives the names that were read, and their
-    /// `error` says why there are no more.
+    /// Returns the names of the entries, without "." and "..". If the listing breaks off, returns the names
+    /// that were read, and their `error` gives the reason.
     virtual Expected<NameList> list(std::string_view path) const = 0;
 
     virtual Expected<std::unique_ptr<Folder>> openFolder(std::string_view path) const = 0;
 
-    /// Opens an existing regular file as it is; anything else gives NotAFile.
+    /// Opens an existing regular file and leaves it unchanged. Any other kind of entry gives NotAFile.
     virtual Expected<std::unique_ptr<File>> openFile(std::string_view path, Access access) const = 0;
 
     /// Creates an empty file with the permissions, owner, group and hidden-extension flag of `like`, as far
-    /// as the system allows, and opens it for writing. Exists when anything, a link included, has the name.
+    /// as the system allows, and opens it for writing. Gives Exists when any entry, even a link, has the
+    /// name.
     virtual Expected<std::unique_ptr<File>> createFile(std::string_view path,
                                                        const Attributes &like) const = 0;
 
-    /// Creates one folder with the attributes of `like`, open to its owner until `finishFolder`, and with
-    /// search permission wherever `like` has read permission.
+    /// Creates one folder with the attributes of `like`, and with search permission wherever `like` has read
+    /// permission. Until `finishFolder`, the owner has all permissions on the folder.
     virtual Expected<void> makeFolder(std::string_view path, const Attributes &like) const = 0;
 
-    /// Takes the owner's extra rights away again that `makeFolder` gave.
+    /// Removes the extra permissions that `makeFolder` gave to the owner.
     virtual Expected<void> finishFolder(std::string_view path, const Attributes &like) const = 0;
 
-    /// Waits until all of the folder's file system is on the disk. An error that came up since the folder
-    /// was opened is told once.
+    /// Waits until the whole file system of the folder is on the disk. Reports once an error that occurred
+    /// since the folder was opened.
     virtual Expected<void> syncVolume() = 0;
 
     virtual VolumeTraits traits() const = 0;
 
-    /// Bytes that an ordinary user may still write.
+    /// Returns the number of bytes that an ordinary user may still write.
     virtual Expected<std::uint64_t> freeBytes() const = 0;
 };
 
@@ -172,8 +177,8 @@ enum class Reach { Beneath, Anywhere };
 
 enum class Sharing { Shared, Exclusive };
 
-/// Holds a folder against whoever wants to lock it in a way that does not go with this. It ends with the
-/// object, and with the process at the latest.
+/// A lock on a folder. It keeps others from taking a lock on the folder that conflicts with it. The lock ends
+/// with the object, and with the process at the latest.
 class FolderLock
 {
 public:
@@ -189,15 +194,17 @@ class VolumeFiles
 public:
     virtual ~VolumeFiles() = default;
 
-    /// Opens the folder at `path`, absolute or relative to the working folder, of any length.
+    /// Opens the folder at `path`, which is absolute or relative to the working folder, and may have any
+    /// length.
     virtual Expected<std::unique_ptr<Folder>> openFolder(const std::string &path, Reach reach) = 0;
 
-    /// Locks the folder against other runs, of this program and of all others on the machine. Never waits: a
-    /// folder that somebody holds gives FileProblem::Busy. A folder that cannot be locked at all, by its file
-    /// system or because it may not be read, gives a lock that keeps nobody away.
+    /// Locks the folder against other runs of this program and of all other programs on the machine. Never
+    /// waits: gives FileProblem::Busy when another run holds a conflicting lock. If the folder cannot be
+    /// locked at all, because of its file system or because it may not be read, returns a lock that keeps
+    /// nobody away.
     virtual Expected<std::unique_ptr<FolderLock>> lockFolder(const std::string &path, Sharing sharing) = 0;
 
-    /// The working folder, with Reach::Anywhere: the place from which sources are read.
+    /// Returns the working folder, with Reach::Anywhere. Sources are read from it.
     virtual Folder &workingFolder() = 0;
 };
 

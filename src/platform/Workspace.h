@@ -8,16 +8,16 @@
 namespace orvana::platform
 {
 
-/// What the user is told while they look elsewhere.
+/// A message for a user who is looking elsewhere.
 struct DesktopNotice
 {
     std::string title;
     std::string text;
-    std::string button;            ///< its text; empty for a notice without one
-    std::function<void()> pressed; ///< on the main thread, whenever the user presses the button
+    std::string button;            ///< the button's text; empty for a notice without a button
+    std::function<void()> pressed; ///< called on the main thread whenever the user presses the button
 };
 
-/// The user's desktop. What it does not offer is left undone. Main thread only.
+/// The user's desktop. A function that the desktop does not offer does nothing. Main thread only.
 class Workspace
 {
 public:
@@ -31,10 +31,11 @@ public:
 
     virtual void notify(const DesktopNotice &notice) = 0;
 
-    /// Shows beside the program's icon how much of its work is done, from 0 to 1; nothing while it has none.
+    /// Shows beside the program's icon how much of its work is done, from 0 to 1; nullopt while there is no
+    /// work.
     virtual void showProgress(std::optional<double> fraction) = 0;
 
-    /// The machine does not fall asleep while the returned object lives.
+    /// Keeps the machine awake while the returned object lives. Returns null when this is not possible.
     [[nodiscard]] virtual std::shared_ptr<void> holdOffSleep(const std::string &reason) = 0;
 };
 

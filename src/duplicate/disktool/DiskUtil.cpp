@@ -38,7 +38,7 @@ DiskResult resultOf(const DiskUtilInfo &disk, const platform::CommandLauncher::R
 bool DiskUtil::workThrough(const Message &message, const Command &command)
 {
     m_results.clear();
-    // The list is the owner's, who may set another one while a message is handled.
+    // A copy, because the owner may set another list while a message is handled.
     const auto disks = m_diskArray;
     m_launcher.setSparedDisks(m_sparedDisks);
     for (const auto &disk : disks) {

@@ -18,18 +18,18 @@ namespace platform
 class CommandLauncher;
 }
 
-/// How the disk utility left one disk.
+/// The result of the disk utility for one disk.
 struct DiskResult
 {
     DiskUtilInfo disk;
     bool succeeded = false;
-    std::string reason; ///< why not: the first line that it said, valid UTF-8; empty on success
+    std::string reason; ///< why it failed: first output line or our own words; valid UTF-8; empty on success
 };
 
-/// Erases and ejects disks, each by one run of the system's disk utility, one after the other.
+/// Erases and ejects disks one after the other, with one run of the system's disk utility for each disk.
 ///
-/// Used on the main thread, which waits meanwhile. Before each disk it posts "DiskMessage", after an erase
-/// "EraseDiskFinish". A command that fails does not keep the next one from being run.
+/// Used on the main thread, which waits meanwhile. Posts "DiskMessage" before each disk. If a command fails,
+/// the next command is run all the same.
 class DiskUtil
 {
 public:
@@ -45,32 +45,32 @@ public:
     const std::vector<DiskUtilInfo> &diskArray() const { return m_diskArray; }
     void setDiskArray(std::vector<DiskUtilInfo> disks) { m_diskArray = std::move(disks); }
 
-    /// Disks that no command may change, such as those of the source. The utility itself looks for them again
-    /// right before it changes anything.
+    /// Sets the disks that no command may change, such as those of the source. The utility itself looks for
+    /// these disks again right before it changes anything.
     void setSparedDisks(std::vector<platform::DiskFingerprint> disks) { m_sparedDisks = std::move(disks); }
 
-    /// Asked before each disk; once it says no, the rest of the list is left alone. Without one nothing stops
-    /// the tool.
+    /// Sets a function that is called before each disk. Once it returns false, the rest of the list is left
+    /// alone. Without it nothing stops the tool.
     void setGoesOn(std::function<bool()> goesOn) { m_goesOn = std::move(goesOn); }
 
-    /// Work through the list; false only when it was stopped before its end.
+    /// Work through the list. Return false only when stopped before the end of the list.
     bool EraseDisks();
     bool EjectDisks();
 
     /// Erases, and posts "EraseDiskFinish" when the list is done.
     void startEraseDisks();
 
-    /// The same: on the calling thread, and it waits.
+    /// Calls `startEraseDisks` on the calling thread and waits for it.
     void startEraseDiskThread() { startEraseDisks(); }
 
-    /// The output of a program as text; nothing when it is not UTF-8.
+    /// Returns the output of a program as text, or nullopt when the output is not UTF-8.
     std::optional<std::string> runCommandWithCommand(const std::string &path,
                                                      const std::vector<std::string> &arguments);
 
     void dumpDiskArray() const {}
 
-    /// What became of the disks of the last operation, in the order of the list; shorter than it when the
-    /// tool was stopped.
+    /// Returns the results of the last operation, in the order of the list. There are fewer results than
+    /// disks when the tool was stopped.
     const std::vector<DiskResult> &results() const { return m_results; }
 
 private:

@@ -30,7 +30,7 @@ FormatLimit limitOf(EraseFormat format)
     return {};
 }
 
-// Characters are counted as exFAT keeps them: those of four bytes take the place of two.
+// exFAT counts characters in UTF-16: a character of four UTF-8 bytes counts as two.
 std::size_t lengthIn(EraseFormat format, const std::string &name)
 {
     if (format != EraseFormat::ExFat)
@@ -79,7 +79,7 @@ std::optional<NameRefusalReason> refusalOfName(const std::string &name, EraseFor
         return NameRefusalReason::TooLong;
     if (name.front() == ' ' || name.back() == ' ' || name.find("  ") != std::string::npos)
         return NameRefusalReason::LostBlanks;
-    // The maker of this file system takes none.
+    // The program that makes this file system accepts no blanks in a name.
     if (format == EraseFormat::Xfs && name.find(' ') != std::string::npos)
         return NameRefusalReason::Blanks;
     return std::nullopt;

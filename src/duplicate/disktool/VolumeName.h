@@ -10,13 +10,13 @@ namespace orvana
 /// The formats that an erase can give to a disk; each has a limit for names.
 enum class EraseFormat { Ext4, Xfs, ExFat };
 
-/// The format of a setting's text: "xfs" or "exfat"; ext4 for anything else.
+/// Returns the format that the text of a setting names: "xfs" or "exfat". Any other text gives ext4.
 EraseFormat eraseFormatOf(std::string_view setting);
 
-/// The setting of this machine, as it is written in the environment's ORVANA_FILE_SYSTEM.
+/// Returns the value of the environment variable ORVANA_FILE_SYSTEM, or nullopt if it is not set.
 std::optional<std::string> eraseFormatSetting();
 
-/// The format that disks get on this machine, by that setting.
+/// Returns the format that disks get on this machine, according to that setting.
 EraseFormat eraseFormat();
 
 /// The texts that stand in a bay's name field instead of a volume's name.
@@ -29,13 +29,14 @@ enum class NameRefusalReason {
     Reserved,   ///< ".", "..", "None" or "Unformatted"
     Separator,  ///< holds "/" or NUL
     TooLong,    ///< over the format's limit
-    NotText,    ///< not UTF-8, or with characters that no line of text shows as they are
-    OfSource,   ///< the source is called so
-    LostBlanks, ///< blanks at an end or in a row, which the list of mounted volumes does not keep
-    Blanks,     ///< the format takes none at all
+    NotText,    ///< not UTF-8, or with characters that cannot be shown as they are on a line of text
+    OfSource,   ///< the source has this name
+    LostBlanks, ///< leading, trailing or repeated blanks; the list of mounted volumes loses them
+    Blanks,     ///< the format allows no blanks at all
 };
 
-/// Why an erase may not give the name; nothing when it may. Window, terminal and disk utility all ask here.
+/// Returns why an erase may not give the name, or nullopt if it may. Window, terminal and disk utility all
+/// use this function.
 std::optional<NameRefusalReason> refusalOfName(const std::string &name, EraseFormat format);
 
 /// "longer than 16 bytes, which is the limit of ext4"

@@ -17,7 +17,7 @@ using platform::File;
 namespace
 {
 
-// Reads the block of the copy at `offset` into the run's second block, from the disk.
+// Reads the copy's block at `offset` from the disk into the run's second block.
 platform::Expected<std::size_t> readAgain(RunContext &run, Target &target, const std::string &copy,
                                           std::uint64_t offset)
 {

@@ -15,9 +15,9 @@ namespace orvana
 
 class RunContext;
 
-/// Blocks of a run that are compared once more at its end: the first and the last one, and 64 spread over
-/// all. A disk that is smaller than it says shows itself only then, when later blocks have gone over earlier
-/// ones.
+/// Blocks of a run that are compared once more at its end: the first block, the last block, and 64 blocks
+/// spread over the run. Only this check finds a disk that is smaller than it says: there, later blocks have
+/// overwritten earlier blocks.
 class BlockSamples
 {
 public:
@@ -25,9 +25,9 @@ public:
     void note(const std::string &source, const platform::Attributes &sourceThen, const OutArray &copies,
               std::uint64_t offset);
 
-    /// Compares the kept blocks once more, read from the disk. A copy that differs by now is reported as
-    /// mismatched, one that cannot be read as unverified; either no longer counts as verified. Blocks of a
-    /// source that was written to since are left out.
+    /// Reads the kept blocks from the disk and compares them once more. A copy that differs by now is
+    /// reported as mismatched, a copy that cannot be read as unverified. Both no longer count as verified. A
+    /// block is left out when its source was written to since.
     void compare(RunContext &run) const;
 
 private:
@@ -39,7 +39,7 @@ private:
         std::uint64_t offset = 0;
     };
 
-    /// Index of the destination and source of each copy that was reported.
+    /// The copies that were reported: index of the destination and path of the source.
     using Told = std::set<std::pair<std::size_t, std::string>>;
 
     static void compareOne(RunContext &run, const Sample &sample, Told &told);
@@ -47,7 +47,7 @@ private:
     static constexpr std::size_t Spread = 64;
 
     std::vector<Sample> m_spread;
-    std::vector<Sample> m_ends; // first and last
+    std::vector<Sample> m_ends; // the first and the last block
     std::uint64_t m_seen = 0;
     std::minstd_rand m_random;
 };

@@ -92,7 +92,7 @@ Expected<Folder *> Destination::holderOf(std::string_view beneathPath)
     return m_holder.get();
 }
 
-// Before the folder in hand is left: is it still at its path?
+// Checks whether the folder in hand is still at its path. Called before another folder takes its place.
 void Destination::checkHolder()
 {
     if (!m_holder || m_moved)
@@ -173,7 +173,8 @@ Expected<Destination::Made> Destination::createParent(const std::string &path, c
         return Made::Existed;
     const auto folder = path.substr(0, path.rfind('/'));
     const bool hasFileAbove = holder.error().problem == FileProblem::NotAFolder && !holds(folder);
-    // Only a missing folder is made; one that cannot be opened shows when the file is created.
+    // Only a missing folder is made. If the folder exists but cannot be opened, creating the file gives the
+    // error.
     if (holder.error().problem != FileProblem::NotFound && !hasFileAbove)
         return Made::Existed;
     if (const auto made = makeFolderWithParents(split(*place).folder, like); !made)
@@ -212,7 +213,8 @@ Expected<std::unique_ptr<File>> Destination::openFile(const std::string &path, A
     if (!entry)
         return tl::unexpected(entry.error());
     auto opened = entry->holder->openFile(entry->name, access);
-    // Seen from the folder a link may lead out that seen from the volume does not.
+    // A link may lead out of its folder without leading out of the volume. So the path is tried again from
+    // the volume.
     if (!opened && opened.error().problem == FileProblem::LeadsOutOfVolume)
         return m_volume->openFile(entry->place, access);
     return opened;
@@ -238,7 +240,8 @@ Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &pat
 
 void Destination::finishFolders()
 {
-    // From the innermost out, as each may stand in the way of the next.
+    // The innermost folder comes first: the final permissions of a folder may close the way to the folders in
+    // it.
     for (auto folder = m_openToOwner.rbegin(); m_volume && folder != m_openToOwner.rend(); ++folder)
         (void)m_volume->finishFolder(folder->first, folder->second);
     m_openToOwner.clear();

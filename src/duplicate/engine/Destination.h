@@ -15,27 +15,27 @@ namespace orvana
 
 class SourceFiles;
 
-/// One destination volume, held open for a run: everything is written beneath it and nowhere else.
+/// One destination volume, held open for a run. Everything is written beneath it and nowhere else.
 ///
-/// Paths are the full ones that the run builds, destination root first; one that does not lie beneath the
-/// root gives LeadsOutOfVolume. Opening and creating are used by one thread at a time.
+/// Paths are the full paths that the run builds; they begin with the destination's root. A path that does not
+/// lie beneath the root gives LeadsOutOfVolume. Only one thread at a time may open and create.
 class Destination
 {
 public:
-    /// Opens the volume; `isOpen` tells whether that went well. If not, every other function fails with
-    /// the reason.
+    /// Opens the volume. If that fails, `isOpen` returns false, and every other function fails with the
+    /// reason.
     Destination(platform::VolumeFiles &files, std::string root);
 
-    /// Closes what it finished opening; see `close`.
+    /// Calls `close`.
     ~Destination() { close(); }
     Destination(Destination &&) = default;
     Destination &operator=(Destination &&) = delete;
 
-    /// Refuses to work on another folder than this: what was checked may be gone, and its path may lead to
-    /// the system disk's own folder by now.
+    /// Refuses the volume if its root is not the folder `identity`. The folder that was checked may be gone,
+    /// and its path may by now lead to a folder of the system disk.
     void expect(const std::optional<FolderIdentity> &identity);
 
-    /// Closes the volume; from now on every function fails with this error.
+    /// Closes the volume. From now on every function fails with this error.
     void refuse(const platform::FileError &error);
 
     const std::string &root() const { return m_root; }
@@ -47,28 +47,28 @@ public:
     /// True when `attributes` are those of the destination's own root folder.
     bool isRoot(const platform::Attributes &attributes) const;
 
-    /// True when anything exists at `path`, links followed.
+    /// True when anything exists at `path`. Links are followed.
     bool holds(const std::string &path) const;
 
     enum class Made {
         New,
         Existed,
-        LeftOpen, ///< it existed with exactly the permissions that a run leaves which ends in its midst
+        LeftOpen, ///< it existed with exactly the permissions that an interrupted run leaves
     };
 
-    /// Makes a folder and the missing ones above it, all like `like`. Whatever has the name already stays; if
-    /// it is no folder, that is the error. `finishFolder` gives new and left-open folders their final
-    /// permissions.
+    /// Makes a folder and the missing folders above it, all with the attributes `like`. Anything that already
+    /// has the name stays as it is; if it is no folder, that is an error. `finishFolder` gives new and
+    /// left-open folders their final permissions.
     platform::Expected<Made> createFolder(const std::string &path, const platform::Attributes &like);
 
-    /// Makes the folder that is to hold `path`, if it does not exist.
+    /// Makes the folder that will hold `path`, if it does not exist.
     platform::Expected<Made> createParent(const std::string &path, const platform::Attributes &like);
 
-    /// Ends the time in which the folder made by `createFolder` is open to its owner, whatever its
-    /// permissions say.
+    /// Gives a folder made by `createFolder` its final permissions. Until then its owner may write to it.
     void finishFolder(const std::string &path, const platform::Attributes &like);
 
-    /// The same for all folders that were made above another.
+    /// Gives their final permissions to all folders that were made because they were missing on the way to
+    /// another item.
     void finishFolders();
 
     platform::Expected<std::unique_ptr<platform::File>> createFile(const std::string &path,
@@ -76,18 +76,20 @@ public:
     platform::Expected<std::unique_ptr<platform::File>> openFile(const std::string &path,
                                                                  platform::Access access);
 
-    /// The path of a folder, the root included, that is not where it was any more: what was written through
-    /// its handle lies elsewhere. Nullopt when all are in their place. `anywhere` looks the root up.
+    /// Returns the path of a folder, possibly the root, that is no longer where it was: files written through
+    /// its handle lie elsewhere. Returns nullopt when all folders are in their place. `anywhere` is used to
+    /// look up the root.
     std::optional<std::string> movedFolder(platform::Folder &anywhere);
 
-    /// The path beneath the volume; fails for one that lies elsewhere.
+    /// Returns the path relative to the root. Fails for a path that does not lie beneath the root.
     platform::Expected<std::string_view> placeOf(const std::string &path) const { return beneath(path); }
 
     /// Opens an existing file for writing, unless it is, or may be, a file of the source.
     platform::Expected<std::unique_ptr<platform::File>> openExisting(const std::string &path,
                                                                      const SourceFiles &sourceFiles);
 
-    /// Protects its folders and closes the volume; afterwards nothing of it is held open.
+    /// Gives its folders their final permissions and closes the volume. Afterwards nothing of it is held
+    /// open.
     void close();
 
 private:
@@ -95,8 +97,8 @@ private:
     void checkHolder();
     platform::Expected<platform::Folder *> holderOf(std::string_view beneathPath);
 
-    /// A file or folder of the volume: its place below the top, the open folder that holds it, its name
-    /// there.
+    /// A file or folder of the volume: its path below the root, the open folder that holds it, and its name
+    /// in that folder.
     struct Entry
     {
         std::string_view place;
@@ -114,7 +116,8 @@ private:
     platform::VolumeTraits m_traits;
     platform::Attributes m_rootAttributes;
 
-    // The folder used last: files come folder by folder, and finding one is dearer than keeping it.
+    // The folder used last. Files come folder by folder, and opening a folder costs more than keeping it
+    // open.
     std::string m_holderPath;
     std::unique_ptr<platform::Folder> m_holder;
     std::optional<std::string> m_moved;

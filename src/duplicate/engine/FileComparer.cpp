@@ -25,11 +25,11 @@ constexpr const char *Verifying = "Verifying File ...";
 constexpr const char *Failed = "Verifying File ... Failed";
 constexpr const char *Succeeded = "Verifying File ... Succeeded";
 
-// Files that are no longer may lie in their inode, whose memory nobody can drop.
+// Files up to this size may lie in their inode, and nobody can drop an inode from memory.
 constexpr std::uint64_t SmallestBlock = 4096;
 
-// Drops what memory holds of the file; true when it was seen to be gone. Pages that another processor has
-// just put there can take a second try.
+// Drops the file's content from memory. Returns true when the content was seen to be gone. Pages that another
+// processor has just put into memory can take a second try.
 bool dropped(File &file)
 {
     for (int tries = 0; tries < 3; ++tries) {
@@ -103,7 +103,7 @@ void FileComparer::openCopies(const std::string &source, const OutArray &copies)
         }
     });
     m_diskIsRead = false;
-    // All are sent on their way before the first is waited for.
+    // All copies are sent on their way before the first copy is waited for.
     for (auto &target : m_run.targets()) {
         if (target.comparison.file)
             (void)target.comparison.file->startWriteOut(0, File::ToTheEnd);
@@ -121,7 +121,7 @@ void FileComparer::readFromDisk(Target &target, const std::string &source)
     const auto written = copy.file->finishWriteOut(0, File::ToTheEnd);
     if (!written && target.isCopied)
         m_run.takeBack(target, source, written.error());
-    // A copy that was seen to be gone from memory is read from the disk. Any other may come from memory.
+    // A copy that was seen to be gone from memory is read from the disk. Any other copy may come from memory.
     const bool isGone = !traits.isMemory && dropped(*copy.file);
     m_diskIsRead = m_diskIsRead || isGone;
     const auto size = copy.file->attributes();
@@ -177,7 +177,7 @@ void FileComparer::compareBlock(ComparedCopy &copy, std::span<const std::byte> b
     copy.differsHere = false;
     if (!copy.file)
         return;
-    // The disk goes on with the next block while this one is compared.
+    // The disk reads the next block while this block is compared.
     if (block.size() == BlockSize)
         copy.file->willRead(offset + BlockSize, BlockSize);
     const auto count = copy.file->read({copy.block.get(), BlockSize}, offset);
@@ -199,7 +199,7 @@ void FileComparer::tellDifferences(std::uint64_t offset)
     }
 }
 
-// The copies may be good; what cannot be read is the source.
+// The source cannot be read. The copies may be good.
 void FileComparer::tellUnreadableSource(const platform::FileError &error)
 {
     for (auto &target : m_run.targets()) {
@@ -210,8 +210,8 @@ void FileComparer::tellUnreadableSource(const platform::FileError &error)
     }
 }
 
-// Notes the file's first block, and of a large file one block each 64 MiB, for every destination on which the
-// file is good so far.
+// Notes the file's first block, and of a large file one block every 64 MiB. They are noted for every
+// destination on which the file is good so far.
 void FileComparer::noteSample(const std::string &source, const OutArray &copies, std::uint64_t size)
 {
     if (size == 0 || !m_run.sourceInHand())
@@ -226,7 +226,7 @@ void FileComparer::noteSample(const std::string &source, const OutArray &copies,
         m_samples.note(source, *m_run.sourceInHand(), good, offset);
 }
 
-// Between the copy and the end of the comparison nobody may have written to the source.
+// True when somebody wrote to the source between the copy and the end of the comparison.
 bool FileComparer::isSourceChanged(const File &from) const
 {
     const auto &copied = m_run.sourceInHand();
@@ -248,7 +248,7 @@ void FileComparer::noteResults(const std::string &source)
     for (auto &target : m_run.targets()) {
         auto &copy = target.comparison;
         const auto file = std::exchange(copy.file, nullptr);
-        // A copy that failed is compared, but it is reported as failed already.
+        // A failed copy is compared too, but it is already reported as failed.
         if (!file || target.hasFailed)
             continue;
         if (copy.error)

@@ -16,9 +16,9 @@ class RunContext;
 struct ComparedCopy;
 struct Target;
 
-/// Reads a file and its copies back, block by block, and tells where they differ.
+/// Reads a file and its copies back, block by block, and reports where they differ.
 ///
-/// What memory holds of them is dropped first, where the file system can, so that the disks are read.
+/// Where the file system allows it, their content is dropped from memory first, so that the disks are read.
 class FileComparer
 {
 public:
@@ -27,7 +27,7 @@ public:
     /// Returns 1, or -1 when the source cannot be opened. Ends the thread when it is cancelled.
     int compare(const std::string &source, const OutArray &copies);
 
-    /// Compares samples of all that was compared once more. At the end of a run.
+    /// Compares samples of all compared blocks once more. Called at the end of a run.
     void compareSamples() const { m_samples.compare(m_run); }
 
 private:
@@ -47,8 +47,8 @@ private:
 
     RunContext &m_run;
     BlockSamples m_samples;
-    bool m_diskIsRead = false; ///< by at least one of the copies
-    bool m_sideBySide = false; ///< threads pay where disks are waited for, and for large files
+    bool m_diskIsRead = false; ///< at least one of the copies is read from its disk
+    bool m_sideBySide = false; ///< compare on several threads: worth it for slow disks and for large files
 };
 
 } // namespace orvana

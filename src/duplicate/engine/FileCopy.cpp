@@ -69,8 +69,8 @@ private:
     std::atomic<int> &m_count;
 };
 
-// A run must come to its end even without memory. The step is tried again after a failure, because what the
-// run held is free by then.
+// A run must come to its end even without memory. The step is tried again after a failure, because the memory
+// that the run held is free by then.
 template <class Step>
 void insistOn(Step step)
 {
@@ -80,12 +80,12 @@ void insistOn(Step step)
             step();
             return;
         } catch (const std::bad_alloc &) {
-            // Once more.
+            // The loop tries again.
         }
     }
 }
 
-// No thread, no memory: the run is over, and its end is told like any other.
+// Without a thread or without memory the run is over. Its end is reported like any other.
 void noteEarlyEnd(const CopyJob &job, RunReport &report, const std::exception &error)
 {
     systemLog(std::string("the run ended early: ") + error.what());
@@ -104,7 +104,7 @@ CopyJob boundToFolders(platform::Host &host, CopyJob job)
     return job;
 }
 
-/// What the calls that work on the calling thread share until the job changes.
+/// The state that calls on the calling thread share until the job changes.
 struct FileCopy::Foreground
 {
     Foreground(RunSetup setup, const CopyJob &job) : run(std::move(setup), job), walk(run) {}
@@ -162,7 +162,7 @@ void FileCopy::CleanDiskValue()
     m_job = {};
 }
 
-// A job that was set while the last one ended is left alone.
+// A job that was set while the last job ended is left alone.
 void FileCopy::cleanAfter(std::uint64_t job)
 {
     const std::lock_guard lock(m_jobMutex);
@@ -217,8 +217,8 @@ void FileCopy::StartBackup()
            std::exchange(m_nextLocks, nullptr));
 }
 
-// A cancelled worker may hang in a write that lands much later. Until it has ended, its destinations are its
-// own.
+// A cancelled worker may hang in a write that reaches the disk much later. Until this worker has ended, no
+// other worker may use its destinations.
 std::shared_ptr<RunLocks> FileCopy::locksFor(const CopyJob &job) const
 {
     constexpr std::chrono::milliseconds BetweenTries{20};
@@ -228,7 +228,7 @@ std::shared_ptr<RunLocks> FileCopy::locksFor(const CopyJob &job) const
         const bool mayBeFreed = m_workersAtWork > 1 && std::chrono::steady_clock::now() < end;
         if (locks->hasAll() || !mayBeFreed)
             return locks;
-        locks.reset(); // who waits holds nothing
+        locks.reset(); // a waiting run holds no locks
         WorkerThread::exitIfCancelled();
         std::this_thread::sleep_for(BetweenTries);
     }
@@ -263,7 +263,7 @@ void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr
 void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,
                        const std::shared_ptr<RunReport> &report, std::shared_ptr<RunLocks> locks)
 {
-    // Before the disks are waited for: a slow one must not cost a cancelled run its report.
+    // Made before the run waits for the disks: a slow disk must not cost a cancelled run its report.
     ReportOnCancel reportOnCancel(*report);
     if (!locks)
         locks = locksFor(job);

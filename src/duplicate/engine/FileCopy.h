@@ -24,18 +24,18 @@ class Host;
 struct Attributes;
 } // namespace platform
 
-/// All that one run of the engine is given.
+/// Everything that one run of the engine is given.
 struct CopyTask
 {
     CopyJob job;                       ///< with its destinations bound, see `boundToFolders`
-    std::shared_ptr<RunReport> report; ///< the run keeps and writes it; without one none is written
-    /// The run works under these; without them it takes its own. A destination that another run holds gets
-    /// nothing.
+    std::shared_ptr<RunReport> report; ///< the run fills and writes it; if null, no report is written
+    /// The locks under which the run works. If null, the run takes its own. A destination that another run
+    /// holds gets no files.
     std::shared_ptr<RunLocks> locks;
 };
 
-/// The job with its destinations bound to the folders that they are now: one that is another by the time of
-/// the run gets nothing.
+/// Returns the job, bound to the folders that its destinations are now. A destination that is another folder
+/// when the run starts gets no files.
 CopyJob boundToFolders(platform::Host &host, CopyJob job);
 
 /// The duplication engine: one job at a time, on a worker thread of its own.
@@ -49,53 +49,56 @@ public:
     /// Host and centre must outlive the engine.
     FileCopy(platform::Host &host, NotificationCenter &center);
 
-    /// Cancels the run in hand and waits for the worker, at most ten seconds; see `waitForEnd`.
+    /// Cancels the current run and waits up to ten seconds for the worker. A worker that still hangs then, on
+    /// a disk that does not answer, is left behind.
     ~FileCopy();
 
     /// Takes the whole task and starts it on a new worker, as `startCopyThread` does.
     void start(CopyTask task);
 
-    /// Sets the next job, bound to the folders that its destinations are now, and its count to 0;
-    /// `setTotalFiles` comes after it.
+    /// Sets the next job and binds it to the folders that its destinations are now. Sets the count of files
+    /// to 0, so `setTotalFiles` comes afterwards.
     void SetBackupDiskValue(std::vector<std::string> selection, std::string SrcPath,
                             std::vector<std::string> DesArray);
 
-    /// Files the job will copy, as the caller counted them.
+    /// The number of files that the job will copy, as the caller counted them.
     std::int64_t totalFiles() const;
     void setTotalFiles(std::int64_t count);
 
-    /// Verify each file right after it is copied; read file by file, also while a run goes on.
+    /// True to verify each file right after it is copied. Read for each file, so a change also affects a run
+    /// that is under way.
     bool bVerifyFiles() const { return m_verifyFiles; }
     void setBVerifyFiles(bool verify) { m_verifyFiles = verify; }
 
     bool bHiddenFiles() const { return m_hiddenFiles; }
     void setBHiddenFiles(bool hidden) { m_hiddenFiles = hidden; }
 
-    /// The report that the next run keeps and writes; without one none is written.
+    /// Sets the report that the next run fills and writes. Without it no report is written.
     void setReport(std::shared_ptr<RunReport> report) { m_nextReport = std::move(report); }
 
-    /// Starts the job on a new worker, which has its own copy of it. A worker still at work is cancelled and
-    /// not waited for; it posts nothing more. The new worker waits up to 10 s for destinations that a
-    /// cancelled one still writes to, and leaves out those that are not free by then.
+    /// Starts the job on a new worker, which has its own copy of the job. A worker that is still at work is
+    /// cancelled but not waited for; it posts nothing more. The new worker waits up to 10 s for destinations
+    /// to which a cancelled worker still writes. Destinations that are not free by then are left out.
     void startCopyThread();
 
-    /// Cancels the worker and forgets it. It ends at its next block; nothing more is posted.
+    /// Cancels the worker and does not wait for it. The worker ends at its next block. Nothing more is
+    /// posted.
     void stopCopyThread();
 
-    /// True while a worker, also a cancelled one, has not ended.
+    /// True while any worker has not ended. Cancelled workers count too.
     bool isRunning() const;
 
-    /// Waits for all workers; false when one is still at work after `limit`, held up by a disk that does
-    /// not answer.
+    /// Waits up to `limit` for all workers. Returns false when a worker is still at work then, held up by a
+    /// disk that does not answer.
     bool waitForEnd(std::chrono::milliseconds limit) const;
 
-    /// The body of the worker, for the present job. Callable on any thread, one at a time.
+    /// Runs the present job on the calling thread, as a worker does. Callable on any thread, one at a time.
     void StartBackup();
 
-    /// Empties the job; the flags stay.
+    /// Empties the job. The flags keep their values.
     void CleanDiskValue();
 
-    /// Makes a folder on a destination of the job, with the missing ones above it. A failure goes to the
+    /// Makes a folder on a destination of the job, with the missing folders above it. Writes a failure to the
     /// system log.
     void createFileFolder(const std::string &path, const platform::Attributes &attributes);
 
@@ -109,7 +112,8 @@ public:
     /// opened.
     int FileCopyOutArray(const std::string &source, const OutArray &copies);
 
-    /// Compares one file with its copies, on the calling thread. Results as above.
+    /// Compares one file with its copies, on the calling thread. Returns 1, or -1 when the source cannot be
+    /// opened.
     int FileCompareOutArray(const std::string &source, const OutArray &copies);
 
 private:
@@ -138,7 +142,7 @@ private:
     std::atomic<std::uint64_t> m_currentRun{0};
     std::shared_ptr<RunReport> m_nextReport;
     std::shared_ptr<RunLocks> m_nextLocks;
-    std::atomic<int> m_workersAtWork{0}; ///< cancelled ones included
+    std::atomic<int> m_workersAtWork{0}; ///< cancelled workers included
 
     mutable std::mutex m_jobMutex;
     CopyJob m_job;

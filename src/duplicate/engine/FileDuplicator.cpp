@@ -27,7 +27,7 @@ namespace
 // Files above this size go to their disks range by range.
 constexpr std::uint64_t LargeFile = 64 * BlockSize;
 
-// A source that is written to while it is read is copied as far as this beyond the length that it had.
+// A source may grow while it is read. It is copied at most this far beyond the length that it had.
 constexpr std::uint64_t MostGrowth = 64 * BlockSize;
 
 } // namespace
@@ -93,7 +93,7 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
         m_isSourceChanged = hasSourceChanged(from, m_written);
         return;
     }
-    // Less than a block is the whole file, and it is created, written and closed in one go.
+    // A read of less than a block is the whole file. It is created, written and closed in one go.
     const Block block = m_run.block(0).first(*count);
     m_written = *count;
     m_isSourceChanged = hasSourceChanged(from, *count);
@@ -121,13 +121,13 @@ void FileDuplicator::copyBlocks(File &from, const std::string &source, std::uint
         inHand = 1 - inHand;
         count = ahead;
         if (offset > size + MostGrowth)
-            return; // a source that grows without end
+            return; // the source grows without end
     }
     if (!count)
         failAll(count.error());
 }
 
-// The copy is one of its source only when nobody wrote to that while it was read.
+// A copy is good only when nobody wrote to the source while it was read.
 bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead) const
 {
     const auto &before = m_run.sourceInHand();
@@ -164,13 +164,13 @@ void FileDuplicator::openOutput(Target &target, const std::string &copy, const A
     } else if (file.error().problem == FileProblem::Exists) {
         openExisting(target, copy);
     } else {
-        // If its folder could not be made, that is the reason for the file, too.
+        // If the folder could not be made, that is why the file failed, too.
         output.error = target.parentError.value_or(file.error());
     }
 }
 
-// A file that is there is written over as it is, and keeps what it has beyond the source's end. A file of
-// this run that another source went to is left alone.
+// An existing file is overwritten in place, and keeps its bytes beyond the source's end. A file that this run
+// wrote from another source is left alone.
 void FileDuplicator::openExisting(Target &target, const std::string &copy)
 {
     auto &destination = target.destination;
@@ -194,8 +194,8 @@ void FileDuplicator::openExisting(Target &target, const std::string &copy)
     }
     output.isDoneBefore = owner == WrittenFiles::Owner::SameSource;
     if (output.isDoneBefore)
-        return; // it was made read-only by its first copy, which is whole
-    // A link to nowhere is no file: it counts as one that could not be created.
+        return; // the first copy made the file read-only, and is whole
+    // A link to nowhere is not an existing file. It counts as a file that could not be created.
     output.existed = file.error().problem != FileProblem::NotFound;
     output.error = target.parentError.value_or(file.error());
 }
@@ -223,7 +223,7 @@ void FileDuplicator::writeTo(Target &target, Block block, std::uint64_t offset)
     target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
 }
 
-// Tells the pumps what was written, and waits while a disk is too far behind.
+// Tells the pumps which bytes were written, and waits while a disk is too far behind.
 void FileDuplicator::noteInMemory(std::uint64_t offset, std::uint64_t length, bool isLargeFile)
 {
     for (auto &target : m_run.targets()) {
@@ -262,7 +262,7 @@ void FileDuplicator::tellNewErrors(const std::string &source)
     }
 }
 
-// Why an existing file was not opened.
+// Reports why an existing file was not opened.
 void FileDuplicator::tellOutcome(Target &target, const std::string &source)
 {
     const auto &output = target.output;
@@ -304,7 +304,8 @@ void FileDuplicator::closeOutput(Target &target)
     }
 }
 
-// A run that is cancelled in mid-file closes the file while its pump may be at work on it.
+// A run that is cancelled in the middle of a file closes the file. The file's pump may still be at work on
+// it, and must let go of it first.
 void FileDuplicator::leavePumps()
 {
     for (auto &target : m_run.targets()) {

@@ -16,7 +16,7 @@ class FileComparer;
 class RunContext;
 struct Target;
 
-/// Copies one file to all destinations: each block is read once and written to every one of them.
+/// Copies one file to all destinations. Each block is read once and written to all of them.
 class FileDuplicator
 {
 public:
@@ -25,7 +25,7 @@ public:
     FileDuplicator(const FileDuplicator &) = delete;
     FileDuplicator &operator=(const FileDuplicator &) = delete;
 
-    /// `like` are the attributes that new copies, and folders missing above them, are given. Returns 1, or
+    /// Copies one file. New copies, and missing folders above them, get the attributes `like`. Returns 1, or
     /// -1 when the source cannot be opened. Ends the thread when it is cancelled.
     int copy(const std::string &source, const OutArray &copies, const platform::Attributes &like);
 
@@ -57,8 +57,8 @@ private:
     FileComparer &m_comparer;
     std::string m_source;
     std::uint64_t m_written = 0;    ///< bytes of the source that were read and handed on
-    bool m_mayChangeUnseen = false; ///< a write to the source in hand may leave its time as it is
-    bool m_isSourceChanged = false; ///< known before the outputs are closed
+    bool m_mayChangeUnseen = false; ///< a write to the current source may leave its time unchanged
+    bool m_isSourceChanged = false; ///< set before the outputs are closed
 };
 
 } // namespace orvana

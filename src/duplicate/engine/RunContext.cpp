@@ -92,7 +92,7 @@ void RunContext::countStartedFile(std::uint64_t bytes)
 {
     ++m_indexOfBackup;
     report().fileStarted(bytes);
-    // Without a count there is nothing to divide by; the value is then what the division gives.
+    // Without a count this divides by zero, and posts what that division gives.
     postTotalProgress(static_cast<float>(m_indexOfBackup) / static_cast<float>(m_job.totalFiles));
 }
 
@@ -141,7 +141,7 @@ void RunContext::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
         report().notOnDisk(target.index, outcome.result.error().reason());
 }
 
-// The bytes are on their way, or arrived; but they count only in the place where the user looks for them.
+// The data was synced. It counts only if it is still in the place where the user looks for it.
 void RunContext::noteEnd(Target &target)
 {
     const auto index = target.index;

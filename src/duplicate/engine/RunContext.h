@@ -24,24 +24,25 @@ namespace platform
 class Host;
 }
 
-/// What the engine is given for a run.
+/// The things that the engine is given for a run.
 struct RunSetup
 {
     platform::Host &host;
     NotificationCenter &center;
-    std::function<bool()> isCurrent; ///< false once the run was cancelled or replaced; it then posts nothing
-    std::function<bool()> verifyFiles; ///< asked file by file
+    std::function<bool()> isCurrent;   ///< false after a cancel or a replacement; the run then posts nothing
+    std::function<bool()> verifyFiles; ///< called for each file
     bool includeHidden = false;
-    std::shared_ptr<RunReport> report; ///< never null, and begun
+    std::shared_ptr<RunReport> report; ///< never null; its `begin` was called
 };
 
-/// What the parts of one run share. Used by its copy thread only.
+/// The state that the parts of one run share. Used by its copy thread only.
 class RunContext
 {
 public:
     RunContext(RunSetup setup, CopyJob job);
 
-    /// Works under these locks until the end of the run. What they do not hold gets nothing.
+    /// Works under these locks until the end of the run. A destination that they do not hold gets no files.
+    /// If they do not hold the source, no destination gets files.
     void keepTo(std::shared_ptr<RunLocks> locks);
 
     const RunSetup &setup() const { return m_setup; }
@@ -67,34 +68,37 @@ public:
     /// One worker for each destination, made at the first call.
     Workers &workers();
 
-    /// Workers that pay for work which seldom waits for a disk: no more than there are processors beside the
-    /// copy thread's.
+    /// How many workers to use for work that seldom waits for a disk. Together with the copy thread there is
+    /// at most one for each destination and one for each processor.
     std::size_t helpers() const { return m_helpers; }
 
-    /// The two blocks of the run: the one in hand and the one read ahead.
+    /// The two blocks of memory of the run: one for the block in hand, one for the block read ahead. `which`
+    /// is 0 or 1.
     std::span<std::byte> block(int which);
 
     void postMessage(const std::string &message) const;
     void postFileProgress(std::uint64_t done, std::uint64_t size) const;
     void postTotalProgress(float value) const;
 
-    /// Counts a file whose copy starts and posts how far the run is.
+    /// Counts a file whose copy starts, and posts the total progress.
     void countStartedFile(std::uint64_t bytes);
 
-    /// Starts the account of a file: it is copied nowhere and has failed nowhere yet.
+    /// Starts the account of a file: so far it is copied nowhere and has failed nowhere.
     void startFile();
 
-    /// The file in hand, counted as copied, turned out not to be on its way to the disk.
+    /// Takes back that the file in hand counts as copied, and reports `error`: its data did not get to the
+    /// disk.
     void takeBack(Target &target, const std::string &source, const platform::FileError &error);
 
-    /// Notes in the report that `source` does not get to the target.
+    /// Notes in the report that `source` could not be copied to the target.
     void fileFailed(Target &target, const std::string &source, const std::string &reason,
                     ProblemKind kind = ProblemKind::Failed);
 
-    /// The file in hand, counted as copied, is no copy of its source any more, which was written to.
+    /// Takes back that the file in hand counts as copied, and reports that its source was written to
+    /// meanwhile.
     void sourceChanged(Target &target, const std::string &source);
 
-    /// The source of the file in hand as it was before it was read.
+    /// Remembers the source of the file in hand as it was before it was read.
     void rememberSource(const platform::Attributes &source) { m_sourceInHand = source; }
     const std::optional<platform::Attributes> &sourceInHand() const { return m_sourceInHand; }
 
@@ -111,13 +115,13 @@ private:
     void noteSync(Target &target, const WriteOutPump::Outcome &outcome);
     void post(const char *name, const char *key, Notification::Value value) const;
 
-    std::shared_ptr<RunLocks> m_locks; // the first member, so that they end after everything else
+    std::shared_ptr<RunLocks> m_locks; // the first member, so that the locks end after everything else
     RunSetup m_setup;
     CopyJob m_job;
     platform::Folder &m_sources;
     SourceFiles m_sourceFiles;
     std::int64_t m_indexOfBackup = 0;
-    std::deque<Target> m_targets; // which stay where they are
+    std::deque<Target> m_targets; // a deque, because the targets must stay where they are
     std::optional<platform::Attributes> m_sourceInHand;
     std::unique_ptr<Workers> m_workers;
     std::size_t m_helpers = 0;

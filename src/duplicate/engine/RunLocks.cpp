@@ -16,7 +16,7 @@ RunLocks::RunLocks(platform::Host &host, const std::string &source,
                    const std::vector<std::string> &destinations)
 {
     auto &files = host.volumeFiles();
-    // The stronger locks first: within one run a folder is locked once.
+    // Exclusive locks come first, because a run locks each folder only once.
     for (const auto &destination : destinations)
         m_hasDestination.push_back(hold(files, destination, Sharing::Exclusive));
     for (std::size_t i = 0; i < destinations.size(); ++i)

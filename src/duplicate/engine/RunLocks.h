@@ -14,21 +14,24 @@ namespace platform
 class Host;
 }
 
-/// Locks that keep other runs on the machine away from one run, until this object is destroyed: its source
-/// against being written to, and each destination against every other run. The locks end with the process.
+/// Locks that keep other runs on the machine away from one run until this object is destroyed. No other run
+/// may write to its source, and no other run may read from or write to its destinations. The locks end with
+/// the process at the latest.
 ///
-/// The folders above, up to the top of their volume, are held too, so that a run into a folder keeps others
-/// from the folders above and below it.
+/// The folders above, up to the top of their volume, are locked too. So a run into a folder keeps out other
+/// runs that write to a folder above it, or that use a folder below it.
 class RunLocks
 {
 public:
-    /// Takes what can be had; never waits. Paths that do not exist are left to who opens them.
+    /// Takes the locks that are free; never waits. A path that does not exist is not locked: opening it will
+    /// report the error.
     RunLocks(platform::Host &host, const std::string &source, const std::vector<std::string> &destinations);
 
-    /// False when another run writes to the source, or somewhere above it.
+    /// False when another run writes to the source, or to a folder above it.
     bool hasSource() const { return m_hasSource; }
 
-    /// False when another run reads from or writes to the destination, or a folder above or below it.
+    /// False when another run writes to the destination, or to a folder above or below it, or reads from the
+    /// destination or a folder below it.
     bool hasDestination(std::size_t index) const { return m_hasDestination[index]; }
 
     bool hasAll() const;

@@ -36,8 +36,8 @@ SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
     return verdict;
 }
 
-// True when the entry, whose own attributes are given, is a folder to count in. One that a link leads to is
-// entered once, as links may lead in circles.
+// True when the entry with the attributes `own` is a folder to count in. A folder that a link leads to is
+// entered once, because links may lead in circles.
 bool SkipRules::isFolderToEnter(const std::string &path, const std::optional<Attributes> &own,
                                 std::set<FolderIdentity> &linked) const
 {
@@ -58,7 +58,7 @@ std::int64_t SkipRules::numbersOfFolder(const std::string &path) const
     if (!isFolderToEnter(path, attributesOf(path), linked))
         return 1;
     std::int64_t count = 0;
-    // Folders still to be visited, not a recursion: a tree may be deeper than a stack.
+    // A list instead of a recursion: a tree may be deeper than the stack allows.
     std::vector<std::string> waiting{path};
     while (!waiting.empty()) {
         const auto folder = std::move(waiting.back());

@@ -17,28 +17,28 @@ namespace platform
 class Host;
 }
 
-/// Which items a run leaves out. Used on one thread.
+/// Decides which items a run leaves out. Used on one thread.
 class SkipRules
 {
 public:
-    /// With `includeHidden`, items whose extension is hidden, and in counting names that begin with a dot,
-    /// are not left out.
+    /// With `includeHidden`, items whose extension is hidden are not left out. Counting then also includes
+    /// names that begin with a dot.
     SkipRules(platform::Host &host, bool includeHidden);
 
     struct Verdict
     {
         bool skip = false;
-        const char *rule = "";                          ///< why, in plain words
-        std::optional<platform::Attributes> attributes; ///< as read for the test; nothing if unreadable
+        const char *rule = "";                          ///< why the item is left out, in plain words
+        std::optional<platform::Attributes> attributes; ///< as read for the test; nullopt if unreadable
     };
 
     /// Tests a full path, or the bare name of an entry directly in a ticked folder. A bare name resolves
-    /// against the working folder: so a link or a hidden extension is not recognised there.
+    /// against the working folder, so for a bare name a link or a hidden extension is not recognised.
     Verdict examine(const std::string &pathOrName) const;
 
-    /// Files under `path`: 1 for anything that is no folder, else the sum over its entries without those
-    /// that are hidden by extension or by a dot. Links are followed; a folder that a second link leads to
-    /// counts as one file.
+    /// Counts the files under `path`. Anything that is no folder counts as 1. A folder counts as the sum of
+    /// its entries, without entries that are hidden by extension or by a dot. Links are followed. If a second
+    /// link leads to the same folder, that link counts as one file.
     std::int64_t numbersOfFolder(const std::string &path) const;
 
 private:

@@ -29,7 +29,7 @@ bool SourceFiles::mayBeSource(const platform::Folder &volume, std::string_view p
     const auto place = volume.realPath(path);
     if (!place)
         return true;
-    // Folders are compared by what they are, as one may be reached by several paths.
+    // Folders are compared by identity, because several paths may lead to one folder.
     for (auto folder = place->substr(0, place->rfind('/')); !folder.empty();
          folder = folder.substr(0, folder.rfind('/'))) {
         const auto read = m_sources.attributes(folder, Links::Follow, Want::Basics);

@@ -12,19 +12,19 @@
 namespace orvana
 {
 
-/// Knows which files a run must not write to because they are, or may be, files of its source: a destination
-/// may lie on the source's own file system. Used by the copy thread, and by workers only through
-/// `mayBeSource`.
+/// Knows which files a run must not write to because they are, or may be, files of its source. A destination
+/// may lie on the same file system as the source. Used by the copy thread. Workers only call `mayBeSource`.
 class SourceFiles
 {
 public:
     SourceFiles(platform::Folder &sources, const std::vector<std::string> &ticked);
 
-    /// Notes that files of this device are read, too.
+    /// Notes that the run also reads files of this device.
     void addDevice(std::uint64_t device) { m_devices.insert(device); }
 
-    /// True when the existing file at `path` beneath `volume` lies in a ticked item, or has several names, of
-    /// which one may do so. Only files on a device of the source are looked at. Links are followed.
+    /// True when the existing file at `path` beneath `volume` is, or lies in, a ticked item. Also true when
+    /// the file has several names, because one of them may lie there. Files on devices that the run does not
+    /// read give false. Links are followed.
     bool mayBeSource(const platform::Folder &volume, std::string_view path,
                      const platform::Attributes &existing) const;
 

@@ -16,7 +16,7 @@ using std::chrono::system_clock;
 namespace
 {
 
-// FAT keeps times in steps of two seconds, which no other file system exceeds.
+// FAT keeps times in steps of two seconds. No other file system has longer steps.
 constexpr seconds LongestStep{2};
 
 } // namespace

@@ -8,7 +8,8 @@ namespace orvana
 namespace
 {
 
-// Null when the system has no thread for it. The volume is then synced at the end, on the run's own thread.
+// Returns null when the volume needs no pump, or the system has no thread for it. The volume is then synced
+// at the end, on the run's own thread.
 std::unique_ptr<WriteOutPump> pumpFor(Destination &destination)
 {
     if (!destination.isOpen() || !destination.traits().writesOutInBackground)

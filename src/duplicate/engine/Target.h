@@ -19,10 +19,10 @@ struct WrittenCopy
 {
     std::unique_ptr<platform::File> file;
     std::optional<platform::FileError> error; ///< the first error; nothing more is written after it
-    bool existed = false;                     ///< the error came up in opening what was there already
-    std::optional<std::uint64_t> tail;        ///< bytes of an older file behind the copy's end
+    bool existed = false;                     ///< the file was there; if `file` is null, opening it failed
+    std::optional<std::uint64_t> tail;        ///< bytes of an older file after the copy's end
     bool isDoneBefore = false;                ///< the same source was copied there earlier in this run
-    std::string otherName;                    ///< with SameFile: what the file is called there
+    std::string otherName;                    ///< with SameFile: the other name of the file there
     bool isClosed = false;
     bool isTold = false; ///< the error was reported
 };
@@ -30,19 +30,19 @@ struct WrittenCopy
 /// The copy of the file in hand while it is read back.
 struct ComparedCopy
 {
-    std::unique_ptr<platform::File> file; ///< null for a copy that takes no part (any more)
+    std::unique_ptr<platform::File> file; ///< null when the copy is not compared, or no longer
     std::unique_ptr<std::byte[]> block;   ///< BlockSize bytes; kept from file to file
-    bool differsHere = false;             ///< in the block in hand
+    bool differsHere = false;             ///< in the current block
     std::optional<platform::FileError> error;
     std::optional<platform::FileError> sourceError;
     std::int64_t differences = 0; ///< blocks that differ
     std::uint64_t firstOffset = 0;
 
-    /// True if the copy takes part and all that was read of it so far equals its source.
+    /// True if the copy is compared and everything read from it so far equals its source.
     bool isGood() const { return file && !error && differences == 0; }
 };
 
-/// One destination of a run: its folder, what was counted on it, and the state of the file in hand there.
+/// One destination of a run: its folder, its counts, and the state of the file in hand there.
 ///
 /// Used by the copy thread, and by a worker that does the work for this destination.
 struct Target
@@ -51,14 +51,14 @@ struct Target
     Target(std::size_t place, platform::VolumeFiles &files, const std::string &root,
            DestinationTally &tallyOfReport);
 
-    /// Keeps what is written moving to the disk from now on, where the volume needs that.
+    /// From now on moves written data to the disk in the background, if the volume needs that.
     void startPump();
 
     const std::size_t index; ///< its place in the job and in the report
     Destination destination;
     DestinationTally &tally;
     WrittenFiles written;               ///< the files that this run wrote there
-    std::unique_ptr<WriteOutPump> pump; ///< null where written data does not wait in memory
+    std::unique_ptr<WriteOutPump> pump; ///< null if the volume needs none, or no thread could be started
 
     // The file in hand.
     bool isCopied = false;                          ///< it counts as copied

@@ -25,8 +25,8 @@ constexpr const char *LeadsIntoDestination = "it leads into a destination";
 } // namespace
 
 /// The folders between the start of a walk and the entry in hand. A list instead of a recursion: a tree may
-/// be deeper than a stack. Leaving a folder, also when the run is cancelled, closes it to its owner again
-/// where its permissions say so.
+/// be deeper than the stack allows. On leaving a folder, also when the run is cancelled, the folders that
+/// were made for it on the destinations get their final permissions.
 class TreeWalk::FolderStack
 {
 public:
@@ -47,7 +47,8 @@ public:
     const OutArray &copies() const { return m_copies; }
     NameList &names() { return m_levels.back().names; }
 
-    /// The entry in hand. Its name is part of the paths while it lives, and longer if it was entered.
+    /// The entry in hand. Its name is part of the paths while this object lives. The name of an entered
+    /// folder stays until `leave`.
     class Entry
     {
     public:
@@ -75,7 +76,7 @@ public:
         bool m_isEntered = false;
     };
 
-    /// Goes on to the entry `name` of the folder in hand.
+    /// Appends the name of an entry of the folder in hand to the paths.
     void append(std::string_view name)
     {
         const auto add = [&](std::string &path) { path.append("/").append(name); };
@@ -86,7 +87,7 @@ public:
         }
     }
 
-    /// Goes back from an entry whose name is `length` long.
+    /// Removes the name of an entry from the paths. The name is `length` bytes long.
     void cut(std::size_t length)
     {
         const auto shorten = [&](std::string &path) { path.resize(path.size() - length - 1); };
@@ -97,7 +98,7 @@ public:
         }
     }
 
-    /// Makes the present entry, a folder, the one in hand.
+    /// Enters the present entry, a folder. It becomes the folder in hand.
     void enter(const Attributes &like, std::size_t nameLength)
     {
         auto made = m_walk.makeFolders(m_source, m_copies, like);
@@ -109,7 +110,7 @@ public:
     {
         const auto &level = m_levels.back();
         m_walk.finishFolders(m_copies, level.made, level.like);
-        // The first folder's path was not appended to anything.
+        // The name of the first folder was not appended to the paths.
         if (m_levels.size() > 1)
             cut(level.nameLength);
         m_levels.pop_back();
@@ -142,7 +143,7 @@ std::optional<Attributes> TreeWalk::followed(const std::string &path) const
     return attributes ? std::optional(*attributes) : std::nullopt;
 }
 
-// A destination may lie within the source, by way of a link: copying it into itself would never end.
+// A destination may lie within the source. Copying it into itself would never end.
 bool TreeWalk::isDestination(const Attributes &folder)
 {
     const auto &targets = m_run.targets();
@@ -150,7 +151,7 @@ bool TreeWalk::isDestination(const Attributes &folder)
                        [&](const Target &target) { return target.destination.isRoot(folder); });
 }
 
-// The same for what a link leads to: there, the folder may also be one that this run made.
+// True when the link at `path` leads to a destination or to a folder in it, such as one that this run made.
 bool TreeWalk::liesInDestination(const std::string &path)
 {
     auto above = path;
@@ -166,8 +167,8 @@ bool TreeWalk::liesInDestination(const std::string &path)
     return false;
 }
 
-// The item's place on each destination: the root with that part of the item's path that lies behind the
-// source's root. Only the length of the source's root is used, not where in the path it stands.
+// Returns the item's path on each destination: the destination's root, then the part of the item's path after
+// the source's root. Only the length of the source's root is used, not where it stands in the item's path.
 OutArray TreeWalk::copiesOf(const std::string &item) const
 {
     const auto &root = m_run.job().SrcDiskPath;
@@ -212,7 +213,7 @@ void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copi
     for (auto names = listOf(folder, copies); !names.empty();) {
         WorkerThread::exitIfCancelled();
         const std::string name(names.takeNext());
-        // Tested by its bare name, so a link directly in a ticked folder is not left out.
+        // Entries are tested by their bare name, so a link directly in a ticked folder is not left out.
         if (const auto verdict = m_rules.examine(name); verdict.skip) {
             m_run.report().leftOut(std::string(folder).append("/").append(name), verdict.rule);
             continue;
@@ -298,7 +299,8 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
             made[target.index] = *created != Destination::Made::Existed;
             return;
         }
-        // A file in its place is left alone, and only the report knows.
+        // An existing file in the folder's place is left alone. Only the report mentions it, not the system
+        // log.
         if (!target.destination.holds(copy))
             systemLog("Create " + displayPath(copy) + " Folder Fail \n");
         m_run.report().failed(target.index, source,

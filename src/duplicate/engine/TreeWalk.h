@@ -13,13 +13,13 @@ namespace orvana
 
 class RunContext;
 
-/// Walks the source items of a run and has every file copied.
+/// Walks through the source items of a run and copies every file.
 class TreeWalk
 {
 public:
     explicit TreeWalk(RunContext &run);
 
-    /// Copies one ticked item, a folder with all that the skip rules leave of it.
+    /// Copies one ticked item. From a folder, copies everything that the skip rules do not leave out.
     void copySelected(const std::string &item);
 
     /// Copies a file or a folder with everything below it to the given paths. Returns 1, or -1 for a file

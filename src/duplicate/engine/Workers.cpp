@@ -36,7 +36,7 @@ void pause()
 #endif
 }
 
-// Waits for a moment without sleeping; true when `condition` came to hold.
+// Waits for a moment without sleeping. Returns true when `condition` came to hold.
 template <class Condition>
 bool awaitAwake(Condition condition)
 {
@@ -167,7 +167,7 @@ void Workers::awaitWork(unsigned lastCall)
     if (awaitAwake([this] { return hasWork() || m_end; }))
         return;
     ++m_asleep;
-    // Work that came before this worker counted as asleep was not called out.
+    // Nobody wakes this worker for work that came before it counted as asleep.
     if (!hasWork() && !m_end)
         m_call.wait(lastCall);
     --m_asleep;

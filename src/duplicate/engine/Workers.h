@@ -12,10 +12,10 @@
 namespace orvana
 {
 
-/// Threads that share out pieces of work among themselves, one piece for each destination.
+/// Threads that divide pieces of work among themselves, one piece for each destination.
 ///
-/// All functions are called by one thread. A worker that has just worked stays awake for a moment: waking a
-/// thread takes longer than writing a small file.
+/// All functions are called by one thread. A worker that has just worked stays awake for a moment, because
+/// waking a thread takes longer than writing a small file.
 class Workers
 {
 public:
@@ -26,14 +26,15 @@ public:
     Workers(const Workers &) = delete;
     Workers &operator=(const Workers &) = delete;
 
-    /// Has `work` done for the pieces 0 to `pieces` - 1 on at most `helpers` workers, while the caller does
-    /// `meanwhile`. Returns when all pieces and `meanwhile` are done, and then throws the first exception of
-    /// any of them.
+    /// Runs `work` for the pieces 0 to `pieces` - 1 on the workers while the caller runs `meanwhile`. Wakes
+    /// at most `helpers` sleeping workers; workers that are awake help too. Returns when all pieces and
+    /// `meanwhile` are done. Then throws the first exception of any of them.
     void doBeside(const Work &work, std::size_t pieces, std::size_t helpers,
                   const std::function<void()> &meanwhile);
 
-    /// The caller and at most `helpers` workers share the pieces 0 to `pieces` - 1. Returns and throws
-    /// likewise.
+    /// The caller and the workers share the pieces 0 to `pieces` - 1. Wakes workers, returns and throws as
+    /// `doBeside` does. With 0 helpers or a single piece the caller works alone, and an exception ends the
+    /// work at once.
     void share(const Work &work, std::size_t pieces, std::size_t helpers);
 
 private:
@@ -48,8 +49,8 @@ private:
     void awaitWork(unsigned lastCall);
 
     std::atomic<const Work *> m_work{nullptr};
-    // The pieces of a round, begun and all, and the round's number in one word: a worker that comes late can
-    // never begin a piece of another round.
+    // One word holds the number of the round, the count of its pieces and the count of begun pieces. So a
+    // worker that comes late can never begin a piece of another round.
     std::atomic<std::uint64_t> m_pieces{0};
     std::atomic<std::size_t> m_unfinished{0};
     std::atomic<unsigned> m_call{0}; // counts the times that sleeping workers were called
@@ -57,7 +58,7 @@ private:
     std::atomic<bool> m_end{false};
     std::uint64_t m_round = 0;
     std::mutex m_exceptionMutex;
-    std::exception_ptr m_exception; // the first of this round
+    std::exception_ptr m_exception; // the first exception of this round
     std::vector<std::jthread> m_threads;
 };
 

@@ -14,16 +14,18 @@ using platform::File;
 namespace
 {
 
-// Enough for a disk to be busy with, little enough that the first sync starts early.
+// Enough bytes to keep a disk busy, and few enough for the first sync to start early.
 constexpr std::uint64_t WorthASync = 16'777'216;
 // The copy waits while more bytes than these are still to be written out: about two seconds of a fast disk.
 constexpr std::uint64_t MaxBytesBehind = 268'435'456;
-// The same for a large file. Its progress then shows the disk and not the memory before the disk.
+// The copy of a large file waits while more of its bytes than these are still to be written out. So its
+// progress shows how far the disk is, and not the memory.
 constexpr std::uint64_t MaxRangeBytesBehind = 67'108'864;
-// Bytes of a large file that the disk has in hand before the pump waits for the oldest of them.
+// The pump waits for the oldest range of a large file when more bytes than these are on their way to the
+// disk.
 constexpr std::uint64_t MaxBytesInFlight = 33'554'432;
 
-// A copy that waits must find the pump at work, whatever the size of a block.
+// While a copy waits, the pump must have work to do, whatever the size of a block.
 static_assert(MaxBytesInFlight < MaxRangeBytesBehind);
 static_assert(WorthASync < MaxBytesBehind);
 
@@ -107,7 +109,7 @@ void WriteOutPump::syncOnce(Lock &lock)
     m_changed.notify_all();
 }
 
-// Sends the written ranges on their way and waits for the oldest once enough are flying.
+// Sends the written ranges on their way. Waits for the oldest range once enough bytes are on their way.
 void WriteOutPump::moveRanges(Lock &lock)
 {
     auto written = std::exchange(m_written, {});
@@ -165,8 +167,8 @@ void WriteOutPump::run(const std::stop_token &ownEnd)
     }
 }
 
-// There is no memory to go on with. Nobody waits for the pump from here on, and the volume counts as one that
-// could not be written out.
+// There is no memory to continue. From here on nobody waits for the pump, and the volume counts as not
+// written out.
 void WriteOutPump::giveUp(Lock &lock)
 {
     if (!lock.owns_lock())

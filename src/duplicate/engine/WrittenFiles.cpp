@@ -3,7 +3,7 @@
 #include <functional>
 #include <roaring/roaring64map.hh>
 
-// Later versions of the library have a namespace of their own.
+// Later versions of the library use this namespace. Earlier versions do not declare it.
 namespace roaring
 {
 }
@@ -35,12 +35,12 @@ std::string_view folderOf(std::string_view path)
 
 std::string_view nameOf(std::string_view path)
 {
-    return path.substr(path.rfind('/') + 1); // without a slash, that is the whole of it
+    return path.substr(path.rfind('/') + 1); // without a slash, this is the whole path
 }
 
 } // namespace
 
-/// A set of inode numbers, of a few bits each.
+/// A set of inode numbers that takes a few bits for each.
 struct WrittenFiles::Inodes
 {
     Roaring64Map numbers;
@@ -61,8 +61,8 @@ WrittenFiles::Owner WrittenFiles::ownerOf(const Folder &volume, std::string_view
     const auto written = m_inodes.find(file->device);
     const bool isWritten = written != m_inodes.end() && written->second->numbers.contains(file->inode);
     if (!volume.traits().hasStableInodes) {
-        // Numbers of files come and go there. A name that is not in the folder as it stands is another name
-        // of a file that exists, and may be one of this run.
+        // Inode numbers come and go on such a volume. A name that is not in the folder's list exactly like
+        // this is another name of an existing file, and this run may have written that file.
         return isExactName(volume, folderOf(path), nameOf(path)) && entry->type != FileType::SymbolicLink
                    ? (isWritten ? Owner::SameSource : Owner::Nobody)
                    : Owner::OtherSource;
@@ -73,7 +73,8 @@ WrittenFiles::Owner WrittenFiles::ownerOf(const Folder &volume, std::string_view
         return Owner::OtherSource;
     if (const auto known = m_sourcesOfManyNamed.find(file->inode); known != m_sourcesOfManyNamed.end())
         return known->second == hashOf(source) ? Owner::SameSource : Owner::OtherSource;
-    // Each place on the destination belongs to one source. So does a file with one name, if this is its name.
+    // Each place on the destination belongs to one source. So a file with a single name belongs to this
+    // source, if `path` is that name.
     return isExactName(volume, folderOf(path), nameOf(path)) ? Owner::SameSource : Owner::OtherSource;
 }
 
@@ -92,7 +93,7 @@ bool WrittenFiles::isExactName(const Folder &volume, std::string_view folder, st
     const auto hash = hashOf(name);
     if (m_hasFolder && m_folder == folder && m_names.contains(hash))
         return true;
-    // The name may have come since.
+    // The name may have been added since the folder was read.
     readNames(volume, folder);
     return m_names.contains(hash);
 }

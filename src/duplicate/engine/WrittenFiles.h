@@ -13,11 +13,11 @@
 namespace orvana
 {
 
-/// The files that a run has written to one destination. By it, a name that leads to a file of another source
-/// is found out before anything is written over: names that the volume does not tell apart, hard links,
-/// links.
+/// The files that a run has written to one destination. Before anything is overwritten, the run finds out
+/// here whether a name leads to a file of another source. This happens with names that the volume treats as
+/// equal, with hard links and with symbolic links.
 ///
-/// A few bits a file. Used by one thread at a time.
+/// Needs a few bits for each file. Used by one thread at a time.
 class WrittenFiles
 {
 public:
@@ -32,13 +32,14 @@ public:
         OtherSource, ///< the run has, or may have, written to it from another source
     };
 
-    /// The owner of the existing file at `path` beneath `volume`. Asks the volume.
+    /// Returns the owner of the existing file at `path` beneath `volume`. Reads from the volume.
     Owner ownerOf(const platform::Folder &volume, std::string_view path, std::string_view source);
 
     /// Notes that the file is being written from `source`.
     void add(const platform::Attributes &file, std::string_view source);
 
-    /// The name of another file in the same folder that is the same file as `path`; empty when there is none.
+    /// Returns the name of another entry of the same folder that is the same file as `path`, or an empty text
+    /// if there is none.
     static std::string otherNameOf(const platform::Folder &volume, std::string_view path);
 
 private:
@@ -50,7 +51,7 @@ private:
     std::map<std::uint64_t, std::unique_ptr<Inodes>> m_inodes;           // by device
     std::unordered_map<std::uint64_t, std::size_t> m_sourcesOfManyNamed; // hash of the source, by inode
 
-    // Hashes of the names in the folder that was asked about last.
+    // Hashes of the names in the folder that was read last.
     std::string m_folder;
     std::unordered_set<std::size_t> m_names;
     bool m_hasFolder = false;

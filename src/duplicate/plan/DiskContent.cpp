@@ -51,7 +51,7 @@ DiskToSurvey diskToSurvey(const ORVHddInfo &disk)
 
 } // namespace
 
-/// The state that the survey and its thread share. It lives as long as either.
+/// The state that the survey and its thread share. It lives as long as either of them.
 struct DiskSurvey::Shared
 {
     std::vector<DiskToSurvey> disks;
@@ -72,7 +72,7 @@ struct DiskSurvey::Shared
                      std::vector<std::string> &folders);
 };
 
-// False when the time was over, or something could not be read.
+// Returns false when the time was over, or something could not be read.
 bool DiskSurvey::Shared::countFolder(platform::Folder &volume, const std::string &path, std::size_t index,
                                      std::vector<std::string> &folders)
 {
@@ -146,7 +146,7 @@ DiskSurvey::DiskSurvey(platform::Host &host, const std::vector<std::shared_ptr<O
     try {
         std::thread(survey).detach();
     } catch (const std::system_error &) {
-        survey(); // without a thread to be had; its time is limited
+        survey(); // the system has no thread; the survey's time is limited
     }
 }
 
@@ -186,7 +186,7 @@ std::string contentText(const DiskContent &content)
                                      : "something that is not mounted, or cannot be read";
     const auto count = std::to_string(content.files) + (content.files == 1 ? " file" : " files");
     const std::string atLeast = content.isCountComplete ? "" : "at least ";
-    // Less than a block of the listing counts as no bytes at all.
+    // The listing counts in blocks: less than a block shows as no bytes at all.
     return (content.usedBytes > 0 ? sizeText(content.usedBytes) + " in " : "") + atLeast + count;
 }
 

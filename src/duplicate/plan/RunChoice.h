@@ -33,14 +33,14 @@ private:
     std::array<Value, AllBays.size()> m_values{};
 };
 
-/// "Slot-A" to "Slot-D": what a disk record's `slotPath` and the rows of the slot panel are called.
+/// Returns "Slot-A" to "Slot-D". Disk records (`slotPath`) and the rows of the slot panel use these names.
 std::string slotNameOf(Bay bay);
 
-/// The bay of that name; nothing for any other text.
+/// Returns the bay of that name, or nullopt for any other text.
 std::optional<Bay> bayNamed(std::string_view slotName);
 
-/// The enclosure that the user chose: its place in the picker, whose item 0 is a placeholder, and its UID as
-/// it was when it was chosen. The place alone is not enough: enclosures come and go.
+/// The enclosure that the user chose: its place in the picker, and its UID when it was chosen. Item 0 of the
+/// picker is a placeholder. The place alone is not enough, because enclosures come and go.
 struct ChosenEnclosure
 {
     int pickerIndex = 0;
@@ -59,29 +59,29 @@ struct ShownDisk
 /// The disk in each bay as it was when the user saw it; nullopt for an empty bay.
 using ShownDisks = PerBay<std::optional<ShownDisk>>;
 
-/// What the user chose for a run, in the window or in the terminal. Texts are bytes as they came from the
+/// The user's choices for a run, made in the window or in the terminal. Texts are bytes as they came from the
 /// disks or were typed.
 struct RunChoice
 {
     ChosenEnclosure enclosure;
-    std::string source;                       ///< the source row's name: a volume's, or the login name
-    std::string sourceItem;                   ///< title of the chosen item in the source pop-up
-    std::string sourceRoot;                   ///< root of the file tree; empty when there is none
-    std::vector<DiskFingerprint> sourceDisks; ///< all disks that the run reads from; none of them is touched
+    std::string source;     ///< the source row's name: the name of a volume, or the login name
+    std::string sourceItem; ///< title of the chosen item in the source pop-up
+    std::string sourceRoot; ///< root of the file tree; empty when there is none
+    std::vector<DiskFingerprint> sourceDisks; ///< all disks that the run reads from, and must not change
     bool slotAisSource = true;
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
     PerBay<bool> isOverSize;   ///< the bay is shown as too small for the selection
-    PerBay<bool> isNotErased;  ///< the run was to erase the bay's disk first, and did not
-    /// The disks whose rows the bays showed; a disk that is another one by the time of the run is passed
-    /// over. Without it that is not compared.
+    PerBay<bool> isNotErased;  ///< the run had to erase the bay's disk first, but did not
+    /// The disks that the bays showed. A bay that holds another disk at the time of the run is left out.
+    /// Without a value the disks are not compared.
     std::optional<ShownDisks> shown;
-    /// The bytes of the selection as counted, which the plan fits into the bays itself. Without them, and
-    /// once a run has erased, a bay is too small only when it is shown so.
+    /// The bytes of the selection, as counted. The plan checks whether they fit into the bays. Without a
+    /// value a bay is too small only when it is shown as too small; this is also so once a run has erased.
     std::optional<std::uint64_t> selectedBytes;
     bool erase = false;
     bool verify = false;
 
-    /// Bay A while the source is the disk in it.
+    /// True for bay A while the source is the disk in bay A.
     bool isSourceBay(Bay bay) const { return bay == Bay::A && slotAisSource; }
 };
 

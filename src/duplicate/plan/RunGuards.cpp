@@ -17,7 +17,7 @@ bool isSameDisk(const ORVHddInfo &a, const ORVHddInfo &b)
     return &a == &b || (a.devPath() && !a.devPath()->empty() && a.devPath() == b.devPath());
 }
 
-// True when one of the records of the disk, of which a scan may make several, answers yes.
+// True when `question` is true for one of the disk's records. A scan may make several records of one disk.
 template <class Question>
 bool anyRecordOf(const ORVHddInfo &disk, const ScannedDevices &devices, Question question)
 {
@@ -42,7 +42,7 @@ bool isStartupIn(const ORVHddInfo &disk, const ScannedDevices &devices)
     return anyRecordOf(disk, devices, [](const ORVHddInfo &record) { return isStartupDisk(record); });
 }
 
-// A disk's place is not certain when another record claims its bay, or its device node in any enclosure.
+// False when another record claims the disk's bay, or claims its device node in any enclosure.
 bool isCertain(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure, const ScannedDevices &devices)
 {
     const auto isRival = [&](const ORVHddInfo &other, bool isInSameEnclosure) {
@@ -58,7 +58,7 @@ bool isCertain(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure, cons
     return true;
 }
 
-// What was shown when the user chose, against what is there now.
+// Compares the disk with the disk that was shown when the user chose.
 bool isAsShown(const ORVHddInfo &disk, const RunChoice &choice)
 {
     const auto bay = bayOfDisk(disk);

@@ -12,52 +12,53 @@ namespace orvana
 
 class RunLocks;
 
-/// A job into plain folders, with the locks that hold them for it.
+/// A job that copies into plain folders, and the locks on these folders.
 struct FolderJob
 {
     CopyJob job;                     ///< with its destinations bound
     std::shared_ptr<RunLocks> locks; ///< may be null
 };
 
-/// The disks and files of a run, decided once at Start. A later look can take a disk out, and never put one
-/// in.
+/// The disks and files of a run, decided once at Start. A later check can take a disk out, but never add a
+/// disk.
 struct RunOrder
 {
     std::vector<std::string> selection; ///< the ticked paths
-    std::int64_t totalFiles = 0;        ///< what the selection comes to, as counted
-    std::uint64_t totalBytes = 0;       ///< the same in bytes
+    std::int64_t totalFiles = 0;        ///< files of the selection, as counted
+    std::uint64_t totalBytes = 0;       ///< bytes of the selection, as counted
     RunChoice choice;                   ///< as it was at Start, with all disks of the source
     SourceMemory source;                ///< what the run copies from
-    ErasePlan erase;                    ///< with `choice.erase`: which disks are erased, under which names
-    DestinationPlan destinations;       ///< without: which volumes are written to
+    ErasePlan erase;                    ///< with `choice.erase`: the disks to erase, and their new names
+    DestinationPlan destinations;       ///< without `choice.erase`: the volumes to write to
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
-    std::optional<FolderJob> folders{}; ///< instead of disks in bays: the run copies there at once
+    std::optional<FolderJob> folders{}; ///< if set, the run copies to these folders at once, not to bays
 };
 
 /// Why a run with this choice may not start.
 enum class OrderRefusal {
-    NothingTicked,           ///< and the disks were to be erased for it
+    NothingTicked,           ///< nothing is ticked, and disks would be erased
     SourceGone,              ///< the source is not there any more, or another disk stands in its place
-    SourceGoneSinceTheErase, ///< the same, noticed when disks had been erased for the run
+    SourceGoneSinceTheErase, ///< as `SourceGone`, but noticed after disks were erased for the run
     DiskDoesNotAnswer,       ///< the copy thread of an earlier run hangs, and the disks were to be erased
 };
 
 std::string refusalText(OrderRefusal refusal);
 
-/// Decides what a run may do. `choice` is what the user chose, `selection` the ticked paths, `source` the
-/// source as it was when it was chosen. Looks at the disks beneath the selection and at the mounted volumes.
+/// Decides what a run may do. `choice` holds the user's choices, `selection` the ticked paths, and `source`
+/// the source as it was when it was chosen. Looks at the disks beneath the selection and at the mounted
+/// volumes.
 ///
-/// The enclosure must be a usable one. Without an enclosure the order is empty.
+/// The chosen enclosure must be usable. Without an enclosure the order names no disks.
 tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const ScannedDevices &devices,
                                                  const RunChoice &choice, const SourceMemory &source,
                                                  const std::vector<std::string> &selection);
 
-/// The erase that is possible now, without the disks that the order does not erase under the same name, which
-/// are refused.
+/// Returns the erase that is possible now. Disks that the order does not erase under the same name are moved
+/// to the refusals.
 ErasePlan eraseWithin(const RunOrder &order, ErasePlan now);
 
-/// The destinations that are possible now, without those that the order does not copy to, which are refused.
-/// With erase the order's destinations are the disks that it erases.
+/// Returns the destinations that are possible now. Destinations that the order does not copy to are moved to
+/// the refusals. With erase, the order's destinations are the disks that it erases.
 DestinationPlan destinationsWithin(const RunOrder &order, DestinationPlan now);
 
 /// A disk of an erase and what it holds.
@@ -67,11 +68,11 @@ struct DiskAtStake
     DiskContent content;
 };
 
-/// The records of the disks that the plan erases, in its order.
+/// Returns the records of the disks that the plan erases, in the order of the plan.
 std::vector<std::shared_ptr<ORVHddInfo>> disksToErase(const ErasePlan &plan, const ScannedDevices &devices);
 
-/// The line on the disk in the question before an erase: "Slot-B: Copy HD, serial number B1, now COPY1: 12.50
-/// GB in 3402 files; will be COPY1". `present` is the name that the bay shows now.
+/// Returns the line about the disk in the question before an erase: "Slot-B: Copy HD, serial number B1, now
+/// COPY1, holds 12.50 GB in 3402 files, will be COPY1". `present` is the name that the bay shows now.
 std::string stakeText(const DiskAtStake &disk, const std::string &present);
 
 } // namespace orvana

@@ -11,14 +11,15 @@ namespace
 
 constexpr const char *NewName = "Untitled";
 
-// A blank disk gets a name of its own; any other that which its field holds.
+// Returns "Untitled" for a blank disk whose field still says "Unformatted", and the field's text for any
+// other disk.
 std::string newNameOf(const ORVHddInfo &disk, const std::string &field)
 {
     const bool isBlank = disk.bsdPathArray().empty() && disk.isUnFormated();
     return isBlank && field == UnformattedDisk ? NewName : field;
 }
 
-// A disk called like the source would be taken for it once it is erased.
+// A disk with the name of the source would be taken for the source once it is erased.
 std::optional<NameRefusalReason> nameGuardIn(const RunChoice &choice, const std::string &name,
                                              EraseFormat format)
 {
@@ -36,7 +37,7 @@ void addToEject(EjectPlan &plan, const ORVHddInfo &disk, const std::string &name
         plan.disks.push_back(diskUtilInfo(disk, name));
 }
 
-// The source itself may go; the start-up disk never.
+// The source itself may be ejected, but never the start-up disk.
 std::optional<RefusalReason> guardOfSource(const ORVHddInfo &disk, const ScannedDevices &devices)
 {
     return refusalOf(disk, devices, RunChoice(), UserHome());

@@ -8,16 +8,16 @@
 namespace orvana
 {
 
-// The decisions of a run, from what was scanned and what the user chose. They change nothing; window and
-// terminal do what they say, and tell every refusal.
+// The decisions of a run, made from the scanned devices and the user's choices. They change nothing. Window
+// and terminal carry them out, and report every refusal.
 
-/// Does a selection of that many bytes fit into the volume? With erase into 99 hundredths of its capacity,
-/// else into what is free; both bounds included.
 enum class EraseFirst { No, Yes };
+/// True when a selection of `bytes` fits into the volume. With erase it must fit into 99 hundredths of the
+/// volume's capacity, else into its free space. Both limits are included.
 bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase);
 
-/// True when the selection does not fit into the disk in the bay: the bay is shown so, or its first volume
-/// cannot hold what was counted.
+/// True when the selection does not fit into the disk in the bay: the bay is shown as too small, or the
+/// disk's first volume cannot hold the counted bytes.
 bool isTooSmall(const ORVHddInfo &disk, Bay bay, const RunChoice &choice);
 
 /// A bay whose disk has volumes, and whether a selection fits into the first of them.
@@ -27,22 +27,23 @@ struct BayFit
     bool fits;
 };
 
-/// In the order of the records. Disks without volumes are not in it: their rows keep their colour.
+/// Returns an entry for each disk with volumes, in the order of the records. The rows of other disks keep
+/// their colour.
 std::vector<BayFit> fitOfBays(const ORVThunderboltInfo &enclosure, std::uint64_t bytes, EraseFirst erase);
 
-/// Bays B, C and D are all too small; bay A is never counted.
+/// True when bays B, C and D are all too small. Bay A is never counted.
 bool isOverSizeInAll(const RunChoice &choice);
 
-/// One of the destination bays is too small.
+/// True when at least one of the destination bays is too small.
 bool isOverSizeInSome(const RunChoice &choice);
 
-/// The sheet's and the terminal's words for it: " COPY1 COPY2."
+/// Returns the names of the bays that are too small, for the sheet and the terminal: " COPY1 COPY2."
 std::string overSizeText(const RunChoice &choice);
 
 /// True when there is a tree to copy from.
 bool hasTree(const std::vector<FileListRow> &rows);
 
-/// The paths that are handed to the copy engine: of the rows that are ticked and not expanded.
+/// Returns the paths that the copy engine gets: those of the rows that are ticked and not expanded.
 std::vector<std::string> selectedPaths(const std::vector<FileListRow> &rows);
 
 /// A disk that will be erased. Its new name is `info.diskVolume`.
@@ -59,13 +60,13 @@ struct ErasePlan
 {
     std::vector<PlannedErase> disks;   ///< in the order of the records
     std::vector<DiskRefusal> refusals; ///< disks that keep their content
-    std::vector<NameRefusal> badNames; ///< not empty: nothing may be erased, and nothing started
+    std::vector<NameRefusal> badNames; ///< if not empty, nothing may be erased or started
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
-    std::vector<Bay> tooSmall{}; ///< keep their content: the selection does not fit into them
+    std::vector<Bay> tooSmall{}; ///< bays that keep their content: the selection does not fit into them
 };
 
-/// The disks that a run erases. RAID members, the source's bay and bays that are too small are never among
-/// them.
+/// Decides which disks a run erases. RAID members, the source's bay and bays that are too small are never
+/// among them.
 tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &devices, const RunChoice &choice,
                                                     const UserHome &user, EraseFormat format);
 
@@ -73,7 +74,7 @@ struct PlannedDestination
 {
     Bay bay;
     std::string name; ///< as shown in the bay
-    std::string root; ///< mount point of the volume, by the disk's own record
+    std::string root; ///< mount point of the volume, from the disk's own record
     DiskUtilInfo disk;
     std::string device; ///< node of the volume
     DiskFingerprint fingerprint{};
@@ -83,22 +84,22 @@ struct PlannedDestination
 
 struct DestinationPlan
 {
-    std::vector<PlannedDestination> destinations; ///< Slot-A to Slot-D
+    std::vector<PlannedDestination> destinations; ///< in the order Slot-A to Slot-D
     std::vector<DiskRefusal> refusals;
     std::vector<Bay> tooSmall; ///< left out because the selection does not fit
 
     std::vector<std::string> roots() const;
 };
 
-/// Where a run copies to.
+/// Decides where a run copies to.
 tl::expected<DestinationPlan, EnclosureRefusal>
 planDestinations(const ScannedDevices &devices, const RunChoice &choice, const UserHome &user);
 
-/// Moves destinations to the refusals whose root is, at this moment, not the top of a mounted volume, or of
-/// another one than the record says, or mounted read-only. Asks the list of mounted volumes.
+/// Moves a destination to the refusals when its root is, at this moment, not the top of a mounted volume, or
+/// the top of another volume than the record says, or mounted read-only. Asks the list of mounted volumes.
 void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan);
 
-/// Moves destinations to the refusals on whose volume another run of this machine is at work.
+/// Moves a destination to the refusals when another run on this machine works on its volume.
 void refuseWhatIsInUse(platform::Host &host, DestinationPlan &plan);
 
 struct EjectPlan
@@ -107,17 +108,18 @@ struct EjectPlan
     std::vector<DiskRefusal> refusals;
 };
 
-/// The disks that "eject destinations" ejects: those with volumes in every enclosure, without bay A when that
-/// is the source.
+/// Decides which disks "eject destinations" ejects: the disks with volumes in every enclosure, without bay A
+/// when bay A is the source.
 tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &devices,
                                                           const RunChoice &choice, const UserHome &user);
 
-/// The disks that "eject source" ejects: those that carry a volume named like the chosen pop-up item, in bay
-/// A of every enclosure if the chosen enclosure has it there, else among the other disks.
+/// Decides which disks "eject source" ejects: the disks with a volume that has the name of the chosen pop-up
+/// item. If the chosen enclosure has such a volume in bay A, only bay A of every enclosure is searched.
+/// Otherwise only the other disks are searched.
 tl::expected<EjectPlan, EnclosureRefusal> planSourceEject(const ScannedDevices &devices,
                                                           const RunChoice &choice);
 
-/// Every refusal on a line of its own, for a "Warning" sheet.
+/// Returns every refusal on a line of its own, for a "Warning" sheet.
 std::string textOf(const std::vector<DiskRefusal> &refusals);
 std::string textOf(const std::vector<NameRefusal> &refusals);
 

@@ -1,4 +1,4 @@
-// Where a run copies to.
+// Decides where a run copies to.
 
 #include "discovery/DiskFreeListing.h"
 #include "duplicate/engine/RunLocks.h"
@@ -121,7 +121,7 @@ void refuseWhatIsNotMounted(platform::Host &host, DestinationPlan &plan)
             return RefusalReason::NotMounted;
         if ((*folder)->traits().isReadOnly)
             return RefusalReason::ReadOnly;
-        // Of several volumes at one place the last is the one that is seen.
+        // Of several volumes that are mounted at one place, only the last is visible.
         const auto there = std::find_if(mounted.rbegin(), mounted.rend(), [&](const auto &line) {
             return line.mountPoint == destination.root;
         });

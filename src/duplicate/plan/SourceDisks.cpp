@@ -30,7 +30,7 @@ bool isSharedSerial(const DiskFingerprint &disk, const std::vector<std::shared_p
     });
 }
 
-// The marks of the disks at these nodes. A disk that no scan lists is known by its node alone.
+// Returns the marks of the disks at these nodes. A disk that no scan lists is known by its node alone.
 std::vector<DiskFingerprint> fingerprintsOf(const std::vector<std::string> &nodes,
                                             const ScannedDevices &devices)
 {
@@ -43,7 +43,7 @@ std::vector<DiskFingerprint> fingerprintsOf(const std::vector<std::string> &node
         marks.device = node;
         if (record != all.end())
             marks = (*record)->fingerprint();
-        // A number that two disks give is no number of this one.
+        // A serial number that several disks report does not identify this disk.
         if (isSharedSerial(marks, all))
             marks.serial.reset();
     }
@@ -51,7 +51,7 @@ std::vector<DiskFingerprint> fingerprintsOf(const std::vector<std::string> &node
     return found;
 }
 
-// Targets of the links directly in a folder are copied with it.
+// Adds the links directly in a folder to `paths`, because a run copies their targets too.
 void addLinksIn(platform::Host &host, const std::string &folder, std::vector<std::string> &paths)
 {
     auto &files = host.volumeFiles().workingFolder();

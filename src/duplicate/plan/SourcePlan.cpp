@@ -22,7 +22,7 @@ DiskRow rowOf(const ORVHddInfo &disk, std::string volume)
             .isRaid = disk.isRaidFormated()};
 }
 
-// Calls `visit` with each volume that is mounted, and its disk.
+// Calls `visit` with each mounted volume outside the enclosures, and with its disk.
 template <class Visit>
 void visitMounted(const ScannedDevices &devices, Visit visit)
 {

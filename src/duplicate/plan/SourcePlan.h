@@ -5,7 +5,7 @@
 namespace orvana
 {
 
-/// What one row of the slot panel shows.
+/// The content of one row of the slot panel.
 struct DiskRow
 {
     std::string volume = NoVolume;
@@ -19,11 +19,12 @@ struct DiskRow
     bool operator==(const DiskRow &) const = default;
 };
 
-/// The row of one volume, and the row of a disk by its first volume or, without one, by its own size.
+/// `rowOfVolume` returns the row of a volume. `rowOfDisk` returns the row of the disk's first volume or,
+/// without volumes, a row with the disk's own size.
 DiskRow rowOfVolume(const ORVHddInfo &disk, const ORVBsdInfo &volume, const UserHome &user);
 DiskRow rowOfDisk(const ORVHddInfo &disk, const UserHome &user);
 
-/// What the bays of an enclosure show.
+/// The rows that the bays of an enclosure show.
 struct BayRows
 {
     struct Row
@@ -33,7 +34,7 @@ struct BayRows
     };
 
     std::vector<Row> rows; ///< one for each disk, in the order of the records
-    /// What the last disk with volumes says: its first volume is the start-up volume. Nothing when no disk
+    /// True when the first volume of the last disk with volumes is the start-up volume. nullopt when no disk
     /// has volumes.
     std::optional<bool> hasBootDisk;
     bool holdsUnformatted = false; ///< switches the erase option on
@@ -41,7 +42,8 @@ struct BayRows
 
 BayRows bayRowsOf(const ORVThunderboltInfo &enclosure, const UserHome &user);
 
-/// What the bays show when nothing was typed: the names of their volumes, `NoVolume` for an empty bay.
+/// Returns the names that the bays show when nothing was typed: those of their volumes, `NoVolume` for an
+/// empty bay.
 PerBay<std::string> volumeNamesOf(const ORVThunderboltInfo &enclosure, const UserHome &user);
 
 enum class SourceIcon { InternalDisk, Home, ExternalDisk };
@@ -52,26 +54,27 @@ struct SourceCandidate
     std::string title;
     std::string rootPath;
     SourceIcon icon = SourceIcon::ExternalDisk;
-    std::string ownIconFile; ///< shown instead when this file exists; empty where a volume has none
+    std::string ownIconFile; ///< icon of the volume, shown instead of `icon` when the file exists; empty if
+                             ///< there is none
 };
 
-/// The sources to choose from, and the one that a freshly chosen enclosure starts with.
+/// The sources to choose from, and the source with which a freshly chosen enclosure starts.
 struct SourcePlan
 {
     std::vector<SourceCandidate> candidates; ///< in the pop-up's order
-    std::size_t bayCandidates = 0; ///< how many of them lie in bay A; behind them a separator, if any
-    DiskRow row;              ///< of several volumes in bay A the last one; still "None" without a source
-    bool isFound = false;     ///< there is a source, and its row is coloured
-    PathObject root;          ///< of several volumes in bay A the first one's; null without a source
+    std::size_t bayCandidates = 0; ///< how many of them lie in bay A; if any do, a separator follows
+    DiskRow row; ///< row of the source; of several volumes in bay A the last; "None" without a source
+    bool isFound = false; ///< there is a source, and its row is coloured
+    PathObject root; ///< root of the source; of several volumes in bay A the first; null without a source
     bool mayBeEjected = true; ///< the first candidate is not the user's home
 };
 
-/// `enclosure` is the chosen one; without one there is nothing to choose from. Volumes that are mounted
-/// nowhere are nobody's source.
+/// `enclosure` is the chosen enclosure; null gives an empty plan. Volumes that are not mounted cannot be
+/// sources.
 SourcePlan planSources(const ORVThunderboltInfo *enclosure, const ScannedDevices &devices,
                        const UserHome &user);
 
-/// What the user's choice of a title in the pop-up leads to.
+/// The result of choosing a title in the pop-up.
 struct SourceMatch
 {
     DiskRow row;     ///< empty texts when nothing matched
@@ -79,15 +82,15 @@ struct SourceMatch
     bool mayBeEjected = true;
 };
 
-/// Looks for the volume in bay A first, else in the other disks, where a later match wins. Other Thunderbolt
-/// devices are not looked at.
+/// Looks for the volume in bay A first, then in the other disks, where the last match counts. Does not look
+/// at other Thunderbolt devices.
 SourceMatch sourceTitled(const std::string &title, const ORVThunderboltInfo *enclosure,
                          const ScannedDevices &devices, const UserHome &user);
 
 /// True when `name` is the last component of the mount point of a volume in the enclosure's bay A.
 bool isTBDevDiskArrayVolumes(const std::string &name, const ORVThunderboltInfo *enclosure);
 
-/// Bay A is the source when the first item of the pop-up is chosen and its name is that of bay A.
+/// True when bay A is the source: the first item of the pop-up is chosen, and its name is that of bay A.
 bool isSlotAisSource(std::size_t chosenItem, const std::string &source, const std::string &slotA);
 
 } // namespace orvana

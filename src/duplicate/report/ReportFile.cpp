@@ -16,7 +16,7 @@ namespace orvana
 namespace
 {
 
-// In the report's own folder where that can be, so that a long list lies on a disk and not in memory.
+// The file is in the report's own folder if possible, so that a long list is on a disk and not in memory.
 std::FILE *openNamelessFile(const std::string &folder)
 {
     const int number = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
@@ -26,7 +26,7 @@ std::FILE *openNamelessFile(const std::string &folder)
 bool copyAll(std::FILE *from, std::FILE *to)
 {
     std::array<char, 65536> buffer{};
-    // What could not be written down would be missing in the middle.
+    // Problems that could not be written would be missing in the middle of the list.
     if (std::fflush(from) != 0 || std::ferror(from) != 0 || std::fseek(from, 0, SEEK_SET) != 0)
         return false;
     while (const auto count = std::fread(buffer.data(), 1, buffer.size(), from))
@@ -40,7 +40,7 @@ bool isThere(const std::string &path)
     return ::lstat(path.c_str(), &status) == 0;
 }
 
-// A link never replaces a report of the same second, where a rename would.
+// Making a link never replaces a report of the same second; a rename would.
 std::string giveFreeName(const std::string &unfinished, const std::string &base, int number)
 {
     for (; number < 1000; ++number) {
@@ -49,7 +49,8 @@ std::string giveFreeName(const std::string &unfinished, const std::string &base,
             return path;
         if (errno == EEXIST)
             continue;
-        // Some file systems know no second name for a file, and some no rename that keeps what is there.
+        // Some file systems have no second name for a file, and some have no rename that keeps an existing
+        // file.
         if (::renameat2(AT_FDCWD, unfinished.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0)
             return path;
         if (errno == EEXIST)
@@ -90,7 +91,7 @@ bool ReportFile::writeAll(const Json &summary, ReportFile &leftOut, const std::s
     if (number < 0)
         return false;
     FileHandle file(::fdopen(number, "w"));
-    // The lists become the summary's last members, without ever being in memory.
+    // The lists become the last members of the summary. They are never in memory as a whole.
     std::string head = summary.dump(2);
     head.erase(head.rfind("\n}"));
     std::fprintf(file.get(), "%s", head.c_str());

@@ -11,11 +11,11 @@ namespace orvana
 
 /// The file of a run report: a list of problems that grows during the run, and a summary at its end.
 ///
-/// Until the end the problems lie in a file without a name, so a run that is killed leaves no half report.
+/// Until the end the problems are in a file without a name, so a run that is killed leaves no half report.
 class ReportFile
 {
 public:
-    /// The report will stand in `folder`; with an empty one nothing is kept and nothing written.
+    /// The report will be in `folder`. With an empty `folder` nothing is kept and nothing is written.
     explicit ReportFile(std::string folder) : m_folder(std::move(folder)) {}
 
     void addProblem(const Json &problem);
@@ -23,9 +23,9 @@ public:
     /// True when a problem could not be kept.
     bool hasLostProblems() const { return m_hasLost; }
 
-    /// Writes `summary` with the problems, and those of `leftOut` as a list of their own, as
-    /// "<stamp>-Report.json", or with "-2" and so on behind it, from `number` on, when that name is taken.
-    /// Returns the path, or an empty text when it could not be written.
+    /// Writes `summary` with the problems, and with those of `leftOut` as a list of their own. The file is
+    /// "<stamp>-Report.json" for number 1, "<stamp>-Report-2.json" for number 2, and so on: the first free
+    /// name from `number` on. Returns the path, or an empty text when the report could not be written.
     std::string write(const Json &summary, ReportFile &leftOut, const std::string &stamp, int number = 1);
 
 private:

@@ -13,7 +13,7 @@ Json destinationsJson(const RunSummary &summary);
 Json disksJson(const RunSummary &summary);
 Json problemJson(const RunProblem &problem);
 
-/// An entry of the list of items that were left out.
+/// Returns an entry of the list of items that were left out.
 Json leftOutJson(std::string_view item, std::string_view rule);
 
 } // namespace orvana

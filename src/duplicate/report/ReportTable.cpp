@@ -38,7 +38,7 @@ std::string placeOf(const DiskEntry &disk)
     return disk.bay + " (" + displayPath(disk.name) + ")";
 }
 
-// The reason why a disk is no destination.
+// Returns why a disk is not a destination.
 std::string whyNoPart(const DiskEntry &disk)
 {
     const bool failed = disk.outcome == DiskOutcome::EraseFailed;
@@ -50,7 +50,7 @@ ReportTable::Row rowOfDisk(const DiskEntry &disk)
     return {placeOf(disk), "-", "-", "-", "-", "-", "-", whyNoPart(disk)};
 }
 
-// The faults of a destination.
+// Returns the faults of a destination.
 std::string lackOf(const DestinationSummary &destination)
 {
     if (destination.durability == Durability::NotKnown)
@@ -66,7 +66,7 @@ std::string lackOf(const DestinationSummary &destination)
     return text;
 }
 
-// Of destinations that hold every file: whether all were read back, and from where.
+// Says of destinations that hold every file whether all files were read back, and from where.
 std::string verifiedText(const std::vector<DestinationSummary> &good)
 {
     const auto all = [&](auto holds) { return std::all_of(good.begin(), good.end(), holds); };

@@ -9,7 +9,7 @@ namespace orvana
 
 struct RunSummary;
 
-/// What a run did, as a table for people: one row for each destination and each disk that took no part.
+/// The result of a run as a table for people: one row for each destination and each disk that took no part.
 struct ReportTable
 {
     static constexpr std::array Titles{"Destination", "Copied", "Failed", "Verified",
@@ -20,14 +20,14 @@ struct ReportTable
     std::vector<Row> rows;
 };
 
-/// The one sentence on the whole run: what holds every file, how that was verified, and what does not, with
-/// the reason. "2 of 3 destinations hold every file, verified from the disk; Slot-C (COPY2) took no part: the
-/// selection does not fit."
+/// Returns one sentence on the whole run. It says which destinations hold every file, how they were verified,
+/// and which do not hold every file, with the reason. "2 of 3 destinations hold every file, verified from the
+/// disk; Slot-C (COPY2) took no part: the selection does not fit."
 std::string headlineOf(const RunSummary &summary);
 
 ReportTable reportTable(const RunSummary &summary);
 
-/// The table as text with columns set apart by tabs, and `lines` below it.
+/// Returns the table as text with tabs between the columns, and `lines` below it.
 std::string textOf(const ReportTable &table, const std::vector<std::string> &lines);
 
 } // namespace orvana

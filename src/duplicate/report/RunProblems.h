@@ -10,7 +10,7 @@
 namespace orvana
 {
 
-/// The first problems of a run, for people to read; the report has them all. Callable from any thread.
+/// The first problems of a run, for people to read. The report has all problems. Callable from any thread.
 class RunProblems
 {
 public:
@@ -18,7 +18,8 @@ public:
 
     void add(const RunProblem &problem);
 
-    /// One line each: destination, file and what is wrong. Says at the end how many more there were.
+    /// Returns one line for each problem: destination, file and what is wrong. A last line says how many more
+    /// problems there were.
     std::vector<std::string> lines() const;
 
 private:

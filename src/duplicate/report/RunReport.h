@@ -16,7 +16,7 @@
 namespace orvana
 {
 
-/// What happened on one destination. The copy thread counts; any thread may read.
+/// The counts of one destination. The copy thread and its workers count; any thread may read.
 struct DestinationTally
 {
     explicit DestinationTally(std::string path) : root(std::move(path)) {}
@@ -31,66 +31,70 @@ struct DestinationTally
     std::atomic<std::int64_t> failed{0};            ///< files and folders that are missing or incomplete
     std::atomic<std::int64_t> verified{0};          ///< copies that were read back and equal their source
     std::atomic<std::int64_t> mismatched{0};        ///< copies that were read back and differ
-    std::atomic<std::int64_t> unverified{0};        ///< copies that could not be read back
+    std::atomic<std::int64_t> unverified{0};        ///< copies that could not be compared
     std::atomic<std::uint64_t> bytes{0};            ///< bytes written
-    std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent in writing, waiting for the disk included
+    std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent writing, including the wait for the disk
     std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
 };
 
-/// The account of one run, kept while it goes on and written as "<stamp>-Report.json" at its end.
+/// The account of one run. It is kept while the run goes on, and written as "<stamp>-Report.json" at its end.
 ///
-/// It holds counts only; failures and mismatches go to a file as they come, so its memory does not grow with
+/// It holds only counts. Failures and mismatches go to a file as they come, so its memory does not grow with
 /// them. All functions may be called from any thread.
 class RunReport
 {
 public:
-    /// `folder` is where the report will be written, `stamp` the start of its name. A folder that cannot
-    /// be written loses the report and nothing else.
-    /// `number` is the first to try for its name: that of the run's log.
+    /// `folder` is where the report will be written, `stamp` the start of its name. If the folder cannot be
+    /// written to, only the report is lost. `number` is the first number to try for the report's name: the
+    /// number of the run's log.
     RunReport(std::string folder, std::string stamp, const Clock &clock, int number = 1);
     RunReport(const RunReport &) = delete;
     RunReport &operator=(const RunReport &) = delete;
 
-    /// Says what the run is about to do. Called once, before anything else is noted.
+    /// Notes what the run is about to do. Called once, before any file. `disk` and `note` may come earlier.
     void begin(const std::string &source, const std::vector<std::string> &destinations, bool verify);
 
-    /// Notes what became of a disk as a whole; the same again changes nothing. May come before `begin`.
+    /// Notes the outcome for a disk as a whole. Noting the same entry again changes nothing. May come before
+    /// `begin`.
     void disk(const DiskEntry &entry);
 
-    /// A word on the run as a whole, such as why nothing was copied. A run with one is not all done.
+    /// Sets a remark on the run as a whole, such as why nothing was copied. A run with a remark is not all
+    /// done.
     void note(std::string_view text);
 
-    /// The tally of the destination at `index` of the job. Valid as long as the report.
+    /// Returns the tally of the destination at `index` of the job. It is valid as long as the report.
     DestinationTally &destination(std::size_t index);
     std::size_t destinationCount() const;
 
-    /// `file` could not be brought to the destination, for `reason`.
+    /// Notes that `file` could not be brought to the destination, for `reason`.
     void failed(std::size_t index, std::string_view file, std::string_view reason,
                 ProblemKind kind = ProblemKind::Failed);
 
-    /// `item` of the source was left out, by `rule`.
+    /// Notes that `item` of the source was left out, by `rule`.
     void leftOut(std::string_view item, std::string_view rule);
 
-    /// `blocks` blocks of the copy of `file` differ, the first at byte `firstOffset`.
+    /// Notes that `blocks` blocks of the copy of `file` differ. The first of them begins at byte
+    /// `firstOffset`.
     void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
 
-    /// The copy of `file` could not be read back.
+    /// Notes that the copy of `file` could not be compared, for `reason`.
     void unverified(std::size_t index, std::string_view file, std::string_view reason);
 
-    /// Reading back showed what the disk holds, or only what memory holds.
-    /// Cache, once said, stays.
+    /// Notes whether reading back showed the content of the disk, or only of memory. Once `Cache` was noted,
+    /// it stays.
     void verifiedFrom(std::size_t index, VerifiedFrom from);
 
-    /// What was written to the destination is on its disk. Until this is said it does not count as done.
+    /// Notes that the data written to the destination is on its disk. Until this is noted, it does not count
+    /// as done.
     void onDisk(std::size_t index);
 
-    /// All that the destination has is memory, and what was written to it is there.
+    /// Notes that the destination has no disk but only memory, and that the written data is there.
     void inMemory(std::size_t index);
 
-    /// What was written to the destination is not known to be on its disk, for `reason`.
+    /// Notes that the data written to the destination is not known to be on its disk, for `reason`.
     void notOnDisk(std::size_t index, std::string_view reason);
 
-    /// Called with every problem, on the thread that notes it. Set before the run.
+    /// Sets a function that is called with every problem, on the thread that notes it. Set it before the run.
     void setProblemListener(std::function<void(const RunProblem &)> listener)
     {
         m_listener = std::move(listener);
@@ -100,31 +104,32 @@ public:
     void blockCompared(std::uint64_t bytes) { m_comparedBytes += bytes; }
     void phaseTimes(const PhaseTimes &times);
 
-    /// Everything is written, and the destinations are brought to their disks now.
+    /// Notes that everything is written and the final sync of the destinations begins.
     void syncStarts() { m_isSyncing = true; }
     bool isSyncing() const { return m_isSyncing; }
 
     /// Writes the report, once; later calls change nothing.
     void finish(RunOutcome outcome);
 
-    /// Path of the written report; empty before `finish` and when it could not be written.
+    /// Returns the path of the written report. It is empty before `finish`, and when the report could not be
+    /// written.
     std::string path() const;
 
-    /// True when the report was written with every problem in it; after `finish`. A report without a folder
-    /// is none that could be missed.
+    /// True when the report was written with every problem in it. Ask after `finish`. Always false for a
+    /// report without a folder.
     bool isWritten() const;
 
-    /// The run as it is by now.
+    /// Returns the account of the run as it is by now.
     RunSummary summary() const;
 
     /// True when every file is on every destination and nothing differed, as far as the run came, and no
     /// disk failed or was refused.
     bool allDone() const { return isAllDone(summary()); }
 
-    /// Files whose copy was started.
+    /// Returns the number of files whose copy was started.
     std::int64_t filesStarted() const { return m_filesStarted; }
 
-    /// Bytes of the sources whose copies were read back.
+    /// Returns how many bytes of source files have been compared with their copies.
     std::uint64_t comparedBytes() const { return m_comparedBytes; }
 
 private:
@@ -141,7 +146,7 @@ private:
     void addProblem(const RunProblem &problem);
     const DestinationTally *slowest() const;
     DestinationSummary summaryOf(const DestinationState &state) const;
-    RunSummary summaryNow(RunOutcome outcome) const; // with the mutex held
+    RunSummary summaryNow(RunOutcome outcome) const; // call with the mutex held
 
     const std::string m_stamp;
     const int m_number;
@@ -155,7 +160,7 @@ private:
 
     mutable std::mutex m_mutex;
     ReportFile m_file;
-    ReportFile m_leftOutFile; ///< only its list
+    ReportFile m_leftOutFile; ///< only its list of problems is used
     std::string m_source;
     bool m_verify = false;
     std::string m_started;
@@ -164,7 +169,7 @@ private:
     std::string m_note;
     std::deque<DestinationState> m_destinations; // grows without moving its members
     bool m_finished = false;
-    RunOutcome m_outcome = RunOutcome::Finished; // once it is finished
+    RunOutcome m_outcome = RunOutcome::Finished; // valid once `m_finished` is true
     std::string m_path;
 };
 

@@ -18,12 +18,12 @@ enum class RunEnding {
     EnclosureLost, ///< the enclosure was unplugged
     NothingToCopy, ///< there was no source, or no enclosure to copy to
     NoDestination, ///< all disks were left out
-    Refused,       ///< a guard said no, after the start
+    Refused,       ///< the run was refused after the start
 };
 
-/// In which way a file on a destination is not as it should be.
+/// What is wrong with a file on a destination.
 enum class ProblemKind {
-    Failed,        ///< it could not be brought there
+    Failed,        ///< it could not be brought to the destination
     KeptTail,      ///< the copy holds bytes of an older, longer file behind its end
     SourceChanged, ///< the source was written to meanwhile
     SameFile,      ///< its name leads to the copy of another file
@@ -34,12 +34,12 @@ enum class ProblemKind {
 /// The name of a kind in reports: "keptTail".
 const char *nameOf(ProblemKind kind);
 
-/// One file on one destination that is not as it should be. Paths are bytes as they are on the disk.
+/// A problem with one file on one destination. Paths are bytes as they are on the disk.
 struct RunProblem
 {
     ProblemKind kind;
     std::string file;              ///< the path of the source
-    std::string destination;       ///< its root
+    std::string destination;       ///< the destination's root
     std::string reason;            ///< empty for a mismatch
     std::uint64_t firstOffset = 0; ///< of a mismatch: the byte at which the first differing block begins
     std::int64_t blocks = 0;       ///< of a mismatch: how many blocks differ
@@ -52,26 +52,26 @@ enum class VerifiedFrom { None, Disk, Cache };
 enum class Durability {
     NotKnown,
     OnDisk,
-    Memory, ///< the file system has no disk, and they are there
+    Memory, ///< the file system has no disk, and the copies are in its memory
 };
 
 /// The counts and the state of one destination.
 struct DestinationSummary
 {
-    std::string path;            ///< its root, bytes as they are on the disk
+    std::string path;            ///< the destination's root, bytes as they are on the disk
     std::int64_t copied = 0;     ///< files, once they are known to be on the disk
     std::int64_t failed = 0;     ///< files and folders that are missing or incomplete
     std::int64_t verified = 0;   ///< copies that were read back and equal their source
     std::int64_t mismatched = 0; ///< copies that were read back and differ
     std::int64_t unverified = 0; ///< copies that could not be compared
     std::uint64_t bytes = 0;     ///< bytes written
-    double secondsWriting = 0;   ///< waiting for the disk included
+    double secondsWriting = 0;   ///< including the wait for the disk
     double secondsSyncing = 0;
     VerifiedFrom verifiedFrom = VerifiedFrom::None;
-    bool isSlowest = false; ///< of several destinations
+    bool isSlowest = false; ///< the slowest of several destinations
     Durability durability = Durability::NotKnown;
-    std::int64_t notKnownToBeOnDisk = 0; ///< files that would count as copied otherwise
-    std::string reason;                  ///< why it is not known that the copies are on the disk
+    std::int64_t notKnownToBeOnDisk = 0; ///< files that would otherwise count as copied
+    std::string reason;                  ///< why the copies are not known to be on the disk
 };
 
 /// Seconds spent in the phases of a run.
@@ -82,24 +82,24 @@ struct PhaseTimes
     double sync = 0;
 };
 
-/// The account of a run. Everything that shows or writes what a run did reads this.
+/// The account of a run. Everything that shows or writes the result of a run reads this struct.
 struct RunSummary
 {
     std::string started; ///< local time with offset
-    std::string ended;   ///< the same; the present time while the run goes on
+    std::string ended;   ///< local time with offset, when this summary was made
     RunOutcome outcome = RunOutcome::Finished;
-    std::string note;   ///< a word on the whole run; empty for none
-    std::string source; ///< its root, bytes as they are on the disk
+    std::string note;   ///< a remark on the whole run; empty for none
+    std::string source; ///< root of the source, bytes as they are on the disk
     std::int64_t filesStarted = 0;
-    std::uint64_t sourceBytes = 0; ///< of these files, when they were opened
+    std::uint64_t sourceBytes = 0; ///< bytes of the started files, when they were opened
     std::int64_t leftOut = 0;      ///< items that were left out by a rule
     bool verify = false;
     PhaseTimes seconds;
     std::vector<DiskEntry> disks;
     std::vector<DestinationSummary> destinations;
-    RunEnding ending = RunEnding::Copied; ///< once it has ended
-    bool hasErased = false;               ///< disks were to be erased, and the disk tool has been at work
-    bool isRecorded = false;              ///< log and report are written, and hold all of it
+    RunEnding ending = RunEnding::Copied; ///< valid once the run has ended
+    bool hasErased = false;               ///< disks were to be erased, and the disk tool has run
+    bool isRecorded = false;              ///< log and report are written and complete
 };
 
 /// True when every file is on the destination and nothing differed, as far as the run came.
@@ -109,13 +109,13 @@ bool isWhole(const DestinationSummary &destination);
 /// failed or was refused.
 bool isAllDone(const RunSummary &summary);
 
-/// A readable line for each disk that was not erased or was left out of the run.
+/// Returns a readable line for each disk that was not erased or was left out of the run.
 std::vector<std::string> diskLines(const RunSummary &summary);
 
-/// A readable line for each destination that is not known to hold on its disk what was written to it.
+/// Returns a readable line for each destination whose data is not known to be on its disk.
 std::vector<std::string> notOnDiskLines(const RunSummary &summary);
 
-/// A problem in one readable line: "failed: /source/file -> /destination: no space".
+/// Returns a problem as one readable line: "failed: /source/file -> /destination: no space".
 std::string problemText(const RunProblem &problem);
 
 } // namespace orvana

@@ -12,7 +12,7 @@ void reportRefusals(RunReport &report, const std::vector<DiskRefusal> &refusals)
 {
     for (const auto &refusal : refusals) {
         if (refusal.reason == RefusalReason::NotErased)
-            continue; // the report of the erase says it, and why
+            continue; // `reportErase` has reported it, with the reason
         const bool isSource = refusal.reason == RefusalReason::CarriesSource;
         report.disk({refusal.bay,
                      refusal.name,
@@ -30,7 +30,7 @@ PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> 
     for (const auto bay : AllBays)
         bays[bay] = true;
     for (const auto bay : plan.tooSmall)
-        bays[bay] = false; // that the selection does not fit is what is said of it
+        bays[bay] = false; // reported as too small for the selection
     for (std::size_t i = 0; i < plan.disks.size() && i < results.size(); ++i)
         bays[plan.disks[i].bay] = !results[i].succeeded;
     return bays;

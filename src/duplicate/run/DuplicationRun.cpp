@@ -125,7 +125,7 @@ void DuplicationRun::eraseWhenIdle(int looksLeft)
 
 void DuplicationRun::EraseDisk()
 {
-    // The records may be old: a disk that was pulled and another one that came tell nobody. Only disks that
+    // The records may be old: nobody reports that a disk was pulled and another disk came. Only disks that
     // are still those of the order are erased.
     m_view.lookAtAllDevices();
     const auto devices = m_view.devices();
@@ -147,7 +147,7 @@ void DuplicationRun::EraseDisk()
     m_isToolErasing = true;
     m_diskTool.startEraseDiskThread();
     if (m_isToolErasing)
-        eraseFinished(); // the tool was stopped, and posted no end
+        eraseFinished(); // the tool was stopped, and posted no "EraseDiskFinish"
 }
 
 void DuplicationRun::eraseFinished()
@@ -170,7 +170,7 @@ void DuplicationRun::eraseFinished()
         CopyFile();
 }
 
-// The run keeps to what was decided at its start; the enclosure may have another place in the picker by now,
+// The run keeps to the decisions of its start. But the enclosure may have another place in the picker by now,
 // and an erase has given the volumes new names.
 RunChoice DuplicationRun::presentChoice(const ScannedDevices &devices) const
 {
@@ -189,7 +189,7 @@ void DuplicationRun::CopyFile()
 {
     if (m_order.folders)
         return copyTo(*m_order.folders);
-    const auto run = m_number.load(); // the view may cancel whenever it is asked or told something
+    const auto run = m_number.load(); // the view may cancel the run in any of its functions
     const bool hasSomethingToCopy = m_view.hasSomethingToCopy();
     if (run != m_number)
         return;
@@ -205,7 +205,7 @@ void DuplicationRun::CopyFile()
         return refuse(hasErased ? OrderRefusal::SourceGoneSinceTheErase : OrderRefusal::SourceGone);
     }
     refuseWhatIsNotMounted(m_host, *plan);
-    // The thread of a cancelled run of our own is waited for by the next one.
+    // The copy thread of our own cancelled run may still hold locks. The next copy thread waits for it.
     if (!m_fileCopy.isRunning())
         refuseWhatIsInUse(m_host, *plan);
     plan = destinationsWithin(m_order, std::move(*plan));
@@ -291,7 +291,7 @@ void DuplicationRun::end(RunEnding ending)
         m_hasWorkerEnded = m_fileCopy.waitForEnd(m_patience);
     if (!hasCopied)
         m_report->begin(m_order.choice.sourceRoot, {}, m_order.choice.verify);
-    // The thread of a copy writes the report with the last of its counts.
+    // After a copy, the copy thread writes the report, with the last of its counts.
     if (!hasCopied || (isCancelled && m_patience.count() > 0))
         m_report->finish(isCancelled ? RunOutcome::Cancelled : RunOutcome::Finished);
     if (ending == RunEnding::Copied)

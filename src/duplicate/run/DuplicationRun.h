@@ -17,7 +17,7 @@ namespace orvana
 class Clock;
 class MainQueue;
 
-/// The state of a run. `Looking` is the moment between erase and copy in which the destinations are decided.
+/// The state of a run. `Looking` is the moment before the copy in which the destinations are decided.
 enum class RunPhase { Idle, Erasing, Looking, Copying, Syncing, Ended };
 
 /// The name of a phase in English, for tests and logs: "Erasing".
@@ -28,48 +28,49 @@ using RunRefusal = std::variant<EnclosureRefusal, OrderRefusal>;
 
 std::string refusalText(const RunRefusal &refusal);
 
-/// What a run needs of the program around it, and what it tells that program. Called on the main thread,
-/// except `problem` and what `RunDisplay` says of itself.
+/// The interface between a run and the program around it. The run calls it on the main thread, except
+/// `problem` and the functions of `RunDisplay`.
 class RunView : public RunDisplay
 {
 public:
-    /// The devices as they were found last.
+    /// Returns the devices that were found last.
     virtual ScannedDevices devices() const = 0;
 
-    /// Finds all devices anew. Asked for right before disks are erased.
+    /// Finds all devices anew. Called right before disks are erased.
     virtual void lookAtAllDevices() = 0;
 
-    /// Finds the enclosures anew. Asked for when disks were erased.
+    /// Finds the enclosures anew. Called after disks were erased.
     virtual void lookAtEnclosures() = 0;
 
-    /// Asked right before the destinations are decided; with false the run ends without a copy.
+    /// Called right before the destinations are decided. If it returns false, the run ends without a copy.
     virtual bool hasSomethingToCopy() { return true; }
 
-    /// These disks get no copy. A disk may be named more than once in a run.
+    /// Takes the disks that get no copy. A disk may be named more than once in a run.
     virtual void disksLeftOut(const std::vector<DiskRefusal> &) {}
 
-    /// The copy thread is about to be given this job.
+    /// Called right before the copy thread is given this job.
     virtual void copyStarts(const CopyJob &) {}
 
-    /// A file on a destination is not as it should be. Comes from the copy thread.
+    /// Takes a problem with a file on a destination. Called on the copy thread.
     virtual void problem(const RunProblem &) {}
 
-    /// The run copies nothing, for this reason. `ended` follows.
+    /// Called when the run copies nothing, with the reason. `ended` follows.
     virtual void refused(const RunRefusal &refusal) = 0;
 
-    /// The run is over. Comes exactly once after each `start`, unless the run object is destroyed before.
+    /// Called when the run is over: exactly once after each `start`, unless the run object is destroyed
+    /// before.
     virtual void ended(const RunSummary &summary) = 0;
 };
 
 /// One duplication from Start to its end: erase, rescan, plan, copy, sync, report. It owns the workers and
-/// the account of it; window and terminal start it, show it and keep no second truth about it.
+/// the account of the run. Window and terminal start it and show it, and keep no state of the run themselves.
 ///
 /// Main thread only, unless a function says otherwise. After its end the next run may be started with the
-/// same object. Destroying it cancels the run, and waits for the copy thread at most ten seconds.
+/// same object. Destroying the object cancels the run, and waits for the copy thread at most ten seconds.
 class DuplicationRun
 {
 public:
-    /// What a run works with. All of it outlives the run.
+    /// The objects that a run works with. All of them outlive the run.
     struct Surroundings
     {
         platform::Host &host;
@@ -77,8 +78,8 @@ public:
         MainQueue &queue;
         const Clock &clock;
         LogData &log;
-        /// How long the end of a run waits for the copy thread. Without patience the thread of a cancelled
-        /// run writes the report after `ended`.
+        /// How long the end of a run waits for the copy thread. With 0 the thread of a cancelled run writes
+        /// the report after `ended`.
         std::chrono::milliseconds patience{0};
     };
 
@@ -87,56 +88,58 @@ public:
     DuplicationRun &operator=(const DuplicationRun &) = delete;
     ~DuplicationRun();
 
-    /// Starts a run; ignored while one is on. A run that comes to nothing may have ended before this returns.
+    /// Starts a run. Ignored while a run is on. A run that copies nothing may have ended before this function
+    /// returns.
     void start(RunOrder order);
 
-    /// Ends the run as the user's wish, and writes that into the log, also when the run has ended before.
-    /// Nothing of it is shown or logged afterwards. An erase is ended by `requestCancel` only: it holds up
-    /// the main thread.
+    /// Ends the run at the user's wish, and writes this into the log, even when the run has ended before.
+    /// Afterwards no message of the copy thread is logged. Only `requestCancel` can end an erase, because an
+    /// erase holds up the main thread.
     void cancel();
 
-    /// Wants the run to be cancelled soon: an erase stops before its next disk. Callable from any thread.
+    /// Asks to cancel the run soon. An erase stops before its next disk. Callable from any thread.
     void requestCancel();
 
     /// Ends the run when the enclosure that it copies to is not there any more.
     void endIfEnclosureIsLost();
 
-    /// Takes a notification of the copy engine or the disk tool; ignores any other. Callable from any thread.
+    /// Handles a notification of the copy engine or the disk tool; ignores any other. Callable from any
+    /// thread.
     void answer(const Notification &notification);
 
-    /// The copy thread has come to its end. Callable from any thread.
+    /// Called when the copy thread has come to its end. Callable from any thread.
     void copyEnded();
 
     RunPhase phase() const;
 
-    /// Between `start` and `ended`.
+    /// True between `start` and `ended`.
     bool isOn() const { return m_phase != RunPhase::Idle && m_phase != RunPhase::Ended; }
 
-    /// As long as disks are worked on: by this run, or by the copy thread of one that was cancelled.
+    /// True while disks are worked on, by this run or by the copy thread of a cancelled run.
     bool isAtWork() const { return m_phase == RunPhase::Erasing || m_fileCopy.isRunning(); }
 
-    /// False when the copy thread was still at work at the end, for all the patience.
+    /// False when the copy thread was still at work at the end of the run, after the wait of `patience`.
     bool hasWorkerEnded() const { return m_hasWorkerEnded; }
 
-    /// Another number with each start and each end.
+    /// Returns a number that changes with each start and each end of a run.
     std::uint64_t number() const { return m_number; }
 
-    /// The order of the run in hand, or of the last one.
+    /// Returns the order of the current run, or of the last run.
     const RunOrder &order() const { return m_order; }
 
-    /// The account of the run in hand, or of the last one; null before the first.
+    /// Returns the account of the current run, or of the last run; null before the first run.
     RunReport *report() { return m_report.get(); }
 
-    /// The same as it is by now; only after `start`.
+    /// Returns the account as a summary, as it is by now. Call only after `start`.
     RunSummary summary() const;
 
-    /// How far it is; only after `start`.
+    /// Returns how far the run is. Call only after `start`.
     const RunProgress &progress() const { return *m_progress; }
 
-    /// The first problems, in words; only after `start`.
+    /// Returns the first problems as readable lines. Call only after `start`.
     const RunProblems &problems() const { return *m_problems; }
 
-    /// Whether `start` has been called; the three above may be asked then.
+    /// True once `start` has been called. Only then call `summary`, `progress` and `problems`.
     bool hasStarted() const { return m_report != nullptr; }
 
     FileCopy &fileCopy() { return m_fileCopy; }
@@ -171,12 +174,12 @@ private:
     RunEnding m_ending = RunEnding::Copied;
     RunOrder m_order;
     std::optional<ErasePlan> m_erasePlan;      ///< while the disk tool is at work
-    std::optional<PerBay<bool>> m_isNotErased; ///< once the run has erased
+    std::optional<PerBay<bool>> m_isNotErased; ///< set once the run has erased
     std::shared_ptr<RunReport> m_report;
     std::shared_ptr<RunProblems> m_problems;
     std::optional<RunProgress> m_progress;
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
-    FileCopy m_fileCopy; // the last, so that its thread ends before what it uses
+    FileCopy m_fileCopy; // the last member, so that its thread ends before the members that it uses
 };
 
 } // namespace orvana

@@ -29,8 +29,8 @@ void RunRelay::relayFileCopyMessage(const std::string &message)
 {
     if (message.find("Can`t Duplicate") == std::string::npos)
         m_display.setProgressMsg(message);
-    // The copy thread may still be about to post when the user cancels. Nothing of the run follows that
-    // record.
+    // The copy thread may still be about to post when the user cancels. No message of the run may follow the
+    // record of the cancel.
     const std::lock_guard lock(m_mutex);
     if (message != "Verifying File ..." && !m_isCancelled)
         m_log.ToLogFile(message);

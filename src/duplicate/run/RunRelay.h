@@ -11,7 +11,7 @@ namespace orvana
 
 class LogData;
 
-/// Shows how a run goes. Called on the thread that posts, which for a copy is the copy thread.
+/// Shows the progress of a run. Called on the thread that posts; for a copy this is the copy thread.
 class RunDisplay
 {
 public:
@@ -26,8 +26,8 @@ public:
     virtual void BackupFinish() = 0;
 };
 
-/// Passes a run's notifications on to its display and writes what belongs there into the run log. Nothing
-/// else writes into the log. Callable from any thread, as far as the display is.
+/// Passes a run's notifications on to its display, and writes the run log. Nothing else writes into the log.
+/// Callable from any thread if the display is.
 class RunRelay
 {
 public:
@@ -36,14 +36,14 @@ public:
     /// Shows, logs and passes on a notification of the copy engine or the disk tool; ignores any other.
     void relay(const Notification &notification);
 
-    /// A run begins: a new log, opened by two empty lines.
+    /// Begins a run: starts a new log, with two empty lines.
     void runStarts();
 
-    /// The copy engine is given its job.
+    /// Logs that the copy engine is given its job.
     void jobHandedOver(const std::string &source, const std::vector<std::string> &destinations);
 
-    /// The last record of a run that the user ends; what the copy thread still posts is shown, and not
-    /// logged.
+    /// Writes the last record of a run that the user ends. Later messages of the copy thread are shown, but
+    /// not logged.
     void userCancelled();
     void runFinished();
 

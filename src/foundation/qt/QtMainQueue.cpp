@@ -15,7 +15,7 @@ void QtMainQueue::async(std::function<void()> work)
 
 void QtMainQueue::after(std::chrono::milliseconds delay, std::function<void()> work)
 {
-    // A timer belongs to the thread that starts it, so it is started over there.
+    // A timer belongs to the thread that starts it, so it is started on the queue's thread.
     async([this, delay, work = std::move(work)] { QTimer::singleShot(delay, &m_receiver, work); });
 }
 

@@ -16,23 +16,24 @@ class MainQueue;
 namespace orvana::platform
 {
 
-/// On which machine a command works.
+/// The machine on which a command works.
 struct HostChoice
 {
     std::optional<std::string> simulatorFile;
     bool demo = false;
-    std::optional<std::string> demoFolder; ///< instead of one in the user's own cache
+    std::optional<std::string> demoFolder; ///< its folder; otherwise in the user's own cache
 };
 
-/// Makes the host; `queue` is where it tells changes, if the command watches for them. `desktop` is for a
-/// simulated machine.
+/// Makes the host. It reports changes on `queue`, which is null for a command that does not watch for
+/// changes. `desktop` is used only for a simulated machine.
 tl::expected<std::unique_ptr<Host>, Refusal> makeHost(const HostChoice &choice, MainQueue *queue,
                                                       Desktop desktop = Desktop::None);
 
-/// Makes the folder for logs that the user named, if it is not there yet; the refusal says why it cannot be.
+/// Makes the folder for logs that the user named, unless it exists. If it cannot be made, returns a refusal
+/// with the reason.
 std::optional<Refusal> makeLogFolder(const std::optional<std::string> &named);
 
-/// The file of the simulated machine that is meant; the demo machine is made when it is missing.
+/// Returns the file of the simulated machine that `choice` names. Makes the demo machine when it is missing.
 tl::expected<std::string, Refusal> simulatorFileOf(const HostChoice &choice);
 
 } // namespace orvana::platform

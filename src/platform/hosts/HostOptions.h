@@ -7,7 +7,7 @@
 namespace orvana::platform
 {
 
-/// The options that say on which machine a program works, the same for every program.
+/// Adds the options that select the machine. They are the same for every program.
 inline void describeHost(CLI::App &app, HostChoice &choice)
 {
     app.add_option("--simulator", choice.simulatorFile, "Work on the simulated machine of this file")

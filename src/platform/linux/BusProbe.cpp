@@ -42,7 +42,8 @@ struct SocketAddress
     socklen_t length = 0;
 };
 
-// Of "unix:path=/run/bus,guid=..." or "unix:abstract=name"; other kinds of addresses are not tried.
+// Parses "unix:path=/run/bus,guid=..." and "unix:abstract=name". Returns nullopt for other kinds of
+// addresses, which are not tried.
 std::optional<SocketAddress> socketOf(std::string_view address)
 {
     constexpr std::string_view File = "unix:path=";
@@ -54,13 +55,13 @@ std::optional<SocketAddress> socketOf(std::string_view address)
     const auto name = address.substr(0, address.find_first_of(",;"));
     SocketAddress socket;
     socket.address.sun_family = AF_UNIX;
-    // An abstract name begins with a NUL and has none at its end.
+    // An abstract name begins with a NUL and does not end with one.
     const std::size_t start = isAbstract ? 1 : 0;
     if (name.empty() || start + name.size() >= sizeof socket.address.sun_path)
         return std::nullopt;
     std::memcpy(&socket.address.sun_path[start], name.data(), name.size());
-    socket.length =
-        static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size() + 1); // the NUL of either kind
+    // 1 is added for the NUL, which both kinds have.
+    socket.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size() + 1);
     return socket;
 }
 
@@ -76,7 +77,7 @@ bool doesBusAnswer(BusKind kind, const std::string &address)
         ::connect(connection.number(), reinterpret_cast<const sockaddr *>(&socket->address),
                   socket->length) != 0)
         return false;
-    // Who asks how to prove who they are is told at once.
+    // A bus answers this question about ways to authenticate at once.
     constexpr std::string_view Question("\0AUTH\r\n", 7);
     if (::send(connection.number(), Question.data(), Question.size(), MSG_NOSIGNAL) < 0)
         return false;

@@ -37,7 +37,7 @@ QDBusMessage inhibit(const QString &what, const std::string &reason)
 
 QDBusMessage openPageMessage(const QString &address)
 {
-    // The portal knows the way out of a sandbox, and which browser the user chose.
+    // The portal works from inside a sandbox, and knows which browser the user chose.
     auto message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
         QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
@@ -69,17 +69,17 @@ public:
 
     bool isConnected() const { return m_connection.isConnected(); }
 
-    /// It was there, and is no more.
+    /// True when the bus was connected and is not connected any more.
     bool isLost() const { return m_wasConnected && !isConnected(); }
 
-    /// Calls and waits, at most for the time that a desktop's service takes at its worst.
+    /// Calls and waits for the reply, at most as long as a slow desktop service needs.
     QDBusMessage call(const QDBusMessage &message)
     {
         return isConnected() ? m_connection.call(message, QDBus::Block, PatienceMilliseconds)
                              : QDBusMessage();
     }
 
-    /// Whether and how it is answered does not matter.
+    /// Sends the message. The answer does not matter.
     void send(const QDBusMessage &message)
     {
         if (isConnected())
@@ -119,7 +119,7 @@ DesktopWorkspace::Bus &DesktopWorkspace::session()
     constexpr std::chrono::minutes BetweenTries{1};
     const auto now = std::chrono::steady_clock::now();
     if (!m_session || m_session->isLost() || (!m_session->isConnected() && now >= m_nextTry)) {
-        m_session.reset(); // its name is free for the next one
+        m_session.reset(); // frees its name for the next connection
         m_session = std::make_unique<Bus>(BusKind::Session, m_sessionBus);
         m_session->listenTo(*m_buttons);
         m_nextTry = now + BetweenTries;
@@ -141,7 +141,7 @@ void DesktopWorkspace::openPage(const std::string &address)
 
 void DesktopWorkspace::openFolder(const std::string &path)
 {
-    // Bytes, not text: a path need not be UTF-8.
+    // The path is encoded as bytes, because it need not be UTF-8.
     const auto address =
         QString::fromLatin1("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
     auto message = QDBusMessage::createMethodCall(
@@ -183,14 +183,14 @@ void DesktopWorkspace::showProgress(std::optional<double> fraction)
 std::shared_ptr<void> DesktopWorkspace::holdOffSleep(const std::string &reason)
 {
     Bus bus(BusKind::System, m_systemBus);
-    // Not every user may keep the lid from putting the machine to sleep.
+    // Not every user may prevent the sleep that closing the lid causes.
     for (const auto *what : {"sleep:idle:handle-lid-switch", "sleep:idle"}) {
         const auto reply = bus.call(inhibit(QString::fromLatin1(what), reason));
         if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
             continue;
         const auto held = reply.arguments().constFirst().value<QDBusUnixFileDescriptor>();
         if (held.isValid())
-            return std::make_shared<QDBusUnixFileDescriptor>(held); // sleep is held off while it is open
+            return std::make_shared<QDBusUnixFileDescriptor>(held); // sleep is held off while this is open
     }
     return nullptr;
 }

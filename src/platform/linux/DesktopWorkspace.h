@@ -10,27 +10,27 @@ namespace orvana::platform::linux_host
 
 class NoticeButtons;
 
-/// The desktop, by way of D-Bus. Where a service is missing, what it would have done is left undone, without
-/// waiting for long.
+/// The desktop, reached through D-Bus. If a service is missing, pages and folders are opened with "xdg-open",
+/// and the other functions do nothing. No function waits for long.
 class DesktopWorkspace final : public Workspace
 {
 public:
-    /// Addresses of the buses; empty ones stand for the machine's own.
+    /// The addresses of the buses. An empty address stands for the machine's own bus.
     explicit DesktopWorkspace(std::string sessionBus = {}, std::string systemBus = {});
     ~DesktopWorkspace() override;
     DesktopWorkspace(const DesktopWorkspace &) = delete;
     DesktopWorkspace &operator=(const DesktopWorkspace &) = delete;
 
-    /// Only pages of the web.
+    /// Opens only pages of the web (http and https).
     void openPage(const std::string &address) override;
 
     void openFolder(const std::string &path) override;
     void notify(const DesktopNotice &notice) override;
 
-    /// By the signal that docks and taskbars listen to.
+    /// Sends the signal that docks and taskbars listen to.
     void showProgress(std::optional<double> fraction) override;
 
-    /// Holds off sleep, idleness and the closing of the lid.
+    /// Holds off sleep, idle actions and, if the user may do so, the sleep when the lid is closed.
     std::shared_ptr<void> holdOffSleep(const std::string &reason) override;
 
 private:
@@ -41,9 +41,9 @@ private:
     std::string m_sessionBus;
     std::string m_systemBus;
     std::unique_ptr<NoticeButtons> m_buttons;
-    std::unique_ptr<Bus> m_session; // made at first use, and anew when it has ended
+    std::unique_ptr<Bus> m_session; // made at first use, and again when the connection is lost or missing
     std::chrono::steady_clock::time_point m_nextTry;
-    std::optional<int> m_percent; // as it is shown
+    std::optional<int> m_percent; // as last shown
 };
 
 } // namespace orvana::platform::linux_host

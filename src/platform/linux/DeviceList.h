@@ -14,15 +14,15 @@ struct Device
 {
     std::string path;                              ///< "/sys/devices/..."
     std::string subsystem;                         ///< "block", "pci", "thunderbolt"
-    std::string type;                              ///< the kernel's DEVTYPE, or nothing
+    std::string type;                              ///< the kernel's DEVTYPE, or empty
     std::string name;                              ///< last component of the path
-    std::map<std::string, std::string> properties; ///< what the kernel and udev say
-    std::map<std::string, std::string> attributes; ///< those that the program reads, without their newline
-    bool isInitialized = false;                    ///< udev has an entry of it
-    std::vector<std::string> holders;              ///< of a block device: names of what is built upon it
-    std::vector<std::string> slaves;               ///< of a block device: names of what it is built from
+    std::map<std::string, std::string> properties; ///< from the kernel and udev
+    std::map<std::string, std::string> attributes; ///< those that are read, without their newline
+    bool isInitialized = false;                    ///< udev has an entry for the device
+    std::vector<std::string> holders;              ///< for a block device: names of the devices built upon it
+    std::vector<std::string> slaves;               ///< for a block device: names of the devices beneath it
 
-    /// The property or attribute; nothing when the device has none.
+    /// Returns the property or attribute, or an empty text when the device does not have it.
     std::string property(const std::string &key) const;
     std::string attribute(const std::string &key) const;
 };
@@ -40,22 +40,22 @@ public:
     std::vector<const Device *> ofSubsystem(std::string_view subsystem) const;
     std::vector<const Device *> ofType(std::string_view type) const;
 
-    /// The device at the path, or null.
+    /// Returns the device at the path, or null.
     const Device *at(const std::string &path) const;
 
-    /// The nearest device of the subsystem above this one, or null.
+    /// Returns the nearest device of the subsystem above `device`, or null.
     const Device *above(const Device &device, std::string_view subsystem) const;
 
-    /// The devices of the same subsystem directly below this one.
+    /// Returns the devices of the same subsystem directly below `device`.
     std::vector<const Device *> childrenOf(const Device &device) const;
 
-    /// The block device with the kernel's name ("sda1"), the number ("8:17") or any node ("/dev/sda1", or a
-    /// link to it); null when there is none.
+    /// Returns the block device with the kernel's name ("sda1"), with the number ("8:17"), or with any node
+    /// ("/dev/sda1", or a link to it). Returns null when there is no such device.
     const Device *blockNamed(const std::string &name) const;
     const Device *blockNumbered(const std::string &number) const;
     const Device *blockAtNode(const std::string &node) const;
 
-    /// Partitions of a whole disk, in the order of their numbers.
+    /// Returns the partitions of a whole disk, in the order of their numbers.
     std::vector<const Device *> partitionsOf(const Device &disk) const;
 
 private:
@@ -63,20 +63,21 @@ private:
     std::map<std::string, const Device *> m_blocksByName;
 };
 
-/// The part of a path above its last component.
+/// Returns the part of a path before its last component.
 std::string pathAbove(const std::string &path);
 
-/// The number behind "0x", or plain; -1 when the text is none.
+/// Parses a hexadecimal number, with or without "0x", or a decimal number. Returns -1 when the text is no
+/// number.
 long hexNumber(const std::string &text);
 long decimalNumber(const std::string &text);
 
-/// The names of what is in a folder; none for one that is not there.
+/// Returns the names of a folder's entries, or an empty list when the folder is missing.
 std::vector<std::string> namesIn(const std::filesystem::path &folder);
 
 /// True when `path` lies below `above`.
 bool isBelow(std::string_view path, std::string_view above);
 
-/// The machine's devices as libudev finds them. Empty on a machine that shows none.
+/// Returns the machine's devices as libudev finds them. The list is empty when libudev finds no devices.
 DeviceList readDevices();
 
 } // namespace orvana::platform::linux_host

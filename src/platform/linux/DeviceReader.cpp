@@ -1,4 +1,4 @@
-// The one place that enumerates devices through libudev.
+// This is the only file that enumerates devices through libudev.
 
 #include "platform/linux/DeviceList.h"
 
@@ -24,7 +24,8 @@ struct Subsystem
     std::vector<const char *> attributes;
 };
 
-// What is read, and of which devices. Links between devices ("devlink") carry it all in their names.
+// The attributes that are read, by subsystem. Links between devices ("devlink") need no attributes, because
+// their names say everything.
 const std::vector<Subsystem> &subsystems()
 {
     static const std::vector<Subsystem> all{
@@ -89,7 +90,7 @@ DeviceList readDevices()
         udev_list_entry *entry = nullptr;
         udev_list_entry_foreach(entry, udev_enumerate_get_list_entry(enumeration.get()))
         {
-            // A device may go between the listing and the look at it.
+            // A device may disappear after the listing and before it is read.
             const std::unique_ptr<udev_device, Unref> device(
                 udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)));
             if (device)

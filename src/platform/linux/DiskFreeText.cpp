@@ -18,8 +18,8 @@ std::string percent(std::uint64_t part, std::uint64_t whole)
     return std::to_string(whole == 0 ? 0 : (part * 100 + whole - 1) / whole) + "%";
 }
 
-// The mount point of the device, or of the one mapping that lies on this device alone, such as the unlocked
-// content of an encrypted volume. Nullopt when neither is mounted.
+// Returns the mount point of the device, or of the only mapping above it, such as the unlocked content of an
+// encrypted volume. The mapping must lie on this device alone. Returns nullopt when neither is mounted.
 std::optional<std::string> mountPointOf(const SystemState &system, const std::vector<MountedDevice> &mounted,
                                         const Device &device)
 {

@@ -11,13 +11,13 @@
 namespace orvana::platform::linux_host
 {
 
-/// What tells one disk at one place from every other.
+/// The values that distinguish one disk at one place from every other disk.
 struct DiskIdentity
 {
-    std::optional<std::uint64_t> sequence; ///< the kernel's number of this arrival
+    std::optional<std::uint64_t> sequence; ///< number that the kernel gave to this arrival
     std::optional<std::string> serial;
     std::uint64_t blocks = 0; ///< of DeviceBlockBytes
-    std::string place;        ///< enclosure and bay, or where else it is wired
+    std::string place;        ///< enclosure and bay, or else the kernel's path of the disk
 
     std::uint64_t bytes() const { return blocks * static_cast<std::uint64_t>(DeviceBlockBytes); }
 
@@ -26,16 +26,16 @@ struct DiskIdentity
 
 DiskIdentity identityOf(const Disk &disk);
 
-/// The names that disks have in the program: "disk0", and "disk0s1" for its first partition. The kernel's own
-/// names are used again for other disks; these never are.
+/// The names that disks have in the program: "disk0", and "disk0s1" for its first partition. The kernel
+/// reuses its own names for other disks. These names are never reused.
 class DiskNames
 {
 public:
-    /// Gives each disk a number: the one that it has, or a new one. A disk that is missing loses its own for
-    /// good, so it has another when it comes back.
+    /// Gives each disk a number: the number that the disk already has, or a new number. A disk that is
+    /// missing loses its number for good, and gets another number when it comes back.
     void bind(const std::vector<Disk> &disks);
 
-    /// The number of a disk that is bound; nothing otherwise.
+    /// Returns the number of a disk that is bound, or nullopt for any other disk.
     std::optional<int> numberOf(const Disk &disk) const;
 
     /// "disk3"

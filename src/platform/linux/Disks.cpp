@@ -19,7 +19,7 @@ bool startsWithAny(const std::string &text, std::initializer_list<const char *> 
                        [&](const char *start) { return text.starts_with(start); });
 }
 
-// Disks with several paths lie among the virtual devices, and are real all the same.
+// Disks with several paths are among the virtual devices, but they are real disks.
 bool isPhysicalDisk(const Device &device)
 {
     if (device.type != "disk" || device.attribute("hidden") == "1" || device.property("ID_CDROM") == "1" ||
@@ -49,7 +49,8 @@ bool isCardReader(const DeviceList &devices, const Device &disk)
         if (startsWithAny(key, {"ID_DRIVE_FLASH", "ID_DRIVE_MEDIA_FLASH"}))
             return true;
     }
-    // A hub above the disk's own USB device may be built in: what is plugged into it is not.
+    // Only the disk's own USB device is checked. A hub above it may be built in, but the disk that is plugged
+    // into the hub is not.
     const auto *usb = devices.above(disk, "usb");
     while (usb && usb->type != "usb_device")
         usb = devices.above(*usb, "usb");
@@ -66,7 +67,8 @@ std::string interconnectOf(const DeviceList &devices, const Device &disk)
     return card && card->attribute("type") == "SD" ? "Secure Digital" : std::string();
 }
 
-// "ata7" among the components of the path stands for a port, whose number the kernel tells beside it.
+// A component "ata7" of the path stands for a port. The kernel gives the number of the port in "ata_port"
+// below it.
 void setPort(const DeviceList &devices, Disk &disk)
 {
     for (auto path = pathAbove(disk.device->path); !path.empty(); path = pathAbove(path)) {
@@ -190,7 +192,7 @@ Disk diskOf(const SystemState &system, const Device &device, const ExclusiveUse 
 
 bool isInExclusiveUse(const std::string &node)
 {
-    // Who may not open it learns nothing.
+    // Without permission to open the disk we cannot tell, and report it as unused.
     const posix::Descriptor disk(::open(node.c_str(), O_RDONLY | O_EXCL | O_NONBLOCK | O_CLOEXEC));
     return !disk.isOpen() && errno == EBUSY;
 }
@@ -207,20 +209,21 @@ std::vector<Disk> disksOf(const SystemState &system, const ExclusiveUse &isInUse
 
 bool isMember(const Device &device)
 {
-    // udev names nothing on these; a file system that it does name was made there since.
+    // udev recognises nothing on these partitions. If udev does name a file system, the file system was made
+    // there later.
     static const std::set<std::string> memberTypes{
-        "52414944-0000-11aa-aa11-00306543ecac", // a set of HFS+'s own system
-        "52414944-5f4f-11aa-aa11-00306543ecac", // the same, taken apart
-        "53746f72-6167-11aa-aa11-00306543ecac", // that system's volume group
-        "5808c8aa-7e8f-42e0-85d2-e1e90434cfb3", // dynamic disk, its description
-        "af9b60a0-1431-4f62-bc68-3311714a69ad", // dynamic disk, its data
+        "52414944-0000-11aa-aa11-00306543ecac", // RAID set of the system that HFS+ comes from
+        "52414944-5f4f-11aa-aa11-00306543ecac", // RAID set of that system, offline
+        "53746f72-6167-11aa-aa11-00306543ecac", // volume group of that system
+        "5808c8aa-7e8f-42e0-85d2-e1e90434cfb3", // dynamic disk, metadata
+        "af9b60a0-1431-4f62-bc68-3311714a69ad", // dynamic disk, data
         "e75caf8f-f680-4cee-afa3-b001e56efc2d", // storage pool
-        "0x42",                                 // dynamic disk, in the older table
+        "0x42",                                 // dynamic disk, in the older kind of partition table
     };
     if (device.property("ID_FS_TYPE").empty() && memberTypes.contains(device.property("ID_PART_ENTRY_TYPE")))
         return true;
     const auto type = device.property("ID_FS_TYPE");
-    // Where several things were recognised at once, udev lists them all and settles on none.
+    // When udev recognises several formats at once, it lists them all and chooses none.
     const auto several = device.property("ID_FS_AMBIVALENT");
     return device.property("ID_FS_USAGE") == "raid" || type.ends_with("_member") || type == "bcache" ||
            several.find("raid") != std::string::npos || several.find("_member") != std::string::npos;

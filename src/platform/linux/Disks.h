@@ -9,19 +9,20 @@
 namespace orvana::platform::linux_host
 {
 
-/// A piece of a disk that can hold a file system: a partition, or the whole of a disk without a table.
+/// A part of a disk that can hold a file system: a partition, or the whole of a disk without a partition
+/// table.
 struct Partition
 {
     const Device *device;
-    int number;          ///< of the partition; 0 for a file system on the whole disk
-    bool isOpen = false; ///< mounted, held or swapped on
-    bool isLeaf = true;  ///< false for a member of a set or group
+    int number;          ///< partition number; 0 for a file system on the whole disk
+    bool isOpen = false; ///< mounted, held by another device, used as swap, or beneath "/"
+    bool isLeaf = true;  ///< false for a member of a RAID set, a volume group or a pool
     bool holdsRoot = false;
 };
 
-/// What kind of entry a disk has in the registry.
+/// The kind of entry that a disk has in the registry.
 enum class DiskClass {
-    Driver,   ///< SATA, NVMe, virtio and whatever else is wired to the machine
+    Driver,   ///< SATA, NVMe, virtio and all other disks wired to the machine
     Services, ///< USB, FireWire and memory cards
 };
 
@@ -30,38 +31,40 @@ struct Disk
 {
     const Device *device = nullptr;
     DiskClass diskClass = DiskClass::Driver;
-    std::string interconnect; ///< of Services: "USB", "FireWire", "Secure Digital"
+    std::string interconnect; ///< for Services: "USB", "FireWire", "Secure Digital"
     bool isExternal = false;
-    std::optional<std::string> model, serial;   ///< as the disk calls itself
-    std::optional<std::string> vendor, product; ///< of Services
+    std::optional<std::string> model, serial;   ///< as the disk reports them
+    std::optional<std::string> vendor, product; ///< for Services
     std::optional<std::string> wwn;             ///< World Wide Name
     std::uint64_t blocks = 0;                   ///< of 512 bytes
-    std::optional<std::uint64_t> sequence;      ///< the kernel's number of this arrival
-    const Device *controller = nullptr;         ///< nearest PCI device above
-    const Device *router = nullptr;             ///< Thunderbolt router that it sits behind
-    bool isPlaceUnclear = false;                ///< behind some router, but which cannot be told
-    std::optional<int> port;                    ///< of its SATA controller, counted from 0
+    std::optional<std::uint64_t> sequence;      ///< number that the kernel gave to this arrival
+    const Device *controller = nullptr;         ///< nearest PCI device above the disk
+    const Device *router = nullptr;             ///< Thunderbolt router that the disk is behind
+    bool isPlaceUnclear = false;                ///< the disk is behind a router, but it is not known which
+    std::optional<int> port;                    ///< port of its SATA controller, counted from 0
     int channel = 0;                            ///< place behind a port multiplier
-    bool isOpen = false;                        ///< something was recognised on it, or it is in use
-    bool isRaid = false;                        ///< it, or a partition of it, is a member of a set or group
-    std::string content;                        ///< what was recognised on the whole of it
+    bool isOpen = false; ///< something was recognised on it, it is in use, or its content is not yet known
+    bool isRaid = false; ///< the disk or one of its partitions is a member (see `isMember`)
+    std::string content; ///< what was recognised on the whole disk
     std::vector<Partition> partitions;
 };
 
-/// True when the disk's node cannot be had for oneself. Asked only for disks on which nothing was recognised.
+/// True when the disk's node cannot be opened for exclusive use because something else uses it. Called only
+/// for disks on which nothing was recognised.
 using ExclusiveUse = std::function<bool(const std::string &node)>;
 bool isInExclusiveUse(const std::string &node);
 
-/// The physical disks of a snapshot, which must outlive them. Images, volume groups and memory are none.
+/// Returns the physical disks of a snapshot. The snapshot must outlive them. Images, volume groups and disks
+/// in memory are left out.
 std::vector<Disk> disksOf(const SystemState &system, const ExclusiveUse &isInUse = isInExclusiveUse);
 
 /// True for a member of a RAID set, a volume group or a pool.
 bool isMember(const Device &device);
 
-/// udev looks at every disk; until it has, nothing is known of what is on it.
+/// True when udev has looked at the disk. Before that, nothing is known about the content of the disk.
 bool hasUdevLooked(const Device &device);
 
-/// A text of udev's in which unusual bytes stand as \xNN.
+/// Decodes a text from udev, in which unusual bytes are written as \xNN.
 std::string decoded(const std::string &text);
 
 } // namespace orvana::platform::linux_host

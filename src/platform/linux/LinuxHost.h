@@ -11,14 +11,15 @@
 namespace orvana::platform::linux_host
 {
 
-/// The Linux machine that the program runs on. Used on the main thread, but for its files.
+/// The Linux machine that the program runs on. Main thread only, except for its files.
 class LinuxHost final : public Host
 {
 public:
-    /// With a queue, which must outlive the host, what changes is told on it.
+    /// With a queue, which must outlive the host, changes are reported on the queue. With null nothing is
+    /// watched.
     LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, SystemFiles files = {});
 
-    /// Tells what an event of the machine means.
+    /// Passes an event of the machine to the registry and to the volume events.
     void take(const MachineEvent &event);
 
     Account &account() override { return m_account; }
@@ -38,7 +39,7 @@ private:
     LinuxVolumeEvents m_events{m_machine};
     LinuxLauncher m_launcher;
     std::unique_ptr<Workspace> m_workspace;
-    std::unique_ptr<MachineWatch> m_watch; // last: its events find everything in place
+    std::unique_ptr<MachineWatch> m_watch; // last member: its events need all the others
 };
 
 } // namespace orvana::platform::linux_host

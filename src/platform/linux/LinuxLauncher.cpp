@@ -31,8 +31,8 @@ CommandLauncher::Result LinuxLauncher::run(const std::string &path, const std::v
     return m_programs.run(path, arguments);
 }
 
-// "--spare=device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". The serial number comes last: it may hold
-// commas. A disk that is gone has no node any more.
+// "--spare=device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". The serial number comes last, because it
+// may contain commas. A disk that is gone has no node any more.
 std::string LinuxLauncher::sparingWord(const DiskFingerprint &disk, const MachineSnapshot &snapshot) const
 {
     std::string word = "--spare=";
@@ -47,8 +47,8 @@ std::string LinuxLauncher::sparingWord(const DiskFingerprint &disk, const Machin
     return word.append("serial=").append(disk.serial.value_or(std::string()));
 }
 
-// The program's name for the disk gives way to the kernel's, and what was known of the disk goes with it.
-// What is not known is left out; the utility does nothing without it.
+// Replaces the program's name for the disk with the kernel's name, and adds what is known about the disk.
+// Unknown values are left out. The utility changes nothing without them.
 CommandLauncher::Result LinuxLauncher::runDiskUtility(std::vector<std::string> arguments)
 {
     if (arguments.empty())

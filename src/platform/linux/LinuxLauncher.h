@@ -7,8 +7,8 @@
 namespace orvana::platform::linux_host
 {
 
-/// Answers "/bin/df" from the mount table, has "/usr/sbin/diskutil" done by the program `diskUtility`, and
-/// runs everything else as it is.
+/// Answers "/bin/df" from the mount table, runs the program `diskUtility` for "/usr/sbin/diskutil", and runs
+/// every other program as it is.
 class LinuxLauncher final : public CommandLauncher
 {
 public:
@@ -28,7 +28,7 @@ private:
     std::string m_diskUtility;
     std::vector<DiskFingerprint> m_sparedDisks;
     posix::PosixCommandLauncher m_programs;
-    // The reason why a disk was refused is what the caller has to show.
+    // The caller must show why a disk was refused, so the error text of the utility goes into the output.
     posix::PosixCommandLauncher m_utilities{posix::Complaints::IntoTheOutput};
 };
 

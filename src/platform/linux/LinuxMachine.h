@@ -6,7 +6,7 @@
 namespace orvana::platform::linux_host
 {
 
-/// One look at the machine, with the names that its disks had then.
+/// A snapshot of the machine, with the names that its disks had at that time.
 struct MachineSnapshot
 {
     MachineSnapshot() = default;
@@ -19,7 +19,8 @@ struct MachineSnapshot
     std::vector<ListedVolume> volumes;
 };
 
-/// The machine as it is now. Every question is a new look; only the disks' names are kept. Main thread only.
+/// The machine as it is now. Each snapshot is read again; only the names of the disks and the remarks are
+/// kept. Main thread only.
 class LinuxMachine
 {
 public:
@@ -27,12 +28,12 @@ public:
 
     std::shared_ptr<const MachineSnapshot> snapshot();
 
-    /// Devices and mounts alone: no disk is opened for it.
+    /// Reads only the devices and mounts, and opens no disk.
     SystemState systemState() const { return readSystemState(m_files); }
 
     const DiskNames &names() const { return m_names; }
 
-    /// One sentence for each device that could not be used at the last look, with the reason.
+    /// One sentence for each device that could not be used at the last snapshot, with the reason.
     const std::set<std::string> &remarks() const { return m_remarks; }
 
 private:
@@ -40,7 +41,7 @@ private:
 
     SystemFiles m_files;
     DiskNames m_names;
-    std::set<std::string> m_remarks; // the system log is told each once
+    std::set<std::string> m_remarks; // a new remark is also written to the system log
 };
 
 } // namespace orvana::platform::linux_host

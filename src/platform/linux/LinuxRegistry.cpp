@@ -55,10 +55,11 @@ void LinuxRegistry::takePci(const MachineEvent &event)
             tell(RegistryEvent::Terminated, gone.mapped());
         return;
     }
-    // "add" and "bind" tell of the same arrival.
+    // "add" and "bind" report the same arrival.
     if ((event.action != "add" && event.action != "bind") || m_known.contains(event.path))
         return;
-    // What came along with it is found in the same look, and needs none of its own when its event comes.
+    // Devices that came together with this device are in the same snapshot. Their own events then need no
+    // other snapshot.
     const auto snapshot = m_machine.snapshot();
     rememberControllers(*snapshot);
     for (const auto &device : snapshot->tree.pci) {
@@ -88,7 +89,7 @@ void LinuxRegistry::takeLostDisk(const MachineEvent &event)
         tell(RegistryEvent::Terminated, RegistryEntryPtr(controller->second));
 }
 
-// The kernel forgets where a disk was as soon as it has gone.
+// The kernel forgets where a disk was as soon as the disk is gone.
 void LinuxRegistry::rememberControllers(const MachineSnapshot &snapshot)
 {
     for (const auto &disk : snapshot.disks) {
@@ -99,7 +100,7 @@ void LinuxRegistry::rememberControllers(const MachineSnapshot &snapshot)
 
 void LinuxRegistry::tell(RegistryEvent event, const RegistryEntryPtr &entry)
 {
-    const auto watches = m_watches; // a handler may watch for more
+    const auto watches = m_watches; // a copy, because a handler may add a watch
     for (const auto &watch : watches) {
         if (watch.event == event && watch.className == PciClass)
             watch.handler({entry});

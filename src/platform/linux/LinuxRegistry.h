@@ -7,9 +7,9 @@
 namespace orvana::platform::linux_host
 {
 
-/// The machine's devices. A PCI device is published when it comes, and a storage controller once more with
-/// each disk that comes to it: the disks follow their controller at some distance. In the same way a
-/// controller is reported as terminated with each disk that leaves it.
+/// The machine's devices. A PCI device is reported as published when it comes. Disks come some time after
+/// their storage controller, so the controller is reported as published again with each disk that comes. In
+/// the same way a controller is reported as terminated with each disk that leaves it.
 class LinuxRegistry final : public HardwareRegistry
 {
 public:
@@ -19,7 +19,7 @@ public:
     Answer watch(const std::string &className, RegistryEvent event, EventHandler handler) override;
     std::vector<std::string> remarks() override;
 
-    /// Tells the watches what an event means for them.
+    /// Reports an event of the machine to the watches.
     void take(const MachineEvent &event);
 
 private:
@@ -37,8 +37,8 @@ private:
     void tell(RegistryEvent event, const RegistryEntryPtr &entry);
 
     LinuxMachine &m_machine;
-    std::map<std::string, RegistryEntryPtr> m_known;  // PCI devices by path; the kernel forgets what has gone
-    std::map<std::string, std::string> m_controllers; // of each disk, both by path
+    std::map<std::string, RegistryEntryPtr> m_known;  // PCI devices by path; the kernel forgets lost ones
+    std::map<std::string, std::string> m_controllers; // controller's path by the disk's path
     std::vector<Watch> m_watches;
 };
 

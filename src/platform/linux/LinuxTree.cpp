@@ -43,8 +43,8 @@ void setNumber(RegistryProperties &properties, const char *key, const std::strin
         properties[key] = std::int64_t{number};
 }
 
-// The registry wants a number; newer routers have an identifier twice as long, without any meaning of its
-// own.
+// The registry needs a number. Newer routers have an identifier that is twice as long and has no meaning of
+// its own, so its hash is used.
 std::int64_t uidOf(const Device &router)
 {
     std::uint64_t sum = 14695981039346656037U; // FNV-1a
@@ -94,7 +94,7 @@ public:
     }
 
 private:
-    // Devices come in the order of their paths: what is above is there already.
+    // Devices come in the order of their paths, so the device above is already in the tree.
     void addPci(const Device &pci)
     {
         auto &parent = aboveOf(pci);
@@ -106,7 +106,7 @@ private:
         if (isUnknownBay(pci))
             place = pci.name;
         const auto name = isBridge(pci) ? std::string("pci-bridge") : pciNameOf(pci);
-        // One bridge may lead to several buses, with the same places on each.
+        // One bridge may lead to several buses, and each bus has the same places.
         if (!m_places.insert(parent.path() + "/" + name + "@" + place).second)
             place = pci.name;
         auto &node = parent.add("IOPCIDevice", name + "@" + place,
@@ -116,8 +116,8 @@ private:
         m_below[pci.path] = isBridge(pci) ? &node.add("IOPCI2PCIBridge", "IOPP") : &node;
     }
 
-    // The number of the bridge above a controller names the bay, but only where all bridges are exactly those
-    // of an enclosure. A number alone proves nothing.
+    // The number of the bridge above a controller names the bay, but only when all bridges are exactly those
+    // of an enclosure. The number alone proves nothing.
     bool isUnknownBay(const Device &port) const
     {
         const auto controllers = m_devices.childrenOf(port);
@@ -127,8 +127,8 @@ private:
                !(bridge && isEnclosureBridge(m_devices, *bridge));
     }
 
-    // The device right above, which must have been seen in the same look. With that missing, the next one
-    // above would give the device another bridge's place.
+    // Returns the entry of the device directly above, which must be in the same snapshot. If that device is
+    // missing, the next device above would give `pci` the place of another bridge.
     RegistryNode &aboveOf(const Device &pci)
     {
         const auto folder = pathAbove(pci.path);
@@ -139,7 +139,7 @@ private:
                                            : busOf(pci);
     }
 
-    // "/sys/devices/pci0000:00" is a folder of the root bus, and no device of it.
+    // "/sys/devices/pci0000:00" is the folder of the root bus. It is not a device.
     RegistryNode &busOf(const Device &pci)
     {
         const auto folder = pathAbove(pci.path);
@@ -218,7 +218,7 @@ private:
             name.append("@").append(number);
             above = &controllerAt(parent).add("IOAHCIPort", name);
         }
-        // Whatever else disks of one controller have in common, the kernel's names are their own.
+        // Disks of one controller may have everything else in common, but each has its own kernel name.
         return above->add("IOBlockStorageDevice", disk.device->name + "@" + std::to_string(disk.channel))
             .add("AppleAHCIDiskDriver", "AppleAHCIDiskDriver", std::move(properties));
     }
@@ -256,8 +256,8 @@ private:
         const auto blocks = std::max(decimalNumber(partition.device->attribute("size")), 0L);
         const auto content = partition.number == 0 ? partition.device->property("ID_FS_TYPE")
                                                    : partition.device->property("ID_PART_ENTRY_TYPE");
-        // Of media that are open and no leaf, the scan takes the node for the whole disk's. A member of a
-        // volume group is neither a volume nor the disk.
+        // When an open medium is not a leaf, the scan takes its node for the node of the whole disk. A member
+        // of a volume group is neither a volume nor the whole disk, so it is not shown as open.
         auto &media = scheme.add("IOMedia", "Media@" + std::to_string(partition.number),
                                  mediaProperties(DiskNames::nameOf(number, partition), false,
                                                  partition.isLeaf, partition.isOpen && partition.isLeaf,
@@ -274,8 +274,8 @@ private:
     RegistryNode *m_platform;
     std::set<std::string> m_places;
     std::map<std::string, RegistryNode *> m_buses;
-    std::map<std::string, RegistryNode *> m_pci;   // the devices' own entries
-    std::map<std::string, RegistryNode *> m_below; // where what is below them goes
+    std::map<std::string, RegistryNode *> m_pci;   // the entries of the devices themselves
+    std::map<std::string, RegistryNode *> m_below; // the entries that hold the devices below them
     std::map<std::string, RegistryNode *> m_domains;
     std::map<std::string, RegistryNode *> m_routers;
     std::map<RegistryNode *, RegistryNode *> m_controllers;

@@ -43,7 +43,7 @@ LinuxVolumeEvents::Volumes LinuxVolumeEvents::volumes()
 void LinuxVolumeEvents::tellChanges()
 {
     const auto before = std::exchange(m_volumes, volumes());
-    const auto now = m_volumes; // a handler may look, too
+    const auto now = m_volumes; // a copy, because a handler may call this function too
     for (const auto &[path, volume] : now) {
         const auto found = before.find(path);
         if (found == before.end())

@@ -7,8 +7,8 @@
 namespace orvana::platform::linux_host
 {
 
-/// Volumes that come and go: what is mounted from a device that is there. A disk that was pulled takes its
-/// volumes along, whatever the mount table goes on to say.
+/// Reports volumes that come and go. A volume is a mount from a device that is present. When a disk is
+/// pulled, its volumes are gone, even if the mount table still lists them.
 class LinuxVolumeEvents final : public VolumeEvents
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     void subscribe(std::function<void(VolumeChange)> handler) override;
 
-    /// Tells what is different since the last time.
+    /// Reports what has changed since the last call.
     void tellChanges();
 
 private:

@@ -32,7 +32,8 @@ std::string textOf(const char *text)
 
 } // namespace
 
-/// What the thread waits for. Made by the thread that starts it, used by that one alone.
+/// The sources of events that the thread waits for. Made on the thread that makes the watch. After that only
+/// the waiting thread uses it, except for `stop`.
 class MachineWatch::Sources
 {
 public:
@@ -43,7 +44,7 @@ public:
         if (m_devices) {
             for (const char *subsystem : {"pci", "block", "thunderbolt"})
                 udev_monitor_filter_add_match_subsystem_devtype(m_devices.get(), subsystem, nullptr);
-            // A burst of a whole enclosure fits.
+            // The buffer has room for the events of a whole enclosure.
             udev_monitor_set_receive_buffer_size(m_devices.get(), 16 * 1024 * 1024);
             udev_monitor_enable_receiving(m_devices.get());
         }
@@ -54,7 +55,7 @@ public:
 
     void stop() const { ::eventfd_write(m_stop.number(), 1); }
 
-    /// False when it is time to end.
+    /// Waits for an event. Returns false when the thread must end.
     bool wait()
     {
         std::array<pollfd, 3> waits{pollfd{m_stop.number(), POLLIN, 0},
@@ -85,7 +86,7 @@ public:
     {
         if (!std::exchange(m_hasMounts, false))
             return false;
-        // Rearms the monitor; what changed is in the table.
+        // This rearms the monitor. The mount table shows what changed.
         mnt_monitor_event_cleanup(m_mounts.get());
         return true;
     }

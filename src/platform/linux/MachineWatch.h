@@ -13,23 +13,24 @@ class MainQueue;
 namespace orvana::platform::linux_host
 {
 
-/// What happened to the machine.
+/// An event of the machine.
 struct MachineEvent
 {
-    std::string action;    ///< of udev: "add", "bind", "change", "remove"; empty when mounts changed
+    std::string action;    ///< from udev: "add", "bind", "change", "remove"; empty when mounts changed
     std::string subsystem; ///< "pci", "block", "thunderbolt"
     std::string type;      ///< DEVTYPE
     std::string path;      ///< "/sys/devices/..."
 };
 
-/// Waits on a thread of its own for events of devices and of the mount table, and hands them to the main
-/// queue. What of these the system does not offer is not watched.
+/// Waits on its own thread for events of devices and of the mount table, and hands them to the main queue.
+/// Events that the system does not offer are not watched.
 class MachineWatch
 {
 public:
     using Handler = std::function<void(const MachineEvent &)>;
 
-    /// `handler` runs on `queue`, which outlives this object; never after its end.
+    /// `handler` runs on `queue`, which must outlive this object. It never runs after this object is
+    /// destroyed.
     MachineWatch(MainQueue &queue, Handler handler);
     ~MachineWatch();
     MachineWatch(const MachineWatch &) = delete;
@@ -42,7 +43,7 @@ private:
     void hand(MachineEvent event);
 
     MainQueue &m_queue;
-    std::shared_ptr<Handler> m_handler; // what waits on the queue finds it, or nothing
+    std::shared_ptr<Handler> m_handler; // work that waits on the queue finds the handler, or null
     std::unique_ptr<Sources> m_sources;
     std::thread m_thread;
 };

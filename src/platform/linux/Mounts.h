@@ -9,18 +9,19 @@ namespace orvana::platform::linux_host
 /// One line of the kernel's mount table.
 struct Mount
 {
-    std::string source; ///< "/dev/sda1", or a word of the file system's own
-    std::string target; ///< mount point, in bytes as it is
-    std::string root;   ///< which folder of the file system is mounted; "/" is all of it
+    std::string source; ///< "/dev/sda1", or a word that the file system defines
+    std::string target; ///< mount point, as unchanged bytes
+    std::string root;   ///< folder of the file system that is mounted; "/" means all of it
     std::string type;
-    std::string options; ///< of mount and file system
-    std::string number;  ///< "8:17"; some file systems have one of their own, with a leading 0
+    std::string options; ///< options of the mount and of the file system
+    std::string number;  ///< "8:17"; some file systems have a number of their own, with a leading 0
 };
 
-/// The table in `file`, in its order: "/proc/self/mountinfo", or a text in its format. Empty if unreadable.
+/// Returns the mounts of the table in `file`, in the order of the table. `file` is "/proc/self/mountinfo" or
+/// a text in the same format. The list is empty when `file` cannot be read.
 std::vector<Mount> readMounts(const std::string &file);
 
-/// Sources of the swap table in `file`, "/proc/swaps" or a text in its format.
+/// Returns the sources in the swap table in `file`, which is "/proc/swaps" or a text in the same format.
 std::vector<std::string> readSwaps(const std::string &file);
 
 } // namespace orvana::platform::linux_host

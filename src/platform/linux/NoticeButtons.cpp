@@ -17,7 +17,7 @@ void NoticeButtons::ActionInvoked(uint, const QString &name)
     const auto found = m_pressed.find(name);
     if (found == m_pressed.end())
         return;
-    const auto pressed = found->second; // may lead to another notice
+    const auto pressed = found->second; // a copy, because the call may add another button
     pressed();
 }
 

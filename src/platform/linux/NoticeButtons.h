@@ -15,10 +15,10 @@ class NoticeButtons : public QObject
     Q_OBJECT
 
 public:
-    /// A name for the button, which no other one in the session has.
+    /// Remembers the button and returns a name for it that no other button in the session has.
     QString add(std::function<void()> pressed);
 
-    /// The desktop's signal: the user pressed a button, of this program or of another.
+    /// Receives the desktop's signal that the user pressed a button, of this program or of another program.
     Q_SLOT void ActionInvoked(uint notice, const QString &name);
 
 private:

@@ -20,8 +20,8 @@ std::vector<std::set<std::string>> readPools(const std::string &folder)
     return pools;
 }
 
-/// Follows a file system down to the devices that it really lies on. Layers and images may refer to each
-/// other in any way; each mount and each device is followed once.
+/// Finds the devices that a file system really lies on. Layers and images may refer to each other in any way,
+/// so each mount and each device is followed only once.
 class Foundations
 {
 public:
@@ -55,11 +55,12 @@ private:
             for (const char *layer : {"lowerdir=", "upperdir="})
                 addLayers(mount.options, layer);
         } else if (!device && mount.source.starts_with('/')) {
-            addPaths(mount.source); // a file system that shows other folders in another way names them
+            // A file system that shows other folders has these folders as its source.
+            addPaths(mount.source);
         }
     }
 
-    // "/a:/b": each is a path of its own.
+    // Adds each path of a list such as "/a:/b".
     void addPaths(const std::string &paths)
     {
         for (std::size_t start = 0; start < paths.size();) {
@@ -70,7 +71,8 @@ private:
         }
     }
 
-    // "lowerdir=/a:/b", seen from where the layers were put together.
+    // Adds the layers of an option such as "lowerdir=/a:/b". Its paths are as seen from where the layers were
+    // put together.
     void addLayers(const std::string &options, const std::string &key)
     {
         auto start = options.find(key);
@@ -110,7 +112,7 @@ private:
     std::set<std::string> m_found;
 };
 
-// The higher, the sooner it is taken for the device's mount point.
+// The mount with the highest rank gives the device's mount point.
 int rankOf(const Mount &mount)
 {
     if (mount.target == "/")
@@ -138,7 +140,7 @@ SystemState readSystemState(const SystemFiles &files)
     SystemState system{files.devices(), readMounts(files.mounts), {}, readPools(files.btrfs), {}};
     for (const auto &source : readSwaps(files.swaps)) {
         const auto *device = system.devices.blockAtNode(source);
-        // A file is swapped on by way of the file system that it lies on.
+        // A swap file counts for the device of the file system that holds the file.
         const auto *mount = device ? nullptr : mountAt(system.mounts, source);
         if (mount)
             device = deviceOf(system.devices, *mount);
@@ -160,7 +162,7 @@ std::set<std::string> devicesBeneath(const SystemState &system, const std::strin
 
 const Device *deviceOf(const DeviceList &devices, const Mount &mount)
 {
-    // Numbers with a leading 0 are the file system's own and say nothing of its device.
+    // A number with a leading 0 is the file system's own and says nothing about its device.
     if (!mount.number.starts_with("0:"))
         return devices.blockNumbered(mount.number);
     return mount.source.starts_with("/dev/") ? devices.blockAtNode(mount.source) : nullptr;

@@ -9,12 +9,13 @@
 namespace orvana::platform::linux_host
 {
 
-/// Where the machine's devices and tables are found; tests name what is theirs.
+/// The sources from which the machine's devices and tables are read. Tests name their own.
 struct SystemFiles
 {
     std::string mounts = "/proc/self/mountinfo";
     std::string swaps = "/proc/swaps";
-    std::string btrfs = "/sys/fs/btrfs"; ///< folder with one folder a file system, "devices" in each
+    /// Holds one folder for each file system, and in each of these a folder "devices".
+    std::string btrfs = "/sys/fs/btrfs";
     std::function<DeviceList()> devices = readDevices;
 };
 
@@ -23,42 +24,45 @@ struct SystemState
 {
     DeviceList devices;
     std::vector<Mount> mounts;
-    std::set<std::string> swaps; ///< kernel names of block devices that are swapped on, or hold a swap file
-    /// Of each file system in use that lies on several devices, their kernel names.
+    std::set<std::string> swaps; ///< kernel names of block devices that are used as swap, or hold a swap file
+    /// For each file system in use that lies on several devices: the kernel names of these devices.
     std::vector<std::set<std::string>> pools;
-    /// Kernel names of the partitions and whole disks that hold the running system: what "/" lies on, by way
-    /// of volume groups, encryption, images, layers and file systems over several devices.
+    /// Kernel names of the partitions and whole disks that hold the running system. "/" may lie on them
+    /// through volume groups, encryption, images, layers and file systems over several devices.
     std::set<std::string> beneathRoot;
 
-    /// True when a file system on this very device is mounted, if only as one of several.
+    /// True when a file system on this device is mounted, even if it lies on other devices as well.
     bool isMounted(const Device &device) const;
 
-    /// True when a file system in use lies on this device and others; the mount table names one of them.
+    /// True when a file system in use lies on this device and on others. The mount table names only one of
+    /// these devices.
     bool isPooled(const Device &device) const;
 };
 
 SystemState readSystemState(const SystemFiles &files);
 
-/// Kernel names of the partitions and whole disks that hold the file system at `path`, and those that are
-/// mounted below it. The path must hold no links; for "/" alone, what is mounted below it is left out.
+/// Returns the kernel names of the partitions and whole disks that hold the file system at `path` and the
+/// file systems that are mounted below `path`. The path must not contain links. For "/", file systems that
+/// are mounted below it are left out.
 std::set<std::string> devicesBeneath(const SystemState &system, const std::string &path);
 
-/// The block device that the mount's file system is on, or null. A mount may outlive its device.
+/// Returns the block device that the mount's file system is on, or null. A mount may outlive its device.
 const Device *deviceOf(const DeviceList &devices, const Mount &mount);
 
-/// The line of the table that shows at the path: the last one whose target the path is at or below. Null for
-/// an empty table.
+/// Returns the mount that is visible at the path: the mount with the longest target that is the path or lies
+/// above it, and the last of them when several have the same target. Returns null when no mount qualifies.
 const Mount *mountAt(const std::vector<Mount> &mounts, const std::string &path);
 
-/// A file system of a device, where it shows.
+/// A mounted device and its mount point.
 struct MountedDevice
 {
     const Device *device;
     std::string point;
 };
 
-/// The mount point of each mounted device: "/" before any other, then one of the file system's top folder,
-/// then the first. Mounts that another one hides are left out.
+/// Returns one mount point for each mounted device: "/" if the device is mounted there, else the first mount
+/// of the file system's top folder, else the first mount. Mounts that are hidden by another mount are left
+/// out.
 std::vector<MountedDevice> mountedDevices(const SystemState &system);
 
 } // namespace orvana::platform::linux_host

@@ -15,7 +15,8 @@ namespace
 using Devices = std::vector<const Device *>;
 
 constexpr long Intel = 0x8086;
-constexpr long OnePort = 0x612; // the enclosures' SATA controllers, by their ports
+// Device numbers of the enclosures' SATA controllers, by their number of ports.
+constexpr long OnePort = 0x612;
 constexpr long TwoPort = 0x625;
 
 // PCI numbers of the bridges in Intel's Thunderbolt chips.
@@ -33,7 +34,7 @@ bool isBelowAny(const Device &pci, const Devices &ports)
                        [&](const Device *port) { return isBelow(pci.path, port->path); });
 }
 
-// Ports that the kernel links to the controller, "pci:CONTROLLER--pci:PORT".
+// Adds the ports that the kernel links to the controller with "pci:CONTROLLER--pci:PORT".
 void addLinkedPorts(const DeviceList &devices, const Device &controller, Devices &ports)
 {
     const auto start = "pci:" + controller.name + "--pci:";
@@ -47,7 +48,8 @@ void addLinkedPorts(const DeviceList &devices, const Device &controller, Devices
     }
 }
 
-// On a chip of its own the controller hangs on one port of the chip's bridge, the hot-plug ports beside it.
+// On a separate chip, the controller is behind one port of the chip's bridge. The other ports of the bridge
+// are the hot-plug ports.
 void addPortsBeside(const DeviceList &devices, const Device &controller, Devices &ports)
 {
     const auto *own = devices.above(controller, "pci");
@@ -63,7 +65,7 @@ void addPortsBeside(const DeviceList &devices, const Device &controller, Devices
 struct Domain
 {
     Devices ports;   ///< where its PCI devices begin
-    Devices routers; ///< those let in, without the host's own
+    Devices routers; ///< authorised routers, without the host's own
 };
 
 std::vector<Domain> domainsOf(const DeviceList &devices)
@@ -87,7 +89,7 @@ std::vector<Domain> domainsOf(const DeviceList &devices)
 
 int thunderboltBridgesAbove(const DeviceList &devices, const Device &pci, const Device &port)
 {
-    // Below a port, every other bridge is the upper side of a switch.
+    // Counted from the port downwards, every second bridge is the upper side of a switch.
     Devices bridges;
     for (const auto *above = &pci; above && above != &port; above = devices.above(*above, "pci")) {
         if (isBridge(*above))
@@ -109,7 +111,8 @@ int mostBridgesBelow(const DeviceList &devices, const Device &port)
     return most;
 }
 
-// In a chain, the router whose bridge is the last one above the device; null unless every router has one.
+// For a chain, returns the router whose bridge is the nearest above the device. Returns null unless every
+// router has a bridge.
 const Device *routerInChain(const DeviceList &devices, const Domain &domain, const Device &pci)
 {
     Devices byDepth(domain.routers.size(), nullptr);
@@ -131,8 +134,9 @@ const Device *routerInChain(const DeviceList &devices, const Domain &domain, con
     return byDepth[static_cast<std::size_t>(own) - 1];
 }
 
-// The only four-bay enclosure of `routers`, if the device is one of the controllers directly behind the only
-// bridge of one among `candidates`. What is further below may be another router's.
+// Returns the only four-bay enclosure of `routers`, if `candidates` holds only one enclosure bridge and the
+// device is directly behind one of its ports. Otherwise returns null. A device further below may belong to
+// another router.
 const Device *loneEnclosure(const DeviceList &devices, const Devices &routers, const Devices &candidates,
                             const Device &pci)
 {
@@ -177,7 +181,7 @@ RouterPlace routerOfPci(const DeviceList &devices, const Device &pci)
     }
     if (routers.empty() || !isRemovable(devices, pci))
         return {};
-    // No domain's ports are above it, yet it can be unplugged.
+    // No host port of a domain is above the device, but the device can be unplugged.
     auto candidates = devices.ofSubsystem("pci");
     std::erase_if(candidates, [&](const Device *device) { return !isRemovable(devices, *device); });
     return placeOf(loneEnclosure(devices, routers, candidates, pci));
@@ -232,7 +236,7 @@ bool isBayController(const Device &pci)
 
 bool isEnclosureBridge(const DeviceList &devices, const Device &bridge)
 {
-    std::map<long, std::set<long>> places; // by the controllers' number
+    std::map<long, std::set<long>> places; // slot numbers, by the controllers' device number
     for (const auto *port : devices.childrenOf(bridge)) {
         for (const auto *controller : devices.childrenOf(*port)) {
             if (isBayController(*controller))

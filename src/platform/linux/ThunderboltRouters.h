@@ -5,38 +5,43 @@
 namespace orvana::platform::linux_host
 {
 
-/// Which Thunderbolt router a PCI device sits behind.
+/// The Thunderbolt router that a PCI device is behind.
 struct RouterPlace
 {
     enum class Answer {
-        None,    ///< it is not reached through Thunderbolt
+        None,    ///< the device is not reached through Thunderbolt
         Found,   ///< behind `router`
-        Unclear, ///< through Thunderbolt, but which router cannot be told
+        Unclear, ///< reached through Thunderbolt, but it is not known which router
     };
 
     Answer answer = Answer::None;
     const Device *router = nullptr;
 };
 
-/// The kernel links the two trees nowhere directly. So: a domain's host ports are those that its controller
-/// is linked to, or that share a bridge with it; below them a lone router is the one; in a chain the n-th
-/// Thunderbolt bridge is the n-th router's, if all routers are accounted for; else a lone four-bay enclosure
-/// is known by a lone bridge with the controllers of one. What none of this settles is unclear.
+/// Finds the router that a PCI device is behind. The kernel does not link the tree of routers and the tree of
+/// PCI devices directly, so the answer follows from these rules.
+///
+/// A domain's host ports are the ports that its controller is linked to, or else the ports that share a
+/// bridge with its controller. If only one router is attached, all devices below the host ports are behind
+/// that router. In a chain, the n-th Thunderbolt bridge belongs to the n-th router, if every router has its
+/// bridge. Otherwise, if there is only one four-bay enclosure, it is recognised by the only bridge that has
+/// the controllers of an enclosure. When no rule gives a router, the answer is Unclear.
 RouterPlace routerOfPci(const DeviceList &devices, const Device &pci);
 
-/// Routers of all domains, the hosts' own included; other things on the bus have similar names.
+/// Returns the routers of all domains, including the hosts' own. Other entries on the bus have similar names
+/// and are left out.
 std::vector<const Device *> routersOf(const DeviceList &devices);
 
-/// The route string: one byte a hop, the lowest byte the port of the host. 0 for a host itself.
+/// The route string: one byte for each hop. The lowest byte is the port of the host. 0 for a host itself.
 long routeOf(const Device &router);
 
-/// Hops from the host: bytes of the route.
+/// The number of hops from the host, which is the number of bytes in the route.
 int depthOf(const Device &router);
 
-/// False while the user or the system has not let the device in; it then shows no PCI devices.
+/// False while neither the user nor the system has authorised the device. Until then it shows no PCI devices.
 bool isAuthorized(const Device &router);
 
-/// True for the four-bay enclosures, by the numbers of maker and models.
+/// True for the four-bay enclosures, which are recognised by their vendor and model numbers.
 bool isFourBayEnclosure(const Device &router);
 
 /// True when the device, or a bridge above it, can be unplugged.
@@ -46,12 +51,12 @@ bool isRemovable(const DeviceList &devices, const Device &pci);
 bool isBayController(const Device &pci);
 
 /// True for the bridge directly above the downstream ports of one of our enclosures: the controllers behind
-/// its ports are exactly those of a known model, each in its place.
+/// its ports are exactly those of a known model, each at its own slot number.
 bool isEnclosureBridge(const DeviceList &devices, const Device &bridge);
 
 bool isBridge(const Device &pci);
 
-/// The number that the slot of a PCI device has on its bus.
+/// The number of the PCI device's slot on its bus, or -1 when its name has no slot number.
 long slotNumberOf(const Device &pci);
 
 } // namespace orvana::platform::linux_host

@@ -26,7 +26,7 @@ sigset_t endSignals()
 
 constexpr timespec AMoment{0, 50'000'000};
 
-// How many requests wait at this moment.
+// The number of requests that wait at this moment.
 std::atomic<int> waiting{0};
 
 } // namespace
@@ -48,7 +48,7 @@ void CancelRequest::blockSignals()
 {
     const auto signals = endSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    // A reader that went away and a limit on file sizes are errors of a write, not reasons to die.
+    // A reader that has gone away, or a limit on file sizes, must make a write fail and not end the process.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
 }
@@ -61,7 +61,7 @@ CancelRequest::CancelRequest(std::function<void()> onSignal)
           while (!end.stop_requested()) {
               if (sigtimedwait(&signals, nullptr, &AMoment) < 0)
                   continue;
-              // Who asks again does not want to wait for an orderly end.
+              // A user who asks again does not want to wait for an orderly end.
               if (std::exchange(wasAsked, true)) {
                   constexpr std::string_view Left =
                       "plurimoctl: left at once; an erase that was begun goes on by itself\n";

@@ -6,8 +6,8 @@
 namespace orvana::platform::posix
 {
 
-/// Waits for the signals by which a user ends the program (SIGINT, SIGTERM, SIGHUP) and says so, once. The
-/// second one ends the process at once, with status 130.
+/// Waits for the signals by which a user ends the program (SIGINT, SIGTERM, SIGHUP). The first signal calls
+/// `onSignal`. The second signal ends the process at once, with status 130.
 ///
 /// `blockSignals` must have been called before the process started its first thread.
 class CancelRequest
@@ -15,8 +15,8 @@ class CancelRequest
 public:
     static void blockSignals();
 
-    /// Has a signal end the process with status 130 as long as no request waits for it: nothing has been
-    /// touched then. Called once, at the start of a program.
+    /// Makes a signal end the process with status 130 while no CancelRequest waits for it, because nothing
+    /// has been touched then. Call this once, at the start of a program.
     static void endWhileNobodyWaits();
 
     /// `onSignal` is called on a thread of its own.

@@ -5,7 +5,7 @@
 namespace orvana::platform::posix
 {
 
-/// Owns one file descriptor of the system, or none (-1).
+/// Owns one file descriptor of the system, or no descriptor (-1).
 class Descriptor
 {
 public:

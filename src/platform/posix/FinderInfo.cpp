@@ -15,7 +15,7 @@ namespace
 {
 
 constexpr const char *UserAttribute = "user.com.apple.FinderInfo";
-// The name under which the kernel's own HFS+ driver shows it.
+// The kernel's own HFS+ driver shows the record under this name.
 constexpr const char *DriverAttribute = "osx.com.apple.FinderInfo";
 
 using FinderInfo = std::array<unsigned char, 32>;
@@ -40,14 +40,14 @@ std::optional<bool> hasExtendedAttributes(int at, const char *name)
     const long length = ::syscall(ListXattrAt, at, name, AT_SYMLINK_NOFOLLOW, nullptr, 0);
     if (length >= 0)
         return length > 0;
-    if (errno == ENOSYS || errno == EPERM) // the latter from sandboxes that do not know the call
+    if (errno == ENOSYS || errno == EPERM) // EPERM comes from sandboxes that do not know the call
         isMissing = true;
     return std::nullopt;
 }
 
 bool hasHiddenExtension(const char *path)
 {
-    // Hardly any file has extended attributes at all, and asking for that costs one call.
+    // Hardly any file has extended attributes at all. One call is enough to find that out.
     if (::llistxattr(path, nullptr, 0) <= 0)
         return false;
     return flagOf(path, UserAttribute) || flagOf(path, DriverAttribute);

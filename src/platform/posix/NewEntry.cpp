@@ -15,7 +15,7 @@ namespace
 
 constexpr unsigned SetIdBits = S_ISUID | S_ISGID;
 
-// Asking umask(2) would change it for a moment, in every thread of the process.
+// A call of umask(2) would change the mask for a moment, in every thread of the process.
 unsigned umaskOfProcess()
 {
     std::ifstream status("/proc/self/status");
@@ -33,7 +33,7 @@ bool setOwner(int descriptor, const Attributes &like, const ProcessDefaults &def
         return true;
     if (::fchown(descriptor, like.owner, like.group) == 0)
         return true;
-    // An ordinary user may at least give a file to a group of theirs.
+    // An ordinary user may at least give a file to a group that they belong to.
     const int groupOnly = ::fchown(descriptor, Attributes::Unknown, like.group);
     return groupOnly == 0 && like.owner == defaults.owner;
 }
@@ -59,7 +59,8 @@ void applyAttributes(int descriptor, const Attributes &like, unsigned mode, cons
 {
     if (!setOwner(descriptor, like, defaults))
         mode &= ~SetIdBits;
-    // Creation gave what the process's mask lets through; a change of owner may have taken set-id bits.
+    // The entry was created with the permissions that the process's mask lets through. A change of owner may
+    // have removed set-id bits.
     if ((mode & defaults.umask) != 0 || (mode & 07000U) != 0)
         ::fchmod(descriptor, mode);
     if (like.hiddenExtension)

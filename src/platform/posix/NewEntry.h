@@ -5,7 +5,7 @@
 namespace orvana::platform::posix
 {
 
-/// What the process gives to new entries by itself; none of it changes while it runs.
+/// The values that new entries of this process get by default. They do not change while the process runs.
 struct ProcessDefaults
 {
     static ProcessDefaults ofThisProcess();
@@ -15,14 +15,16 @@ struct ProcessDefaults
     std::uint32_t group;
 };
 
-/// Permissions of a new file with the attributes of `like`.
+/// Returns the permissions of a new file with the attributes of `like`.
 unsigned newFileMode(const Attributes &like, const ProcessDefaults &defaults);
 
-/// Permissions of a new folder: those of `like`, with search wherever there is read.
+/// Returns the permissions of a new folder: those of `like`, with search permission added wherever there is
+/// read permission.
 unsigned newFolderMode(const Attributes &like, const ProcessDefaults &defaults);
 
-/// Gives the new open entry owner, group, the permissions `mode` and the hidden-extension flag, as far as
-/// the system allows; a refusal is ignored. Without the owner the set-id bits are not given either.
+/// Gives the new open entry the owner, the group, the permissions `mode` and the hidden-extension flag, as
+/// far as the system allows. A refusal is ignored. If the owner and group cannot be set, the set-id bits are
+/// not set either.
 void applyAttributes(int descriptor, const Attributes &like, unsigned mode, const ProcessDefaults &defaults);
 
 } // namespace orvana::platform::posix

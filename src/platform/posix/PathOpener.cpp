@@ -22,7 +22,7 @@ int openBeneath(int at, const char *path, int flags, unsigned mode)
     how.flags = static_cast<unsigned>(flags);
     how.mode = (flags & O_CREAT) != 0 ? mode : 0;
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_XDEV | RESOLVE_NO_MAGICLINKS;
-    // EAGAIN tells that something was renamed meanwhile and the kernel could not be sure of the way.
+    // EAGAIN means that something was renamed meanwhile, and the kernel could not be sure of the path.
     for (int tries = 0; tries < 128; ++tries) {
         const auto number = static_cast<int>(::syscall(SYS_openat2, at, path, &how, sizeof how));
         if (number >= 0 || (errno != EAGAIN && errno != EINTR))
@@ -50,7 +50,7 @@ Expected<Descriptor> openShort(int at, std::string_view path, int flags, unsigne
     return Descriptor(number);
 }
 
-// Where a path that is too long is cut: after the last component that still fits.
+// Returns where to cut a path that is too long: after the last component that still fits.
 std::size_t endOfPiece(std::string_view path)
 {
     const auto slash = path.rfind('/', LongestPath - 1);

@@ -12,14 +12,14 @@ namespace orvana::platform::posix
 
 /// Opens `path`, of any length, relative to the open folder `at`, with the flags of open(2).
 ///
-/// With Reach::Beneath nothing outside of `at` is ever reached (see `Folder`). A path longer than the
-/// system takes at once is walked piece by piece.
+/// With Reach::Beneath nothing outside of `at` is ever reached (see `Folder`). A path that is longer than the
+/// system accepts is opened in several steps.
 Expected<Descriptor> openPath(int at, std::string_view path, int flags, unsigned mode, Reach reach);
 
-/// An open folder and the one name beneath it that a path ends with.
+/// The last name of a path, and the open folder that holds it.
 struct Entry
 {
-    Descriptor holder; ///< none when the name stands directly beneath the starting folder
+    Descriptor holder; ///< not open when the starting folder itself holds the name
     int at = -1;       ///< the folder to use with `name`
     std::string name;
 };

@@ -5,7 +5,8 @@
 namespace orvana::platform::posix
 {
 
-/// The user of this process, from the user database; $HOME, where set, names the home folder.
+/// The user of this process, from the user database. If $HOME holds an absolute path, it names the home
+/// folder.
 class PosixAccount final : public Account
 {
 public:

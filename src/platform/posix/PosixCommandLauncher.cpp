@@ -19,8 +19,9 @@ namespace orvana::platform::posix
 namespace
 {
 
-/// What the child is started with: pipes as its input and output, no signal of ours held back, and a process
-/// group of its own: what the user types at the terminal must not end a disk tool in the middle of its work.
+/// The settings with which the child is started: pipes as its input and output, no blocked signals, and its
+/// own process group. A signal that the user sends from the terminal must not end a disk tool in the middle
+/// of its work.
 class SpawnSettings
 {
 public:
@@ -104,7 +105,8 @@ CommandLauncher::Result PosixCommandLauncher::run(const std::string &path,
         systemLog(displayPath(path) + " cannot be started: " + std::generic_category().message(error));
         return {};
     }
-    // The other ends are the child's alone, so that its output ends with it.
+    // After this only the child holds the other end of its output, so its output ends when the child ends.
+    // Its input ends at once.
     outputEnd = Descriptor();
     ourInput = Descriptor();
     auto text = readToTheEnd(output[0]);

@@ -5,10 +5,10 @@
 namespace orvana::platform::posix
 {
 
-/// Where what a program writes to its standard error goes.
+/// Where a program's standard error goes.
 enum class Complaints { ToOurError, IntoTheOutput };
 
-/// Runs real programs, never by way of a shell.
+/// Runs real programs, never through a shell.
 class PosixCommandLauncher final : public CommandLauncher
 {
 public:
@@ -17,8 +17,9 @@ public:
     }
 
     Result run(const std::string &path, const std::vector<std::string> &arguments) override;
-    void setSparedDisks(std::vector<DiskFingerprint>) override {
-    } // it runs what it is given, and knows no disks
+
+    /// Does nothing: this launcher runs what it is given, and knows no disks.
+    void setSparedDisks(std::vector<DiskFingerprint>) override {}
 
 private:
     Complaints m_complaints;

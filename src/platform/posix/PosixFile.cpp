@@ -24,7 +24,8 @@ bool rangesAreUnknown(int code)
     return code == ENOSYS || code == EINVAL || code == ESPIPE || code == EOPNOTSUPP;
 }
 
-// ext4 can keep a small file's data in its inode, which stays in memory whatever becomes of the file's pages.
+// ext4 can keep a small file's data in its inode. The inode stays in memory even when the file's pages are
+// dropped.
 bool liesInItsInode(int number)
 {
     unsigned flags = 0;
@@ -104,7 +105,7 @@ bool PosixFile::isOutOfMemory() const
         return true;
     if (liesInItsInode(m_descriptor.number()))
         return false;
-    // Looked at piece by piece: the table of a large file would be large itself.
+    // The file is checked in parts, because the table for a large file would be large itself.
     constexpr std::size_t Piece = 67'108'864;
     const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     std::vector<unsigned char> isThere(Piece / page);
@@ -133,7 +134,7 @@ void PosixFile::dropCached(std::uint64_t offset, std::uint64_t length)
 
 Expected<void> PosixFile::close()
 {
-    // The number is free again even when the file system answers with an error.
+    // The descriptor is free again even when the file system reports an error.
     if (m_descriptor.isOpen() && ::close(m_descriptor.release()) != 0 && errno != EINTR)
         return failure(errno);
     return {};

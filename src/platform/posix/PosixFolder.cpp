@@ -40,8 +40,8 @@ Expected<Attributes> basicsAt(int at, const std::string &name, Links links)
     return attributesOf(status);
 }
 
-// File systems on which a byte that was flipped on the medium was found by reading back. Elsewhere memory, or
-// another machine, may answer in the disk's place.
+// On these file systems, reading a file back has found a byte that was flipped on the medium. On others,
+// memory or another machine may answer instead of the disk.
 constexpr long ReadBackFromDisk[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC};
 
 constexpr long StableInodes[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,
@@ -145,7 +145,7 @@ Expected<NameList> PosixFolder::list(std::string_view path) const
 Expected<std::unique_ptr<Folder>> PosixFolder::openFolder(std::string_view path) const
 {
     auto opened = openPath(m_number, path, O_RDONLY | O_DIRECTORY, 0, m_reach);
-    // A folder that may be written but not listed is good enough to work beneath.
+    // A folder that may be written but not listed is good enough for work on its entries.
     if (!opened && opened.error().code == EACCES)
         opened = openPath(m_number, path, O_PATH | O_DIRECTORY, 0, m_reach);
     if (!opened)
@@ -161,7 +161,7 @@ Expected<std::unique_ptr<Folder>> PosixFolder::openFolder(std::string_view path)
 Expected<std::unique_ptr<File>> PosixFolder::openFile(std::string_view path, Access access) const
 {
     const int mode = access == Access::Read ? O_RDONLY : O_WRONLY;
-    // Without waiting: a pipe without a partner would hold up the run for ever.
+    // O_NONBLOCK is needed because opening a pipe without a partner would block the run forever.
     auto opened = openPath(m_number, path, mode | O_NONBLOCK | O_NOCTTY, 0, m_reach);
     if (!opened)
         return tl::unexpected(opened.error());
@@ -208,7 +208,8 @@ Expected<void> PosixFolder::finishFolder(std::string_view path, const Attributes
     if (!opened)
         return tl::unexpected(opened.error());
     struct stat status{};
-    // Only what the making added is taken away: the file system may have refused the rest.
+    // This only removes permissions that `makeFolder` added. The file system may have refused others, so none
+    // is set again.
     if (::fstat(opened->number(), &status) != 0 || ::fchmod(opened->number(), status.st_mode & mode) != 0)
         return failure(errno);
     return {};

@@ -7,7 +7,7 @@
 namespace orvana::platform::posix
 {
 
-/// A real folder. `number` may be the system's mark for the working folder.
+/// A real folder. `number` may be the system's number for the working folder (AT_FDCWD).
 class PosixFolder final : public Folder
 {
 public:
@@ -38,8 +38,9 @@ private:
     int m_number;
     Reach m_reach;
     ProcessDefaults m_defaults;
-    // Where it was opened, if that is known and short: the system reads extended attributes by path alone,
-    // and by this one four times faster than through the descriptor. Used for nothing else.
+    // The path where the folder was opened, if the path is known and short. The system reads extended
+    // attributes only by path, and by this path four times faster than through the descriptor. The path is
+    // used for nothing else.
     std::string m_absolutePath;
 };
 

@@ -12,7 +12,7 @@ namespace orvana::platform::posix
 namespace
 {
 
-/// An open folder with a lock of the system's on it, or none.
+/// An open folder with a lock of the system on it. Holds no lock when the folder cannot be locked.
 class PosixFolderLock final : public FolderLock
 {
 public:

@@ -42,7 +42,7 @@ std::string cacheFolder()
 {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
     const char *folder = std::getenv("XDG_CACHE_HOME");
-    // The rules for such folders have a relative one ignored.
+    // The rules for $XDG_CACHE_HOME say that a relative path is ignored.
     const bool isNamed = folder && folder[0] == '/';
     return (isNamed ? std::string(folder) : posix::PosixAccount().homeFolder() + "/.cache") +
            "/orvana-plurimo";

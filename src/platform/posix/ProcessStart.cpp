@@ -12,7 +12,7 @@ void openStandardFiles()
 {
     for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(number, F_GETFD) < 0)
-            (void)::open("/dev/null", O_RDWR); // the lowest free number is this one
+            (void)::open("/dev/null", O_RDWR); // open returns the lowest free number, which is this one
     }
 }
 

@@ -3,12 +3,14 @@
 namespace orvana::platform::posix
 {
 
-/// Opens standard input, output and error where the caller of the program closed them: the next file that is
-/// opened would get their number, and take up what is printed. Called first of all.
+/// Opens standard input, output and error where the caller of the program closed them. Otherwise the next
+/// file that is opened would get their number, and printed text would end up in it. Call this before anything
+/// else.
 void openStandardFiles();
 
-/// Makes an empty folder, which exists no more, the working folder. One rule looks up bare names there; it
-/// must never meet a file of the user's by chance. Called once all paths are absolute.
+/// Makes an empty folder, removes it, and stays in it as the working folder. One rule looks up bare names in
+/// the working folder, and must never find a file of the user by chance. Call this after all paths have been
+/// made absolute.
 void enterEmptyFolder();
 
 } // namespace orvana::platform::posix

@@ -7,7 +7,7 @@
 namespace orvana::platform::posix
 {
 
-/// The program's attributes from the system's, without the hidden-extension flag.
+/// Converts the system's attributes to the program's, without the hidden-extension flag.
 Attributes attributesOf(const struct stat &status);
 
 } // namespace orvana::platform::posix

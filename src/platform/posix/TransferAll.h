@@ -9,9 +9,9 @@
 namespace orvana::platform::posix
 {
 
-/// The one loop that knows short counts and interruptions. `transfer` is given how many bytes are done, moves
-/// more from there on, and returns their count, 0 at the end, or -1 with errno. Returns the bytes moved:
-/// fewer than `size` only at the end.
+/// The only loop that handles short counts and interruptions. `transfer` receives the number of bytes that
+/// are done, moves more bytes from there, and returns their count, 0 at the end, or -1 with errno. Returns
+/// the number of bytes moved, which is less than `size` only at the end.
 template <class Transfer>
 Expected<std::size_t> transferAll(std::size_t size, Transfer transfer)
 {

@@ -9,7 +9,7 @@ namespace orvana::platform::posix
 namespace
 {
 
-// Enough for any entry of a sane user database; a longer one counts as missing.
+// This is enough for any entry of a sane user database. A longer entry counts as missing.
 using Buffer = std::array<char, 16384>;
 
 std::optional<User> userOf(const passwd *entry)

@@ -24,7 +24,7 @@ CommandLauncher::Result runTool(const std::string &path, const std::vector<std::
     return posix::PosixCommandLauncher().run(path, arguments);
 }
 
-// Tells the file from any other; empty for what is no regular file.
+// Returns a text that identifies the file, or an empty text when the path is no regular file.
 std::string identityOf(const std::string &path)
 {
     struct stat status{};
@@ -45,7 +45,8 @@ ImageDisk::ImageDisk(std::string image, std::uint64_t size, std::string mark)
 {
 }
 
-// False when there is an image by now that the simulator did not make.
+// Returns false when the image cannot be made, or when another file exists there that the simulator did not
+// make.
 bool ImageDisk::makeIfMissing() const
 {
     const posix::Descriptor file(
@@ -58,7 +59,7 @@ bool ImageDisk::makeIfMissing() const
     return isOwn();
 }
 
-// Whatever else a path names, a block device above all, is never touched.
+// True for an image that the simulator made. Any other file, above all a block device, is never touched.
 bool ImageDisk::isOwn() const
 {
     std::string marked;
@@ -91,7 +92,7 @@ bool ImageDisk::mount(const std::string &folder, const std::string &label) const
         device = firstWord(runTool("/sbin/losetup", {"-f", "--show", m_image}).output);
     if (device.empty())
         return refuse("cannot be attached to a loop device");
-    // A label over the format's 16 bytes is refused by the tool, never shortened.
+    // The tool refuses a label of more than 16 bytes, the limit of the format. It never shortens a label.
     if (isBlank && runTool("/sbin/mkfs.ext4", {"-q", "-L", label, device}).status != 0)
         return refuse("cannot be formatted");
     fs::create_directories(folder);

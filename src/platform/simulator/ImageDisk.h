@@ -6,25 +6,27 @@
 namespace orvana::platform::simulator
 {
 
-/// A simulated disk whose bytes are an image file, on a loop device that it attaches and detaches itself.
-/// Needs root.
+/// A simulated disk whose bytes are an image file. It attaches the image to a loop device and detaches it
+/// again. Needs root.
 ///
-/// It uses only image files that it made itself, and knows them by a mark in the simulator's own folder. It
-/// formats an image only while that holds no byte at all. It touches no loop device but the image's own.
+/// It uses only image files that it made itself, and recognises them by a mark in the simulator's own folder.
+/// It formats an image only while the image holds no byte at all. It touches no loop device except the
+/// image's own.
 class ImageDisk
 {
 public:
-    /// `image` is made with `size` bytes when it is missing. `mark` is the file that says so.
+    /// The file `image` is made with `size` bytes at the first mount, if it is missing. The file `mark`
+    /// records that the simulator made the image.
     ImageDisk(std::string image, std::uint64_t size, std::string mark);
 
-    /// Attaches the image, gives it an ext4 file system with this label while it is empty, and mounts it at
-    /// `folder`. False, with a line in the system log, when that cannot be done.
+    /// Attaches the image, formats it with ext4 and this label while it is empty, and mounts it at `folder`.
+    /// Returns false, and writes a line to the system log, when this is not possible.
     bool mount(const std::string &folder, const std::string &label) const;
 
     /// Unmounts `folder` and detaches the image.
     void unmount(const std::string &folder) const;
 
-    /// Forgets all that the image holds. An image that the simulator did not make is left as it is.
+    /// Erases the whole content of the image. An image that the simulator did not make is left as it is.
     void wipe() const;
 
     /// True when a loop device has the image attached.

@@ -15,7 +15,7 @@ namespace orvana::platform::simulator
 /// Content that a volume is given when it is first made.
 struct Content
 {
-    std::string path;        ///< relative to the volume; a name for a folder of files when `files` > 1
+    std::string path;        ///< relative to the volume; the name of a folder of files when `files` > 1
     std::uint64_t bytes = 0; ///< of all files together
     int files = 1;
 };
@@ -27,7 +27,7 @@ struct Volume
     bool isMounted = true;
     std::int64_t capacity = 0; ///< bytes
     std::vector<Content> content;
-    std::map<std::string, std::int64_t> faults; ///< switches of `VolumeFaults`, by their name
+    std::map<std::string, std::int64_t> faults; ///< switches of `VolumeFaults`, by name
     std::string where;                          ///< JSON pointer of the entry in the file
 };
 
@@ -37,7 +37,7 @@ struct Disk
 {
     DiskKind kind = DiskKind::Bay;
     std::string bay;                    ///< "A" to "D" in an enclosure
-    std::optional<std::int64_t> bridge; ///< another PCI bridge than the bay's own
+    std::optional<std::int64_t> bridge; ///< PCI bridge to use instead of the bay's own
     std::optional<std::string> model;   ///< SATA disks
     std::optional<std::string> serial;
     std::optional<std::string> wwn;     ///< World Wide Name
@@ -45,7 +45,7 @@ struct Disk
     std::optional<std::string> product; ///< USB and FireWire disks
     std::string location = "External";  ///< USB and FireWire disks
     std::int64_t size = 0;              ///< bytes
-    std::optional<std::string> image;   ///< bays: the file that holds the disk's bytes
+    std::optional<std::string> image;   ///< for bays: the file that holds the disk's bytes
     bool isFormatted = true;
     bool isRaid = false;
     bool isAttached = true;
@@ -62,7 +62,7 @@ struct Enclosure
     std::int64_t uid = 0;
     std::int64_t depth = 1;
     std::int64_t route = 1;
-    std::string controller = "612"; ///< or "625", with two ports
+    std::string controller = "612"; ///< "612" has one port, "625" has two ports
     bool isAttached = true;
     std::vector<Disk> bays;
     std::string where;

@@ -21,14 +21,15 @@ void visitAllDisks(const Machine &machine, Visit visit)
     }
 }
 
-/// The JSON pointer of what a lever's target names: an enclosure's number ("1"), a bay ("1/B"), or another
-/// disk ("internal/1", "usb/1", "fireWire/1"). Nullopt when the machine has none.
+/// Returns the JSON pointer of the entry that a lever's target names: an enclosure's number ("1"), a bay
+/// ("1/B"), or another disk ("internal/1", "usb/1", "fireWire/1"). Returns nullopt when the machine has no
+/// such entry.
 std::optional<std::string> placeOfTarget(const Machine &machine, const std::string &target);
 
-/// The entry at that JSON pointer; it must be there.
+/// Returns the entry at the JSON pointer `where`. The entry must exist.
 Json &entryAt(Json &json, const std::string &where);
 
-/// The JSON pointer of the first volume of that name; nullopt when there is none.
+/// Returns the JSON pointer of the first volume of that name, or nullopt when there is no such volume.
 std::optional<std::string> placeOfVolume(const Machine &machine, const std::string &name);
 
 } // namespace orvana::platform::simulator

@@ -21,7 +21,8 @@ struct WrongEntry
     throw WrongEntry{(where.empty() ? "/" : where) + ": " + reason};
 }
 
-/// The members of one JSON object; every key must be asked for, so that a misspelt one is found.
+/// The members of one JSON object. Every known key must be asked for before `end`, which rejects all other
+/// keys, such as a misspelt key.
 class Fields
 {
 public:
@@ -288,8 +289,8 @@ Machine readAll(const Json &json)
 
 bool isVolumeName(const std::string &name)
 {
-    constexpr std::size_t LongestName =
-        240; // a number may be put behind it, and a folder's name has 255 bytes
+    // A number may be added to the name, and the name of a folder has at most 255 bytes.
+    constexpr std::size_t LongestName = 240;
     return !name.empty() && name != "." && name != ".." && name.size() <= LongestName &&
            name.find('/') == std::string::npos && name.find('\0') == std::string::npos;
 }
@@ -303,7 +304,8 @@ tl::expected<MachineFile, std::string> readMachine(std::string_view text)
         auto machine = readAll(*json);
         return MachineFile{std::move(json), std::move(machine)};
     } catch (const WrongEntry &entry) {
-        return tl::unexpected(displayPath(entry.reason)); // it names keys of the file as they stand there
+        // The reason holds keys of the file as unchanged bytes.
+        return tl::unexpected(displayPath(entry.reason));
     }
 }
 

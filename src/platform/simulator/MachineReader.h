@@ -11,7 +11,7 @@
 namespace orvana::platform::simulator
 {
 
-/// A file that was read: its text as JSON, and the machine that it describes.
+/// The content of a file: its text as JSON, and the machine that it describes.
 struct MachineFile
 {
     std::shared_ptr<Json> json;
@@ -21,8 +21,8 @@ struct MachineFile
 /// True for a text that can be the name of a volume's folder.
 bool isVolumeName(const std::string &name);
 
-/// Reads the description. The error names the entry by its path and says what is wrong with it; nothing of a
-/// wrong file is used.
+/// Reads the description. The error names the entry by its path and says what is wrong with the entry. A
+/// wrong file is rejected as a whole.
 tl::expected<MachineFile, std::string> readMachine(std::string_view text);
 
 } // namespace orvana::platform::simulator

@@ -33,7 +33,7 @@ void setText(RegistryProperties &properties, const char *key, const std::optiona
         properties[key] = *text;
 }
 
-// The disk's media: the whole of it, its partition scheme, and a partition for each volume.
+// Adds the disk's media: the whole disk, its partition scheme, and a partition for each volume.
 void addMedia(RegistryNode &driver, const Disk &disk, int number)
 {
     const bool hasPartitions = !disk.volumes.empty() && !disk.isRaid;
@@ -62,7 +62,7 @@ void addMedia(RegistryNode &driver, const Disk &disk, int number)
     }
 }
 
-// The marks that tell the disk from others. Its number is never given to another disk.
+// Sets the marks that distinguish the disk from others. The disk's number is never given to another disk.
 void setMarks(RegistryProperties &properties, const Disk &disk, int number)
 {
     properties["Arrival Number"] = std::int64_t{number};
@@ -111,7 +111,8 @@ struct BayPlace
     int port;
 };
 
-// Where a bay's disk is wired: with the two-port controller two bays share one, behind bridges 0 and 3.
+// Returns where a bay's disk is connected. With two-port controllers two bays share a controller, and the
+// controllers are behind bridges 0 and 3.
 BayPlace placeOf(const Enclosure &enclosure, const Disk &disk)
 {
     const int bay = disk.bay.front() - 'A';
@@ -132,7 +133,7 @@ RegistryNode &addController(RegistryNode &chain, const std::string &controller, 
 
 void addBays(RegistryNode &chain, const Enclosure &enclosure, const DiskNumbers &numbers)
 {
-    // Controllers are there whether or not a disk sits behind them.
+    // A controller exists even when no disk is behind it.
     std::map<std::int64_t, RegistryNode *> controllers;
     const auto controllerAt = [&](std::int64_t bridge) -> RegistryNode & {
         auto &found = controllers[bridge];

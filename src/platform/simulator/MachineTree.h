@@ -10,11 +10,11 @@
 namespace orvana::platform::simulator
 {
 
-/// Gives the number of a disk's device node ("disk3"), by the entry's place in the file.
+/// Returns the number of a disk's device node ("disk3") for the entry's place in the file.
 using DiskNumbers = std::function<int(const std::string &where)>;
 
-/// The hardware registry of the machine: what is attached, with the classes, names, paths and properties of a
-/// real one.
+/// Builds the hardware registry of the attached devices. Classes, names, paths and properties are like those
+/// of a real registry.
 std::shared_ptr<RegistryNode> makeTree(const Machine &machine, const DiskNumbers &numbers);
 
 /// A mounted volume and its device node.
@@ -25,7 +25,7 @@ struct MountedVolume
     std::string device; ///< "/dev/disk3s1"
 };
 
-/// The mounted volumes of all attached disks. They point into `machine`.
+/// Returns the mounted volumes of all attached disks. They point into `machine`.
 std::vector<MountedVolume> mountedVolumes(const Machine &machine, const DiskNumbers &numbers);
 
 } // namespace orvana::platform::simulator

@@ -1,4 +1,4 @@
-// The part of the simulated machine that stands for the disk utility.
+// This file is the part of the simulated machine that acts as the disk utility.
 
 #include "foundation/ExitStatus.h"
 #include "platform/posix/PosixVolumeFiles.h"
@@ -44,7 +44,7 @@ bool SimulatedMachine::isInUse(const Disk &disk) const
     });
 }
 
-// The answer to a command that must not change the disk; nullopt if commands may change it.
+// Returns the answer to a command that must not change the disk, or nullopt if commands may change it.
 std::optional<CommandLauncher::Result> SimulatedMachine::refusal(const Disk *disk,
                                                                  const std::string &device) const
 {
@@ -104,7 +104,7 @@ CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
     const auto where = disk->where;
     const auto changed = change([&, isInBay = !disk->bay.empty()](Json &json) {
         auto &entry = entryAt(json, where);
-        // A disk in a bay is parked and stays where it is; any other is powered off.
+        // A disk in a bay is parked and stays where it is. Any other disk is powered off.
         if (!isInBay) {
             entry["attached"] = false;
         } else if (entry.contains("volumes")) {

@@ -38,7 +38,7 @@ std::optional<std::string> textOfFile(const std::string &path)
     return text.str();
 }
 
-/// Keeps other processes from changing the file meanwhile.
+/// Keeps other processes from changing the file while this object lives.
 class FileLock
 {
 public:
@@ -55,7 +55,7 @@ private:
     int m_number;
 };
 
-// Writes beside the file first: a disk that fills up must not cost the file.
+// Writes to another file first, so that a full disk does not destroy the file.
 bool replaceFile(const std::string &path, const std::string &text)
 {
     const auto unfinished = path + "." + std::to_string(::getpid()) + ".part";
@@ -104,7 +104,7 @@ int SimulatedMachine::numberOf(const std::string &where)
     return found->second;
 }
 
-// A disk that comes back gets a new number: what was bound to the old one must not reach it.
+// A disk that comes back gets a new number, so that nothing bound to the old number reaches the disk.
 void SimulatedMachine::forgetNumbersOfDetached()
 {
     std::set<std::string> attached;
@@ -129,7 +129,7 @@ bool SimulatedMachine::refresh()
     const auto text = textOfFile(m_file);
     if (!text || *text == m_text || *text == m_rejected)
         return false;
-    // The program that wrote it may still be moving the volumes.
+    // The program that wrote the file may still be moving the volumes.
     const FileLock lock(m_file);
     return refreshLocked();
 }
@@ -190,7 +190,7 @@ std::vector<std::string> SimulatedMachine::mountPoints() const
     return points;
 }
 
-// A path counts for the volume that it lies in, and a folder above volumes for all of them.
+// A path counts for the volume that it lies in. A folder above several volumes counts for all of them.
 std::vector<std::string> SimulatedMachine::disksBeneath(const std::vector<std::string> &paths) const
 {
     std::set<std::string> places;
@@ -257,7 +257,7 @@ SimulatedMachine::Outcome SimulatedMachine::setAttached(const std::string &targe
         return tl::unexpected(displayPath(target) + ": no such device");
     return change([&](Json &json) {
         auto &entry = entryAt(json, *where);
-        // The volumes of a disk that is put in are mounted, as on a desktop.
+        // When a disk is put in, its volumes are mounted, as on a desktop.
         const bool isPutIn = isAttached && !entry.value("attached", true);
         if (isPutIn && entry.contains("volumes")) {
             for (auto &volume : entry["volumes"])

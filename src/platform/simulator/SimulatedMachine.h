@@ -17,15 +17,15 @@ namespace orvana::platform::simulator
 
 /// The simulated machine: a file that describes it, and folders that are its volumes.
 ///
-/// The file is the state. Whoever changes the machine rewrites it whole; an edit from outside changes the
-/// machine at the next `refresh`. Used on one thread; several processes may share a file.
+/// The file is the state. A program that changes the machine rewrites the whole file. An edit from outside
+/// changes the machine at the next `refresh`. Used on one thread. Several processes may share a file.
 class SimulatedMachine
 {
 public:
     using Outcome = tl::expected<void, std::string>;
 
-    /// Opens the machine of `file`; its volumes lie in "<file>.volumes". The error names file, entry and
-    /// reason.
+    /// Opens the machine of `file`. Its volumes lie in "<file>.volumes". The error names the file, the entry
+    /// and the reason.
     static tl::expected<std::unique_ptr<SimulatedMachine>, std::string> open(const std::string &file);
 
     const Machine &machine() const { return m_machine; }
@@ -34,26 +34,26 @@ public:
     const std::string &text() const { return m_text; }
     const std::shared_ptr<RegistryNode> &tree() const { return m_tree; }
 
-    /// Takes up an edit of the file; true when the machine changed by it. A wrong edit goes to the system
-    /// log, once, and the last good state stays.
+    /// Reads the file again if it was edited. Returns true when the machine changed. A wrong edit is reported
+    /// in the system log, once, and the last good state stays.
     bool refresh();
 
-    /// The listing of mounted volumes, as "/bin/df" prints it.
+    /// Returns the listing of mounted volumes, as "/bin/df" prints it.
     std::string diskFree() const;
 
-    /// Where volumes are mounted.
+    /// Returns the mount points of all mounted volumes.
     std::vector<std::string> mountPoints() const;
 
-    /// The nodes of the disks whose volumes hold the paths; see `Places::disksBeneath`.
+    /// Returns the nodes of the disks whose volumes hold the paths; see `Places::disksBeneath`.
     std::vector<std::string> disksBeneath(const std::vector<std::string> &paths) const;
 
-    /// What "/usr/sbin/diskutil" is asked to do.
+    /// The disk utility: what "/usr/sbin/diskutil" does on a real machine.
     void setSparedDisks(std::vector<DiskFingerprint> disks) { m_sparedDisks = std::move(disks); }
     CommandLauncher::Result eraseDisk(const std::string &name, const std::string &device);
     CommandLauncher::Result eject(const std::string &device);
 
     // The levers. A target is an enclosure's number ("1"), a bay ("1/B"), or another disk ("internal/1",
-    // "usb/1", "fireWire/1"); a volume is named by its label.
+    // "usb/1", "fireWire/1"). A volume is named by its label.
     Outcome setAttached(const std::string &target, bool isAttached);
     Outcome setMounted(const std::string &volume, bool isMounted);
     Outcome renameVolume(const std::string &volume, const std::string &newName);

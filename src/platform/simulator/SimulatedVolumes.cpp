@@ -26,7 +26,7 @@ std::string keyOf(const Volume &volume)
     return key;
 }
 
-// Bytes that look like data and are the same every time.
+// Writes a file of bytes that look like data and are the same every time.
 void writeFile(const fs::path &path, std::uint64_t bytes, std::uint32_t seed)
 {
     fs::create_directories(path.parent_path());
@@ -49,7 +49,7 @@ void fill(const std::string &folder, const Content &content)
         writeFile(path, content.bytes, 1);
         return;
     }
-    // Forty files a folder, with sizes that differ and add up.
+    // Each folder gets forty files. Their sizes differ, and add up to the content's bytes.
     const auto count = static_cast<std::uint64_t>(content.files);
     const auto share = 2 * content.bytes / (count * (count + 1));
     std::uint64_t left = content.bytes;
@@ -76,7 +76,7 @@ std::uint64_t bytesBelow(const std::string &folder)
     return bytes;
 }
 
-// The label itself, or the label with a number behind it.
+// True for the label itself, and for the label with a number after it.
 bool isNameFor(const std::string &folder, const std::string &label)
 {
     if (!folder.starts_with(label))
@@ -112,8 +112,8 @@ SimulatedVolumes::SimulatedVolumes(std::string root) : m_root(std::move(root))
     readMounted();
 }
 
-// Each file in "Mounted" is named after a volume's key and holds the name under "Volumes". What is no name of
-// a folder there is not believed.
+// Each file in "Mounted" is named after a volume's key and holds the name under "Volumes". A file that names
+// no folder there is ignored.
 void SimulatedVolumes::readMounted()
 {
     m_mounted.clear();
@@ -128,7 +128,7 @@ void SimulatedVolumes::readMounted()
         std::ifstream file(path);
         std::string name;
         std::getline(file, name);
-        // To take the volume for unmounted would lose its folder.
+        // If the volume counted as unmounted, its folder would be lost.
         if (!file.is_open() || file.bad())
             throw std::runtime_error(path + " cannot be read");
         if (isVolumeName(name) && fs::is_directory(fs::symlink_status(m_root + "/Volumes/" + name)))
@@ -163,7 +163,7 @@ void SimulatedVolumes::prepare(const Machine &machine, const Volume &volume)
         fill(folder, content);
 }
 
-// An image's path is taken from the folder that the machine's file stands in.
+// An image's path is relative to the folder of the machine's file.
 std::optional<ImageDisk> SimulatedVolumes::imageOf(const Disk &disk) const
 {
     if (!disk.image)
@@ -208,9 +208,9 @@ void SimulatedVolumes::unmount(const Disk &disk, const Volume &volume)
 
 void SimulatedVolumes::agreeWith(const Machine &machine)
 {
-    // Another program may have mounted and renamed meanwhile.
+    // Another program may have mounted or renamed volumes meanwhile.
     readMounted();
-    // First what goes, so that its names are free for what comes.
+    // Volumes are unmounted first, so that their names are free for the volumes to mount.
     visitVolumes(machine, [&](const Disk &disk, const Volume &volume, bool isThere) {
         const auto found = m_mounted.find(keyOf(volume));
         if (found == m_mounted.end())

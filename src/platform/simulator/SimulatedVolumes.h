@@ -10,27 +10,28 @@
 namespace orvana::platform::simulator
 {
 
-/// The simulated volumes as real folders below one root: "Volumes/<name>" for what is mounted, "Store/<key>"
-/// for the rest, "Users/<login>" for the user's home on the start-up volume.
+/// The simulated volumes as real folders below one root: "Volumes/<name>" for mounted volumes, "Store/<key>"
+/// for all others, "Users/<login>" for the user's home on the start-up volume.
 class SimulatedVolumes
 {
 public:
     /// `root` is made when it is missing.
     explicit SimulatedVolumes(std::string root);
 
-    /// Makes the folders agree with the machine, which no other program may change meanwhile: mounts,
-    /// unmounts, renames, and fills volumes that are new. A name that is taken gets " 1" behind it, or the
-    /// next number.
+    /// Makes the folders agree with the machine: mounts, unmounts and renames volumes, and fills new volumes.
+    /// No other program may change the machine meanwhile. If a name is taken, " 1" or the next free number is
+    /// added to it.
     void agreeWith(const Machine &machine);
 
-    /// Removes a volume of the disk with all it holds.
+    /// Removes a volume of the disk with all its content.
     void remove(const Disk &disk, const Volume &volume);
 
-    /// Where the volume is mounted: "/" for the start-up volume; nothing when it is not.
+    /// Returns where the volume is mounted: "/" for the start-up volume, and nullopt when the volume is not
+    /// mounted.
     std::optional<std::string> mountPoint(const Volume &volume) const;
 
-    /// Size of the volume and what is free of it, in bytes. A volume on an image has what its file system
-    /// says.
+    /// Size and free space of the volume, in bytes. For a mounted volume on an image they come from its file
+    /// system.
     struct Space
     {
         std::int64_t capacity;

@@ -26,7 +26,8 @@ public:
     std::string homeFolder() const override { return m_home; }
 
 private:
-    // As they were at the start: other threads ask, while the machine's file may be read anew.
+    // These are the values from the start. Other threads ask for them while the machine's file may be read
+    // again.
     const std::string m_login;
     const std::string m_home;
 };
@@ -89,7 +90,8 @@ public:
         return event == RegistryEvent::Published ? match(RegistryMatching{className, {}}) : Answer{};
     }
 
-    // Tells each watch what the present tree has and the last one had not, or the reverse.
+    // Reports to each watch the entries that are only in the new tree (published) or only in the last tree
+    // (terminated).
     void tellChanges()
     {
         const auto before = std::exchange(m_tree, m_machine.tree());
@@ -136,7 +138,7 @@ private:
         return entries;
     }
 
-    // A disk that comes or goes while its controller stays is told by its controller, as on Linux.
+    // When a disk comes or goes while its controller stays, the controller is reported, as on Linux.
     static void addControllersOfDisks(const RegistryNode &tree, const RegistryNode &other,
                                       std::vector<RegistryEntryPtr> &changed)
     {

@@ -23,12 +23,12 @@ class MainQueue;
 namespace orvana::platform::simulator
 {
 
-/// A host whose machine is simulated. Used on the main thread, but for its files.
+/// A host whose machine is simulated. Main thread only, except for its files.
 class SimulatorHost final : public Host
 {
 public:
-    /// With a queue, changes are looked for ten times a second and told on it. The desktop is no part of the
-    /// machine: it is whose the caller says.
+    /// With a queue, the host looks for changes ten times a second and reports them on the queue. The desktop
+    /// is not part of the machine: the caller chooses the workspace.
     SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueue *queue,
                   std::unique_ptr<Workspace> workspace = std::make_unique<NullWorkspace>());
     ~SimulatorHost() override;
@@ -37,7 +37,7 @@ public:
 
     SimulatedMachine &machine() { return *m_machine; }
 
-    /// Takes up what was changed from outside, and tells what is different since it was last called.
+    /// Reads changes that were made from outside, and reports what has changed since the last call.
     void lookForChanges();
 
     Account &account() override;
@@ -63,15 +63,15 @@ private:
     MainQueue *m_queue;
     posix::PosixVolumeFiles m_realFiles;
     FaultyVolumeFiles m_files{m_realFiles};
-    std::map<std::string, std::string>
-        m_points; // where each volume, by its place in the file, was last mounted
+    // The last mount point of each volume, by the volume's place in the file.
+    std::map<std::string, std::string> m_points;
     std::unique_ptr<SimulatedAccount> m_account;
     std::unique_ptr<SimulatedPlaces> m_places;
     std::unique_ptr<SimulatedRegistry> m_registry;
     std::unique_ptr<SimulatedEvents> m_events;
     std::unique_ptr<SimulatedTools> m_launcher;
     std::unique_ptr<Workspace> m_workspace;
-    std::shared_ptr<SimulatorHost *> m_self; // what waits on the queue finds the host by it, or nothing
+    std::shared_ptr<SimulatorHost *> m_self; // waiting work finds the host through it, or null
 };
 
 } // namespace orvana::platform::simulator

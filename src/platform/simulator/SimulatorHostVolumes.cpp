@@ -1,4 +1,4 @@
-// Sets the room and the faults of each volume of the simulated machine.
+// This file sets the free space and the faults of each volume of the simulated machine.
 
 #include "platform/simulator/MachinePlaces.h"
 #include "platform/simulator/SimulatorHost.h"
@@ -31,7 +31,7 @@ void setFaults(VolumeFaults &faults, const std::map<std::string, std::int64_t> &
 
 } // namespace
 
-// Files that are open on a disk that was pulled fail, as they do on hardware.
+// Files that are open on a detached disk fail, as on hardware.
 void SimulatorHost::retireDetachedVolumes()
 {
     visitAllDisks(m_machine->machine(), [this](const Disk &disk, bool isAttached) {
@@ -45,8 +45,8 @@ void SimulatorHost::retireDetachedVolumes()
     });
 }
 
-// A volume takes no more than its capacity has left, whatever the disk beneath it has, and fails as its entry
-// says.
+// Limits each volume to the free part of its capacity, however much space the real disk has, and sets the
+// faults of its entry.
 void SimulatorHost::setUpVolumes()
 {
     retireDetachedVolumes();
