@@ -14,15 +14,15 @@ namespace platform
 class Host;
 }
 
-/// What the windows are given to work with. All of it outlives them.
+/// What the windows work with. All of it must outlive the windows.
 struct AppContext
 {
     platform::Host &host;
-    NotificationCenter &center;       ///< of panels and workers
-    NotificationCenter &volumeCenter; ///< of volumes that come, go and are renamed
+    NotificationCenter &center;       ///< notifications of panels and workers
+    NotificationCenter &volumeCenter; ///< notifications of volumes that come, go and are renamed
     MainQueue &queue;
     const Clock &clock;
-    std::string logFolder; ///< where logs and reports stand
+    std::string logFolder; ///< folder of the logs and reports
 };
 
 } // namespace orvana

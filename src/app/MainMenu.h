@@ -13,14 +13,14 @@ namespace orvana
 class MainWindow;
 class OrvanaAppDelegate;
 
-/// The menu bar. An action that has a control in the window does what the control does, and can be chosen
-/// exactly while the control can.
+/// The menu bar. An action that stands for a control of the window does what the control does, and works
+/// exactly while the control does.
 class MainMenu : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Belongs to the window.
+    /// The window owns the menu.
     MainMenu(MainWindow &window, OrvanaAppDelegate &delegate);
 
 private:

@@ -26,7 +26,7 @@ namespace
 {
 
 constexpr int ContentWidth = 635;
-constexpr std::array Heights{200, 685, 740}; // of the content, by state
+constexpr std::array Heights{200, 685, 740}; // content height for each state
 constexpr std::chrono::milliseconds BetweenProgress{40};
 
 QIcon themeIcon(const QString &name, QStyle::StandardPixmap otherwise)
@@ -48,7 +48,7 @@ MainWindow::MainWindow(const AppContext &context, QWidget *parent)
     connect(HelpBtn, &QPushButton::clicked, this, &MainWindow::Help);
 }
 
-// Events end before what they would reach.
+// Unsubscribe first: no event may reach a member that is already destroyed.
 MainWindow::~MainWindow()
 {
     qApp->removeEventFilter(this);
@@ -117,7 +117,7 @@ void MainWindow::initTBDeviceView()
                 [this](const QString &text) { m_sheets.show({tr("Not used"), text, {tr("OK")}}); });
     }
     m_tbDevice->setGeometry(0, 0, 300, 70);
-    m_tbDevice->show(); // like the others, it comes when the window is on the screen already
+    m_tbDevice->show(); // like the other panels, it is made when the window is already on the screen
 }
 
 void MainWindow::initDiskInfoView()
@@ -194,7 +194,8 @@ void MainWindow::displayDialog(int state, bool)
     placeFromBottom(HelpBtn, 597, 10, 25, 25);
 }
 
-// The views keep their distance from the top; what grows with a run lies between the actions and the banner.
+// The views keep their distance from the top. The space that a run adds lies between the actions and the
+// banner.
 void MainWindow::placeViews()
 {
     content->setFixedSize(ContentWidth, m_contentHeight);

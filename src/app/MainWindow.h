@@ -28,14 +28,14 @@ class DiskInfoViewController;
 class FileListViewController;
 class TBDeviceViewController;
 
-/// The program's window and its main controller: it owns the workers and the panels, and turns every event
-/// into action. The run itself is a `DuplicationRun`, of which this is a view. The functions stand in several
-/// files: start-up and layout in MainWindow.cpp, the choice of enclosure and source in
-/// MainWindowSelection.cpp, events in MainWindowMonitoring.cpp, what a run shows and holds off in
-/// MainWindowProgress.cpp, what comes before a run in MainWindowStart.cpp, its start and its end in
-/// MainWindowRunControl.cpp, the disks of an erase and eject in MainWindowDisks.cpp.
+/// The program's window and its main controller. It owns the workers and the panels, and answers every event.
+/// A `DuplicationRun` does the run itself; this window is its view. The functions are in several files:
+/// start-up and layout in MainWindow.cpp, the choice of enclosure and source in MainWindowSelection.cpp,
+/// events in MainWindowMonitoring.cpp, what a run shows and holds off in MainWindowProgress.cpp, the waits
+/// and questions before a run in MainWindowStart.cpp, the start and the end of a run in
+/// MainWindowRunControl.cpp, the disks of an erase and of an eject in MainWindowDisks.cpp.
 ///
-/// Main thread only, except what `RunDisplay`, `RunView` and `UserEventChange` say.
+/// Main thread only, unless `RunDisplay`, `RunView` or the comment of a function says otherwise.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunView
 {
     Q_OBJECT
@@ -46,27 +46,29 @@ public:
 
     // Start-up and layout
 
-    /// "Orvana", or "Obsidio" for the partner edition. Set before `startMainWindow`.
+    /// Sets the edition: "Orvana", or "Obsidio" for the partner edition. Call it before `startMainWindow`.
     void setUIVersion(const std::string &edition) { m_uiVersion = edition; }
 
-    /// Makes workers and panels, scans, and shows the window in state 0. Called once.
+    /// Makes the workers and the panels, scans the devices, and lays the window out in state 0. Called once.
     void startMainWindow();
 
-    /// Lays the window out: 1 with an enclosure, 2 during a run or an erase, any other value as 0, the picker
-    /// alone. The window keeps its place from left and its width; windows here change size at once, so
-    /// `animate` changes nothing.
+    /// Lays the window out for a state: 1 with an enclosure, 2 during a run or an erase. Any other value
+    /// counts as 0, the picker alone. The window keeps its place from the left. It becomes wider only for the
+    /// scroll bar that a low screen needs. `animate` changes nothing, because windows here change size at
+    /// once.
     void displayDialog(int state, bool animate);
 
-    /// The state shown: 0, 1 or 2.
+    /// The present layout state: 0, 1 or 2.
     int layoutState() const { return m_layoutState; }
 
-    /// Height of the window's content as the state has it, in points.
+    /// Height of the window's content in the present state, in points.
     int contentHeight() const { return m_contentHeight; }
 
-    /// Empties the message line and hides the bars, or shows empty ones.
+    /// Empties the message line. Hides both bars if `hidden` is true, otherwise shows them empty.
     void hiddenPrpgressBar(bool hidden);
 
-    /// The Tab key moves among the names of an erase. True when the key was used.
+    /// Moves the focus to the next name field if the key is Tab and an erase is chosen. Returns true if it
+    /// used the key.
     bool keyUp(int key);
 
     /// Opens the help page.
@@ -87,10 +89,11 @@ public:
     void monitorEvent();
     void devicevolumesChanged(const Notification &notification);
 
-    /// Answers every notification of the program, on the thread that posts it.
+    /// Answers every notification of panels and workers, on the thread that posts it.
     void UserEventChange(const Notification &notification);
 
-    /// Colours the bays by whether the ticked files fit; on the main queue, whoever calls.
+    /// Colours each bay by whether the ticked files fit into it. Callable from any thread; the work is done
+    /// on the main queue.
     void setTargetDiskInfoColor();
 
     // Run control
@@ -99,7 +102,7 @@ public:
     void StartDuplicate();
     void StopDuplicate();
 
-    /// Callable from any thread, as `RunDisplay` is; what is shown follows on the main thread.
+    /// Callable from any thread, as `RunDisplay` demands. The main thread then shows the new value.
     void setProgressMsg(const std::string &message) override;
     void setFileProgerss(float percent) override;
     void setTotalProgerss(float fraction) override;
@@ -110,13 +113,14 @@ public:
     void EjectTargetDisks();
     void EjectSourceDisk();
 
-    /// A run or an erase is going on, whatever flags say; also until a cancelled run has ended.
+    /// True while disks are erased or copied to, whatever the flags of the action panel say. This includes
+    /// the time until the copy thread of a cancelled run has ended.
     bool isBusy() const;
 
-    /// Cancels what goes on, as the button does, and closes the window without a question.
+    /// Cancels a run or an erase, as the Cancel button does, and closes the window without a question.
     void endNow();
 
-    /// Shows what the last run did; nothing before the first one.
+    /// Shows the report of the last run. Does nothing before the first run.
     void showLastReport();
     bool hasReport() const { return m_run->hasStarted(); }
 
@@ -135,7 +139,7 @@ Q_SIGNALS:
     /// The user wants to see the log at this path.
     void logWanted(const QString &path);
 
-    /// The window was closed, and with it the program ends.
+    /// The window was closed. The program ends as well.
     void closed();
 
 protected:
@@ -176,7 +180,7 @@ private:
     void eraseOptionChanged();
     void colourBays();
 
-    // The run, as `DuplicationRun` asks and tells
+    // What `DuplicationRun` calls
     ScannedDevices devices() const override { return scannedDevices(m_ScanDevice); }
     void lookAtAllDevices() override;
     void lookAtEnclosures() override;
@@ -224,7 +228,8 @@ private:
     void tellEjects();
     void setEjectButtonsEnabled(bool enabled);
 
-    /// Runs the work on the main queue, unless the window is gone by then. Callable from any thread.
+    /// Runs the work on the main queue after `delay`, unless the window is destroyed before. Callable from
+    /// any thread.
     void later(std::chrono::milliseconds delay, std::function<void()> work);
 
     struct DispatchEntry
@@ -254,30 +259,30 @@ private:
     int m_contentHeight = 0;
     ChosenEnclosure m_chosen;
     ShownDisks m_shown;
-    SourceMemory m_source; // of the tree that is shown
+    SourceMemory m_source; // source of the shown tree
 
     std::mutex m_progressMutex;
     ShownProgress m_progress;
     PendingUpdate m_progressUpdate;
 
     QPointer<QWidget> m_reportWindow;
-    std::optional<RunOrder> m_order; // of the run that is about to be started
+    std::optional<RunOrder> m_order; // the order of the run that is about to start
     std::unique_ptr<DiskSurvey> m_survey;
-    std::optional<Sheets::Id> m_waitingSheet; // while Start waits for a count or a survey
-    std::set<std::string> m_toldRefusals;     // of the present run
+    std::optional<Sheets::Id> m_waitingSheet; // set while Start waits for a count or a survey
+    std::set<std::string> m_toldRefusals;     // shown since the last click on Start
     std::shared_ptr<void> m_wakefulness;
     bool m_isClosing = false;
 
     ORVScanDevice m_ScanDevice;
     std::unique_ptr<LogData> m_logData;
-    std::unique_ptr<DuplicationRun> m_run; // after what it works with
+    std::unique_ptr<DuplicationRun> m_run; // after the members that it uses
     std::unique_ptr<ThunderBoltMonitor> m_TBMonitor;
-    TBDeviceViewController *m_tbDevice = nullptr; // panels belong to their host views
+    TBDeviceViewController *m_tbDevice = nullptr; // each panel belongs to its host view
     DiskInfoViewController *m_diskInfo = nullptr;
     FileListViewController *m_fileList = nullptr;
     CopyActionViewController *m_action = nullptr;
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
-    std::vector<NotificationCenter::Subscription> m_subscriptions; // last: they end first
+    std::vector<NotificationCenter::Subscription> m_subscriptions; // last, so that they end first
 };
 
 } // namespace orvana

@@ -22,7 +22,7 @@ std::string notEjectedText(const std::vector<DiskRefusal> &refusals)
 
 } // namespace
 
-// Between Start and the end of an erase nothing that decides about disks can be changed.
+// Locks the controls that decide about disks, from Start to the end of an erase.
 void MainWindow::lockChoices(bool locked)
 {
     for (QWidget *view : {TBDeviceView, FileListView, static_cast<QWidget *>(m_action->EraseDiskCheckBox)})
@@ -34,7 +34,7 @@ void MainWindow::lookAtAllDevices()
     scanAll();
 }
 
-// The end of an erase, as the window shows it: its copy follows.
+// Shows that the erase has ended and that the copy follows.
 void MainWindow::lookAtEnclosures()
 {
     m_action->setIsErasing(false);
@@ -56,8 +56,8 @@ void MainWindow::setEjectButtonsEnabled(bool enabled)
     m_diskInfo->EjectSourceDiskBtn->setEnabled(enabled && m_maySourceBeEjected);
 }
 
-// A cancelled run may still be writing its last block; the disk is not taken from under it. The disks are
-// those of the click, and a run that was started meanwhile keeps them.
+// A cancelled run may still be writing its last block, so this waits until the copy thread has ended. `disks`
+// are the disks at the time of the click. If another run starts meanwhile, nothing is ejected.
 void MainWindow::ejectWhenIdle(std::vector<DiskUtilInfo> disks, std::uint64_t run,
                                void (MainWindow::*ejected)())
 {
@@ -122,8 +122,8 @@ void MainWindow::sourceEjected()
     setSourceDiskInfo();
 }
 
-// A disk that is pulled without having been ejected loses what was still to be written. The message line is
-// there during a run only, so a notice says which disks may be taken out.
+// A disk that is pulled before it is ejected loses the data that was not written yet. The message line is
+// visible during a run only, so a desktop notice says which disks can be taken out.
 void MainWindow::tellEjects()
 {
     std::string failed;

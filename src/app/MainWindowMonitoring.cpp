@@ -68,14 +68,14 @@ void MainWindow::rescanSoon()
 
 void MainWindow::devicevolumesChanged(const Notification &notification)
 {
-    // Volumes come and go during an erase or a run by design.
+    // During an erase or a run, volumes come and go by design.
     if (m_action->isErasing() || m_action->isDuplicating())
         return;
     using namespace notification;
     if (notification.name == DidMount || notification.name == DidUnmount ||
         notification.name == DidRenameVolume)
         later(BeforeRescan, [this] {
-            // A run that began meanwhile is not disturbed.
+            // Do not disturb a run that has started meanwhile.
             if (!m_action->isErasing() && !m_action->isDuplicating())
                 rescanDevice();
         });
@@ -83,7 +83,7 @@ void MainWindow::devicevolumesChanged(const Notification &notification)
 
 void MainWindow::UserEventChange(const Notification &notification)
 {
-    // Every entry is tested by itself; none stops the later ones.
+    // Every entry is tested. An entry that matches does not stop the later ones.
     for (const auto &entry : m_dispatchTable) {
         if (std::find(entry.names.begin(), entry.names.end(), notification.name) != entry.names.end())
             entry.action(notification);
@@ -95,7 +95,7 @@ void MainWindow::eraseOptionChanged()
     const bool isOn = m_action->EraseDiskCheckBox->isChecked();
     m_diskInfo->setTargetDiskVolumeEditable(isOn);
     if (!isOn)
-        setTargetDiskInfo(); // restores the names that were typed over
+        setTargetDiskInfo(); // restores the names that the user typed over
     setTargetDiskInfoColor();
 }
 

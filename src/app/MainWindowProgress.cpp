@@ -60,7 +60,7 @@ void MainWindow::requestProgress()
         m_progressUpdate.request();
 }
 
-// The bars belong to a run; a value that arrives in another state is dropped.
+// The message and the bars belong to a run. In any state but 2 they are not shown.
 void MainWindow::showProgress()
 {
     ShownProgress shown;
@@ -76,14 +76,14 @@ void MainWindow::showProgress()
     m_context.host.workspace().showProgress(hasTotal ? std::optional<double>(shown.total) : std::nullopt);
 }
 
-// A run takes hours; who started it is elsewhere when it ends.
+// A run takes hours, and its user may be elsewhere when it ends.
 void MainWindow::tellDesktop(const QString &title, const QString &text)
 {
     m_context.host.workspace().notify(
         {title.toStdString(), text.toStdString(), tr("Open log").toStdString(), logOpener()});
 }
 
-// Wants the log of this run, also when there is another by then.
+// Returns a function that asks for the log of this run, even if there is a newer log by then.
 std::function<void()> MainWindow::logOpener()
 {
     return [window = QPointer(this), log = QFile::decodeName(m_logData->logFilePath().c_str())] {

@@ -17,12 +17,12 @@ void MainWindow::warn(const std::string &text)
     m_sheets.show({tr("Warning"), shownText(text)});
 }
 
-// Looks again, from the records of all disks, at what selecting the enclosure looked at.
+// Repeats the checks that selecting the enclosure made, now with the records of all disks.
 bool MainWindow::isStartRefused()
 {
     const auto enclosure = chosenEnclosure(devices(), chosenNow());
     if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)
-        return false; // the run itself says so, and does nothing
+        return false; // the run itself reports this and does nothing
     const auto refusal =
         enclosure ? refusalOfStart(**enclosure, devices()) : std::optional(enclosure.error());
     if (!refusal)
@@ -81,7 +81,8 @@ void MainWindow::StartDuplicate()
     holdOffSleepWhileBusy();
 }
 
-// The flag of the action panel stays set in both cases, so that the next click on the button is a Cancel.
+// When this returns false, the flag of the action panel stays set, so that the next click on the button is a
+// Cancel.
 bool MainWindow::hasSomethingToCopy()
 {
     if (m_run->order().selection.empty() && !hasTree(m_fileList->rows()))
@@ -131,7 +132,7 @@ void MainWindow::StopDuplicate()
     const bool wasOn = m_run->isOn();
     m_run->cancel();
     if (!wasOn)
-        showCancelled(); // a run that had come to nothing left the button a Cancel
+        showCancelled(); // after a run with nothing to copy, the button still means Cancel
 }
 
 void MainWindow::ended(const RunSummary &summary)
@@ -196,14 +197,14 @@ void MainWindow::enclosureLost()
     tellDesktop(tr("Duplication ended"), tr("The device was removed. The copies are not complete."));
 }
 
-// Without an erase before it, a run that comes to no copy ends with the click on Start.
+// Without an erase, a run that copies nothing ends during the click on Start and needs no notice.
 void MainWindow::tellOfNoCopy(const RunSummary &summary)
 {
     if (summary.hasErased)
         tellDesktop(tr("Nothing was duplicated"), tr("There was nothing to copy, or no disk to copy to."));
 }
 
-// A disk whose erase failed is reported, also when the run was ended before its copy was done.
+// Reports a disk whose erase failed, also when the run ended before its copy was done.
 void MainWindow::showReportOfDisks()
 {
     const auto summary = m_run->summary();

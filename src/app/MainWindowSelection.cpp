@@ -23,14 +23,15 @@ bool MainWindow::isPlaceholderSelected() const
     return m_tbDevice->tbDevicePopup->currentIndex() <= 0;
 }
 
-// The picker posts nothing for its placeholder, so what was chosen counts only while it is still selected.
+// The picker posts nothing for its placeholder. So the chosen enclosure counts only while it is still
+// selected.
 ChosenEnclosure MainWindow::chosenNow() const
 {
     const bool isSelected = m_tbDevice->tbDevicePopup->currentIndex() == m_chosen.pickerIndex;
     return isSelected ? m_chosen : ChosenEnclosure();
 }
 
-// The enclosure at the picker's place, if it still is the one that was chosen there.
+// Returns the enclosure at the picker's position if it still is the chosen enclosure, otherwise null.
 ORVThunderboltInfo *MainWindow::selectedEnclosure() const
 {
     const auto enclosure = chosenEnclosure(devices(), chosenNow());
@@ -93,7 +94,7 @@ void MainWindow::tbDevSelectionChange()
     refuseEnclosure();
 }
 
-// The panel gives all its controls back; the home folder must not be ejected all the same.
+// The panel enables all its controls. The eject button of the source must stay disabled for the home folder.
 void MainWindow::disableSlots(bool disabled)
 {
     m_diskInfo->DisabledItem(disabled);
@@ -105,7 +106,7 @@ void MainWindow::refuseEnclosure()
 {
     if (!m_diskInfo->hasBootDisk() && !m_diskInfo->has_RAIDDisk())
         return;
-    if (!m_run->isOn()) // the button is Cancel then
+    if (!m_run->isOn()) // during a run the button is Cancel
         m_action->StartBtn->setEnabled(false);
     m_sheets.show(
         {tr("Warning"), m_diskInfo->hasBootDisk()
@@ -137,7 +138,8 @@ void MainWindow::setSourceDiskInfo()
     showSource(plan.root);
 }
 
-// The disks beneath the tree's root are remembered with it: a volume may lose its name or its place later.
+// The disks beneath the tree's root are remembered with it, because a volume may get another name or place
+// later.
 void MainWindow::showSource(const PathObject &root)
 {
     m_fileList->showRoot(root);

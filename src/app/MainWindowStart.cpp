@@ -1,4 +1,4 @@
-// From the click on Start to the run: what is waited for, refused and asked before anything is touched.
+// The steps between the click on Start and the run: waits, refusals and questions before any disk is touched.
 
 #include "app/MainWindow.h"
 
@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr std::chrono::milliseconds BetweenLooks{100};
-// A wait as short as this needs no sheet.
+// A wait this short needs no sheet.
 constexpr std::chrono::milliseconds UnnoticedWait{200};
 
 std::vector<PlannedErase> erasesOf(const std::vector<DiskAtStake> &disks)
@@ -29,7 +29,7 @@ std::vector<PlannedErase> erasesOf(const std::vector<DiskAtStake> &disks)
     return erases;
 }
 
-// A disk that was shown as blank may hold something by now.
+// A disk that was shown as blank may hold something by now. The user has not agreed to lose that.
 bool isAgreedTo(const DiskAtStake &disk, const std::vector<DiskAtStake> &agreed)
 {
     return disk.content.isBlank || std::any_of(agreed.begin(), agreed.end(), [&](const DiskAtStake &shown) {
@@ -52,8 +52,8 @@ void MainWindow::Duplicate()
     afterCounting(chosenNow());
 }
 
-// The count shows which bays are too small, once it is done. Without an erase nothing is lost by an old
-// answer.
+// Only a finished count shows which bays are too small. An erase waits for it. Without an erase, nothing is
+// lost by an old count.
 void MainWindow::afterCounting(const ChosenEnclosure &asked)
 {
     const bool isErase = m_action->EraseDiskCheckBox->isChecked();
@@ -93,8 +93,8 @@ void MainWindow::checkSpace(const ChosenEnclosure &asked)
     }
 }
 
-// The devices may have been pulled or changed while a question stood. When it returns false, the user has
-// been told why.
+// While a question was on the screen, a device may have been pulled or changed. Shows the user the reason
+// before it returns false.
 bool MainWindow::isUnchanged(const ChosenEnclosure &asked)
 {
     const auto now = chosenNow();
@@ -104,7 +104,7 @@ bool MainWindow::isUnchanged(const ChosenEnclosure &asked)
     return false;
 }
 
-// `agreed` are the disks that the user has been asked about, and agreed to lose.
+// `agreed` are the disks that the user was asked about and agreed to lose.
 void MainWindow::startInOrder(const ChosenEnclosure &asked, const std::vector<DiskAtStake> &agreed)
 {
     m_order.reset();
@@ -124,7 +124,7 @@ void MainWindow::startInOrder(const ChosenEnclosure &asked, const std::vector<Di
     afterSurvey(asked, agreed);
 }
 
-// True when there is an order. Without one the user has been told why.
+// Returns true if there is an order now. Otherwise it has shown the user the reason.
 bool MainWindow::decideOrderNow()
 {
     const bool isErase = m_action->EraseDiskCheckBox->isChecked();
@@ -132,7 +132,7 @@ bool MainWindow::decideOrderNow()
     if (isStartRefused())
         return false;
     const auto choice = choiceNow();
-    // Without an enclosure or a tree there is no disk to protect: the run says so, and does nothing.
+    // Without an enclosure or a tree there is no disk to protect. The run reports this and does nothing.
     const bool hasNothingToDo = isPlaceholderSelected() || !hasTree(m_fileList->rows());
     if (hasNothingToDo && (!isErase || isPlaceholderSelected())) {
         m_order.emplace();
@@ -211,7 +211,7 @@ void MainWindow::askForErase(const ChosenEnclosure &asked, const std::vector<Dis
                    }});
 }
 
-// Shows that Start waits for something; the sheet's button calls the whole start off.
+// Shows a sheet while Start waits for something. The sheet's button cancels the whole start.
 void MainWindow::waitWith(const QString &text)
 {
     if (m_waitingSheet)

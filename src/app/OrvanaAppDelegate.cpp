@@ -28,7 +28,7 @@ void OrvanaAppDelegate::applicationDidFinishLaunching()
     mainWindow().setUIVersion(m_edition);
     mainWindow().startMainWindow();
     new MainMenu(mainWindow(), *this);
-    mainWindow().displayDialog(0, false); // once more, with the menu's height
+    mainWindow().displayDialog(0, false); // again, now with the menu's height
 }
 
 MainWindow &OrvanaAppDelegate::mainWindow()

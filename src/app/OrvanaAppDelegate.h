@@ -15,7 +15,7 @@ class MainMenu;
 class MainWindow;
 class VersionWindow;
 
-/// Owns the program's windows; each is made when it is first asked for. Main thread only.
+/// Owns the program's windows. Each window is made when it is first needed. Main thread only.
 class OrvanaAppDelegate : public QObject
 {
     Q_OBJECT
@@ -28,14 +28,14 @@ public:
     /// Shows the main window and starts it.
     void applicationDidFinishLaunching();
 
-    /// Closing the main window closes the others and ends the program.
+    /// Closing the main window closes the other windows and ends the program.
     static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
 
     MainWindow &mainWindow();
     LogDataWindows &logDataWindow();
     VersionWindow &versionWindow();
 
-    // What the menu offers.
+    // The actions of the menu.
     void showLogDataWindows();
     void checkForUpdats();
     void howToUse();

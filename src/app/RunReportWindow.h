@@ -8,8 +8,8 @@
 namespace orvana
 {
 
-/// The report of one run as a table, with the first problems below. A window of its own, so that a sheet on
-/// the main window does not cover it; it deletes itself when it is closed.
+/// Shows the report of one run as a table, with the first problems below it. It is a window of its own, so
+/// that a sheet on the main window does not cover it. It deletes itself when it is closed.
 class RunReportWindow : public QWidget, public Ui::RunReportWindow
 {
     Q_OBJECT
@@ -17,10 +17,10 @@ class RunReportWindow : public QWidget, public Ui::RunReportWindow
 public:
     RunReportWindow(const ReportTable &report, const std::vector<std::string> &problemLines);
 
-    /// All that it shows, as "Copy" and "Save" give it.
+    /// Everything that the window shows, as text. "Copy" and "Save" use this text.
     QString text() const { return m_text; }
 
-    /// Writes the text into a file; false when that fails.
+    /// Writes the text into a file. Returns false on failure.
     bool saveTo(const QString &path) const;
 
 Q_SIGNALS:

@@ -9,16 +9,16 @@
 namespace orvana
 {
 
-/// One line of a script: the name of a step and what it is about.
+/// One line of a script: the name of a step and the words after it.
 struct ScriptStep
 {
-    int line = 0; ///< in the file, from 1
+    int line = 0; ///< line number in the file, from 1
     QString name;
     QStringList words;
 };
 
-/// The steps of a script's text, one a line; empty lines and those that begin with "#" are passed over. Words
-/// with blanks stand in double quotes.
+/// Returns the steps of a script's text, one for each line. Skips empty lines and lines that begin with "#".
+/// Words with blanks stand in double quotes.
 std::vector<ScriptStep> scriptSteps(const QString &text);
 
 /// Reads a script file; the error names the file and the reason.

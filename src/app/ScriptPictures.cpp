@@ -25,7 +25,7 @@ QPixmap grabAt(QWidget &widget, int scale)
     return picture;
 }
 
-// The window with its sheet, as the desktop shows the two together.
+// Draws the window with its sheet on it, as the desktop shows the two together.
 QPixmap grabWithSheet(QWidget &window, QWidget *sheet, int scale)
 {
     auto picture = grabAt(window, scale);

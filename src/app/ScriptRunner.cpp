@@ -204,7 +204,8 @@ ScriptRunner::Result ScriptRunner::moveLever(const QStringList &words)
     return moved ? done() : failed(QString::fromStdString(moved.error()));
 }
 
-// Finds the row of a path below the root, "." for the root itself; the folders above it must be open.
+// Calls `act` with the row of a path below the root; "." is the root itself. The folders above the row must
+// be open.
 ScriptRunner::Result ScriptRunner::atRow(const QString &path,
                                          const std::function<void(const QModelIndex &)> &act)
 {
@@ -231,7 +232,7 @@ void ScriptRunner::addTreeSteps()
     addStep(QStringLiteral("close"), 1, [this, view](const auto &words) {
         return atRow(words.first(), [view](const auto &index) { view->collapse(index); });
     });
-    // One press of the space bar, as often as the row is named.
+    // Each "tick" is one press of the space bar.
     addStep(QStringLiteral("tick"), 1, [this, view](const auto &words) {
         return atRow(words.first(), [view](const auto &index) {
             view->setCurrentIndex(index);

@@ -15,25 +15,28 @@ namespace orvana
 class MainWindow;
 class OrvanaAppDelegate;
 
-/// Plays a script on the real window, step by step, as a user would: `docs/scripts.md` lists the steps. What
-/// is waited for is looked at again and again; a step that does not come true in time ends the script.
+/// Plays a script on the real window, step by step, as a user would. `docs/scripts.md` lists the steps. A
+/// step that is not possible yet is tried again and again. If it is still not possible after its time limit,
+/// the script ends with an error.
 class ScriptRunner : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `simulatorFile` is the machine that "lever" changes; empty without one.
+    /// `simulatorFile` is the file of the simulated machine that the step "lever" changes; empty without a
+    /// simulated machine.
     ScriptRunner(OrvanaAppDelegate &delegate, std::vector<ScriptStep> steps, QString simulatorFile);
 
     /// Begins with the first step once the event loop runs.
     void start();
 
 Q_SIGNALS:
-    /// The script has come to its end; an empty reason is success, any other names line, step and reason.
+    /// The script has ended. An empty reason means success. Any other reason names the line, the step and
+    /// what went wrong.
     void ended(const QString &reason);
 
 private:
-    /// What a step came to: nothing, or why not, or not yet.
+    /// The result of a step: done, not done yet, or failed. The last two give a reason.
     struct Result
     {
         enum class Kind { Done, NotYet, Failed };

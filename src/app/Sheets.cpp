@@ -42,12 +42,12 @@ void Sheets::showNext()
     m_box->setTextFormat(Qt::PlainText); // names of disks are never markup
     m_box->setText(sheet.message);
     m_box->setInformativeText(sheet.text);
-    // Else a short message makes a sheet so narrow that its text runs over many lines.
+    // Without a minimum width, a short message makes the sheet so narrow that its text takes many lines.
     if (auto *text = m_box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
         text->setMinimumWidth(300);
-        text->setTextFormat(Qt::PlainText); // the box does this for its first text only
+        text->setTextFormat(Qt::PlainText); // the box applies its text format to its first text only
     }
-    QList<QAbstractButton *> buttons; // a desktop may change their texts
+    QList<QAbstractButton *> buttons; // found by position: a desktop may change their texts
     for (const auto &title : sheet.buttons) {
         auto *button = m_box->addButton(title, QMessageBox::AcceptRole);
         if (m_box->buttons().size() == sheet.defaultButton + 1)
@@ -57,7 +57,7 @@ void Sheets::showNext()
     }
     auto *box = m_box.data();
     QObject::connect(box, &QMessageBox::finished, &m_window, [this, box, sheet, buttons] {
-        box->deleteLater(); // a pressed button hides it and no more
+        box->deleteLater(); // a pressed button only hides the box
         auto *pressed = box->clickedButton() ? box->clickedButton() : box->escapeButton();
         finished(sheet, static_cast<int>(buttons.indexOf(pressed)));
     });

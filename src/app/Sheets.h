@@ -15,13 +15,13 @@ struct Sheet
 {
     QString message;
     QString text;
-    QStringList buttons = {QStringLiteral("OK")}; ///< the last answers Escape
+    QStringList buttons = {QStringLiteral("OK")}; ///< Escape presses the last button
     int defaultButton = 0;                        ///< position of the button that Return presses
-    /// Called with the pressed button's position once the sheet is gone; may be empty.
+    /// Called with the position of the pressed button, after the sheet has closed. May be empty.
     std::function<void(int)> completion = nullptr;
 };
 
-/// Shows a window's sheets one after the other. Nothing waits for them: `show` returns at once.
+/// Shows a window's sheets one after the other. `show` returns at once and does not wait for an answer.
 class Sheets
 {
 public:
@@ -33,8 +33,8 @@ public:
 
     Id show(Sheet sheet);
 
-    /// Takes the sheet away without calling its completion, whether it is on the screen or still waits. Does
-    /// nothing for a sheet that is gone.
+    /// Removes a sheet without calling its completion. The sheet may be on the screen or still waiting. Does
+    /// nothing if the sheet is already gone.
     void withdraw(Id id);
 
     /// The sheet on the screen, or null.

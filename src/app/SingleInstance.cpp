@@ -26,7 +26,8 @@ bool SingleInstance::askTheFirst() const
 {
     QLocalSocket socket;
     socket.connectToServer(m_name);
-    // A program that is erasing disks cannot answer, but it is there; what a killed one left behind refuses.
+    // A program that is erasing disks cannot answer, but the connection succeeds. The socket that a killed
+    // program left behind refuses the connection.
     return socket.waitForConnected(PatienceMilliseconds);
 }
 

@@ -7,19 +7,19 @@
 namespace orvana
 {
 
-/// Keeps a user from having two windows on the same machine: the second program asks the first to come to the
-/// front, and ends.
+/// Keeps a user from having two windows on the same machine: the second program asks the first program to
+/// come to the front, and ends.
 class SingleInstance
 {
 public:
-    /// `machine` tells apart what may run side by side, such as the file of a simulated machine. Only the
-    /// same user's programs find each other.
+    /// Programs with different values of `machine` may run side by side, for example with the files of two
+    /// simulated machines. Only programs of the same user find each other.
     explicit SingleInstance(const QString &machine);
 
-    /// True when another program was there and has been asked.
+    /// Asks a program that already runs to come to the front. Returns true if there is such a program.
     bool askTheFirst() const;
 
-    /// Answers later programs; `raise` is called on the main thread.
+    /// Answers programs that start later. Calls `raise` on the main thread for each of them.
     void listen(std::function<void()> raise);
 
 private:

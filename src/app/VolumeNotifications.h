@@ -10,8 +10,8 @@ namespace platform
 class Host;
 }
 
-/// Posts what happens to the host's volumes on `center`, which must outlive the host's events: as
-/// "NSWorkspaceDidMountNotification" and its siblings. Called once for a host.
+/// Posts each change of the host's volumes on `center`, as "NSWorkspaceDidMountNotification" and its
+/// siblings. `center` must outlive the host's events. Called once for each host.
 void postVolumeEvents(platform::Host &host, NotificationCenter &center);
 
 } // namespace orvana

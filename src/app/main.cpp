@@ -28,7 +28,7 @@ namespace
 
 using namespace orvana;
 
-/// Everything that the user can say.
+/// The options of the command line.
 struct CommandLineOptions
 {
     platform::HostChoice machine;
@@ -62,7 +62,7 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-/// The program from its machine to its end.
+/// One run of the program, with the machine that it works on.
 class Program
 {
 public:
@@ -92,7 +92,7 @@ public:
 
     void raise() { m_delegate.raiseMainWindow(); }
 
-    /// Ends the program as its user would, with a run cancelled and its report written.
+    /// Ends the program as its user would. A run is cancelled, and its report is written.
     void end() { m_delegate.endNow(); }
 
 private:
@@ -134,14 +134,14 @@ int runProgram(CommandLineOptions options)
         return 0;
     if (const auto refusal = platform::makeLogFolder(options.logFolder))
         return fail(refusal->status, refusal->reason);
-    // From here on no path is taken from the working folder.
+    // The working folder changes below, so every path must be absolute by then.
     for (auto *path : {&options.machine.simulatorFile, &options.machine.demoFolder}) {
         if (*path)
             *path = std::filesystem::absolute(**path).native();
     }
     QtMainQueue queue;
     platform::posix::enterEmptyFolder();
-    // On a simulated machine, a script opens and tells nothing outside of its window.
+    // On a simulated machine, a script opens no pages and shows no notices outside its window.
     auto host = platform::makeHost(options.machine, &queue,
                                    options.script ? platform::Desktop::None : platform::Desktop::Users);
     if (!host)

@@ -52,7 +52,7 @@ ExitStatus runCopy(platform::Host &host, Terminal &terminal, const CopyOptions &
     if (!planned)
         return refuse(planned.error());
     TerminalRun run(host, terminal, {.logFolder = options.logFolder, .json = options.json});
-    // Source and destinations are held from now on, however long the count takes.
+    // Locks source and destinations now, because the count may take long.
     FolderJob folders{boundToFolders(host, *planned), nullptr};
     if (const auto refusal = lockFolders(host, folders))
         return refuse(*refusal);

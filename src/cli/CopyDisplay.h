@@ -12,8 +12,8 @@ namespace orvana::cli
 
 class Terminal;
 
-/// How a run looks from outside: lines that change, plain lines, or JSON. `message` and `problem` come from
-/// the copy thread, the rest from the main thread.
+/// Shows a run to the user: as lines that change, as plain lines, or as JSON. The copy thread may call
+/// `message` and `problem`. All other functions are called on the main thread.
 class CopyDisplay
 {
 public:

@@ -12,7 +12,7 @@ namespace orvana::cli
 namespace
 {
 
-/// One JSON object a line, for programs; documented in docs/terminal-json.md.
+/// Prints one JSON object a line, for programs. docs/terminal-json.md documents the objects.
 class JsonDisplay final : public CopyDisplay
 {
 public:

@@ -122,7 +122,7 @@ tl::expected<std::string, Refusal> Planner::chooseRoot(const CopyOptions &option
     return root;
 }
 
-// True when the folder at `path` is `folder` or lies somewhere in it, whatever links led there.
+// True if the folder at `path` is `folder` or lies anywhere below it, whatever links the path contains.
 bool Planner::liesWithin(std::string path, const Attributes &folder) const
 {
     for (auto here = at(path); here;) {
@@ -137,8 +137,8 @@ bool Planner::liesWithin(std::string path, const Attributes &folder) const
     return false;
 }
 
-// Each item gets a place below each destination. What stands in that place must not be a part of the source:
-// the layout of a source inside its own destination may fold onto itself.
+// Each item gets a place below each destination. A file or folder that is already in that place must not be a
+// part of the source. Otherwise a source that lies inside its own destination could be copied over itself.
 Check Planner::checkPlaces(const CopyJob &job)
 {
     for (const auto &item : m_sources) {

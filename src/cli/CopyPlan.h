@@ -16,7 +16,7 @@ class Host;
 namespace orvana::cli
 {
 
-/// What the user of `plurimoctl copy` said.
+/// The options of `plurimoctl copy`.
 struct CopyOptions
 {
     std::vector<std::string> sources;
@@ -27,11 +27,11 @@ struct CopyOptions
     bool json = false;
 };
 
-/// The path, absolute and without ".", ".." and doubled slashes, by its text alone. An empty one stays so,
-/// and a relative one when there is no working folder.
+/// Returns the path, absolute and without ".", ".." and doubled slashes. Uses only its text. An empty path
+/// stays empty, and a relative path stays relative if there is no working folder.
 std::string cleanPath(const std::string &path);
 
-/// The job that the options ask for, or why there is none. Reads only.
+/// Returns the job that the options ask for, or the reason why there is none. Reads only.
 tl::expected<CopyJob, Refusal> planCopy(platform::Host &host, const CopyOptions &options);
 
 } // namespace orvana::cli

@@ -18,7 +18,8 @@ std::string rateText(double bytesPerSecond)
     return sizeText(static_cast<std::uint64_t>(bytesPerSecond)) + "/s";
 }
 
-/// Lines for people: on a screen a block that changes, elsewhere what is worth keeping.
+/// Prints lines for people. On a screen a block of lines changes in place; elsewhere only lasting lines are
+/// printed.
 class TextDisplay final : public CopyDisplay
 {
 public:

@@ -13,7 +13,7 @@ namespace orvana::cli
 namespace
 {
 
-// Longer than a host waits between two looks at what happens outside.
+// Longer than a host waits between two checks for outside changes.
 constexpr std::chrono::milliseconds TimeToLook{150};
 
 std::optional<Bay> bayOfLetter(const std::string &word)

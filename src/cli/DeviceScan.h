@@ -18,20 +18,20 @@ namespace orvana::cli
 class DeviceScan
 {
 public:
-    /// `queue` is the host's; both must outlive the scan. Scans at once.
+    /// `queue` is the queue of `host`. Both must outlive the scan. The constructor scans at once.
     DeviceScan(platform::Host &host, PlainMainQueue &queue);
 
-    /// Looks at the whole machine anew, with all that has changed outside meanwhile; takes a moment.
+    /// Scans the whole machine anew, with all outside changes until now. Takes a moment.
     void scan();
 
-    /// The same for the enclosures alone.
+    /// Scans the enclosures anew, with all outside changes until now. Takes a moment.
     void scanEnclosures();
 
     ScannedDevices devices() const { return scannedDevices(m_scanner); }
     const UserHome &user() const { return m_user; }
 
-    /// The enclosure of this number, counted from 1 as `devices` lists them, as it is told from others from
-    /// now on. Without a number it is the only one.
+    /// Returns the enclosure with this number, counted from 1 in the order of `devices`, by its place and its
+    /// UID. Without a number, returns the only enclosure.
     tl::expected<ChosenEnclosure, Refusal> choose(std::optional<int> number) const;
 
 private:
@@ -42,16 +42,16 @@ private:
     UserHome m_user;
 };
 
-/// The chosen enclosure as it is now; a run may start with it.
+/// Returns the chosen enclosure as it is now, or the reason why a run may not start with it.
 tl::expected<std::shared_ptr<ORVThunderboltInfo>, Refusal> usableEnclosure(const ScannedDevices &devices,
                                                                            const ChosenEnclosure &chosen);
 
 Refusal refusalOf(EnclosureRefusal refusal);
 
-/// "B" is bay B. Each bay once; else the refusal says what is wrong.
+/// Reads bays: "B" is bay B. Refuses any other text, and a bay that is given twice.
 tl::expected<std::vector<Bay>, Refusal> parseBays(const std::vector<std::string> &words);
 
-/// "B=COPY1" gives bay B that name. Each bay once.
+/// Reads names: "B=COPY1" gives bay B the name COPY1. Refuses any other text, and a second name for a bay.
 tl::expected<PerBay<std::optional<std::string>>, Refusal> parseNames(const std::vector<std::string> &words);
 
 } // namespace orvana::cli

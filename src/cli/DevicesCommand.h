@@ -23,8 +23,9 @@ struct DevicesOptions
     bool watch = false;
 };
 
-/// `plurimoctl devices`: enclosures with their bays, other disks, and all volumes. With `watch` it goes on to
-/// print what comes and goes until SIGINT or SIGTERM, which must be blocked; `queue` is the host's.
+/// `plurimoctl devices`: prints the enclosures with their bays, the other disks, and all volumes. With
+/// `watch` it then prints every change until SIGINT or SIGTERM; the caller must have blocked both. `queue` is
+/// the queue of `host`.
 ExitStatus runDevices(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                       const DevicesOptions &options);
 

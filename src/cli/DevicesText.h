@@ -13,10 +13,10 @@ class ORVScanDevice;
 namespace orvana::cli
 {
 
-/// What a scan found, as lines with aligned columns.
+/// Returns the results of a scan as lines with aligned columns.
 std::vector<std::string> devicesText(const ORVScanDevice &scanner);
 
-/// The same for programs; documented in docs/terminal-json.md.
+/// Returns the results of a scan as JSON. docs/terminal-json.md documents it.
 Json devicesJson(const ORVScanDevice &scanner);
 
 } // namespace orvana::cli

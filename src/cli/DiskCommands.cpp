@@ -20,7 +20,7 @@ namespace orvana::cli
 namespace
 {
 
-/// What both commands share: the devices, the bays that are meant, the disk tool with its log.
+/// The common parts of both commands: the devices, the chosen bays, and the disk tool with its log.
 class DiskCommand final : public RunDisplay
 {
 public:
@@ -68,7 +68,7 @@ private:
     PerBay<std::optional<std::string>> m_typed;
     PerBay<std::string> m_present;
     std::atomic<bool> m_isCancelled{false};
-    platform::posix::CancelRequest m_cancelRequest; // the last, so that its thread ends first
+    platform::posix::CancelRequest m_cancelRequest; // last member, so that its thread ends first
 };
 
 DiskCommand::Check DiskCommand::chooseBays()
@@ -96,7 +96,7 @@ DiskCommand::Check DiskCommand::chooseBays()
     return checkBays(**enclosure);
 }
 
-// A bay that was named must hold a disk.
+// A bay that the user named must hold a disk.
 DiskCommand::Check DiskCommand::checkBays(const ORVThunderboltInfo &enclosure) const
 {
     const auto &disks = enclosure.hddArray();
@@ -109,7 +109,7 @@ DiskCommand::Check DiskCommand::checkBays(const ORVThunderboltInfo &enclosure) c
     return std::nullopt;
 }
 
-// What the disks that are there at this moment allow.
+// Plans the erase for the disks that are there at this moment.
 tl::expected<ErasePlan, Refusal> DiskCommand::presentErase()
 {
     const auto devices = m_scan.devices();
@@ -123,7 +123,8 @@ tl::expected<ErasePlan, Refusal> DiskCommand::presentErase()
     return plan;
 }
 
-// Only of the chosen enclosure; the others count as other devices here, so that their records are looked at.
+// Plans the eject for the chosen enclosure only. All enclosures count as other devices here, so that the plan
+// still checks their records.
 tl::expected<EjectPlan, Refusal> DiskCommand::presentEject()
 {
     auto devices = m_scan.devices();

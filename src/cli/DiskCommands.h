@@ -21,23 +21,24 @@ namespace orvana::cli
 
 class Terminal;
 
-/// What the user of `plurimoctl erase` or `eject` said.
+/// The options of `plurimoctl erase` and `plurimoctl eject`.
 struct DiskOptions
 {
     int enclosure = 0;
-    std::vector<std::string> bays;  ///< "B"; none are B, C and D, the bays behind a source in A
+    std::vector<std::string> bays;  ///< "B"; empty stands for B, C and D, the destinations of a source in A
     std::vector<std::string> names; ///< "B=COPY1"; erase only
     std::optional<std::string> logFolder;
     bool yes = false;
 };
 
-/// `plurimoctl erase`: gives the disks of an enclosure's bays a new file system, one after the other. Only
-/// the disks that were shown and agreed to are touched. SIGINT and SIGTERM, which must be blocked, end it
-/// after the disk in hand; `queue` is the host's.
+/// `plurimoctl erase`: gives the disks in an enclosure's bays a new file system, one after the other. Erases
+/// only disks that the user has agreed to erase. SIGINT and SIGTERM end the command after the current disk;
+/// the caller must have blocked both. `queue` is the queue of `host`.
 ExitStatus runErase(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                     const DiskOptions &options);
 
-/// `plurimoctl eject`: the same with ejecting them.
+/// `plurimoctl eject`: ejects the disks in an enclosure's bays. Consent, signals and `queue` as in
+/// `runErase`.
 ExitStatus runEject(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                     const DiskOptions &options);
 

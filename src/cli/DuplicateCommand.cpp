@@ -17,7 +17,7 @@ namespace
 
 constexpr const char *TooSmall = "There is insufficient free disk space on the destination drive(s)";
 
-// Without it an erase would be for nothing.
+// True if at least one destination bay has room. Without room an erase would be for nothing.
 bool isRoomLeft(const RunChoice &choice)
 {
     return std::any_of(AllBays.begin(), AllBays.end(), [&](Bay bay) {
@@ -25,7 +25,7 @@ bool isRoomLeft(const RunChoice &choice)
     });
 }
 
-/// One run of the command, from what the user said to its end.
+/// One call of the command, from its options to the end of the run.
 class DuplicateCommand
 {
 public:
@@ -75,14 +75,14 @@ ExitStatus DuplicateCommand::run()
     return m_run.run(std::move(m_order), &m_scan);
 }
 
-// All that is asked and refused, before anything is touched.
+// Makes all checks and asks all questions before any disk is touched.
 DuplicateCommand::Check DuplicateCommand::prepare()
 {
     auto plan = planDuplication(m_host, m_scan, m_options);
     if (!plan)
         return plan.error();
     m_plan = std::move(*plan);
-    // A name that is refused should not cost the time of a count.
+    // Refuse a bad name now: the count takes time.
     if (const auto erase = presentErase(); m_options.erase && !erase)
         return erase.error();
     m_census = countSelection(m_host, m_plan.job.SrcFileArray, [this] { return m_run.isCancelled(); });
@@ -101,7 +101,7 @@ DuplicateCommand::Check DuplicateCommand::prepare()
     return checkOnceMore();
 }
 
-// The copy goes to some of these destinations later, and to no others.
+// The copy will use some of these destinations, and no others.
 DuplicateCommand::Check DuplicateCommand::decideDestinations()
 {
     auto plan = planDestinations(m_scan.devices(), m_plan.choice, m_scan.user());
@@ -180,7 +180,7 @@ DuplicateCommand::Check DuplicateCommand::askForErase()
     return ask("Erase them?", lines);
 }
 
-// Time has passed since the answers: only what was agreed to is done.
+// Time has passed since the answers. The run does only what the user has agreed to.
 DuplicateCommand::Check DuplicateCommand::checkOnceMore()
 {
     m_scan.scan();

@@ -7,12 +7,12 @@ namespace orvana::cli
 
 class Terminal;
 
-/// `plurimoctl duplicate`: copies a selection of the source onto the disks in the enclosure's bays, erasing
-/// them first if asked to, and returns when that has ended.
+/// `plurimoctl duplicate`: copies a selection of the source onto the disks in the enclosure's bays, and
+/// returns when the run has ended. Erases the disks first if the options ask for that.
 ///
-/// SIGINT and SIGTERM, which must be blocked, cancel it; an erase ends after the disk in hand. `queue` is the
-/// host's. When a disk does not answer within ten seconds of the end, it leaves the process with its status
-/// and does not return.
+/// SIGINT and SIGTERM cancel the run; the caller must have blocked both. An erase ends after the current
+/// disk. `queue` is the queue of `host`. If a disk does not answer within ten seconds of the end, the
+/// function leaves the process with its status and does not return.
 ExitStatus runDuplicate(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                         const DuplicateOptions &options);
 

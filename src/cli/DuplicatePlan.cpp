@@ -59,7 +59,7 @@ std::optional<Refusal> chooseSource(RunChoice &choice, const std::optional<std::
     return std::nullopt;
 }
 
-// Relative paths start at the source, as people see it in a file tree.
+// Relative paths start at the root of the source, as in a file tree.
 std::string pathBelow(const std::string &root, const std::string &path)
 {
     return cleanPath(path.starts_with('/') ? path : root + "/" + path);

@@ -7,12 +7,12 @@
 namespace orvana::cli
 {
 
-/// What the user of `plurimoctl duplicate` said.
+/// The options of `plurimoctl duplicate`.
 struct DuplicateOptions
 {
     std::optional<int> enclosure;
     std::optional<std::string> source;
-    std::vector<std::string> selection; ///< paths, absolute or below the source; none is the whole source
+    std::vector<std::string> selection; ///< paths, absolute or below the source; empty is the whole source
     std::vector<std::string> names;     ///< "B=COPY1"; with erase only
     std::optional<std::string> logFolder;
     bool erase = false;
@@ -21,28 +21,28 @@ struct DuplicateOptions
     bool json = false;
 };
 
-/// What will be duplicated, as it was when the user said so.
+/// The duplication as it was planned from the options.
 struct Duplication
 {
     RunChoice choice;
-    PerBay<std::optional<std::string>> typed; ///< the names that were given
-    PerBay<std::string> present;              ///< the names that the bays have
+    PerBay<std::optional<std::string>> typed; ///< the names that the user gave
+    PerBay<std::string> present;              ///< the present names of the volumes in the bays
     CopyJob job;                              ///< without destinations
-    SourceMemory source;                      ///< what the source was
+    SourceMemory source;                      ///< the source as it was then
 };
 
-/// The duplication that the options ask for, or why there is none. Reads only.
+/// Returns the duplication that the options ask for, or the reason why there is none. Reads only.
 tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const DeviceScan &scan,
                                                    const DuplicateOptions &options);
 
-/// The state of the destination disks when the command says why it ends.
+/// The state of the destination disks when the command gives its reason for ending.
 enum class SoFar { Untouched, Erased };
 
-/// The source is not there any more, or not what it was. `soFar` decides what the reason says of the
-/// destinations.
+/// Returns the refusal for a source that is gone, or is not the same any more. `soFar` decides what the text
+/// says about the destinations.
 Refusal sourceGone(const SourceMemory &source, SoFar soFar);
 
-/// Notes the bytes of the selection, and into which bays they do not fit.
+/// Stores the bytes of the selection in `choice`, and which bays are too small for them.
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes);
 
 } // namespace orvana::cli

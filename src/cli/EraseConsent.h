@@ -13,30 +13,31 @@ class Terminal;
 
 enum class Consent { Ask, Given };
 
-/// What an erase is checked and asked for before anything is touched.
+/// The data for checking an erase and for asking the user, before any disk is touched.
 struct EraseRequest
 {
     const ScannedDevices &devices;
     const RunChoice &choice;
     const UserHome &user;
-    std::vector<Bay> bays; ///< only disks in these are erased
+    std::vector<Bay> bays; ///< only disks in these bays are erased
 };
 
-/// The disks that the request erases; refused when one of the names may not be given. Names that were typed
-/// for bays of which nothing is erased are wrong usage.
+/// Plans the erase that the request asks for. Refuses a name that a volume may not have. It is wrong usage to
+/// type a name for a bay whose disk is not erased, unless that disk is too small.
 tl::expected<ErasePlan, Refusal> planRequestedErase(const EraseRequest &request,
                                                     const PerBay<std::optional<std::string>> &typed);
 
-/// A line for each disk that will lose what it holds; `present` are the names that they have now. Looks at
-/// what the disks hold, for two seconds at most.
+/// Returns a line for each disk that will lose its content. `present` are the names that the volumes have
+/// now. Examines the content of the disks for at most two seconds.
 std::vector<std::string> eraseLines(platform::Host &host, const ScannedDevices &devices,
                                     const ErasePlan &plan, const PerBay<std::string> &present);
 
-/// Asks, where there is somebody to ask, or refuses. Nothing when the user agrees or has agreed.
+/// Asks the user, or refuses if there is nobody to ask. Returns nullopt if the user agrees or has already
+/// agreed.
 std::optional<Refusal> askFor(const std::string &question, const std::vector<std::string> &lines,
                               Consent consent, Terminal &terminal, const std::function<bool()> &givesUp);
 
-/// What is said when the disks at the time of the act are not those that were shown.
+/// Returns the refusal for disks that have changed since the user saw them.
 Refusal changedMeanwhile();
 
 } // namespace orvana::cli

@@ -21,7 +21,7 @@ namespace
 
 using Names = std::vector<std::string>;
 
-/// Prints a text from a disk so that it cannot steer the screen: each line is made safe.
+/// Prints a text from a disk. Makes each line safe, so that the text cannot control the screen.
 class ScreenLines
 {
 public:
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    // A line that is longer than this is printed piece by piece.
+    // A line that is longer than this is printed in several parts.
     static constexpr std::size_t MostOfALine = 65536;
 
     void endLine(std::string_view line)
@@ -54,7 +54,7 @@ private:
         m_isInLine = false;
     }
 
-    // Writes what there is of a long line, but for the bytes of a character that may not be complete.
+    // Writes the present start of a long line, without the bytes of a last character that may be incomplete.
     void writeStart()
     {
         std::size_t length = m_rest.size();
@@ -155,7 +155,7 @@ ExitStatus LogsRun::list(const Names &names)
 
 ExitStatus LogsRun::forEachName(ExitStatus (LogsRun::*action)(const std::string &))
 {
-    // Nothing is done when one of the names cannot be meant.
+    // Do nothing at all if one of the names is not the name of a log.
     for (const auto &name : m_options.names) {
         if (!LogFolder::isLog(name))
             return refuse(Refused,

@@ -25,8 +25,8 @@ struct LogsOptions
     bool json = false; ///< with list
 };
 
-/// `plurimoctl logs`: lists the run logs, prints some, removes some or all; a log goes together with the
-/// report beside it. Removing all needs `yes`.
+/// `plurimoctl logs`: lists the run logs, prints some of them, or removes some or all of them. The reports
+/// beside a log are removed with it. Removing all logs needs `yes`.
 ExitStatus runLogs(platform::Host &host, Terminal &terminal, const LogsOptions &options);
 
 } // namespace orvana::cli

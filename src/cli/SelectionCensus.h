@@ -8,8 +8,9 @@
 namespace orvana::cli
 {
 
-/// Counts a selection as the window does: what it has to fit into, and what the total is reckoned from. On a
-/// thread of its own, for which it waits; gives up early, with what it has, once `isCancelled` says so.
+/// Counts the files and bytes of a selection as the window does. The result decides which bays are too small,
+/// and is the total of the progress. Counts on a thread of its own and waits for that thread. If
+/// `isCancelled` returns true, it stops early and returns the count so far.
 CopyCensus countSelection(platform::Host &host, const std::vector<std::string> &selection,
                           const std::function<bool()> &isCancelled);
 

@@ -15,7 +15,7 @@ Terminal Terminal::ofProcess()
     return {stdout, stderr, ::isatty(STDOUT_FILENO) == 1, canAsk ? STDIN_FILENO : NoInput};
 }
 
-// Byte by byte: what follows the line is not this question's answer.
+// Reads byte by byte: the bytes after the line are no answer to this question.
 std::string Terminal::readLine(const std::function<bool()> &givesUp) const
 {
     constexpr int AMoment = 100;
@@ -99,7 +99,7 @@ void Terminal::showBlock(const std::string &block)
 
 std::string fitted(const std::string &line, std::size_t columns)
 {
-    // Where each character starts; bytes that continue one are passed over.
+    // The position of each character's first byte. Bytes that continue a character are skipped.
     std::vector<std::size_t> starts;
     for (std::size_t i = 0; i < line.size(); ++i) {
         if ((static_cast<unsigned char>(line[i]) & 0xC0U) != 0x80)

@@ -10,42 +10,42 @@
 namespace orvana::cli
 {
 
-/// Where a command writes. Callable from any thread; each call is written as a whole.
+/// The terminal that a command writes to. Callable from any thread. Each call is written as a whole.
 class Terminal
 {
 public:
-    /// As the input: there is nobody to ask.
+    /// The value of `input` when there is nobody to ask.
     static constexpr int NoInput = -1;
 
-    /// `isScreen` says that a person watches `out`, who can be shown lines that change. `input` is the
-    /// descriptor from which that person's answers come.
+    /// `isScreen` is true if a person watches `out`; only then lines may change. `input` is the descriptor
+    /// from which that person's answers come.
     Terminal(std::FILE *out, std::FILE *err, bool isScreen, int input = NoInput)
         : m_out(out), m_err(err), m_isScreen(isScreen), m_input(input)
     {
     }
 
-    /// Standard output, error and input of the process.
+    /// Returns the terminal on the standard output, error and input of the process.
     static Terminal ofProcess();
 
-    /// True when somebody is there to be asked.
+    /// True if there is somebody to ask.
     bool canAsk() const { return m_input != NoInput; }
 
-    /// Asks on standard error and waits for a line of answer. Only "y" and "yes" are a yes; the end of the
-    /// input is not, nor that `givesUp` turns true meanwhile.
+    /// Asks on standard error and waits for a line. Returns true only if the line is "y" or "yes". Returns
+    /// false at the end of the input, and when `givesUp` returns true.
     bool confirm(std::string_view question, const std::function<bool()> &givesUp);
 
     bool isScreen() const { return m_isScreen; }
 
-    /// Columns of the screen.
+    /// Number of columns of the screen.
     std::size_t width() const;
 
     void print(std::string_view line);
     void printError(std::string_view line);
 
-    /// Writes the bytes as they are. Not together with a block.
+    /// Writes the bytes as they are. Do not call it while a block is shown.
     void write(std::string_view bytes);
 
-    /// Shows `block`, whole lines, in the place of the last block. Only on a screen.
+    /// Shows `block` in place of the last block. It must consist of whole lines. Only for a screen.
     void showBlock(const std::string &block);
 
 private:
@@ -60,7 +60,8 @@ private:
     std::string m_block;
 };
 
-/// `line` cut to `columns` characters, with an ellipsis in its middle where something was left out.
+/// Returns `line`, cut to at most `columns` characters. An ellipsis in its middle stands for the part that
+/// was left out.
 std::string fitted(const std::string &line, std::size_t columns);
 
 } // namespace orvana::cli

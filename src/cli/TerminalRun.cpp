@@ -59,7 +59,7 @@ ExitStatus TerminalRun::run(RunOrder order, DeviceScan *scan)
     m_log.initLogFile();
     m_run.start(std::move(order));
     if (m_isCancelled)
-        m_run.requestCancel(); // a signal that came before the start
+        m_run.requestCancel(); // the signal came before the start
     if (!m_status)
         m_queue.run();
     return *m_status;
@@ -96,7 +96,7 @@ void TerminalRun::update()
     m_queue.after(BetweenUpdates, [this] { update(); });
 }
 
-// The terminal names the source, and its words go into the report as well.
+// Returns the refusal in the terminal's words, which name the source. The report gets the same words.
 Refusal TerminalRun::refusalOf(const RunRefusal &refusal) const
 {
     if (const auto *enclosure = std::get_if<EnclosureRefusal>(&refusal))
@@ -150,7 +150,7 @@ void TerminalRun::ended(const RunSummary &summary)
     }
     sayWhatIsLost();
     if (!m_run.hasWorkerEnded()) {
-        // The copy thread may hang in the kernel for ever, and it uses all that a return from here would
+        // The copy thread may hang in the kernel for ever, and it uses objects that a return from here would
         // destroy.
         m_terminal.printError("plurimoctl: a disk does not answer; leaving without it");
         std::quick_exit(*m_status);

@@ -21,23 +21,24 @@ struct RunOptions
     bool json = false;
 };
 
-/// Where log and report go: the folder that the user wants, else the user's Documents.
+/// Returns the folder for log and report: the folder that the user chose, or else the user's Documents.
 std::string logFolderOf(platform::Host &host, const std::optional<std::string> &wanted);
 
-/// The terminal's view of a run: shows it line by line, and ends it at a signal.
+/// Shows a run in the terminal line by line, and cancels it at a signal.
 ///
-/// SIGINT and SIGTERM, which must be blocked, cancel it from its construction on. When a disk does not answer
-/// within ten seconds of the end, it leaves the process with its status and does not return.
+/// SIGINT and SIGTERM cancel the run from the construction of this object on; the caller must have blocked
+/// both. If a disk does not answer within ten seconds of the end, this object leaves the process with its
+/// status and does not return.
 class TerminalRun final : public RunView
 {
 public:
     TerminalRun(platform::Host &host, Terminal &terminal, const RunOptions &options);
 
-    /// True once a signal came. Callable from any thread.
+    /// True once a signal has come. Callable from any thread.
     bool isCancelled() const { return m_isCancelled; }
 
-    /// Does what the order says and returns when that has ended. `scan` knows the devices; a run into plain
-    /// folders needs none.
+    /// Carries out the order and returns when the run has ended. `scan` knows the devices; it is null for a
+    /// run into plain folders.
     ExitStatus run(RunOrder order, DeviceScan *scan);
 
     void setProgressMsg(const std::string &message) override { m_display->message(message); }
@@ -71,7 +72,7 @@ private:
     NotificationCenter m_center;
     DuplicationRun m_run;
     std::vector<NotificationCenter::Subscription> m_subscriptions;
-    platform::posix::CancelRequest m_cancelRequest; // the last, so that its thread ends first
+    platform::posix::CancelRequest m_cancelRequest; // last member, so that its thread ends first
 };
 
 } // namespace orvana::cli

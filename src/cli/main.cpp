@@ -22,7 +22,7 @@ namespace
 
 using namespace orvana;
 
-/// Everything that the user can say.
+/// The options of the command line.
 struct CommandLineOptions
 {
     platform::HostChoice machine;
@@ -35,7 +35,7 @@ struct CommandLineOptions
     cli::SimulatorOptions simulator;
 };
 
-// What every command takes.
+// Describes the options that every command has.
 void describeCommon(CLI::App &command, CommandLineOptions &options)
 {
     platform::describeHost(command, options.machine);
@@ -138,7 +138,7 @@ void takeLiterally(std::vector<std::string> &texts)
         takeLiterally(text);
 }
 
-// Everything that the user typed is meant as it stands.
+// Restores every text as the user typed it.
 void takeLiterally(CommandLineOptions &options)
 {
     for (auto *text : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
@@ -152,7 +152,7 @@ void takeLiterally(CommandLineOptions &options)
         takeLiterally(*text);
 }
 
-// From here on no path is taken from the working folder.
+// The working folder changes after this, so every path must be absolute by then.
 void makeAbsolute(CommandLineOptions &options)
 {
     const auto makePath = [](std::string &path) { path = cli::cleanPath(path); };
@@ -259,7 +259,7 @@ int main(int argc, char **argv)
     try {
         return runMain(argc, argv);
     } catch (const std::exception &error) {
-        // No memory to be had, for one. What was written stays, and is not called a success.
+        // One cause is that there is no memory left. What was written stays, but the status is not success.
         std::fprintf(stderr, "plurimoctl: %s\n", error.what());
         return SomethingFailed;
     }

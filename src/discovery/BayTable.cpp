@@ -10,11 +10,11 @@ struct BayRule
 {
     std::string_view controller;
     std::string_view bridge;
-    std::string_view port; ///< empty where the bridge alone decides
+    std::string_view port; ///< empty if the bridge alone decides
     const char *bay;
 };
 
-// The first rule that fits decides. Bridges 1 and 2 of the two-port controller are never looked at.
+// The first rule that fits decides. No rule uses bridges 1 and 2 of the two-port controller.
 constexpr BayRule Rules[] = {
     {OnePortController, "pci-bridge@0/IOPP/pci1b21,612", "", "Slot-A"},
     {OnePortController, "pci-bridge@1/IOPP/pci1b21,612", "", "Slot-B"},
@@ -35,7 +35,8 @@ bool contains(std::string_view path, std::string_view piece)
 
 std::optional<std::string> bayOf(std::string_view registryPath)
 {
-    // A path with the first controller is never looked at for the second.
+    // A path that contains the one-port controller is never compared with the rules of the two-port
+    // controller.
     const auto controller = contains(registryPath, OnePortController) ? OnePortController : TwoPortController;
     for (const auto &rule : Rules) {
         if (rule.controller == controller && contains(registryPath, rule.bridge) &&

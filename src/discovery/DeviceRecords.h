@@ -18,21 +18,21 @@ using platform::DiskFingerprint;
 class ORVBsdInfo
 {
 public:
-    /// Device node, "/dev/" and the media's name; empty for media without a name.
+    /// Device node: "/dev/" and the name of the medium. Empty for a medium without a name.
     const std::string &devPath() const { return m_devPath; }
     void setDevPath(std::string path) { m_devPath = std::move(path); }
 
-    /// Where it is mounted; null until a listing named it.
+    /// The mount point; null until a listing has named it.
     const PathObject &mountPoint() const { return m_mountPoint; }
     void setMountPoint(PathObject path) { m_mountPoint = std::move(path); }
 
-    /// Total and free size in blocks of 512 bytes, as the listing has them.
+    /// Total and free size in blocks of 512 bytes, as the listing reports them.
     const std::optional<std::int64_t> &capacitySize() const { return m_capacitySize; }
     void setCapacitySize(std::optional<std::int64_t> blocks) { m_capacitySize = blocks; }
     const std::optional<std::int64_t> &availableSize() const { return m_availableSize; }
     void setAvailableSize(std::optional<std::int64_t> blocks) { m_availableSize = blocks; }
 
-    /// Blocks of 512 bytes that hold something, as the listing has them.
+    /// Used size in blocks of 512 bytes, as the listing reports it.
     const std::optional<std::int64_t> &usedSize() const { return m_usedSize; }
     void setUsedSize(std::optional<std::int64_t> blocks) { m_usedSize = blocks; }
 
@@ -60,7 +60,7 @@ public:
     const std::optional<std::string> &devPath() const { return m_devPath; }
     void setDevPath(std::optional<std::string> path) { m_devPath = std::move(path); }
 
-    /// "Slot-A" to "Slot-D" in a four-bay enclosure; nothing elsewhere, or where no bay rule fits.
+    /// "Slot-A" to "Slot-D" in a four-bay enclosure; nullopt elsewhere, or if no bay rule fits.
     const std::optional<std::string> &slotPath() const { return m_slotPath; }
     void setSlotPath(std::optional<std::string> slot) { m_slotPath = std::move(slot); }
 
@@ -69,23 +69,24 @@ public:
     bool isRaidFormated() const { return m_isRaidFormated; }
     void setIsRaidFormated(bool raid) { m_isRaidFormated = raid; }
 
-    /// Bytes.
+    /// Size of the disk in bytes.
     const std::optional<std::int64_t> &diskSize() const { return m_diskSize; }
     void setDiskSize(std::optional<std::int64_t> bytes) { m_diskSize = bytes; }
 
-    // Marks for the guards. No row shows them.
+    // Marks for the reasons to refuse a disk. No row shows them.
 
-    /// The serial number as the disk itself says. USB disks have one here, too.
+    /// The serial number that the disk itself reports. USB disks have this number, too.
     const std::optional<std::string> &unitSerial() const { return m_unitSerial; }
     void setUnitSerial(std::optional<std::string> serial) { m_unitSerial = std::move(serial); }
     const std::optional<std::string> &wwn() const { return m_wwn; }
     void setWwn(std::optional<std::string> name) { m_wwn = std::move(name); }
 
-    /// The system's number of this arrival of the disk; another one each time that it is plugged in.
+    /// The system's number of this arrival of the disk. It is another number each time the disk is plugged
+    /// in.
     const std::optional<std::int64_t> &arrival() const { return m_arrival; }
     void setArrival(std::optional<std::int64_t> number) { m_arrival = number; }
 
-    /// The disk has partitions that are not among its usable volumes, such as those that are not mounted.
+    /// True if the disk has partitions that are not among its usable volumes, such as unmounted partitions.
     bool hasOtherPartitions() const { return m_hasOtherPartitions; }
     void setHasOtherPartitions(bool has) { m_hasOtherPartitions = has; }
 
@@ -115,7 +116,7 @@ private:
     Volumes m_bsdPathArray;
 };
 
-/// A Thunderbolt switch, which for the four-bay model is an enclosure.
+/// A Thunderbolt switch. A switch of the four-bay model is an enclosure.
 class ORVThunderboltInfo
 {
 public:
@@ -128,7 +129,7 @@ public:
     const std::optional<std::int64_t> &depth() const { return m_depth; }
     void setDepth(std::optional<std::int64_t> depth) { m_depth = depth; }
 
-    /// UID of the switch above; read only below depth 0.
+    /// UID of the switch above. It is read only if the depth is greater than 0.
     const std::optional<std::int64_t> &parentTb() const { return m_parentTb; }
     void setParentTb(std::optional<std::int64_t> uid) { m_parentTb = uid; }
     const std::optional<std::int64_t> &routeSring() const { return m_routeSring; }
@@ -136,7 +137,7 @@ public:
     float portNum() const { return m_portNum; }
     void setPortNum(float port) { m_portNum = port; }
 
-    /// Full registry path, by which disks are assigned to it.
+    /// Full registry path. Disks are assigned to the switch by this path.
     const std::string &tbPath() const { return m_tbPath; }
     void setTbPath(std::string path) { m_tbPath = std::move(path); }
 

@@ -1,4 +1,4 @@
-// The scanner's lists and switches, queries, and what is shared by its scans.
+// The scanner's lists and switches, its queries, and the code that its scans share.
 
 #include "discovery/ORVScanDevice.h"
 
@@ -108,7 +108,7 @@ int ORVScanDevice::scanForDeviceName(const std::string &category, Iterator &iter
     return status;
 }
 
-// Assigns each disk to every switch of the list that its path names, in the order of the list.
+// Assigns each disk to every switch in the list that the disk's path names, in the order of the list.
 int ORVScanDevice::attachDisks(const Iterator &iterator, Enclosures &enclosures, Walk walk)
 {
     std::unordered_map<std::string, std::vector<std::size_t>> switches;
@@ -165,7 +165,7 @@ void ORVScanDevice::fillMountPoints(const Volumes &volumes, std::string_view fil
     std::unordered_multimap<std::string, ORVBsdInfo *> byDevice;
     for (const auto &volume : volumes)
         byDevice.emplace(volume->devPath(), volume.get());
-    // Two lines of one device: the later one wins.
+    // If two lines name the same device, the later line wins.
     for (const auto &line : parseDiskFree(*listing, filter)) {
         const auto [first, last] = byDevice.equal_range(line.device);
         for (auto found = first; found != last; ++found) {

@@ -18,8 +18,9 @@ class CommandLauncher;
 
 /// Finds the four-bay enclosures with their disks and volumes, and the other disks of the machine.
 ///
-/// Scans only append to the lists; `resetArray` empties them. A query that fails ends its scan silently, a
-/// property that is missing leaves its field empty. Used on the main thread, which waits meanwhile.
+/// Scans only append to the lists; `resetArray` empties the lists. If a query fails, its scan ends without a
+/// message. If a property is missing, its field stays empty. Used on the main thread, which waits during a
+/// scan.
 class ORVScanDevice
 {
 public:
@@ -27,7 +28,7 @@ public:
     using Enclosures = std::vector<std::shared_ptr<ORVThunderboltInfo>>;
     using Disks = std::vector<std::shared_ptr<ORVHddInfo>>;
 
-    /// What the scans of one category tell: something was seen, or nothing.
+    /// The results of a scan of one category: something was seen, or nothing.
     static constexpr int Seen = 0;
     static constexpr int NothingSeen = 5;
 
@@ -40,30 +41,31 @@ public:
     const Disks &otherDiskArray() const { return m_otherDiskArray; }
     const Enclosures &otherTBArray() const { return m_otherTBArray; }
 
-    /// One sentence for each attached device that takes no part, with the reason: what the registry says, and
-    /// the disks of the last scan that sit in an enclosure but in none of its bays.
+    /// One sentence for each attached device that takes no part, with the reason: the registry's own remarks,
+    /// and the disks of the last scan that are in an enclosure but in none of its bays.
     std::vector<std::string> remarks() const;
 
-    // Which of the scans for other disks run.
+    // Options: which of the scans for other disks run
     bool Detect_System_Disk = true;
     bool Detect_ESATA_Device = false;
     bool Detect_USB_1394_Device = true;
 
-    /// The edition decides: USB and FireWire disks in "Orvana" only, internal disks always, eSATA never.
+    /// Sets the scans for an edition: USB and FireWire disks in "Orvana" only, internal disks always, eSATA
+    /// never.
     void setDetectOption(const std::string &edition);
 
-    /// Replaces lists by empty ones: "TBBay4", "USB/1394", "TBOthers" or "All"; any other key does nothing.
+    /// Empties the lists of a key: "TBBay4", "USB/1394", "TBOthers" or "All". Any other key does nothing.
     void resetArray(const std::string &key);
 
     void scanTBDevice();
     void scanOtherDevice();
     void scanOtherTBDevice();
 
-    /// Empties the lists and scans for all of it, or for the enclosures alone.
+    /// Empty lists and fill them by a new scan: the first function all lists, the second the enclosures only.
     void scanEverything();
     void scanEnclosuresAnew();
 
-    /// Measures the volumes of the enclosures again; other disks keep what they have.
+    /// Measures the volumes of the enclosures again. The records of other disks do not change.
     void reGetDiskVolume() { getMountPoint(); }
 
     void getMountPoint();
@@ -87,10 +89,10 @@ public:
     void searchOtherTBDiskPartition(const platform::RegistryEntry &entry, std::size_t tbArrayIndex,
                                     std::size_t hddArrayIndex);
 
-    /// The UID of the first switch above `entry` whose depth is below 3; nothing when there is none.
+    /// Returns the UID of the first switch above `entry` whose depth is below 3; nullopt if there is none.
     static std::optional<std::int64_t> getrootPort(const platform::RegistryEntry &entry);
 
-    /// The output of a program as text; nothing when it is not UTF-8.
+    /// Runs a program and returns its output as text; nullopt if the output is not UTF-8.
     std::optional<std::string> runCommandWithCommand(const std::string &path,
                                                      const std::vector<std::string> &arguments);
 

@@ -52,7 +52,7 @@ void ORVScanDevice::searchPartition(const RegistryEntry &entry, std::size_t tbAr
             disk.setDiskSize(numberOf(*child, "Size"));
             disk.setIsUnFormated(isOpen == false);
             disk.setIsRaidFormated(flagOf(*child, "RAID") == true);
-            // A member of a RAID set is offered as one volume, the whole of it.
+            // A member of a RAID set is offered as one volume: the whole disk.
             if (disk.isRaidFormated())
                 disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
         } else if (isOpen == true && flagOf(*child, "Leaf") == true && isWhole == false) {

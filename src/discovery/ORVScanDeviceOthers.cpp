@@ -16,7 +16,7 @@ using platform::RegistryProperties;
 namespace
 {
 
-// Both numbers are asked of the one vendor number, so no switch passes, on purpose.
+// The one vendor number would have to equal both values. So no switch passes, on purpose.
 bool isListedVendor(const std::optional<std::int64_t> &vendor)
 {
     constexpr std::int64_t required[] = {platform::MakerVendor, 4};
@@ -95,7 +95,7 @@ int ORVScanDevice::getESATADiskInfo(const Iterator &iterator)
 {
     for (const auto &entry : iterator) {
         const auto path = switchPathOf(*entry);
-        // Only the last enclosure is compared with: a shortcut that is kept.
+        // Compares with the last enclosure only. This shortcut is kept on purpose.
         if (path && !m_tbArray.empty() && m_tbArray.back()->tbPath() == *path)
             continue;
         addOtherDisk(diskRecordOf(*entry), *entry);

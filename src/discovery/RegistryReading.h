@@ -9,12 +9,12 @@
 namespace orvana
 {
 
-/// Properties of a registry entry as the scans read them; missing or of another type gives nothing.
+/// Read a property of a registry entry. Return nullopt if the property is missing or has another type.
 std::optional<std::string> textOf(const platform::RegistryEntry &entry, const std::string &key);
 std::optional<std::int64_t> numberOf(const platform::RegistryEntry &entry, const std::string &key);
 std::optional<bool> flagOf(const platform::RegistryEntry &entry, const std::string &key);
 
-/// The same, without white space at both ends.
+/// Return a text without white space at both ends.
 std::optional<std::string> trimmedTextOf(const platform::RegistryEntry &entry, const std::string &key);
 std::string trimmed(const std::string &text);
 
@@ -24,8 +24,8 @@ std::string devicePathOf(const platform::RegistryEntry &entry);
 /// The record of a Thunderbolt switch.
 std::shared_ptr<ORVThunderboltInfo> switchRecordOf(const platform::RegistryEntry &entry);
 
-/// The path of the switch that a disk driver hangs on: its "Thunderbolt Path", found upward, without the
-/// last component.
+/// Returns the path of the switch above a disk driver: the "Thunderbolt Path" that is found upward, without
+/// its last component.
 std::optional<std::string> switchPathOf(const platform::RegistryEntry &entry);
 
 /// A new record with the driver's trimmed model and serial number, and its marks.
@@ -34,7 +34,7 @@ std::shared_ptr<ORVHddInfo> diskRecordOf(const platform::RegistryEntry &entry);
 /// Reads the marks that tell the disk from others: "Unit Serial Number", "World Wide Name", "Arrival Number".
 void readMarks(const platform::RegistryEntry &entry, ORVHddInfo &disk);
 
-/// Notes on the disk that `entry`, an object below it, is a partition which is no usable volume.
+/// Notes in `disk` if `entry`, an object below it, is a partition that is no usable volume.
 void noteOtherPartition(const platform::RegistryEntry &entry, ORVHddInfo &disk);
 
 /// A new volume record.

@@ -21,7 +21,7 @@ namespace
 
 constexpr const char *PciDevice = "IOPCIDevice";
 
-// A name that cannot be read counts: a missed change is worse than a spare rescan.
+// A name that cannot be read counts as a controller: a missed change is worse than an unnecessary rescan.
 bool isEnclosureController(const std::optional<std::string> &name)
 {
     return !name || name->find(OnePortController) != std::string::npos ||

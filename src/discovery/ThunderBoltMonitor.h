@@ -11,13 +11,13 @@ namespace orvana
 class NotificationCenter;
 
 /// Watches PCI devices come and go, and posts "TBDeviceAttached" and "TBDeviceDeattached" for the SATA
-/// controllers of the four-bay enclosures. Used on the main thread; watches until the registry ends.
+/// controllers of the four-bay enclosures. Used on the main thread. Watches until the registry ends.
 class ThunderBoltMonitor
 {
 public:
     using Iterator = std::vector<platform::RegistryEntryPtr>;
 
-    /// Both must outlive the monitor, and the monitor the registry's events.
+    /// Registry and center must outlive the monitor. The monitor must outlive the registry's events.
     ThunderBoltMonitor(platform::HardwareRegistry &registry, NotificationCenter &center)
         : m_registry(registry), m_center(center)
     {
@@ -28,14 +28,15 @@ public:
     void MonitorInit() { registerForThunderboltNotifications(); }
     void registerForThunderboltNotifications();
 
-    /// Posts for each entry that counts as a controller; before the monitor is primed it only takes them in.
+    /// Post for each entry that counts as a controller. Before the monitor is primed, `tbDeviceAdded` posts
+    /// nothing.
     void tbDeviceAdded(const Iterator &iterator);
     void tbDeviceRemoved(const Iterator &iterator);
 
-    /// The registry's name of the device; nothing when it cannot be read.
+    /// Returns the registry's name of the device; nullopt if the name cannot be read.
     static std::optional<std::string> devicenameForThunderboltObject(const platform::RegistryEntry &entry);
 
-    /// The first four bytes of "device-id" or "vendor-id", in the host's order, as "0x%X\n".
+    /// The first four bytes of "device-id" or "vendor-id", in the host's byte order, as "0x%X\n".
     static std::string deviceIDForThunderboltObject(const platform::RegistryEntry &entry);
     static std::string vendorIDForThunderboltObject(const platform::RegistryEntry &entry);
 

@@ -17,8 +17,8 @@ using platform::linux_host::Device;
 using platform::linux_host::Disk;
 using platform::linux_host::SystemState;
 
-// Where a running system has its parts. In the first ones everything below counts, too; below the others
-// users mount what is theirs.
+// True for the places where a running system has its parts. A place in `all` includes everything below it.
+// Below a place in `tops`, users mount volumes of their own.
 bool isSystemPlace(const std::string &point)
 {
     const auto all = {"/boot", "/efi", "/etc", "/nix", "/usr", "/var"};
@@ -30,7 +30,7 @@ bool isSystemPlace(const std::string &point)
            std::any_of(tops.begin(), tops.end(), [&](const char *place) { return point == place; });
 }
 
-// An image may be a device itself; the kernel then names no holder.
+// A loop device may use the partition itself as its image. The kernel then names no holder.
 bool isImage(const SystemState &system, const Device &partition)
 {
     const auto blocks = system.devices.ofSubsystem("block");
@@ -53,7 +53,7 @@ void addPartition(const SystemState &system, const Device &partition, DiskFacts 
         facts.holdsSystem = facts.holdsSystem || isSystemPlace(mount.target);
         facts.mounted.push_back({"/dev/" + partition.name, mount.target});
     }
-    // Mounted by another disk, where it cannot be unmounted for this one.
+    // A pooled file system may be mounted through another disk. It cannot be unmounted for this disk then.
     facts.isHeld = facts.isHeld || (facts.mounted.size() == before && system.isPooled(partition));
 }
 
@@ -84,7 +84,7 @@ bool isSpared(const std::string &node, const DiskFacts &facts, const Expectation
 
 std::optional<KnownDisk> knownDisk(const SystemState &system, const Device &device)
 {
-    // Whether somebody else has the disk is asked elsewhere.
+    // This function does not ask whether somebody else uses the disk; `checkNobodyHas` does.
     const auto disks = disksOf(system, [](const std::string &) { return false; });
     const auto disk =
         std::find_if(disks.begin(), disks.end(), [&](const Disk &one) { return one.device == &device; });
@@ -98,7 +98,7 @@ std::optional<KnownDisk> knownDisk(const SystemState &system, const Device &devi
     const auto tree = makeTree(system, disks, names);
     std::vector<platform::RegistryEntryPtr> drivers;
     tree.root->collect({"AppleAHCIDiskDriver", {}}, drivers);
-    // The driver's own device stands right above it, named as the kernel names the disk.
+    // The driver's parent is its device, which has the kernel's name of the disk.
     for (const auto &driver : drivers) {
         if (driver->parent()->name() == device.name)
             known.isInBay = bayOf(driver->path()).has_value();
@@ -108,7 +108,7 @@ std::optional<KnownDisk> knownDisk(const SystemState &system, const Device &devi
 
 std::optional<DiskFacts> factsOf(const SystemState &system, const std::string &node, const BayRule &rule)
 {
-    // Only the kernel's own name: a link may lead elsewhere by the time that the service follows it.
+    // Accepts only the kernel's own name: a link may lead elsewhere by the time that the service follows it.
     const std::string folder = "/dev/";
     const auto *device =
         node.starts_with(folder) ? system.devices.blockNamed(node.substr(folder.size())) : nullptr;

@@ -9,7 +9,7 @@
 namespace orvana::diskutil
 {
 
-/// A file system of the disk that is mounted somewhere.
+/// A mounted file system of the disk.
 struct MountedPiece
 {
     std::string node;  ///< "/dev/sdb1"
@@ -18,7 +18,7 @@ struct MountedPiece
     bool operator==(const MountedPiece &) const = default;
 };
 
-/// What is known of a disk at one moment. What could not be found out counts against the disk.
+/// The facts about a disk at one moment. An unknown fact counts against the disk.
 struct DiskFacts
 {
     bool isWholeDisk = false;
@@ -28,14 +28,14 @@ struct DiskFacts
     bool isRootKnown = false; ///< it is known which disks hold the running system
     bool holdsSystem = false;
     bool isSwappedOn = false;
-    bool isExamined = false; ///< udev has looked at what is on it and on each of its partitions
-    bool isMember = false;   ///< of a RAID set or a volume group
+    bool isExamined = false; ///< udev has examined the disk and each of its partitions
+    bool isMember = false;   ///< the disk is a member of a RAID set or a volume group
     bool isHeld = false;     ///< something is built upon it
     std::vector<MountedPiece> mounted;
 };
 
-/// Which disk a block device is, and whether it sits in a bay of an enclosure; nothing for a device that is
-/// no disk to work on.
+/// Which disk a block device is, and whether the disk is in a bay of an enclosure. A `BayRule` returns
+/// nullopt for a device that is no disk to work on.
 struct KnownDisk
 {
     platform::linux_host::DiskIdentity identity;
@@ -49,19 +49,19 @@ using BayRule = std::function<std::optional<KnownDisk>(const platform::linux_hos
 std::optional<KnownDisk> knownDisk(const platform::linux_host::SystemState &system,
                                    const platform::linux_host::Device &device);
 
-/// The facts of the block device at `node`, by the kernel's own name ("/dev/sdb"); nothing when there is
-/// none.
+/// Returns the facts of the block device at `node`, the kernel's own name ("/dev/sdb"). Returns nullopt if
+/// there is no such device.
 std::optional<DiskFacts> factsOf(const platform::linux_host::SystemState &system, const std::string &node,
                                  const BayRule &rule);
 
-/// Refuses a disk that is not exactly the expected one, or of which anything is missing on either side, and a
-/// disk that may be one of those that must not be touched.
+/// Refuses a disk that is not exactly the expected disk. A value that is missing on either side is a reason
+/// to refuse. Also refuses a disk that may be one of the disks that must not be touched.
 Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, const Expectation &expected);
 
-/// Refuses a disk that must not be erased, whatever else holds. Mounted file systems are no reason yet.
+/// Refuses a disk that must never be erased. A mounted file system is no reason to refuse here.
 Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts);
 
-/// Refuses a disk that the system works with; it is neither erased nor ejected.
+/// Refuses a disk that the system works with. Such a disk is neither erased nor ejected.
 Outcome<void> checkEjectable(const std::string &node, const DiskFacts &facts);
 
 } // namespace orvana::diskutil

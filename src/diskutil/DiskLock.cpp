@@ -12,8 +12,8 @@
 namespace orvana::diskutil
 {
 
-// The name of a socket in the kernel's own table: it needs no folder that every user may write to, it ends
-// with the process, and udev, which locks the disk's node itself, is not disturbed.
+// The lock is the name of a socket in the kernel's own table. It needs no folder that every user may write
+// to, and it ends with the process. It does not disturb udev, which locks the disk's node itself.
 Outcome<std::shared_ptr<void>> holdDisk(std::uint64_t sequence)
 {
     auto held =

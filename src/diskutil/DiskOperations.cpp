@@ -33,7 +33,7 @@ Trouble busy(const MountedPiece &partition, const Trouble &cause, const Surround
     return {cause.status, reason};
 }
 
-// A file system may be mounted several times over; each time the last one goes.
+// A file system may be mounted several times. Each pass removes the last mount.
 Outcome<DiskFacts> unmountAll(const Request &request, const Surroundings &with, Check check)
 {
     auto facts = lookAndCheck(request, with, check);
@@ -51,8 +51,8 @@ Outcome<DiskFacts> unmountAll(const Request &request, const Surroundings &with, 
 
 using Change = std::function<Outcome<std::string>()>;
 
-// Changes the disk at once after the look. A right that is missing is asked for, and then all is looked at
-// anew, for who is asked may take their time.
+// Changes the disk right after the check. If a right is missing, asks the user for it and then checks
+// everything again, because the answer may take long.
 Outcome<std::string> lookAndChange(const Request &request, const Surroundings &with,
                                    const std::function<Outcome<void>()> &snapshot, const Change &change)
 {
@@ -86,8 +86,8 @@ Outcome<void> lookThatItIsFree(const Request &request, const Surroundings &with)
     return {};
 }
 
-// The service cannot work on a disk that is held open, so between this look and the write it is guarded by
-// nothing.
+// The service cannot work on a disk that is held open. So nothing protects the disk between this check and
+// the write.
 Outcome<void> makeTable(const Request &request, const Surroundings &with)
 {
     const auto snapshot = [&]() -> Outcome<void> {
@@ -106,7 +106,7 @@ Outcome<void> makeTable(const Request &request, const Surroundings &with)
                    displayPath(request.node) + ": what it held may be lost: " + made.error().reason);
 }
 
-// The disk has been changed by now: nothing is a refusal any more.
+// The disk has been changed by now, so no failure counts as a refusal any more.
 Outcome<std::string> makeVolume(const Request &request, const Surroundings &with, const VolumeFormat &format)
 {
     const auto made = lookAndChange(
@@ -166,7 +166,7 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
         return trouble(unmounted.error().status,
                        unmounted.error().reason +
                            (lost.empty() ? "" : "; not all could be written: " + lost));
-    // A password for each disk that is let go would be too much.
+    // Asking for a password for each ejected disk would be too much.
     if (const auto alone = with.service.checkNobodyHas(request.node, Password::IsNotAskedFor); !alone)
         return tl::unexpected(alone.error());
     if (const auto released = with.service.release(request.node); !released)

@@ -10,44 +10,46 @@ namespace orvana::diskutil
 
 enum class Password { IsAskedFor, IsNotAskedFor };
 
-/// What changes disks. Nodes are the kernel's, "/dev/sdb" and "/dev/sdb1". Calls wait for their end; every
-/// one has an end.
+/// Changes disks. Nodes have the kernel's names, "/dev/sdb" and "/dev/sdb1". Every call waits until its work
+/// has ended, and no call waits for ever.
 class DiskService
 {
 public:
     virtual ~DiskService() = default;
 
-    /// Whether file systems of this format can be made here.
+    /// Succeeds if file systems of this format can be made here.
     virtual Outcome<void> checkFormat(const VolumeFormat &format) = 0;
 
-    /// Unmounts the file system of the node once. In use is a trouble of status Refused.
+    /// Unmounts the file system of the node once. If it is in use, the trouble has the status Refused.
     virtual Outcome<void> unmount(const std::string &node) = 0;
 
-    /// Whether nobody else has the whole disk: a mount in another namespace, a set, a program. Without asking
-    /// the user for a password, what an ordinary user may not look at counts as free.
+    /// Succeeds if nobody else uses the whole disk: no mount in another namespace, no set of disks, no
+    /// program. With `Password::IsNotAskedFor` and no permission to open the disk, we cannot tell, and report
+    /// it as unused.
     virtual Outcome<void> checkNobodyHas(const std::string &node, Password password) = 0;
 
-    /// The rights that the service may want of who changes the disk, in the order in which to ask for them.
+    /// The rights that the service may require for changing the disk, in the order in which to ask for them.
     virtual std::vector<std::string> rightsToChange(const std::string &node) = 0;
 
-    /// Asks the user for the right, unless they have it, and waits for the answer. What changes disks never
-    /// asks: a question can stand for hours, and the disk may be another one by then.
+    /// Asks the user for the right, unless the user already has it, and waits for the answer. The functions
+    /// that change disks never ask: a question can wait for hours, and the node may be another disk by then.
     virtual Outcome<void> askFor(const std::string &right) = 0;
 
-    /// Writes a new, empty partition table over the whole disk. Only a missing right is a trouble of status
-    /// Refused, or a service that is not there one of status NotThere; with any other the table may be gone.
+    /// Writes a new, empty partition table over the whole disk. If a right is missing, the trouble has the
+    /// status Refused; if the service is missing, NotThere. Nothing was written then. With any other status
+    /// the old table may be gone.
     virtual Outcome<void> makeTable(const std::string &node) = 0;
 
-    /// Makes one partition over all of the disk, with a file system of that name which belongs to the calling
-    /// user; returns the partition's node.
+    /// Makes one partition over the whole disk, with a file system of this name that belongs to the calling
+    /// user. Returns the partition's node.
     virtual Outcome<std::string> makeVolume(const std::string &node, const VolumeFormat &format,
                                             const std::string &name) = 0;
 
-    /// Mounts the file system of the node, unless somebody has already; returns where.
+    /// Mounts the file system of the node, unless it is already mounted. Returns the mount point.
     virtual Outcome<std::string> mount(const std::string &node) = 0;
 
-    /// Ejects the drive, powers it down or has it rest, as far as it can that by itself and the user may.
-    /// Never another one.
+    /// Ejects the drive, powers it off or puts it into standby, as far as the drive can and the user may.
+    /// Never does this to another drive.
     virtual Outcome<void> release(const std::string &node) = 0;
 };
 

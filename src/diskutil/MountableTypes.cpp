@@ -10,7 +10,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-// "nodev\tproc", "\text4"
+// Lines look like "nodev\tproc" or "\text4".
 bool isKnownToKernel(const std::string &type, const fs::path &root)
 {
     std::ifstream table(root / "proc/filesystems");
@@ -21,7 +21,7 @@ bool isKnownToKernel(const std::string &type, const fs::path &root)
     return false;
 }
 
-// "alias fs-exfat exfat"
+// Lines look like "alias fs-exfat exfat".
 bool isModule(const std::string &type, const std::string &release, const fs::path &root)
 {
     std::ifstream aliases(root / "lib/modules" / release / "modules.alias");

@@ -6,8 +6,9 @@
 namespace orvana::diskutil
 {
 
-/// Whether volumes of the type ("exfat") can be mounted here: the kernel has it, or a module of it, or there
-/// is a program for it. `root` is the folder of the whole system, `release` the kernel's.
+/// True if volumes of the type ("exfat") can be mounted here: the kernel has it, there is a module for it, or
+/// there is a mount program for it. `root` is the root folder of the system, `release` the release of the
+/// kernel.
 bool canBeMounted(const std::string &type, const std::string &release,
                   const std::filesystem::path &root = "/");
 

@@ -27,7 +27,7 @@ Outcome<void> writeOut(const std::string &point)
 {
     const platform::posix::Descriptor folder(
         ::open(point.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
-    // Who may not look into it may unmount it all the same, and that writes out, too.
+    // A user who may not open the folder may still unmount it, and unmounting writes the data, too.
     if (!folder.isOpen() || ::syncfs(folder.number()) == 0)
         return {};
     return trouble(SomethingFailed, displayPath(point) + ": " + std::generic_category().message(errno));
@@ -39,8 +39,8 @@ bool isMountableHere(const std::string &type)
     return ::uname(&kernel) == 0 && canBeMounted(type, static_cast<const char *>(kernel.release));
 }
 
-// udev asks this of disks that come, and has not finished with them yet. A disk in a bay that the system
-// works with stays the system's own.
+// udev asks this about new disks that it has not finished examining. So `isExamined` is not required here. A
+// disk in a bay that the system works with stays the system's own.
 Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFacts> &facts)
 {
     if (!facts)

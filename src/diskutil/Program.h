@@ -5,13 +5,13 @@
 namespace orvana::diskutil
 {
 
-/// The whole program: looks at this machine by the rule, and works by way of its disk service. Prints what
-/// was done to standard output, and why something was not to standard error; returns the exit status.
+/// Runs the whole program: examines this machine by the rule, and works through its disk service. Prints the
+/// result to standard output, or the reason for a failure to standard error. Returns the exit status.
 int runProgram(const std::vector<std::string> &words, const BayRule &rule,
                const platform::linux_host::SystemFiles &files = {});
 
-/// Ends the program at once, with all that was printed. The bus is served by a thread of its own, which
-/// complains when the program is taken down around it.
+/// Writes out everything that was printed and ends the program at once. A thread of its own serves the bus,
+/// and it complains if the program is taken down while it runs.
 [[noreturn]] void leave(int status);
 
 } // namespace orvana::diskutil

@@ -19,7 +19,7 @@ std::optional<std::uint64_t> numberIn(std::string_view text)
     return number;
 }
 
-// False when the value was given before, or is none.
+// Stores the value. Returns false if there was a value before, or if this value is not valid.
 bool take(std::optional<std::string> &known, std::string_view value)
 {
     return !std::exchange(known, value);
@@ -52,7 +52,8 @@ bool readMark(std::string_view key, std::string_view value, platform::DiskFinger
     return key == "wwn" && take(disk.wwn, value);
 }
 
-// "device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". Everything behind "serial=" is the serial number.
+// Reads "device=/dev/sdb,arrival=12,size=1000,wwn=0x5,serial=S1". All text after "serial=" is the serial
+// number.
 bool readSpared(std::string_view text, Expectation &expected)
 {
     constexpr std::string_view Serial = "serial=";
@@ -71,7 +72,7 @@ bool readSpared(std::string_view text, Expectation &expected)
     return true;
 }
 
-// False when the word is no expectation, or its value none.
+// Returns false if the word is no expectation, or if its value is not valid.
 bool readExpectation(std::string_view word, Expectation &expected)
 {
     const auto equals = word.find('=');
@@ -96,7 +97,7 @@ Outcome<Request> readRequest(const std::vector<std::string> &words)
 {
     Request request;
     std::vector<std::string> plain;
-    // A volume may be named like an option; where a name stands is known.
+    // A volume may be named like an option, so the name is found by its position.
     const bool isErase = !words.empty() && words[0] == "eraseDisk";
     for (const auto &word : words) {
         const bool isName = isErase && plain.size() == 2;

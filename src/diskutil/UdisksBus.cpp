@@ -35,7 +35,7 @@ std::string reasonOf(const QDBusMessage &reply)
         return "it is in use";
     if (name.endsWith(QStringLiteral("NoReply")) || name.endsWith(QStringLiteral("Timeout")))
         return "the disk service did not answer in time";
-    // The programs that the service runs may add pages of advice.
+    // Only the first line is kept: the programs that the service runs may add pages of advice.
     const auto text = reply.errorMessage().toStdString();
     return displayPath(text.substr(0, text.find('\n')));
 }
@@ -46,7 +46,7 @@ bool isMissing(const QDBusMessage &reply)
     return name.endsWith(QStringLiteral("ServiceUnknown")) || name.endsWith(QStringLiteral("NameHasNoOwner"));
 }
 
-// Refused before anything was done, whatever the caller was about to do.
+// True if the service refused the call before it did anything.
 bool isRefusal(const QDBusMessage &reply)
 {
     const auto name = reply.errorName();

@@ -9,10 +9,10 @@ namespace orvana::diskutil
 {
 
 constexpr int SoonMilliseconds = 30 * 1000;
-/// The service may ask the user for a password, and make file systems of any size.
+/// For calls in which the service may ask the user for a password, or make file systems of any size.
 constexpr int InTimeMilliseconds = 30 * 60 * 1000;
 
-/// Calls to the objects of the disk service. Interfaces are named without their common start: "Block".
+/// Calls the objects of the disk service. Interfaces are named without their common start: "Block".
 class UdisksBus
 {
 public:
@@ -21,7 +21,8 @@ public:
     UdisksBus(const UdisksBus &) = delete;
     UdisksBus &operator=(const UdisksBus &) = delete;
 
-    /// The reply, or the trouble of an error; `otherwise` is its status where the error says nothing better.
+    /// Returns the reply, or the trouble of an error. `otherwise` is the status of the trouble if the error
+    /// gives no better one.
     Outcome<QVariantList> call(const QString &object, const char *interface, const char *method,
                                const QVariantList &arguments, ExitStatus otherwise,
                                int milliseconds = SoonMilliseconds);
@@ -38,7 +39,7 @@ public:
     /// True when the property is there and true.
     bool flag(const QString &object, const char *interface, const char *name);
 
-    /// Asks the user for the right to an action, which this process then keeps for a while.
+    /// Asks the user for the right to an action. This process then keeps the right for a while.
     Outcome<void> obtain(const QString &action);
 
 private:

@@ -18,7 +18,7 @@ namespace
 constexpr std::uint64_t FirstByte = 1'048'576;
 constexpr std::uint64_t AllThatIsLeft = 0;
 
-// For calls that must not wait for a question that somebody is asked.
+// Options for calls that must not wait for a question to the user.
 QVariantMap withoutAsking()
 {
     return {{QStringLiteral("auth.no_user_interaction"), true}};
@@ -79,7 +79,7 @@ Outcome<void> UdisksService::checkNobodyHas(const std::string &node, Password pa
     const QVariantMap options{{QStringLiteral("flags"), O_EXCL | O_NONBLOCK | O_CLOEXEC}};
     const auto reply = m_bus->call(*object, "Block", "OpenDevice", {QStringLiteral("r"), options}, Refused,
                                    InTimeMilliseconds);
-    // The service has no name of its own for this error.
+    // The service has no error name of its own for a busy disk.
     if (!reply && reply.error().reason.find("busy") != std::string::npos)
         return inUse;
     if (!reply)
@@ -143,7 +143,7 @@ Outcome<std::string> UdisksService::mount(const std::string &node)
     const auto reply = m_bus->simply(node, "Filesystem", "Mount", SomethingFailed);
     if (reply)
         return reply->value(0).toString().toStdString();
-    // The desktop may have been quicker.
+    // The desktop may have mounted it first.
     const auto object = m_bus->objectOf(node);
     if (const auto points = object ? m_bus->property(*object, "Filesystem", "MountPoints")
                                    : Outcome<QVariant>(trouble(SomethingFailed, {}))) {
@@ -167,14 +167,14 @@ Outcome<void> UdisksService::release(const std::string &node)
     if (m_bus->flag(path, "Drive", "Ejectable")) {
         method = "Eject";
     } else if (m_bus->flag(path, "Drive", "CanPowerOff")) {
-        // A drive with siblings would take them along.
+        // Powering the drive off would also power off its siblings.
         const auto sibling = m_bus->property(path, "Drive", "SiblingId");
         if (sibling && sibling->toString().isEmpty())
             method = "PowerOff";
     }
     if (!method) {
-        // A SATA disk writes out its own memory and parks its heads; where it cannot, it is unmounted all the
-        // same.
+        // In standby a SATA disk writes out its own memory and parks its heads. If that fails, the disk is
+        // unmounted all the same.
         m_bus->call(path, "Drive.Ata", "PmStandby", {withoutAsking()}, SomethingFailed);
         return {};
     }

@@ -9,8 +9,8 @@ namespace orvana::diskutil
 
 class UdisksBus;
 
-/// The desktop's own disk service, asked over D-Bus. Who may do what is its decision, and it asks the user
-/// where it has to; without anybody to ask it refuses.
+/// Uses the desktop's own disk service over D-Bus. The service decides who may do what, and asks the user if
+/// it has to. If there is nobody to ask, the service refuses.
 class UdisksService final : public DiskService
 {
 public:

@@ -12,16 +12,16 @@ namespace orvana::diskutil
 struct VolumeFormat
 {
     const char *type;          ///< as the disk service calls it
-    const char *partitionType; ///< of the one partition, in a GUID table
-    EraseFormat rules;         ///< for names
+    const char *partitionType; ///< type of the one partition in a GUID table
+    EraseFormat rules;         ///< rules for volume names
 };
 
-/// The format that a word stands for: "ext4", "xfs", "exfat", or "JHFS+", which stands for this machine's own
-/// journaled one, `setting` if that is given and not empty, and ext4 otherwise.
+/// Returns the format that a word stands for: "ext4", "xfs", "exfat" or "JHFS+". "JHFS+" stands for this
+/// machine's own file system: `setting` if it is given and not empty, otherwise ext4.
 Outcome<VolumeFormat> formatOf(const std::string &word, const std::optional<std::string> &setting);
 
-/// Refuses a name that the format cannot carry as it is, or that stands for something else in the program. A
-/// name is never shortened.
+/// Refuses a name that the format cannot hold unchanged, or that has another meaning in the program. Never
+/// shortens a name.
 Outcome<void> checkName(const VolumeFormat &format, const std::string &name);
 
 } // namespace orvana::diskutil

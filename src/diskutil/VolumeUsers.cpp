@@ -15,7 +15,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-// Where the link leads is only read: to follow it could wait for ever, for a file system that does not
+// Only reads the target of the link. Following the link could wait for ever for a file system that does not
 // answer.
 bool leadsTo(const fs::path &link, const std::string &point)
 {
@@ -35,7 +35,7 @@ bool uses(const fs::path &process, const std::string &point)
                        [&](const std::string &file) { return leadsTo(process / "fd" / file, point); });
 }
 
-// A file of the volume may be a loop device's, which no process has open.
+// A loop device may use a file of the volume as its image. No process has that file open.
 void addImages(const std::string &point, std::vector<std::string> &found)
 {
     for (const auto &block : platform::linux_host::namesIn("/sys/block")) {

@@ -31,21 +31,23 @@ public:
     static constexpr std::int64_t Off = 0;
     static constexpr std::int64_t Mixed = -1;
 
-    /// Class-wide: reads from this host from now on, which must outlive all use; the root path becomes an
-    /// empty one. Called once at start-up, before anything else here.
+    /// Class-wide: makes the tree read from this host, and sets an empty root path. The host must outlive all
+    /// use of this class. Called once at start-up, before any other function of this class.
     static void useHost(platform::Host &host);
 
     /// Class-wide: the root path; never null.
     static const PathObject &repoRoot();
 
-    /// Class-wide, through any node: another path object drops the tree, even when its text is the same; the
-    /// same object keeps the tree and all its check marks. A null path counts as a new empty one.
+    /// Class-wide, callable on any node: sets the root path. Another path object drops the tree, even if its
+    /// text is the same. The same object keeps the tree and all its check marks. A null path counts as a new
+    /// empty path.
     void setrepoRootPath(PathObject path);
 
-    /// Class-wide: the root, made of the root path when there is none yet.
+    /// Class-wide: the root. It is made from the root path if there is no root yet.
     static std::shared_ptr<FileSystemItem> rootItem();
 
-    /// `path` is the whole path for a root, else the entry's name in `parent`, which must outlive the node.
+    /// For a root, `path` is the whole path. Otherwise it is the entry's name in `parent`, which must outlive
+    /// the node.
     explicit FileSystemItem(std::string path, FileSystemItem *parent = nullptr);
 
     const std::string &relativePath() const { return m_relativePath; }
@@ -56,37 +58,39 @@ public:
 
     std::string fullPath() const;
 
-    /// The entries that pass the rules for what is shown, in the order of the file system. Anything that is
-    /// no folder gives the one shared leaf marker, an unreadable folder an empty list of its own.
+    /// The entries that pass the rules for what is shown, in the order of the file system. A node that is no
+    /// folder returns the one shared leaf marker. A folder that cannot be read returns an empty list of its
+    /// own.
     const Children &children();
 
-    /// The object that marks a leaf, told by its identity.
+    /// The list that marks a leaf. It is recognised by its address.
     static const Children &leafMarker();
 
-    /// True when the node is no folder. Reads no folder.
+    /// True if the node is not a folder. Does not read the folder's entries.
     bool isLeaf();
 
-    /// -1 for a leaf.
+    /// Number of children; -1 for a leaf.
     std::int64_t numberOfChildren();
 
     /// `n` must be below `numberOfChildren`.
     FileSystemItem *childAtIndex(std::size_t n);
 
-    /// The children read so far; none for a leaf or a folder that nobody asked for its children.
+    /// The children read so far. Empty for a leaf, and for a folder whose children were never requested.
     const Children &builtChildren() const { return m_children ? *m_children : leafMarker(); }
 
     std::int64_t isChecked() const { return m_selected; }
 
-    /// On and off reach every descendant read so far; mixed stays on this node. No parent is ever changed.
+    /// Sets the check state. On and off also reach every descendant read so far; mixed stays on this node. No
+    /// parent ever changes.
     void setChecked(std::int64_t state);
 
     bool isExpand() const { return m_expanded; }
     void setExpanded(bool expanded) { m_expanded = expanded; }
 
-    /// What the file system says now; nothing when it cannot be read.
+    /// The present attributes in the file system, or nullopt if they cannot be read.
     std::optional<platform::Attributes> attributes() const;
 
-    /// An image of the window's toolkit; never set by the node itself.
+    /// An image of the window's toolkit. The node itself never sets it.
     const std::shared_ptr<const void> &icon() const { return m_icon; }
     void setIcon(std::shared_ptr<const void> icon) { m_icon = std::move(icon); }
 
@@ -100,26 +104,26 @@ private:
 
     std::string m_relativePath;
     FileSystemItem *m_parent;
-    std::shared_ptr<Children> m_children; // null until asked for
+    std::shared_ptr<Children> m_children; // null until first requested
     std::shared_ptr<const void> m_icon;
     std::int64_t m_selected = On;
     std::uint32_t m_row = 0;
     bool m_expanded = false;
-    bool m_isKnownFolder = false; // as its parent's listing told
+    bool m_isKnownFolder = false; // according to its parent's listing
 };
 
-/// A row as the list shows it, taken on the main thread for use on another.
+/// A copy of a row as the list shows it. Made on the main thread for use on another thread.
 struct FileListRow
 {
     std::string fullPath;
     bool isExpand = false;
     std::int64_t isChecked = FileSystemItem::Off;
 
-    /// True for what stands for itself in a run and is ticked: an open folder is spoken for by its rows.
+    /// True if a run takes this row itself. An open folder is never taken itself: its rows stand for it.
     bool isTicked() const { return !isExpand && isChecked == FileSystemItem::On; }
 };
 
-/// The rows below and including `root`, from the first to the last, as they stand open and closed.
+/// Returns `root` and the visible rows below it, in the order of the list.
 std::vector<FileListRow> visibleRows(FileSystemItem &root);
 
 } // namespace orvana

@@ -11,8 +11,8 @@ namespace platform
 class Host;
 }
 
-/// Paths that are never offered, counted or copied: what the user's own system and other systems keep for
-/// themselves. Callable from any thread.
+/// Knows the paths that are never offered, counted or copied: what the user's own system and other systems
+/// keep for themselves. Callable from any thread.
 class ReservedPaths
 {
 public:
@@ -22,14 +22,16 @@ public:
     /// holds a reserved word.
     bool contains(std::string_view path) const;
 
-    /// The same for the entry `name` of `folder`, where `folder` is known to hold no reserved word.
+    /// Like `contains`, for the entry `name` of `folder`. The caller knows that `folder` holds no reserved
+    /// word.
     bool containsEntry(std::string_view folder, std::string_view name) const;
 
-    /// True when "System Volume Information", "Temporary Items" or "Network Trash Folder" stands anywhere.
+    /// True if "System Volume Information", "Temporary Items" or "Network Trash Folder" occurs anywhere in
+    /// the path.
     static bool holdsReservedWord(std::string_view path);
 
 private:
-    std::string m_home; // where the user's home folder really lies
+    std::string m_home; // the real path of the user's home folder
 };
 
 /// True when the path leads to or through a package that is shown although its extension is hidden.

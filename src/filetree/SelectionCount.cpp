@@ -9,7 +9,8 @@
 namespace orvana
 {
 
-// Which count may tell of itself. A count that hangs in the kernel may outlive its owner, so it shares this.
+// Knows which count may post. A count that hangs in the kernel may outlive its owner, so the counts share
+// this object.
 struct SelectionCount::Speaker
 {
     explicit Speaker(NotificationCenter &notificationCenter) : center(notificationCenter) {}

@@ -18,31 +18,33 @@ namespace platform
 class Host;
 }
 
-/// Counts the ticked rows of the file list on a thread of its own. The newest count is the only one that is
-/// heard: it cancels the one before, has totals of its own, and tells of them while it is the current one.
+/// Counts the ticked rows of the file list on a thread of its own. A new count cancels the previous count and
+/// has totals of its own. Only the current count posts.
 ///
-/// Posts "FileSizeChange" once a file, and at the end once more, followed by
-/// "UpdateDiskInFoColorFormFileListView"; all on the counting thread. A cancelled count posts no end.
+/// Posts "FileSizeChange" after each file. At the end it posts "FileSizeChange" once more, and then
+/// "UpdateDiskInFoColorFormFileListView". All posts come from the counting thread. A cancelled count does not
+/// post the end.
 class SelectionCount
 {
 public:
-    /// Both must outlive the count.
+    /// Host and center must outlive the count.
     SelectionCount(platform::Host &host, NotificationCenter &center);
 
-    /// Cancels what runs and waits for it, at most 10 s; longer only a disk takes that hangs in the kernel.
+    /// Cancels the running count and waits up to 10 s for it. A count that hangs in the kernel for longer is
+    /// abandoned.
     ~SelectionCount();
 
-    /// Cancels the count that runs and starts one over `rows`. On the main thread.
+    /// Cancels the running count and starts a new count over `rows`. Main thread only.
     void start(std::vector<FileListRow> rows);
 
-    /// Cancels the count that runs; what it had found remains. On the main thread.
+    /// Cancels the running count. Its totals so far remain. Main thread only.
     void stop();
 
-    /// Of the last count, running or ended. On the main thread.
+    /// Totals of the last count, running or ended: bytes and number of files. Main thread only.
     std::uint64_t totalSize() const { return m_totals->totalSize; }
     std::int64_t totalFiles() const { return m_totals->totalFiles; }
 
-    /// Waits at most `limit`; true when no count runs any more.
+    /// Waits at most `limit`. Returns true if no count runs any more.
     bool waitForEnd(std::chrono::milliseconds limit) const;
 
 private:

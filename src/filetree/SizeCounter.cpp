@@ -29,7 +29,7 @@ void SizeCounter::sizeOfFolder(const std::string &path)
         countFile(files.attributes(path, Links::DoNotFollow, Want::HiddenExtension));
         return;
     }
-    // Folders still to be visited, not a recursion: a tree may be deeper than a stack.
+    // A list of folders to visit, and not a recursion: a tree may be deeper than a stack.
     std::vector<std::string> waiting{path};
     while (!waiting.empty()) {
         const auto folder = std::move(waiting.back());
@@ -40,7 +40,7 @@ void SizeCounter::sizeOfFolder(const std::string &path)
 
 void SizeCounter::countEntries(const std::string &path, std::vector<std::string> &folders)
 {
-    // What is reserved in the path of a folder is so for everything in it.
+    // If the path of a folder holds a reserved word, everything in the folder is reserved.
     if (ReservedPaths::holdsReservedWord(path))
         return;
     const auto folder = m_files.workingFolder().openFolder(path);

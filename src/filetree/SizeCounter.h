@@ -12,24 +12,25 @@
 namespace orvana
 {
 
-/// What a count has found so far. Written by the counting thread, read by any.
+/// The totals of a count so far. The counting thread writes them; any thread may read them.
 struct CountTotals
 {
     std::atomic<std::uint64_t> totalSize{0}; ///< bytes
     std::atomic<std::int64_t> totalFiles{0};
 };
 
-/// Counts files and their bytes below paths, leaving out what a run is not asked for: links, hidden
-/// extensions, names that begin with a dot, reserved paths. Used on one thread; on a worker whose cancel was
-/// requested the thread ends at the next entry.
+/// Counts files and their bytes below paths. Leaves out what a run is not asked for: links, hidden
+/// extensions, names that begin with a dot, reserved paths. Used on one thread. On a worker whose cancel was
+/// requested, the thread ends at the next entry.
 class SizeCounter
 {
 public:
-    /// `fileCounted` is called once a file, after the totals grew. All three must outlive the counter.
+    /// Calls `fileCounted` once for each file, after the totals have grown. The host, the totals and what
+    /// `fileCounted` uses must outlive the counter.
     SizeCounter(platform::Host &host, CountTotals &totals, std::function<void()> fileCounted);
 
-    /// Adds what lies at and below `path`, a folder or a file. A file whose extension is hidden counts for
-    /// nothing, a path that does not exist counts as one file of no bytes.
+    /// Adds the files at and below `path`, a folder or a file. A file whose extension is hidden is not
+    /// counted. A path that does not exist counts as one file of 0 bytes.
     void sizeOfFolder(const std::string &path);
 
 private:

@@ -1,4 +1,4 @@
-// Every panel alone, filled from the demo machine, as pictures: light and dark, at 100 % and 200 %.
+// Writes a picture of every panel, filled from the demo machine: light and dark, at 100 % and 200 %.
 //
 //     plurimo-gallery FOLDER
 
@@ -51,7 +51,7 @@ void fillRow(DiskInfoViewController &panel, std::string_view row, const ORVHddIn
                       sizeOf(volume.capacitySize(), DeviceBlockBytes), false, disk.isRaidFormated());
 }
 
-/// The demo machine, scanned, and the panels on it.
+/// Scans the demo machine and paints its panels.
 class Gallery
 {
 public:

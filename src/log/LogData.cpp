@@ -13,7 +13,7 @@ namespace orvana
 namespace
 {
 
-// A link is not followed: it may lead to a file that is no log. Nor is a pipe without a reader waited for.
+// Does not follow a link, which may lead to a file that is no log. Does not wait for the reader of a pipe.
 int openLog(const std::string &path)
 {
     return ::open(path.c_str(),
@@ -40,8 +40,8 @@ void LogData::updataLogFileName()
     m_held = platform::posix::Descriptor();
 }
 
-// Two programs may start a run in the same second. One that only shares the second is no reason for another
-// name.
+// Two programs may start a run in the same second. Only a file that another process holds makes this log take
+// another name. A file that nobody holds is used, even if it exists already.
 void LogData::holdFile()
 {
     constexpr int MostNumbers = 1000;

@@ -11,23 +11,23 @@ namespace orvana
 
 /// Writes the run log: one text file for each run, one record with a time stamp for each event.
 ///
-/// The file is opened and closed for every record, and every record is written as a whole. A record that
-/// cannot be written is lost silently. From its first record on the log is held against other processes,
-/// until the next one is named: a log that another process holds is not written to, and this one gets "-2"
-/// (or the next number) at the end of its name. All functions may be called from any thread.
+/// Every record opens the file, is written as a whole, and closes the file. A record that cannot be written
+/// is lost; only `hasLostRecords` reports that. From the first record until the next log is named, this
+/// object holds the log against other processes. If another process holds the file, this log gets "-2" (or
+/// the next number) at the end of its name. All functions may be called from any thread.
 class LogData
 {
 public:
-    /// `folder` is where the logs stand, the user's Documents folder.
+    /// `folder` is the folder of the logs, by default the user's Documents folder.
     LogData(std::string folder, const Clock &clock);
 
-    /// The folder of `home` in which logs stand unless the user says otherwise.
+    /// Returns the folder below `home` that holds the logs unless the user chooses another folder.
     static std::string documentsFolder(const std::string &home) { return home + "/Documents"; }
 
-    /// Names the first log; called once at the start of the program.
+    /// Names the first log. Called once, before the first record.
     void initLogFile();
 
-    /// Names a new log after the present second. Makes no file.
+    /// Names a new log after the present second. Does not make the file.
     void updataLogFileName();
 
     /// Appends the record "[yyyy/MM/dd HH:mm:ss]: message" and a newline; makes the file if it is missing.
@@ -39,7 +39,7 @@ public:
 
     std::string folder() const { return m_folder; }
 
-    /// The part of the file name that a run's other files share: "yyyyMMdd-HHmmss".
+    /// The part of the file name that all files of a run share: "yyyyMMdd-HHmmss".
     std::string stamp() const;
 
     /// 1, or the number at the end of the log's name.
@@ -59,7 +59,7 @@ private:
     std::string m_logFile;
     std::string m_logFilePath;
     int m_number = 1;
-    platform::posix::Descriptor m_held; ///< the log with the lock on it; closed before the first record
+    platform::posix::Descriptor m_held; ///< the log with the lock on it; closed until the first record
     bool m_hasLostRecords = false;
 };
 

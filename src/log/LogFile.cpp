@@ -17,7 +17,7 @@ using platform::FileProblem;
 Expected<LogFile> LogFile::open(const std::string &path)
 {
     LogFile file;
-    // Without waiting: a pipe without a partner would hold up the caller for ever.
+    // Opens without waiting: a pipe without a writer would block the caller for ever.
     file.m_number = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (file.m_number < 0)
         return failure(errno);

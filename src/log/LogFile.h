@@ -9,25 +9,25 @@
 namespace orvana
 {
 
-/// A log that is open for reading. It may grow, shrink or be removed meanwhile.
+/// A log that is open for reading. The file may grow, shrink or be removed meanwhile.
 class LogFile
 {
 public:
-    /// Opens a regular file, by way of links too, without ever waiting for one.
+    /// Opens a regular file. Follows links, and never waits.
     static platform::Expected<LogFile> open(const std::string &path);
 
     ~LogFile();
     LogFile(LogFile &&other) noexcept;
     LogFile &operator=(LogFile &&) = delete;
 
-    /// Bytes when it was opened.
+    /// Size in bytes when the file was opened.
     std::uint64_t size() const { return m_size; }
 
-    /// Tells files apart: the same for as long as the file exists.
+    /// Device and inode identify the file for as long as it exists.
     std::uint64_t device() const { return m_device; }
     std::uint64_t inode() const { return m_inode; }
 
-    /// At most `length` bytes from `offset`; fewer only where the file ends.
+    /// Reads at most `length` bytes from `offset`. Returns fewer only at the end of the file.
     platform::Expected<std::string> read(std::uint64_t offset, std::size_t length) const;
 
 private:

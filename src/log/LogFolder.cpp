@@ -27,8 +27,9 @@ constexpr std::string_view LogEnd = "-Log.txt";
 
 constexpr std::string_view StampLayout = "dddddddd-dddddd";
 
-// "yyyyMMdd-HHmmss-Log.txt", also with "-2" behind it: other names may be a stranger's, and so would be the
-// reports beside them. Returns what stands behind ".txt"; nullopt for other names.
+// Recognises "yyyyMMdd-HHmmss-Log.txt", also with a number such as "-2" at the end. Returns the text after
+// ".txt". Returns nullopt for other names: such a file may be a stranger's, and the reports beside it as
+// well.
 std::optional<std::string> numberOfRunLog(std::string_view name)
 {
     const auto end = StampLayout.size() + LogEnd.size();

@@ -11,10 +11,11 @@ namespace orvana
 namespace
 {
 
-// How far a cut text may be shortened to begin with a whole line.
+// The most bytes that are removed so that a cut text begins with a whole line.
 constexpr std::size_t MostOfALine = 65536;
 
-// A text cut out of the middle of a file begins with what is left of a line, or even of a character.
+// A text cut out of the middle of a file begins with the rest of a line, or even of a character. Returns the
+// length of the part to remove.
 std::size_t lengthOfBrokenStart(const std::string &text)
 {
     const auto newline = text.find('\n');
@@ -26,7 +27,7 @@ std::size_t lengthOfBrokenStart(const std::string &text)
     return length;
 }
 
-// Where the last lines start that are shown; 0 when those are all.
+// Returns where the shown lines start; 0 if all lines are shown.
 std::size_t startOfShownLines(const std::string &text)
 {
     std::size_t lines = 0;
@@ -53,7 +54,7 @@ std::optional<LogReading> LogReader::readOn()
     if (!m_isShown || file->size() - m_start > MostBytes)
         return readAnew(*file);
     auto added = file->read(m_end, static_cast<std::size_t>(file->size() - m_end));
-    // Half a character may have been written so far, and the rest come later.
+    // The writer may have written only half of a character so far.
     if (!added || !isUtf8(*added))
         return readAnew(*file);
     m_end += added->size();

@@ -9,8 +9,8 @@ namespace orvana
 
 class NotificationCenter;
 
-/// The Start button and the two options of a run. What the user does is posted; the flags are set by run
-/// control. Main thread only.
+/// The panel with the Start button and the two options of a run. It posts the user's actions; run control
+/// sets the flags. Main thread only.
 class CopyActionViewController : public QWidget, public Ui::CopyActionViewController
 {
     Q_OBJECT
@@ -25,13 +25,13 @@ public:
     /// The Verify option, as last clicked.
     bool verifyFiles() const { return m_verifyFiles; }
 
-    /// A run is in progress, or an erase.
+    /// True while a run, or an erase, is in progress.
     bool isDuplicating() const { return m_isDuplicating; }
     void setIsDuplicating(bool isDuplicating) { m_isDuplicating = isDuplicating; }
     bool isErasing() const { return m_isErasing; }
     void setIsErasing(bool isErasing) { m_isErasing = isErasing; }
 
-    // What the user's actions do.
+    // The user's actions.
     void Duplicate();
     void ClickVerifyFiles();
     void ClickEraseDisks();

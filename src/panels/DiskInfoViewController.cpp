@@ -88,7 +88,7 @@ void DiskInfoViewController::fitFonts()
     constexpr double LongerInOtherLanguages = 1.2;
     for (auto &row : m_rows) {
         auto name = fontThatFits(font(), row.volume->height() - 6);
-        name.setBold(true); // with the bay's, it heads the row
+        name.setBold(true); // the volume's name and the bay's name head the row
         row.volume->setFont(name);
         for (auto *value : row.values)
             value->setFont(fontThatFits(font(), value->height()));
@@ -204,8 +204,8 @@ void DiskInfoViewController::paintRow(const Row &row)
         paint(row.overSize, QPalette::WindowText);
 }
 
-// Colour alone tells nobody who does not see it. A row without a disk has nothing that could be too small,
-// whatever colour it kept.
+// The markers help a user who does not see the colour. A row without a disk shows no marker, whatever colour
+// it has kept.
 void DiskInfoViewController::showOverSizeMarkers()
 {
     for (const auto &row : m_rows) {
@@ -239,7 +239,7 @@ void DiskInfoViewController::hideBayA()
 
 void DiskInfoViewController::placeRow(const Row &row, int base)
 {
-    const int panelHeight = 500; // the panel's points are counted from its bottom
+    const int panelHeight = 500; // y counts from the panel's bottom
     const auto place = [&](QWidget *widget, int x, int y, int width, int height) {
         widget->setGeometry(x, panelHeight - y - height, width, height);
     };
@@ -339,7 +339,7 @@ void DiskInfoViewController::ejectTargetDisks()
 
 void DiskInfoViewController::selectSourceDiksPopup()
 {
-    m_center.post(notification::SelectSourceDisk); // the source's row is filled before this goes on
+    m_center.post(notification::SelectSourceDisk); // this call returns after the source's row is filled
     setSlotAisSource();
     Label_RaidDisk_SlotA->setHidden(m_slotAIsSource || !isRaidDisk_SlotA());
     changeLocation();

@@ -15,11 +15,11 @@ namespace orvana
 class NotificationCenter;
 class SystemColor;
 
-/// The slot panel: one row for the source and one for each bay of the enclosure. It knows no devices; every
-/// value is pushed in, and what the user does is posted. Names of volumes and models are bytes.
+/// The slot panel: one row for the source and one for each bay of the enclosure. It knows no devices: its
+/// owner sets every value, and it posts the user's actions. Names of volumes and models are bytes.
 ///
-/// Rows are named "Source", "Slot-A", "Slot-B", "Slot-C" and "Slot-D"; an operation that is given any other
-/// name does nothing. Main thread only.
+/// Rows are named "Source", "Slot-A", "Slot-B", "Slot-C" and "Slot-D". A function that gets any other name
+/// does nothing. Main thread only.
 class DiskInfoViewController : public QWidget, public Ui::DiskInfoViewController
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ public:
     /// `center` must outlive the panel.
     explicit DiskInfoViewController(NotificationCenter &center, QWidget *parent = nullptr);
 
-    /// The rows' volume names: the setter writes the field, the getter returns what stands in it now, so a
-    /// name that the user typed is what later readers get.
+    /// The volume names of the rows. A setter writes the field. A getter returns the present content of the
+    /// field, so it also returns a name that the user typed.
     std::string Source() const { return nameOf(SourceRow); }
     std::string SlotA() const { return nameOf(SlotARow); }
     std::string SlotB() const { return nameOf(SlotBRow); }
@@ -41,37 +41,38 @@ public:
     void setSlotC(const std::string &name) { setName(SlotCRow, name); }
     void setSlotD(const std::string &name) { setName(SlotDRow, name); }
 
-    /// The pop-up with its one placeholder item, the bays with theirs, nothing editable.
+    /// Resets the pop-up to its one placeholder, and all names to their placeholders. No name is editable
+    /// then.
     void initDiskVolume();
 
     /// Writes the text into the model, serial number, free space and capacity of all rows.
     void initDiskInfo(const std::string &text);
 
-    /// Fills one row. For bay A the flag is replaced by `SlotAisSource`; the source has no RAID marker.
+    /// Fills one row. For bay A, `SlotAisSource` replaces `labelHidden`. The source has no RAID marker.
     void setDiskInfo(std::string_view row, const std::string &diskVolume, const std::string &diskmodel,
                      const std::string &diskSN, const std::string &available, const std::string &capacity,
                      bool labelHidden, bool isRaidDisk);
 
-    /// Colours one row; a bay is flagged as too small exactly while its colour is the system's red.
+    /// Colours one row. A bay counts as too small exactly while its colour is the system's red.
     void setTextColor(std::string_view row, const SystemColor &Color);
 
-    /// True while the source is the disk in bay A, which then is no destination.
+    /// True while the disk in bay A is the source. It is no destination then.
     bool SlotAisSource() const { return m_slotAIsSource; }
 
-    /// Reckons it anew: the pop-up's first item is selected, and `Source` equals `SlotA`.
+    /// Sets `SlotAisSource` anew: true if the pop-up's first item is selected and `Source` equals `SlotA`.
     void setSlotAisSource();
 
-    /// Puts the bay rows in their places; without bay A the others lie one row higher.
+    /// Places the bay rows. Without bay A, the other bays lie one row higher.
     void changeLocation();
 
     void setTargetDiskVolumeEditable(bool editable);
     void DisabledItem(bool disabled);
 
-    /// Moves the keyboard focus to the next of the names of bays B, C and D.
+    /// Moves the keyboard focus to the next name field of bays B, C and D.
     void changeTargetDiskFocus();
     std::int32_t tabStep() const { return m_tabStep; }
 
-    /// Hide or show values and captions, not the volume names nor the RAID markers.
+    /// Hide or show values and captions, but not the volume names and the RAID markers.
     void hiddenDiskInfo(bool hidden);
     void hiddenSourceInfo(bool hidden) { hideInfo(SourceRow, hidden); }
     void hiddenSlotAInfo(bool hidden) { hideInfo(SlotARow, hidden); }
@@ -84,16 +85,17 @@ public:
     bool isOverSize_SlotC() const { return m_rows[SlotCRow].isOverSize; }
     bool isOverSize_SlotD() const { return m_rows[SlotDRow].isOverSize; }
 
-    /// Bays B, C and D are all too small; bay A never counts.
+    /// True if bays B, C and D are all too small. Bay A never counts.
     bool isOverSize_AllDisks() const
     {
         return isOverSize_SlotB() && isOverSize_SlotC() && isOverSize_SlotD();
     }
 
-    /// One of the bays that are destinations is too small.
+    /// True if at least one destination bay is too small.
     bool isOverSize_SomeDisks() const;
 
-    /// The names of the bays that are too small, each after a blank, and a full stop.
+    /// The volume names of the bays that are too small, each with a blank before it, and a full stop at the
+    /// end.
     std::string OverSizeVolume() const;
 
     bool isRaidDisk_SlotA() const { return m_rows[SlotARow].isRaidDisk; }
@@ -101,14 +103,14 @@ public:
     bool isRaidDisk_SlotC() const { return m_rows[SlotCRow].isRaidDisk; }
     bool isRaidDisk_SlotD() const { return m_rows[SlotDRow].isRaidDisk; }
 
-    /// One of the four bays holds a RAID disk, bay A included even when it is the source.
+    /// True if one of the four bays holds a RAID disk. Bay A counts even if it is the source.
     bool has_RAIDDisk() const;
 
-    /// The enclosure holds the start-up disk, as selection found.
+    /// True if the enclosure holds the start-up disk, as found when the enclosure was selected.
     bool hasBootDisk() const { return m_hasBootDisk; }
     void setHasBootDisk(bool hasBootDisk) { m_hasBootDisk = hasBootDisk; }
 
-    // What the user's actions do.
+    // The user's actions.
     void ejectSoureDisk();
     void ejectTargetDisks();
     void selectSourceDiksPopup();
@@ -123,8 +125,8 @@ private:
     {
         VolumeNameField *volume = nullptr;
         std::array<ElidedLabel *, 4> values{}; ///< model, serial number, available, capacity
-        std::array<QLabel *, 4> captions{};    ///< of the same
-        QLabel *bay = nullptr;                 ///< null for the source, as all below
+        std::array<QLabel *, 4> captions{};    ///< captions of these values
+        QLabel *bay = nullptr;                 ///< null for the source, like `raid` and `overSize`
         QLabel *raid = nullptr;
         QLabel *overSize = nullptr;
         const SystemColor *color = nullptr;

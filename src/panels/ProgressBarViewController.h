@@ -9,8 +9,8 @@
 namespace orvana
 {
 
-/// A status line and two bars: of the current file, 0 to 100, and of the whole run, 0 to 1. -1 hides a bar.
-/// The main window drives bars of its own the same way. Main thread only.
+/// A status line and two bars: one for the current file, from 0 to 100, and one for the whole run, from 0 to
+/// 1. The value -1 hides a bar. The main window drives bars of its own in the same way. Main thread only.
 class ProgressBarViewController : public QWidget, public Ui::ProgressBarViewController
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class ProgressBarViewController : public QWidget, public Ui::ProgressBarViewCont
 public:
     explicit ProgressBarViewController(QWidget *parent = nullptr);
 
-    /// Of these the setters drive the bars only; they stay at 0.
+    /// The setters only drive the bars. The getters always return 0.
     float FileStep() const { return 0.0F; }
     float TotalStep() const { return 0.0F; }
     void setFileStep(float step);
@@ -26,10 +26,10 @@ public:
 
     const std::string &MsgText() const { return m_msgText; }
 
-    /// Shows the text and writes it to the system log, before and after.
+    /// Shows the text. Writes the text to the system log before and after showing it.
     void setMsgText(const std::string &text);
 
-    /// While disks are erased nobody knows how long it takes.
+    /// An erase shows an indeterminate bar, because nobody knows how long it takes.
     void setViewForErase();
     void setViewForCopy();
 

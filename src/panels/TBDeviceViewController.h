@@ -13,8 +13,8 @@ namespace orvana
 class NotificationCenter;
 class ORVThunderboltInfo;
 
-/// The panel in which the user picks an enclosure. Item 0 is a placeholder, item k the k-th enclosure of the
-/// last refill. Main thread only.
+/// The panel in which the user picks an enclosure. Item 0 is a placeholder, item k is the k-th enclosure of
+/// the last refill. Main thread only.
 class TBDeviceViewController : public QWidget, public Ui::TBDeviceViewController
 {
     Q_OBJECT
@@ -28,10 +28,11 @@ public:
     /// Lists these enclosures and selects the placeholder. Posts nothing.
     void updateTBDevPopUp(const std::vector<std::shared_ptr<ORVThunderboltInfo>> &enclosures);
 
-    /// Offers these sentences, which say why attached devices cannot be used, beside the picker.
+    /// Offers these sentences beside the picker. They say why attached devices cannot be used.
     void setRemarks(const std::vector<std::string> &remarks);
 
-    /// The user chose an item: posts "SelectTBDeviceFormTBDevView" for an enclosure, chosen already or not.
+    /// Answers the user's choice of an item. Posts "SelectTBDeviceFormTBDevView" for an enclosure, even if it
+    /// was chosen already.
     void selectTBDevicePopup(int index);
 
 Q_SIGNALS:

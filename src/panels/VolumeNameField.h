@@ -7,10 +7,11 @@
 namespace orvana
 {
 
-/// A volume's name, which the user may type another over while that is allowed.
+/// A field with a volume's name. The user may type another name while editing is allowed.
 ///
-/// A name is bytes; the field gives back the very bytes that it was given until the user edits it. While it
-/// cannot be edited it looks like a label: no frame, a long name with its middle left out, no keyboard focus.
+/// A name is bytes. Until the user edits it, the field returns exactly the bytes that it was given. While
+/// editing is forbidden, the field looks like a label: it has no frame and no keyboard focus, and leaves out
+/// the middle of a long name.
 class VolumeNameField : public QLineEdit
 {
     Q_OBJECT
@@ -32,7 +33,7 @@ private:
     QString elided() const;
 
     std::string m_bytes;
-    QString m_shown; // of the bytes, as the line edit took it
+    QString m_shown; // the text of `m_bytes`, as the line edit took it
 };
 
 } // namespace orvana

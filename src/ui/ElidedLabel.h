@@ -5,9 +5,9 @@
 namespace orvana
 {
 
-/// A label on one line whose text, where it is longer than the label, is painted with its middle left out.
+/// A label with one line of text. If the text is longer than the label, the middle of the text is left out.
 ///
-/// `text()` is always the whole text; while it is cut it is also the tool tip.
+/// `text()` is always the whole text. While the shown text is cut, the whole text is also the tool tip.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
 
     QSize minimumSizeHint() const override;
 
-    /// What is painted at the label's present width.
+    /// The text as it is painted at the label's present width.
     QString shownText() const;
 
 protected:

@@ -5,8 +5,8 @@
 namespace orvana
 {
 
-/// The font at its own size, or smaller where a line of it would be higher than `height` points or, if a text
-/// is given, that text wider than `width`. Never below 6 pixels.
+/// Returns the font at its own size, or at the largest smaller size at which a line is at most `height`
+/// points high and `text`, if given, at most `width` points wide. Never goes below 6 pixels.
 QFont fontThatFits(const QFont &font, int height, const QString &text = QString(), double width = 0);
 
 } // namespace orvana

@@ -5,7 +5,7 @@
 namespace orvana
 {
 
-/// Two palettes for pictures, where no desktop says what colours to use.
+/// Two palettes for pictures, which are made without a desktop that says what colours to use.
 QPalette lightPalette();
 QPalette darkPalette();
 

@@ -9,7 +9,7 @@ namespace orvana
 namespace
 {
 
-constexpr int Steps = 10'000; // finer than any screen is wide
+constexpr int Steps = 10'000; // more than any screen has pixels across
 
 } // namespace
 
@@ -31,7 +31,7 @@ void ProgressIndicator::showValue(float value)
         setVisible(false);
         return;
     }
-    // Nothing divided by nothing comes as no number at all.
+    // 0 divided by 0 arrives here as NaN and counts as 0.
     m_value = std::isfinite(value) ? std::clamp(static_cast<double>(value), 0.0, m_maximum) : 0.0;
     apply();
     setVisible(true);

@@ -5,22 +5,22 @@
 namespace orvana
 {
 
-/// A progress bar whose range and value are fractions.
+/// A progress bar whose range and value are floating-point numbers.
 class ProgressIndicator : public QProgressBar
 {
     Q_OBJECT
 
 public:
-    /// As a value: the bar is hidden.
+    /// The value that hides the bar.
     static constexpr float Hidden = -1.0F;
 
     explicit ProgressIndicator(QWidget *parent = nullptr);
 
-    /// From 0 to `maximum`.
+    /// Sets the range: from 0 to `maximum`.
     void setMaxValue(double maximum);
     double maxValue() const { return m_maximum; }
 
-    /// Exactly `Hidden` hides the bar; any other value shows it, within the range.
+    /// Only `Hidden` hides the bar. Any other value is limited to the range and shown.
     void showValue(float value);
     double doubleValue() const { return m_value; }
 

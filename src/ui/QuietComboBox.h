@@ -5,8 +5,8 @@
 namespace orvana
 {
 
-/// A combo box that the mouse wheel passes over: turning it on the way down a window must not choose a disk.
-/// A title that is longer than the box is its tool tip.
+/// A combo box that ignores the mouse wheel: scrolling past it must not choose a disk. The selected title is
+/// the tool tip, unless the box has a tool tip of its own.
 class QuietComboBox : public QComboBox
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class QuietComboBox : public QComboBox
 public:
     explicit QuietComboBox(QWidget *parent = nullptr);
 
-    /// Appends an item; the bytes of its title are kept beside what is shown.
+    /// Appends an item. The bytes of its title are kept beside the shown text.
     void addTitle(const std::string &title, const QIcon &icon = QIcon());
 
     /// The bytes of the selected item's title; empty when nothing is selected.

@@ -7,10 +7,10 @@
 namespace orvana
 {
 
-/// Bytes that came from a disk, as text that is safe to show (see `displayPath`).
+/// Returns bytes that came from a disk as text that is safe to show (see `displayPath`).
 QString shownText(const std::string &bytes);
 
-/// The text as a tool tip that is never taken for markup, whatever it holds.
+/// Returns the text as a tool tip. Nothing in it is ever taken for markup.
 QString plainToolTip(const QString &text);
 
 } // namespace orvana

@@ -7,8 +7,8 @@ class QPalette;
 namespace orvana
 {
 
-/// The three colours that tell what a row is: blue for the source, black for a destination that fits, red for
-/// one that does not. Shared objects, compared by identity.
+/// The three colours of a row: blue for the source, black for a destination that is large enough, red for a
+/// destination that is too small. The objects are shared and compared by identity.
 class SystemColor
 {
 public:
@@ -21,13 +21,14 @@ public:
 
     bool operator==(const SystemColor &other) const { return this == &other; }
 
-    /// The shade of this hue that is readable on the palette's background; black is its own text colour.
+    /// Returns the shade of this colour that is readable on the palette's background. For black this is the
+    /// palette's own text colour.
     QColor shadeFor(const QPalette &palette) const;
 
 private:
     SystemColor(QColor onLight, QColor onDark) : m_onLight(onLight), m_onDark(onDark) {}
 
-    QColor m_onLight; // invalid for the palette's own
+    QColor m_onLight; // invalid for black: the palette's own text colour
     QColor m_onDark;
 };
 

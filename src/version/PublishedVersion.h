@@ -8,9 +8,9 @@
 namespace orvana
 {
 
-/// The version that a version file tells: "Version: 1.2.3". The text ends with the answer or at its first
-/// NUL; what stands between the first and the second colon, without blanks and line breaks around it, is the
-/// version. Nothing without a colon, or for what is not UTF-8.
+/// Returns the version in the text of a version file: "Version: 1.2.3". The text ends at its first NUL, if it
+/// has one. The version stands between the first and the second colon, without the blanks and line breaks
+/// around it. Returns nullopt if there is no colon or the text is not UTF-8.
 std::optional<VersionNumber> publishedVersion(std::string_view answer);
 
 } // namespace orvana

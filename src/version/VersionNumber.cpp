@@ -13,7 +13,7 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-// Takes the digits off the start of `text`, without the zeros that lead them.
+// Removes the digits from the start of `text` and returns them without leading zeros.
 std::string_view takeNumber(std::string_view &text)
 {
     const auto end = std::find_if_not(text.begin(), text.end(), isDigit);

@@ -9,9 +9,9 @@ namespace orvana
 
 /// A version as text, ordered as people order versions: "1.9" is before "1.10".
 ///
-/// Two versions are compared piece by piece: a run of digits by its value, however long it is and whatever
-/// zeros lead it, and everything else byte by byte. Where one ends first, it comes first: "1.0" is before
-/// "1.0.0" and before "1.0b".
+/// Two versions are compared from left to right. A run of digits is compared by its value, whatever its
+/// length and its leading zeros. Everything else is compared byte by byte. A version that ends first comes
+/// first: "1.0" is before "1.0.0" and before "1.0b".
 class VersionNumber
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     const std::string &text() const { return m_text; }
 
-    /// Equal ones may differ in leading zeros.
+    /// Equal versions may differ in leading zeros.
     friend std::weak_ordering operator<=>(const VersionNumber &left, const VersionNumber &right)
     {
         return compare(left.m_text, right.m_text);

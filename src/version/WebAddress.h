@@ -14,8 +14,8 @@ inline constexpr std::string_view Help = "/software/orvana-plurimo";
 inline constexpr std::string_view Download = "/software/orvana-plurimo/download";
 } // namespace webpath
 
-/// The address of a path on the maker's web server. The server is the one that the environment variable
-/// ORVANA_WEB_BASE names, else the one of the build setting of that name.
+/// Returns the address of a path on the maker's web server. The environment variable ORVANA_WEB_BASE names
+/// the server. Without the variable, the build setting of the same name does.
 std::string webAddress(std::string_view path);
 
 } // namespace orvana

@@ -32,7 +32,7 @@ FileListViewController::FileListViewController(platform::Host &host, Notificatio
     awakeFromNib();
 }
 
-// The counting thread must not find a panel that is half gone.
+// Unsubscribe first: the counting thread must not reach a panel that is partly destroyed.
 FileListViewController::~FileListViewController()
 {
     m_subscriptions.clear();

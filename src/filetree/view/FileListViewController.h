@@ -24,7 +24,8 @@ namespace platform
 class Host;
 }
 
-/// The panel in which the source's files and folders are ticked, with what they come to below.
+/// The panel in which the user ticks the source's files and folders. A label below shows their number and
+/// size.
 ///
 /// Main thread only, except `FileViewChange` and `updateItemSizeLabel`, which any thread may call.
 class FileListViewController : public QWidget, public Ui::FileListViewController
@@ -32,42 +33,42 @@ class FileListViewController : public QWidget, public Ui::FileListViewController
     Q_OBJECT
 
 public:
-    /// All three must outlive the panel; `FileSystemItem::useHost` must have been called.
+    /// Host, center and queue must outlive the panel. `FileSystemItem::useHost` must have been called.
     FileListViewController(platform::Host &host, NotificationCenter &center, MainQueue &queue,
                            QWidget *parent = nullptr);
     ~FileListViewController() override;
 
-    /// Of the last count, finished or not: bytes and number of files.
+    /// Totals of the last count, finished or not: bytes and number of files.
     std::uint64_t totalSize() const { return m_count.totalSize(); }
     std::int64_t totalFiles() const { return m_count.totalFiles(); }
 
     FileSystemItem &fileSysItem() { return m_fileSysItem; }
 
-    /// Points the tree at another root and shows it, closed and ticked; a path object that is already the
-    /// root changes nothing.
+    /// Shows the tree of another root, closed and ticked. Does nothing if the path object already is the
+    /// root.
     void showRoot(PathObject path);
 
-    /// The rows as they stand, from the first to the last.
+    /// The visible rows, in the order of the list.
     std::vector<FileListRow> rows() const;
 
     /// Answers "OutlineViewItemChange", "FileSizeChange" and "OutlineViewItemStateChange".
     void FileViewChange(const Notification &note);
 
-    /// A row was clicked.
+    /// Answers a click on a row.
     void clickItem();
 
-    /// Counts the ticked rows anew, in place of the count that may be running.
+    /// Counts the ticked rows anew. The new count replaces a count that is still running.
     void startCountThread();
     void stopCountThread();
 
-    /// Waits at most `limit`; true when no count runs any more.
+    /// Waits at most `limit`. Returns true if no count runs any more.
     bool waitForCount(std::chrono::milliseconds limit) const { return m_count.waitForEnd(limit); }
 
     static std::string stringFromFileSize(std::uint64_t bytes);
 
     enum class SizeLabel { Counts, Blank };
 
-    /// Has the label written on the main queue, with the counts as they are then.
+    /// Schedules the label to be written on the main queue, with the counts at that time.
     void updateItemSizeLabel(SizeLabel label);
 
 private:

@@ -10,7 +10,7 @@ namespace orvana
 FileTreeView::FileTreeView(QWidget *parent) : QTreeView(parent)
 {
     setHeaderHidden(true);
-    setUniformRowHeights(true); // else opening a folder asks every entry for its height
+    setUniformRowHeights(true); // otherwise opening a folder asks every entry for its height
     setTextElideMode(Qt::ElideMiddle);
     setIconSize({16, 16});
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -19,7 +19,7 @@ FileTreeView::FileTreeView(QWidget *parent) : QTreeView(parent)
 
 void FileTreeView::keyPressEvent(QKeyEvent *event)
 {
-    // Opens everything below the row in other trees; here that may be a whole disk.
+    // In other trees this key opens everything below the row. Here that may be a whole disk.
     if (event->key() == Qt::Key_Asterisk) {
         event->accept();
         return;

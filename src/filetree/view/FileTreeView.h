@@ -5,8 +5,8 @@
 namespace orvana
 {
 
-/// The source tree as it is seen. Ticking a row with the space bar counts as clicking it, and no key opens
-/// the whole volume at once.
+/// The view of the source tree. The space bar ticks a row and counts as a click on it. No key opens the whole
+/// volume at once.
 class FileTreeView : public QTreeView
 {
     Q_OBJECT

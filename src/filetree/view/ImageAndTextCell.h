@@ -8,8 +8,8 @@ namespace orvana
 
 /// Draws a row's text, and an image beside it when there is one.
 ///
-/// The image stands in a strip at the left that is 3 points wider than it, 3 points in, at its own size.
-/// Without an image a row looks like any other.
+/// The image has its own size and stands 3 points from the left edge. The strip before the text is 3 points
+/// wider than the image. Without an image a row looks like any other row.
 class ImageAndTextCell : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -25,16 +25,16 @@ public:
     const QPixmap &image() const { return m_image; }
     void setImage(const QPixmap &image) { m_image = image; }
 
-    /// A cell with the same image. The caller or `parent` owns it.
+    /// Returns a new cell with the same image. The caller or `parent` owns the cell.
     ImageAndTextCell *copy(QObject *parent) const;
 
-    /// How far from the frame's top the image's placing edge lies, in points.
+    /// The distance in points from the frame's top to the image edge by which the image is placed.
     static int imageOffset(int frameHeight, int imageHeight, Vertical vertical);
 
-    /// Where the image appears in a cell; empty without an image.
+    /// The rectangle of the image in a cell; empty without an image.
     QRect imageFrameForCellFrame(const QRect &cellFrame) const;
 
-    /// What is left of the cell for text and its editor.
+    /// The rest of the cell, for the text and its editor.
     QRect textFrameForCellFrame(const QRect &cellFrame) const;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,

@@ -40,7 +40,7 @@ void OutlineViewDataSource::reloadData()
     endResetModel();
 }
 
-// Tells the view that the node and all that was built below it may look different.
+// Tells the view that the node, and every node that was built below it, may look different.
 void OutlineViewDataSource::tellStates(FileSystemItem &item)
 {
     Q_EMIT dataChanged(indexOf(item), indexOf(item));
@@ -69,7 +69,7 @@ void OutlineViewDataSource::itemDidExpand(const QModelIndex &index)
 {
     auto &item = *itemAt(index);
     item.setExpanded(true);
-    item.children(); // its rows are there from now on, even if the view lays them out later
+    item.children(); // its rows exist from now on, even if the view lays them out later
     item.setChecked(FileSystemItem::Mixed);
     tellStates(item);
     m_center.post(notification::OutlineViewItemChange);
@@ -130,7 +130,7 @@ QVariant OutlineViewDataSource::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return {};
     auto &item = *itemAt(index);
-    // The empty root is a row without a name and without a box.
+    // The empty root is a row without a name and without a check box.
     if (item.relativePath().empty())
         return role == Qt::DisplayRole ? QVariant(QString()) : QVariant();
     switch (role) {

@@ -13,10 +13,11 @@ namespace orvana
 
 class NotificationCenter;
 
-/// Feeds the source tree to its view and takes clicks and openings from it. One column, "filenameColumn".
+/// The model of the source tree. It takes clicks, and the opening and closing of rows, from the view. It has
+/// one column, "filenameColumn".
 ///
-/// Every change of a state is the node's; this object keeps none of its own beside the tree that it shows,
-/// which stays alive until the next reload. Main thread only.
+/// The nodes keep all states. This object only keeps the tree that it shows, which stays alive until the next
+/// reload. Main thread only.
 class OutlineViewDataSource : public QAbstractItemModel
 {
     Q_OBJECT
@@ -24,18 +25,18 @@ class OutlineViewDataSource : public QAbstractItemModel
 public:
     explicit OutlineViewDataSource(NotificationCenter &center, QObject *parent = nullptr);
 
-    /// Shows the tree as it is now. With the same root, what is open stays open and only data changes; with
-    /// another one everything starts anew.
+    /// Shows the tree as it is now. If the root is the same, open folders stay open and only data changes. A
+    /// new root resets everything.
     void reloadData();
 
-    /// The node of a row; null for the invalid index.
+    /// The node of a row; null for an invalid index.
     static FileSystemItem *itemAt(const QModelIndex &index);
 
-    /// What a click makes of the node's state: an open folder goes on, mixed, off, on; everything closed
-    /// changes between off and on.
+    /// Returns the node's state after a click. An open folder changes from on to mixed, to off, to on. A
+    /// closed node changes from off to on, and from any other state to off.
     static std::int64_t stateAfterClick(const FileSystemItem &item);
 
-    /// The view opened or closed the row; both post "OutlineViewItemChange".
+    /// Answer the opening or closing of the row in the view. Both post "OutlineViewItemChange".
     void itemDidExpand(const QModelIndex &index);
     void itemDidCollapse(const QModelIndex &index);
 
@@ -47,16 +48,16 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant data(const QModelIndex &index, int role) const override;
 
-    /// A click or the space bar: the value is ignored, the rule of `stateAfterClick` holds. Posts
+    /// Answers a click or the space bar. Ignores the value and applies the rule of `stateAfterClick`. Posts
     /// "OutlineViewItemStateChange".
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
-    /// Icons of the desktop's theme, made for 16 by 16 points: of a file or folder by its name, and of a
-    /// type of files (a MIME type's name).
+    /// Icons of the desktop's theme, made for 16 by 16 points. The first function takes the name of a file or
+    /// folder, the second function the name of a MIME type.
     QIcon iconForFilePath(const QString &path, bool isFolder) const;
     QIcon iconForFileType(const QString &type) const;
 
-    /// A picture of the type, 128 by 128 points.
+    /// A picture of the file type, 128 by 128 points.
     QPixmap thumbForFileType(const QString &type) const;
 
 private:

@@ -22,13 +22,14 @@ namespace
 
 constexpr std::chrono::milliseconds BetweenLooks{500};
 
-// What a user who may not write there, or has no such file any more, gets to hear.
+// True if the user may not write to the folder, or the file is already gone.
 bool isNotDeletable(const platform::FileError &error)
 {
     return error.code == EACCES || error.code == EPERM || error.code == EROFS || error.code == ENOENT;
 }
 
-// Laying out a line of millions of characters takes seconds, so that a longer one goes on in the next.
+// The layout of a line with millions of characters takes seconds, so a longer line is continued on the next
+// line.
 constexpr qsizetype LongestLine = 10000;
 
 QString withFoldedLines(const QString &text)
@@ -113,7 +114,7 @@ void LogDataWindows::updateLogFileView()
 {
     const auto *before = selectedItem();
     const auto path = before ? std::optional(before->fullPath()) : std::nullopt;
-    // A path object of its own each time, so that the folder is read again.
+    // A new path object each time, so that the folder is read again.
     m_dataSource.setrepoRootPath(m_LogFileSysItem, std::make_shared<const std::string>(m_logs.path()));
     m_ui->myLogFileView->expandAll();
     if (path)
@@ -227,7 +228,7 @@ void LogDataWindows::DeleteItem()
     if (item && !item->parent())
         return;
     const int row = selectedRow();
-    // A row within a folder that merely has a log's name is not in the folder of the logs.
+    // A folder may have a log's name. A row in such a folder is not in the folder of the logs.
     if (item && !item->parent()->parent())
         removeLog(item->relativePath());
     updateLogFileView();
@@ -271,7 +272,7 @@ void LogDataWindows::keyUp(int key)
 
 bool LogDataWindows::eventFilter(QObject *watched, QEvent *event)
 {
-    // A key that went down elsewhere, in a dialog say, and comes up here was not meant for the list.
+    // A key that went down elsewhere, for example in a dialog, and comes up here was not meant for the list.
     if (event->type() == QEvent::KeyPress)
         m_keyDown = static_cast<QKeyEvent *>(event)->key();
     if (event->type() == QEvent::FocusOut)
@@ -319,7 +320,7 @@ void LogDataWindows::find(Direction direction)
     auto *view = m_ui->myLogFileTextView;
     bool isFound = view->find(wanted, flags);
     if (!isFound) {
-        // Once more from the other end.
+        // Search once more from the other end.
         const auto cursor = view->textCursor();
         view->moveCursor(direction == Direction::Backward ? QTextCursor::End : QTextCursor::Start);
         isFound = view->find(wanted, flags);

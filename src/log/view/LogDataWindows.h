@@ -27,8 +27,8 @@ namespace platform
 class Host;
 }
 
-/// The log viewer: lists the run logs of a folder, shows the selected one, and removes one or all of them.
-/// A log that grows while it is shown is followed. On the main thread.
+/// The log viewer: lists the run logs of a folder, shows the selected log, and removes one log or all logs.
+/// While a log is shown, the viewer follows its growth. Main thread only.
 class LogDataWindows : public QWidget
 {
     Q_OBJECT
@@ -46,28 +46,30 @@ public:
     /// Fills the list and selects the folder's row; called once by the constructor.
     void windowDidLoad();
 
-    /// Reads the folder again and opens the whole tree. A row that is still there stays selected.
+    /// Reads the folder again and opens the whole tree. The selected row stays selected if it is still there.
     void updateLogFileView();
 
     /// Shows the selected log; the folder's row shows an empty text. Called when a row is clicked.
     void SelectedItem();
 
-    /// Shows the file; an empty text when it cannot be read or is not UTF-8.
+    /// Shows the file, or an empty text if the file cannot be read or is not UTF-8.
     void updateLogFileTextView(const std::string &path);
 
-    /// Removes the selected log and its report, and selects the row above it. The text stays. A file that the
-    /// user may not remove is left alone silently; other failures go to the system log.
+    /// Removes the selected log and its reports, and selects the row above it. The shown text stays. A file
+    /// that the user may not remove is left without a message. Other failures go to the system log.
     void DeleteItem();
 
-    /// Removes all logs with their reports, without asking, and clears the text. Failures as in `DeleteItem`.
+    /// Removes all logs with their reports, without a question, and clears the text. Failures as in
+    /// `DeleteItem`.
     void cleanAllItem();
 
     void refreshItem();
 
-    /// A key that went down and up again in the list: Backspace and Delete remove, Up and Down show.
+    /// Answers a key that went down and up in the list. Backspace and Delete remove the selected log; Up and
+    /// Down show it.
     void keyUp(int key);
 
-    /// Selects the log at the path and shows it; one that is not there leaves the list as it is.
+    /// Selects the log at the path and shows it. Without such a log the selection stays as it is.
     void showLog(const std::string &path);
 
     /// Shows what was appended to the shown log, if anything was.
@@ -101,9 +103,9 @@ private:
     LogFileSystemItem m_LogFileSysItem;
     LogFileDataSource m_dataSource;
     std::unique_ptr<Ui::LogDataWindows> m_ui;
-    std::optional<LogReader> m_reader; // of the shown log
+    std::optional<LogReader> m_reader; // reads the shown log
     QTimer m_followTimer;
-    int m_keyDown = 0; // the key that went down last in the list, and is not up yet
+    int m_keyDown = 0; // the key that went down last in the list and is not up yet
 };
 
 } // namespace orvana

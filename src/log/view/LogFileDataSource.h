@@ -7,7 +7,7 @@
 namespace orvana
 {
 
-/// The log viewer's list: one row for the folder, and below it one for each log. On the main thread.
+/// The log viewer's list: one row for the folder, and below it one row for each log. Main thread only.
 class LogFileDataSource : public QAbstractItemModel
 {
     Q_OBJECT
@@ -15,11 +15,11 @@ class LogFileDataSource : public QAbstractItemModel
 public:
     explicit LogFileDataSource(QObject *parent = nullptr);
 
-    /// Points the tree at the folder through `node` and shows it; what was listed before is read again only
-    /// if `path` is another object than the last.
+    /// Sets the folder of the tree through `node` and shows the tree. The folder is read again only if `path`
+    /// is another object than the last `path`.
     void setrepoRootPath(LogFileSystemItem &node, PathObject path);
 
-    /// The node of a row; null for the index that is no row.
+    /// The node of a row; null for an invalid index.
     static LogFileSystemItem *item(const QModelIndex &index);
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -28,11 +28,11 @@ public:
     int columnCount(const QModelIndex &parent = {}) const override;
     bool hasChildren(const QModelIndex &parent = {}) const override;
 
-    /// What is no row reads "/".
+    /// An invalid index returns "/".
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
 private:
-    std::shared_ptr<LogFileSystemItem> m_root; // keeps the nodes that the rows point to
+    std::shared_ptr<LogFileSystemItem> m_root; // keeps the nodes alive to which the rows point
 };
 
 } // namespace orvana

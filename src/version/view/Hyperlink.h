@@ -9,12 +9,12 @@ class QLabel;
 namespace orvana
 {
 
-/// The text as a link: over its whole length it has the address, a blue that can be read on the present
-/// palette, and a single underline.
+/// Returns the text as a link to the address. The link has a blue that is readable on the present palette,
+/// and a single underline.
 QTextDocumentFragment hyperlinkFromString(const QString &text, const QUrl &address);
 
-/// Makes the field selectable and lets it show rich text, which a link that can be clicked needs, and sets
-/// its value to the link alone. The field tells a click by `linkActivated`.
+/// Sets the field's text to the link alone. Makes the field selectable and lets it show rich text, because a
+/// clickable link needs both. The field reports a click by `linkActivated`.
 void setHyperlinkWithTextField(QLabel *field, const QString &text, const QUrl &address);
 
 } // namespace orvana

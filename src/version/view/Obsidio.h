@@ -21,7 +21,7 @@ namespace platform
 class Host;
 }
 
-/// The partner edition's banner: image, notice, version, and a button for the help page. On the main thread.
+/// The partner edition's banner: image, notice, version, and a button for the help page. Main thread only.
 class Obsidio : public QWidget
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ public:
     QLabel *VersionText() const;
     QPushButton *HelpBtn() const;
 
-    /// Both fill the items; the constructor calls the first.
+    /// Both fill the items. The constructor calls `windowDidLoad`.
     void windowDidLoad();
     void startWindow();
 

@@ -88,7 +88,7 @@ void VersionWindow::showEvent(QShowEvent *event)
 
 void VersionWindow::changeEvent(QEvent *event)
 {
-    // The link's blue goes with the palette.
+    // The link's blue depends on the palette.
     if (event->type() == QEvent::PaletteChange && m_showsLink)
         showLink();
     QWidget::changeEvent(event);

@@ -20,7 +20,7 @@ namespace platform
 class Host;
 }
 
-/// Tells whether the maker's web server has a newer version than the one that runs. On the main thread.
+/// Shows whether the maker's web server has a newer version than the running one. Main thread only.
 class VersionWindow : public QWidget
 {
     Q_OBJECT
@@ -37,11 +37,11 @@ public:
     QLabel *verMsg1() const;
     QLabel *verMsg3() const;
 
-    /// Asks the server, for as long as it takes, and shows the window. When no version can be read, nothing
-    /// is shown or said.
+    /// Asks the server, waits for the answer, and shows the window. If no version can be read, nothing is
+    /// shown.
     void checkVersion();
 
-    /// Sets the texts; called once, when the window is first shown. Later checks leave them as they are.
+    /// Sets the texts. Called once, when the window is first shown. Later checks do not change the texts.
     void windowDidLoad();
 
     void setVerMeaasge();

@@ -18,7 +18,7 @@ bool isWeb(const QUrl &address)
     return address.scheme() == QStringLiteral("http") || address.scheme() == QStringLiteral("https");
 }
 
-/// One fetch, on the thread that waits in `run`.
+/// Fetches one file. The thread that calls `run` waits in it.
 class Fetch
 {
 public:
@@ -29,7 +29,7 @@ public:
         request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                              QNetworkRequest::UserVerifiedRedirectPolicy);
         m_reply.reset(m_manager.get(request));
-        // What the network delivers beyond this waits outside the program.
+        // The program buffers no more of the answer than this.
         m_reply->setReadBufferSize(MostOfAnAnswer);
         QObject::connect(m_reply.get(), &QNetworkReply::redirected, [this, address](const QUrl &target) {
             if (target.scheme() == address.scheme())
