@@ -41,7 +41,11 @@ void MainWindow::lookAtEnclosures()
     lockChoices(false);
     setProgressMsg(std::string());
     m_ScanDevice.scanEnclosuresAnew();
+    // A disk that was plugged in during the erase was never shown before Start. No run writes to it until its
+    // enclosure is chosen again.
+    const auto shown = m_shown;
     setTargetDiskInfo();
+    m_shown = shown;
     fileProgress->setKind(ProgressIndicator::Kind::Determinate);
     totalProgress->setKind(ProgressIndicator::Kind::Determinate);
     setFileProgerss(0.0F);

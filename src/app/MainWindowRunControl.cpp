@@ -207,6 +207,8 @@ void MainWindow::tellOfNoCopy(const RunSummary &summary)
 // Reports a disk whose erase failed, also when the run ended before its copy was done.
 void MainWindow::showReportOfDisks()
 {
+    if (!m_run->hasStarted())
+        return;
     const auto summary = m_run->summary();
     if (summary.hasErased && !diskLines(summary).empty())
         showLastReport();

@@ -58,8 +58,6 @@ ExitStatus TerminalRun::run(RunOrder order, DeviceScan *scan)
     m_scan = scan;
     m_log.initLogFile();
     m_run.start(std::move(order));
-    if (m_isCancelled)
-        m_run.requestCancel(); // the signal came before the start
     if (!m_status)
         m_queue.run();
     return *m_status;
@@ -80,6 +78,14 @@ void TerminalRun::lookAtEnclosures()
 {
     if (m_scan)
         m_scan->scanEnclosures();
+}
+
+// The start-up disk or a RAID set may have come into the enclosure during an erase.
+std::optional<EnclosureRefusal> TerminalRun::refusalOfCopy(const ChosenEnclosure &chosen)
+{
+    const auto found = devices();
+    const auto enclosure = chosenEnclosure(found, chosen);
+    return enclosure ? refusalOfStart(**enclosure, found) : std::optional(enclosure.error());
 }
 
 void TerminalRun::copyStarts(const CopyJob &job)

@@ -50,6 +50,7 @@ private:
     ScannedDevices devices() const override;
     void lookAtAllDevices() override;
     void lookAtEnclosures() override;
+    std::optional<EnclosureRefusal> refusalOfCopy(const ChosenEnclosure &chosen) override;
     void copyStarts(const CopyJob &job) override;
     void problem(const RunProblem &problem) override { m_display->problem(problem); }
     void refused(const RunRefusal &refusal) override;

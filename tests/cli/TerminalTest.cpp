@@ -1,5 +1,4 @@
 #include "cli/Terminal.h"
-#include "duplicate/run/RunProgress.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -18,17 +17,6 @@ TEST(Terminal, LongLineLosesItsMiddle)
     EXPECT_EQ(fitted("Duplicating /a/b/c", 9), "Dupl…/b/c");
     EXPECT_EQ(fitted("äöüäöü", 3), "ä…ü");
     EXPECT_EQ(fitted("abcdef", 2), "ab");
-}
-
-TEST(Terminal, DurationsAndPercents)
-{
-    EXPECT_EQ(durationText(std::nullopt), "--:--");
-    EXPECT_EQ(durationText(0), "0:00");
-    EXPECT_EQ(durationText(75), "1:15");
-    EXPECT_EQ(durationText(3723), "1:02:03");
-    EXPECT_EQ(percentText(0, 0), "100%");
-    EXPECT_EQ(percentText(1, 3), "33%");
-    EXPECT_EQ(percentText(7, 3), "100%");
 }
 
 /// Somebody who has typed something already and then goes away.

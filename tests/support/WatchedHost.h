@@ -24,6 +24,9 @@ public:
     /// Called when the mounted volumes have been listed by "df".
     std::function<void()> afterListing = [] {};
 
+    /// The disks that the disk utility was told to leave alone last.
+    std::vector<platform::DiskFingerprint> spared;
+
     platform::Account &account() override { return m_host.account(); }
     platform::Places &places() override { return m_host.places(); }
     platform::VolumeFiles &volumeFiles() override { return m_host.volumeFiles(); }
@@ -44,6 +47,7 @@ public:
 
     void setSparedDisks(std::vector<platform::DiskFingerprint> disks) override
     {
+        spared = disks;
         m_host.launcher().setSparedDisks(std::move(disks));
     }
 

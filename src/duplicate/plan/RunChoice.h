@@ -75,8 +75,8 @@ struct RunChoice
     /// The disks that the bays showed. A bay that holds another disk at the time of the run is left out.
     /// Without a value the disks are not compared.
     std::optional<ShownDisks> shown;
-    /// The bytes of the selection, as counted. The plan checks whether they fit into the bays. Without a
-    /// value a bay is too small only when it is shown as too small; this is also so once a run has erased.
+    /// The bytes of the selection, as counted. A disk that cannot hold them is not erased, also when its bay is
+    /// not shown as too small. Nullopt: that is not checked.
     std::optional<std::uint64_t> selectedBytes;
     bool erase = false;
     bool verify = false;

@@ -158,6 +158,8 @@ std::string reasonText(RefusalReason reason)
         return "another run is at work on its volume";
     case RefusalReason::ReadOnly:
         return "its volume is mounted read-only";
+    case RefusalReason::TooSmall:
+        return "the selection does not fit";
     case RefusalReason::SameName:
         return "a bay before it shows the same name";
     }

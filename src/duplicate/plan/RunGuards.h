@@ -49,6 +49,7 @@ enum class RefusalReason {
     OtherVolume,   ///< it no longer holds the volume that was shown
     InUse,         ///< another run works on its volume
     ReadOnly,      ///< its volume is mounted read-only, and the run does not erase it first
+    TooSmall,      ///< it was to be erased, and the counted selection does not fit into it
     SameName,      ///< an earlier bay shows the same name, or its volume has the same mount point
 };
 

@@ -43,6 +43,13 @@ std::optional<RefusalReason> guardOfSource(const ORVHddInfo &disk, const Scanned
     return refusalOf(disk, devices, RunChoice(), UserHome());
 }
 
+// A disk is not erased for a copy that it cannot hold, also when its bay is not shown as too small.
+bool fitsAfterErase(const RunChoice &choice, const ORVHddInfo &disk)
+{
+    return !choice.selectedBytes || disk.bsdPathArray().empty() ||
+           fits(*choice.selectedBytes, *disk.bsdPathArray().front(), EraseFirst::Yes);
+}
+
 template <class Refusals>
 std::string linesOf(const Refusals &refusals)
 {
@@ -60,14 +67,6 @@ bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase)
     if (erase == EraseFirst::Yes)
         return size <= 0.99 * static_cast<double>(bytesOfBlocks(volume.capacitySize()));
     return size <= static_cast<double>(bytesOfBlocks(volume.availableSize()));
-}
-
-bool isTooSmall(const ORVHddInfo &disk, Bay bay, const RunChoice &choice)
-{
-    if (choice.isOverSize[bay] || !choice.selectedBytes || disk.bsdPathArray().empty())
-        return choice.isOverSize[bay];
-    return !fits(*choice.selectedBytes, *disk.bsdPathArray().front(),
-                 choice.erase ? EraseFirst::Yes : EraseFirst::No);
 }
 
 std::vector<BayFit> fitOfBays(const ORVThunderboltInfo &enclosure, std::uint64_t bytes, EraseFirst erase)
@@ -132,8 +131,10 @@ tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &device
         const auto name = newNameOf(*disk, choice.names[*bay]);
         if (const auto reason = refusalOfTarget(*disk, **enclosure, devices, choice, user))
             plan.refusals.push_back({slotNameOf(*bay), choice.names[*bay], *reason});
-        else if (isTooSmall(*disk, *bay, choice))
+        else if (choice.isOverSize[*bay])
             plan.tooSmall.push_back(*bay);
+        else if (!fitsAfterErase(choice, *disk))
+            plan.refusals.push_back({slotNameOf(*bay), choice.names[*bay], RefusalReason::TooSmall});
         else if (const auto bad = nameGuardIn(choice, name, format))
             plan.badNames.push_back({slotNameOf(*bay), name, *bad, format});
         else

@@ -16,10 +16,6 @@ enum class EraseFirst { No, Yes };
 /// volume's capacity, else into its free space. Both limits are included.
 bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase);
 
-/// True when the selection does not fit into the disk in the bay: the bay is shown as too small, or the
-/// disk's first volume cannot hold the counted bytes.
-bool isTooSmall(const ORVHddInfo &disk, Bay bay, const RunChoice &choice);
-
 /// A bay whose disk has volumes, and whether a selection fits into the first of them.
 struct BayFit
 {

@@ -50,7 +50,7 @@ private:
         const auto *disk = diskIn(bay, m_enclosure);
         if (const auto reason = disk ? refusalOfBay(*disk, bay, name) : RefusalReason::OtherDisk)
             m_plan.refusals.push_back({slotNameOf(bay), name, *reason});
-        else if (isTooSmall(*disk, bay, m_choice))
+        else if (m_choice.isOverSize[bay])
             m_plan.tooSmall.push_back(bay);
         else
             m_plan.destinations.push_back(destinationOf(*disk, bay, name));

@@ -80,8 +80,6 @@ void DuplicationRun::start(RunOrder order)
         return;
     ++m_number;
     m_order = std::move(order);
-    m_isCancelWanted = false;
-    m_isToolErasing = false;
     m_hasWorkerEnded = true;
     m_erasePlan.reset();
     m_isNotErased.reset();
@@ -89,7 +87,9 @@ void DuplicationRun::start(RunOrder order)
     m_fileCopy.setBVerifyFiles(m_order.choice.verify);
     m_relay.runStarts();
     makeReport();
-    if (m_order.choice.erase)
+    if (m_isCancelWanted)
+        cancel(); // before anything is touched
+    else if (m_order.choice.erase)
         eraseWhenIdle(LooksAtAnOldWorker);
     else
         CopyFile();
@@ -127,8 +127,11 @@ void DuplicationRun::EraseDisk()
 {
     // The records may be old: nobody reports that a disk was pulled and another disk came. Only disks that
     // are still those of the order are erased.
+    const auto run = m_number.load(); // the view may cancel the run in any of its functions
     m_view.lookAtAllDevices();
     const auto devices = m_view.devices();
+    if (run != m_number)
+        return;
     auto choice = m_order.choice;
     choice.enclosure = whereItIsNow(devices, choice.enclosure);
     auto plan = planErase(devices, choice, userHomeOf(m_host), eraseFormat());
@@ -179,7 +182,6 @@ RunChoice DuplicationRun::presentChoice(const ScannedDevices &devices) const
     if (!m_isNotErased)
         return choice;
     choice.isNotErased = *m_isNotErased;
-    choice.selectedBytes.reset();
     if (const auto enclosure = chosenEnclosure(devices, choice.enclosure))
         choice.names = volumeNamesOf(**enclosure, userHomeOf(m_host));
     return choice;
@@ -189,7 +191,7 @@ void DuplicationRun::CopyFile()
 {
     if (m_order.folders)
         return copyTo(*m_order.folders);
-    const auto run = m_number.load(); // the view may cancel the run in any of its functions
+    const auto run = m_number.load();
     const bool hasSomethingToCopy = m_view.hasSomethingToCopy();
     if (run != m_number)
         return;
@@ -197,6 +199,8 @@ void DuplicationRun::CopyFile()
         return end(RunEnding::NothingToCopy);
     const auto devices = m_view.devices();
     const auto choice = presentChoice(devices);
+    if (const auto refusal = m_view.refusalOfCopy(choice.enclosure))
+        return refuse(*refusal);
     auto plan = planDestinations(devices, choice, userHomeOf(m_host));
     if (!plan)
         return refuse(plan.error());
@@ -227,6 +231,8 @@ void DuplicationRun::copyTo(const FolderJob &job)
     m_view.copyStarts(task.job);
     if (run != m_number)
         return;
+    if (m_isCancelWanted)
+        return cancel();
     m_phase = RunPhase::Copying;
     m_progress.emplace(m_order.totalFiles, m_order.totalBytes, m_order.choice.verify, m_report);
     m_fileCopy.start(std::move(task));
@@ -249,11 +255,18 @@ void DuplicationRun::answer(const Notification &notification)
 
 void DuplicationRun::copyEnded()
 {
-    later(std::chrono::milliseconds(0), [this] { end(RunEnding::Copied); });
+    later(std::chrono::milliseconds(0), [this] {
+        if (m_phase == RunPhase::Copying)
+            end(RunEnding::Copied);
+    });
 }
 
 void DuplicationRun::cancel()
 {
+    if (m_isToolErasing) {
+        m_isCancelWanted = true; // the tool stops before its next disk, and the run ends then
+        return;
+    }
     m_relay.userCancelled();
     if (isOn())
         end(RunEnding::Cancelled);
@@ -286,11 +299,15 @@ void DuplicationRun::end(RunEnding ending)
     const bool isCancelled = ending == RunEnding::Cancelled;
     m_phase = RunPhase::Ended;
     ++m_number;
+    m_isCancelWanted = false;
+    m_order.folders.reset(); // and with them the locks, once the copy thread has let go of its own
     m_fileCopy.stopCopyThread();
     if (m_patience.count() > 0 && hasCopied)
         m_hasWorkerEnded = m_fileCopy.waitForEnd(m_patience);
-    if (!hasCopied)
+    if (!hasCopied) {
+        m_progress.emplace(0, 0, m_order.choice.verify, m_report);
         m_report->begin(m_order.choice.sourceRoot, {}, m_order.choice.verify);
+    }
     // After a copy, the copy thread writes the report, with the last of its counts.
     if (!hasCopied || (isCancelled && m_patience.count() > 0))
         m_report->finish(isCancelled ? RunOutcome::Cancelled : RunOutcome::Finished);

@@ -45,6 +45,9 @@ public:
     /// Called right before the destinations are decided. If it returns false, the run ends without a copy.
     virtual bool hasSomethingToCopy() { return true; }
 
+    /// Returns a reason of the program's own not to copy to the enclosure, as the devices are now.
+    virtual std::optional<EnclosureRefusal> refusalOfCopy(const ChosenEnclosure &) { return std::nullopt; }
+
     /// Takes the disks that get no copy. A disk may be named more than once in a run.
     virtual void disksLeftOut(const std::vector<DiskRefusal> &) {}
 
@@ -93,11 +96,12 @@ public:
     void start(RunOrder order);
 
     /// Ends the run at the user's wish, and writes this into the log, even when the run has ended before.
-    /// Afterwards no message of the copy thread is logged. Only `requestCancel` can end an erase, because an
-    /// erase holds up the main thread.
+    /// Afterwards no message of the copy thread is logged. An erase stops before its next disk, and the run
+    /// ends then.
     void cancel();
 
-    /// Asks to cancel the run soon. An erase stops before its next disk. Callable from any thread.
+    /// Asks to cancel the run soon, as `cancel` does. A run that is started after the request ends at once.
+    /// Callable from any thread.
     void requestCancel();
 
     /// Ends the run when the enclosure that it copies to is not there any more.

@@ -82,14 +82,18 @@ int waitFor(pid_t child)
 CommandLauncher::Result PosixCommandLauncher::run(const std::string &path,
                                                   const std::vector<std::string> &arguments)
 {
+    const auto notStarted = [&](int error) {
+        systemLog(displayPath(path) + " cannot be started: " + std::generic_category().message(error));
+        return Result{};
+    };
     std::array<int, 2> input{-1, -1};
     std::array<int, 2> output{-1, -1};
     if (::pipe2(input.data(), O_CLOEXEC) != 0)
-        return {};
+        return notStarted(errno);
     const Descriptor inputEnd(input[0]);
     Descriptor ourInput(input[1]);
     if (::pipe2(output.data(), O_CLOEXEC) != 0)
-        return {};
+        return notStarted(errno);
     const Descriptor ourOutput(output[0]);
     Descriptor outputEnd(output[1]);
 
@@ -101,10 +105,8 @@ CommandLauncher::Result PosixCommandLauncher::run(const std::string &path,
     pid_t child = -1;
     const int error =
         ::posix_spawn(&child, path.c_str(), settings.actions(), settings.attributes(), words.data(), environ);
-    if (error != 0) {
-        systemLog(displayPath(path) + " cannot be started: " + std::generic_category().message(error));
-        return {};
-    }
+    if (error != 0)
+        return notStarted(error);
     // After this only the child holds the other end of its output, so its output ends when the child ends.
     // Its input ends at once.
     outputEnd = Descriptor();

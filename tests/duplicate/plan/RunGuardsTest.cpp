@@ -142,81 +142,12 @@ TEST_F(SourceGuard, UnmountedVolumeIsNotTakenForAMissingSource)
     EXPECT_EQ(guard(), std::nullopt);
 }
 
-TEST(NameGuards, OrdinaryNamesAreAllowed)
+TEST(RunGuards, RefusalOfADiskNamesBayNameAndReason)
 {
-    for (const char *name : {"COPY1", "My Disk", "...", "Überspielung 1", "none"})
-        EXPECT_EQ(refusalOfName(name, EraseFormat::Ext4), std::nullopt) << name;
-}
-
-TEST(NameGuards, NameIsNeeded)
-{
-    EXPECT_EQ(refusalOfName("", EraseFormat::Ext4), NameRefusalReason::Empty);
-}
-
-TEST(NameGuards, NamesThatMeanSomethingElseAreRefused)
-{
-    for (const char *name : {".", "..", "None", "Unformatted"})
-        EXPECT_EQ(refusalOfName(name, EraseFormat::Ext4), NameRefusalReason::Reserved) << name;
-}
-
-TEST(NameGuards, NamesThatWouldLeadElsewhereAreRefused)
-{
-    EXPECT_EQ(refusalOfName("a/b", EraseFormat::Ext4), NameRefusalReason::Separator);
-    EXPECT_EQ(refusalOfName(std::string("a\0b", 3), EraseFormat::Ext4), NameRefusalReason::Separator);
-}
-
-TEST(NameGuards, NamesThatAreNoTextAreRefused)
-{
-    EXPECT_EQ(refusalOfName("a\xFF", EraseFormat::Ext4), NameRefusalReason::NotText);
-    EXPECT_EQ(refusalOfName("a\nb", EraseFormat::Ext4), NameRefusalReason::NotText);
-}
-
-TEST(NameGuards, BlanksThatTheListOfVolumesLosesAreRefused)
-{
-    for (const char *name : {" a", "a ", "a  b"})
-        EXPECT_EQ(refusalOfName(name, EraseFormat::Ext4), NameRefusalReason::LostBlanks) << name;
-}
-
-TEST(NameGuards, XfsTakesNoBlanks)
-{
-    EXPECT_EQ(refusalOfName("COPY 1", EraseFormat::Xfs), NameRefusalReason::Blanks);
-    EXPECT_EQ(refusalOfName("COPY 1", EraseFormat::ExFat), std::nullopt);
-}
-
-TEST(NameGuards, CharacterThatIsNotShownIsRefused)
-{
-    EXPECT_EQ(refusalOfName("a\xE2\x80\x8E"
-                            "b",
-                            EraseFormat::Ext4),
-              NameRefusalReason::NotText)
-        << "it turns the writing direction";
-}
-
-TEST(NameGuards, EachFormatHasItsLimit)
-{
-    EXPECT_EQ(refusalOfName(std::string(16, 'a'), EraseFormat::Ext4), std::nullopt);
-    EXPECT_EQ(refusalOfName(std::string(17, 'a'), EraseFormat::Ext4), NameRefusalReason::TooLong);
-    EXPECT_EQ(refusalOfName(std::string(12, 'a'), EraseFormat::Xfs), std::nullopt);
-    EXPECT_EQ(refusalOfName(std::string(13, 'a'), EraseFormat::Xfs), NameRefusalReason::TooLong);
-    EXPECT_EQ(refusalOfName(std::string(11, 'a'), EraseFormat::ExFat), std::nullopt);
-    EXPECT_EQ(refusalOfName(std::string(12, 'a'), EraseFormat::ExFat), NameRefusalReason::TooLong);
-}
-
-TEST(NameGuards, FormatIsTheOneOfTheSettingElseExt4)
-{
-    EXPECT_EQ(eraseFormatOf("xfs"), EraseFormat::Xfs);
-    EXPECT_EQ(eraseFormatOf("exfat"), EraseFormat::ExFat);
-    for (const char *setting : {"", "ext4", "XFS", "btrfs"})
-        EXPECT_EQ(eraseFormatOf(setting), EraseFormat::Ext4) << setting;
-}
-
-TEST(NameGuards, LimitsAreInBytesOrCharactersAsTheFormatKeepsThem)
-{
-    const std::string elevenUmlauts = "üüüüüüüüüüü";
-    EXPECT_EQ(refusalOfName(elevenUmlauts, EraseFormat::Ext4), NameRefusalReason::TooLong);
-    EXPECT_EQ(refusalOfName(elevenUmlauts, EraseFormat::ExFat), std::nullopt);
-    const std::string sixPictures = "😀😀😀😀😀😀";
-    EXPECT_EQ(refusalOfName(sixPictures, EraseFormat::ExFat), NameRefusalReason::TooLong);
+    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "CO\nPY", RefusalReason::CarriesSource}),
+              "Slot-B (CO\\x0APY): it carries the source");
+    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "", RefusalReason::NoName}),
+              "Slot-B: its volume has no name");
 }
 
 TEST(NameGuards, RefusalNamesBayNameAndLimit)
@@ -224,14 +155,6 @@ TEST(NameGuards, RefusalNamesBayNameAndLimit)
     EXPECT_EQ(refusalText(NameRefusal{"Slot-B", "A much too long name", NameRefusalReason::TooLong,
                                       EraseFormat::Xfs}),
               "Slot-B (A much too long name): longer than 12 bytes, which is the limit of xfs");
-}
-
-TEST(RunGuards, RefusalOfADiskNamesBayNameAndReason)
-{
-    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "CO\nPY", RefusalReason::CarriesSource}),
-              "Slot-B (CO\\x0APY): it carries the source");
-    EXPECT_EQ(refusalText(DiskRefusal{"Slot-B", "", RefusalReason::NoName}),
-              "Slot-B: its volume has no name");
 }
 
 } // namespace orvana

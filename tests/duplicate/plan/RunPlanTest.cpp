@@ -122,19 +122,23 @@ TEST_F(RunPlan, DiskThatIsTooSmallIsNotErased)
     EXPECT_EQ(erase().tooSmall, std::vector{Bay::B});
 }
 
-TEST_F(RunPlan, BayIsTooSmallByThePlansOwnSumThoughNothingShowsIt)
+TEST_F(RunPlan, DiskIsTooSmallToBeErasedByThePlansOwnSumThoughNothingShowsIt)
 {
     diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1", 100, 50)});
     m_choice.selectedBytes = 99 * 512;
     m_choice.erase = true;
-    EXPECT_EQ(erase().tooSmall, std::vector<Bay>()) << "99 hundredths of the capacity, bound included";
+    EXPECT_EQ(erased(erase()).front(), "Slot-B /dev/disk2 COPY1") << "99 hundredths, bound included";
     m_choice.selectedBytes = 99 * 512 + 1;
-    EXPECT_EQ(erase().tooSmall, std::vector{Bay::B});
+    EXPECT_EQ(erased(erase()).front(), "Slot-C /dev/disk3 COPY2");
+    EXPECT_EQ(firstReason(erase()), RefusalReason::TooSmall) << "nobody was shown it, so it is told";
+}
 
-    m_choice.erase = false;
-    m_choice.selectedBytes = 50 * 512;
-    EXPECT_EQ(destinations().tooSmall, std::vector<Bay>()) << "what is free, bound included";
-    m_choice.selectedBytes = 50 * 512 + 1;
+TEST_F(RunPlan, WithoutAnEraseABayIsLeftOutOnlyWhenItIsShownAsTooSmall)
+{
+    diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1", 100, 50)});
+    m_choice.selectedBytes = 90 * 512;
+    EXPECT_EQ(destinations().roots().front(), "/Volumes/COPY1") << "copies of an earlier run need no new room";
+    m_choice.isOverSize[Bay::B] = true;
     EXPECT_EQ(destinations().tooSmall, std::vector{Bay::B});
 }
 

@@ -74,7 +74,10 @@ protected:
         m_tree.file("machine.json", m_machine.dump());
         m_simulator = platform::makeSimulatorHost(m_tree.path("machine.json"), &m_queue).value();
         m_host = std::make_unique<FaultyHost>(*m_simulator);
-        m_host->beforeDiskUtility = [this](const Lines &words) { tell("tool " + words.front()); };
+        m_host->beforeDiskUtility = [this](const Lines &words) {
+            tell("tool " + words.front());
+            m_erasedNames.push_back(words.at(2));
+        };
         m_scanner = std::make_unique<ORVScanDevice>(m_host->registry(), m_host->launcher());
         m_scanner->setDetectOption("Orvana");
         m_log = std::make_unique<LogData>(m_tree.folder("logs"), m_clock);
@@ -181,8 +184,10 @@ protected:
 
     void lookAtAllDevices() override
     {
-        if (m_run && m_run->isOn())
+        if (m_run && m_run->isOn()) {
             tell("look at all");
+            m_queue.advance(std::chrono::milliseconds(200)); // the machine takes up what the test changed
+        }
         m_scanner->scanEverything();
     }
 
@@ -204,6 +209,8 @@ protected:
             tell("left out: " + refusalText(refusal));
         tell("left out: no more");
     }
+
+    std::optional<EnclosureRefusal> refusalOfCopy(const ChosenEnclosure &) override { return m_refusal; }
 
     void copyStarts(const CopyJob &) override { tell("copy starts"); }
     void problem(const RunProblem &problem) override { tell("problem: " + problem.reason); }
@@ -265,7 +272,9 @@ protected:
     Lines m_told;
     std::string m_moment;
     std::function<void()> m_act;
+    Lines m_erasedNames;
     bool m_hasSomethingToCopy = true;
+    std::optional<EnclosureRefusal> m_refusal;
     int m_ends = 0;
     RunSummary m_summary;
 };
@@ -330,9 +339,132 @@ TEST_F(DuplicationRunTest, EraseThatIsCancelledStopsBeforeTheNextDisk)
     EXPECT_EQ(m_ends, 1);
     EXPECT_EQ(m_summary.ending, RunEnding::Cancelled);
     EXPECT_FALSE(told("Looking, copy starts"));
+    EXPECT_FALSE(told("Looking, look at enclosures")) << "no window is laid out for a copy that never comes";
     EXPECT_TRUE(test::pathExists(volume("COPY2/old2")));
     EXPECT_EQ(report()["disks"][0]["outcome"], "erased");
     EXPECT_EQ(report()["disks"][1]["reason"], "the erase was stopped before it");
+}
+
+TEST_F(DuplicationRunTest, CancelFromWithinTheEraseStopsBeforeTheNextDiskAndEndsOnce)
+{
+    start();
+    at("message: Erasing /dev/disk3 & Mount to /Volumes/COPY1", [this] { m_run->cancel(); });
+    m_run->start(order(true));
+    untilEnded();
+    EXPECT_EQ(m_ends, 1);
+    EXPECT_EQ(m_summary.ending, RunEnding::Cancelled);
+    EXPECT_FALSE(told("Looking, copy starts"));
+    EXPECT_TRUE(test::pathExists(volume("COPY2/old2")));
+    EXPECT_TRUE(test::contentOf(m_log->logFilePath()).ends_with(" User Cancel\n"));
+}
+
+TEST_F(DuplicationRunTest, CancelWhileTheDevicesAreLookedAtErasesNothing)
+{
+    start();
+    at("look at all", [this] { m_run->cancel(); });
+    m_run->start(order(true));
+    untilEnded();
+    EXPECT_EQ(m_ends, 1);
+    EXPECT_FALSE(told("Erasing, tool eraseDisk"));
+    EXPECT_TRUE(test::pathExists(volume("COPY1/old1")));
+}
+
+TEST_F(DuplicationRunTest, CancelThatIsRequestedBeforeTheStartTouchesNothing)
+{
+    start();
+    for (const bool isErase : {false, true}) {
+        m_ends = 0;
+        m_run->requestCancel();
+        m_run->start(order(isErase));
+        EXPECT_EQ(m_ends, 1);
+        EXPECT_EQ(m_summary.ending, RunEnding::Cancelled);
+    }
+    untilEnded();
+    EXPECT_TRUE(m_summary.destinations.empty());
+    EXPECT_FALSE(told("Erasing, tool eraseDisk"));
+    EXPECT_FALSE(test::pathExists(volume("COPY1/Read me.txt")));
+    m_ends = 0;
+    m_run->start(order(false));
+    untilEnded();
+    EXPECT_EQ(m_summary.ending, RunEnding::Copied) << "a request counts for one run";
+}
+
+TEST_F(DuplicationRunTest, DiskThatIsTooSmallByTheTimeOfItsEraseKeepsWhatItHoldsAndGetsNoCopy)
+{
+    auto &volumes = m_machine["enclosures"][0]["bays"][1]["volumes"];
+    volumes.push_back({{"name", "TINY"}, {"capacity", 1000}});
+    start();
+    auto order = this->order(true);
+    order.choice.selectedBytes = 120'000;
+    at("look at all", [this] {
+        EXPECT_TRUE(platform::moveSimulatorLever(m_tree.path("machine.json"), "unmount", "COPY1", ""));
+    });
+    m_run->start(std::move(order));
+    untilEnded();
+    EXPECT_FALSE(told("Erasing, message: Erasing /dev/disk3 & Mount to /Volumes/COPY1"));
+    EXPECT_EQ(m_summary.destinations.size(), 2U) << "bays C and D";
+    EXPECT_FALSE(isAllDone(m_summary));
+    ASSERT_FALSE(diskLines(m_summary).empty());
+    EXPECT_TRUE(diskLines(m_summary).front().starts_with("Slot-B")) << diskLines(m_summary).front();
+}
+
+TEST_F(DuplicationRunTest, VolumesHaveTheirNewNamesInTheCopyThatFollowsTheErase)
+{
+    start();
+    auto order = this->order(true);
+    for (auto &disk : order.erase.disks) {
+        if (disk.bay == Bay::B)
+            disk.info.diskVolume = "NEW";
+    }
+    order.choice.names[Bay::B] = "NEW";
+    m_run->start(std::move(order));
+    untilEnded();
+    EXPECT_EQ(m_erasedNames, (Lines{"NEW", "COPY2", "COPY3"}));
+    EXPECT_TRUE(isAllDone(m_summary));
+    EXPECT_TRUE(test::pathExists(volume("NEW/Read me.txt")));
+    // A volume whose name was taken gets another one; the copy goes there all the same.
+    auto second = this->order(true);
+    second.erase.disks[0].info.diskVolume = second.choice.names[Bay::B] = "STICK";
+    m_ends = 0;
+    m_run->start(std::move(second));
+    untilEnded();
+    EXPECT_EQ(m_summary.destinations.size(), 3U);
+    EXPECT_TRUE(isAllDone(m_summary));
+}
+
+TEST_F(DuplicationRunTest, DisksOfTheSourceAreSparedByTheDiskUtilityItself)
+{
+    start();
+    auto order = this->order(true);
+    order.choice.sourceDisks.push_back(order.erase.disks[1].fingerprint);
+    m_run->start(std::move(order));
+    untilEnded();
+    EXPECT_TRUE(test::pathExists(volume("COPY2/old2")));
+    EXPECT_EQ(m_host->spared.size(), 2U) << "told before the first disk";
+}
+
+TEST_F(DuplicationRunTest, EnclosureThatIsGoneByTheEraseErasesNothing)
+{
+    start();
+    at("look at all", [this] {
+        EXPECT_TRUE(platform::moveSimulatorLever(m_tree.path("machine.json"), "detach", "1", ""));
+    });
+    m_run->start(order(true));
+    untilEnded();
+    EXPECT_EQ(m_summary.ending, RunEnding::Refused);
+    EXPECT_FALSE(told("Erasing, tool eraseDisk"));
+}
+
+TEST_F(DuplicationRunTest, ProgramsOwnReasonNotToCopyEndsTheRunWithIt)
+{
+    start();
+    m_refusal = EnclosureRefusal::RaidSet;
+    m_run->start(order(true));
+    untilEnded();
+    EXPECT_EQ(m_ends, 1);
+    EXPECT_EQ(m_summary.ending, RunEnding::Refused);
+    EXPECT_TRUE(told("Looking, refused: " + refusalText(EnclosureRefusal::RaidSet)));
+    EXPECT_FALSE(test::pathExists(volume("COPY1/Read me.txt")));
 }
 
 TEST_F(DuplicationRunTest, EndsOnceWhenCancelledInAnyMomentOfLooking)
