@@ -14,7 +14,7 @@ namespace platform
 class Host;
 }
 
-/// What the windows work with. All of it must outlive the windows.
+/// Everything that the windows work with. All of it must outlive the windows.
 struct AppContext
 {
     platform::Host &host;

@@ -180,7 +180,7 @@ private:
     void eraseOptionChanged();
     void colourBays();
 
-    // What `DuplicationRun` calls
+    // Functions that `DuplicationRun` calls
     ScannedDevices devices() const override { return scannedDevices(m_ScanDevice); }
     void lookAtAllDevices() override;
     void lookAtEnclosures() override;

@@ -34,7 +34,7 @@ struct DiskFacts
     std::vector<MountedPiece> mounted;
 };
 
-/// Which disk a block device is, and whether the disk is in a bay of an enclosure. A `BayRule` returns
+/// The disk that a block device is, and whether it is in a bay of an enclosure. A `BayRule` returns
 /// nullopt for a device that is no disk to work on.
 struct KnownDisk
 {

@@ -7,7 +7,7 @@
 namespace orvana::diskutil
 {
 
-/// What erase and eject work with. Each call of `lookAt` reads the facts anew.
+/// The things that erase and eject work with. Each call of `lookAt` reads the facts anew.
 struct Surroundings
 {
     std::function<std::optional<DiskFacts>(const std::string &node)> lookAt;

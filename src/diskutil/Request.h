@@ -10,7 +10,7 @@
 namespace orvana::diskutil
 {
 
-/// What the caller knows about the disk. All of it but `spared` is needed.
+/// The facts that the caller knows about the disk. All of it but `spared` is needed.
 struct Expectation
 {
     std::optional<std::uint64_t> sequence; ///< the kernel's number of the disk's arrival

@@ -15,7 +15,7 @@ namespace orvana::platform
 
 enum class FileType { Regular, Folder, SymbolicLink, Special };
 
-/// What is known of a file or folder. A new entry that is made from these attributes gets the same
+/// The facts that are known of a file or folder. A new entry that is made from these attributes gets the same
 /// permissions, owner, group and hidden-extension flag, but not the same size and time.
 struct Attributes
 {
@@ -112,7 +112,7 @@ public:
     virtual Expected<void> close() = 0;
 };
 
-/// What a folder's file system can do.
+/// The abilities of a folder's file system.
 struct VolumeTraits
 {
     std::uint64_t device = 0;

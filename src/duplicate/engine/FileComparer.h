@@ -18,7 +18,7 @@ struct Target;
 
 /// Reads a file and its copies back, block by block, and reports where they differ.
 ///
-/// Where the file system allows it, their content is dropped from memory first, so that the disks are read.
+/// Their content is dropped from memory first, if the file system allows it, so that the disks are read.
 class FileComparer
 {
 public:

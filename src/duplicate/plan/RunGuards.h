@@ -8,8 +8,8 @@
 namespace orvana
 {
 
-// What a run never does, whatever a flag says. The disk records decide. Each refusal names the thing that it
-// is about, so that window and terminal can report it.
+// The things that a run never does, whatever a flag says. The disk records decide. Each refusal names the
+// thing that it is about, so that window and terminal can report it.
 
 /// The reasons to do nothing at all with the chosen enclosure.
 enum class EnclosureRefusal {

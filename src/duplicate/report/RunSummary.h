@@ -21,7 +21,7 @@ enum class RunEnding {
     Refused,       ///< the run was refused after the start
 };
 
-/// What is wrong with a file on a destination.
+/// The kind of problem that a file on a destination has.
 enum class ProblemKind {
     Failed,        ///< it could not be brought to the destination
     KeptTail,      ///< the copy holds bytes of an older, longer file behind its end

@@ -5,7 +5,7 @@
 namespace orvana::platform::posix
 {
 
-/// Where a program's standard error goes.
+/// The place to which a program's standard error goes.
 enum class Complaints { ToOurError, IntoTheOutput };
 
 /// Runs real programs, never through a shell.
