@@ -1,7 +1,7 @@
-// How long counting takes against `du`, in the same run on the same warm tree, what share of it goes into
-// reading the hidden-extension flag, and what memory it needs.
+// Measures the time of counting against `du`, in the same run on the same warm tree. Also measures which
+// share of that time goes into reading the hidden-extension flag, and how much memory counting needs.
 //
-//     plurimo_count_benchmark [FILES] [ROUNDS]      200,000 files and 9 rounds, unless told
+//     plurimo_count_benchmark [FILES] [ROUNDS]      200,000 files and 9 rounds by default
 
 #include "filetree/SizeCounter.h"
 #include "platform/hosts/HostFactory.h"
@@ -97,7 +97,7 @@ private:
     FlaglessFolder m_workingFolder;
 };
 
-/// The machine with other files.
+/// The given host, but with the given files in place of its own.
 class OtherFiles final : public platform::Host
 {
 public:
@@ -182,7 +182,7 @@ int main(int argc, char **argv)
         const double own = seconds([&] { counted = count(*host, root); });
         const double bare = seconds([&] { count(flaglessHost, root); });
         if (round < 0)
-            continue; // the first round warms
+            continue; // the first round only warms the caches
         peers.push_back(peer);
         ours.push_back(own);
         withoutFlag.push_back(bare);

@@ -1,7 +1,8 @@
-// How fast the file list opens a large folder, against `ls -lU` of the same folder in the same run, and for
-// how long the interface does not answer while many files are counted, against the 50 ms that people notice.
+// Measures how fast the file list opens a large folder, against `ls -lU` of the same folder in the same run.
+// Also measures for how long the interface does not answer while many files are counted, against the 50 ms
+// that people notice.
 //
-//     plurimo_filelist_benchmark [ENTRIES] [FILES]      100,000 entries and 1,000,000 files, unless told
+//     plurimo_filelist_benchmark [ENTRIES] [FILES]      100,000 entries and 1,000,000 files by default
 
 #include "filetree/view/FileListViewController.h"
 #include "foundation/NotificationCenter.h"
@@ -54,7 +55,7 @@ double medianOpening(FileListViewController &panel, const std::string &root)
         });
         panel.stopCountThread();
         panel.waitForCount(std::chrono::seconds(60));
-        if (round > 0) // the first round warms
+        if (round > 0) // the first round only warms the caches
             times.push_back(time);
     }
     std::sort(times.begin(), times.end());

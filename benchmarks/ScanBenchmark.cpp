@@ -1,6 +1,6 @@
-// How long a scan takes, and whether it grows in step with the machine: enclosures of four disks with four
-// mounted volumes each, from 1 to 64. Prints the median of 15 scans, and the time per enclosure relative to
-// that of the smallest machine that takes long enough to be measured.
+// Measures how long a scan takes, and whether that time grows in step with the machine: from 1 to 64
+// enclosures of four disks with four mounted volumes each. Prints the median of 15 scans, and the time per
+// enclosure relative to that of the smallest machine that takes long enough to be measured.
 
 #include "discovery/ORVScanDevice.h"
 #include "platform/CommandLauncher.h"

@@ -1,7 +1,7 @@
-// How long the window takes from nothing to being usable, against the 300 ms that are wanted, and for how
-// long it does not answer during a run of many small files, against 100 ms.
+// Measures how long the window takes from its start until it is usable; the goal is 300 ms. Also measures for
+// how long the window does not answer during a run of many small files; the goal is 100 ms.
 //
-//     plurimo_window_benchmark [FILES]      100,000 files, unless told
+//     plurimo_window_benchmark [FILES]      100,000 files by default
 
 #include "app/MainMenu.h"
 #include "app/MainWindow.h"

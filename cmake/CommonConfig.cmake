@@ -37,5 +37,5 @@ if(PLURIMO_BLOCK_SIZE)
   target_compile_definitions(plurimo_common INTERFACE PLURIMO_BLOCK_SIZE=${PLURIMO_BLOCK_SIZE})
 endif()
 
-# A build folder belongs to one compiler; the version is told to the code once.
+# The version has one source, the CMake project; the code gets it from here.
 target_compile_definitions(plurimo_common INTERFACE PLURIMO_VERSION="${PROJECT_VERSION}")

@@ -1,5 +1,5 @@
-# One static library for each folder of the sources. What a folder may include, and so what its library links, stands
-# in the table src/folders; an include that is not in the table fails the build.
+# One static library for each folder of the sources. The table src/folders says which folders a folder may include,
+# and so which libraries its library links. An include that is not in the table fails the build.
 
 set(PLURIMO_FOLDER_TABLE "${PROJECT_SOURCE_DIR}/src/folders")
 file(STRINGS "${PLURIMO_FOLDER_TABLE}" PLURIMO_FOLDER_LINES REGEX "^[^#]")
@@ -20,8 +20,8 @@ function(plurimo_library_of folder result)
   set(${result} "${name}" PARENT_SCOPE)
 endfunction()
 
-# plurimo_folder(FOLDER [WIDGETS] [LINKS library...] SOURCES file...): the library of a folder. LINKS are libraries of
-# others. With WIDGETS the folder has Qt classes and interface files.
+# plurimo_folder(FOLDER [WIDGETS] [LINKS library...] SOURCES file...): the library of a folder. LINKS are libraries
+# from outside the project. With WIDGETS the folder has Qt classes and interface files.
 function(plurimo_folder folder)
   cmake_parse_arguments(ARG "WIDGETS" "" "LINKS;SOURCES" ${ARGN})
   plurimo_library_of(${folder} name)
@@ -42,7 +42,7 @@ function(plurimo_folder folder)
   if(ARG_WIDGETS)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON
       AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/src/resources")
-    # Who includes a header of the folder needs the class that was made of its interface file.
+    # A target that includes a header of the folder needs the class that was generated from its interface file.
     target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include")
   endif()
 endfunction()

@@ -12,7 +12,7 @@ namespace orvana
 namespace
 {
 
-/// What must not happen, whatever was chosen, pulled or plugged in between.
+/// The things that must not happen, whatever the user chose and whichever disks came or went meanwhile.
 class GuardsTest : public WindowTest
 {
 protected:
@@ -24,7 +24,7 @@ protected:
 
     bool wasAnythingErased() const { return !tools().empty(); }
 
-    /// Cancels a run whose worker goes on reading for so long, of real time.
+    /// Cancels a run whose worker goes on reading for this long in real time.
     void cancelARunThatReadsFor(std::chrono::milliseconds time)
     {
         bay(3)["attached"] = false;
@@ -144,7 +144,7 @@ TEST_F(GuardsTest, EjectThatWaitedIsDroppedWhenANewRunBegan)
     pass(std::chrono::seconds(2));
     pressStart();
     until([this] { return !window().isBusy(); });
-    pass(std::chrono::seconds(2)); // time for an eject that waits on
+    pass(std::chrono::seconds(2)); // time for an eject that still waits
     EXPECT_TRUE(tools().empty());
     EXPECT_TRUE(isMounted("COPY1"));
 }
@@ -157,7 +157,7 @@ TEST_F(GuardsTest, RaidSetThatCameWhileAQuestionStoodRefusesTheStart)
     setErase(false);
     pressStart();
     untilSheet("Insufficient Disk Space");
-    actions().setIsDuplicating(true); // so that nobody hears of what happens to the bay
+    actions().setIsDuplicating(true); // so that the window does not react to the change in the bay
     move("attach", "1/D");
     pass(std::chrono::seconds(1));
     actions().setIsDuplicating(false);
@@ -194,7 +194,7 @@ TEST_F(GuardsTest, EraseWaitsForTheLastBlockOfACancelledRun)
     setErase(true);
     pressStart();
     pressSheet("Erase");
-    pass(std::chrono::seconds(1)); // of the window's time; hardly any for the disk
+    pass(std::chrono::seconds(1)); // in the window's time; almost no real time
     EXPECT_FALSE(wasAnythingErased());
     // The cancelled run writes its report when its worker ends. Meanwhile the window's time stands still.
     const auto isReported = [this] {

@@ -1,4 +1,4 @@
-// What a run tells the desktop, for who is elsewhere while it goes on.
+// The reports of a run to the desktop, for a user who works elsewhere meanwhile.
 
 #include "app/WindowFixture.h"
 
@@ -10,7 +10,7 @@ namespace orvana
 class DesktopTest : public WindowTest
 {
 protected:
-    DesktopTest() { bay(3)["attached"] = false; } // the blank one, which would turn erase on
+    DesktopTest() { bay(3)["attached"] = false; } // a blank disk would turn erase on
 };
 
 TEST_F(DesktopTest, EndOfARunIsToldWithAButtonForItsLog)

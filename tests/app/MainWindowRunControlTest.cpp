@@ -19,7 +19,7 @@ namespace
 class RunTest : public WindowTest
 {
 protected:
-    // Without the blank disk, which would turn erase on.
+    // Takes the blank disk out, because it would turn erase on.
     RunTest() { bay(3)["attached"] = false; }
 
     void untilCompleted()
@@ -28,7 +28,7 @@ protected:
         EXPECT_EQ(sheetText(), "All files have been copied successfully.");
     }
 
-    // Makes every write to the volume slow, so that a run can be met in its middle.
+    // Makes every write to the volume slow, so that a test can act in the middle of a run.
     void makeSlow(std::size_t bayNumber)
     {
         bay(bayNumber)["volumes"][0]["faults"] = {{"delayMilliseconds", 40}};
@@ -337,7 +337,7 @@ TEST_F(RunTest, ClosingWithoutARunDoesNotAsk)
 
 TEST_F(RunTest, TwoHundredRunsInARowLeaveNothingBehind)
 {
-    for (const std::size_t copy : {1U, 2U}) // what is written again uses up a simulated volume once more
+    for (const std::size_t copy : {1U, 2U}) // a file that is written again takes up space again
         bay(copy)["volumes"][0]["capacity"] = 900'000'000;
     startWithEnclosure();
     const auto kilobytes = [] {
@@ -373,7 +373,7 @@ TEST_F(RunTest, TwoHundredRunsInARowLeaveNothingBehind)
     EXPECT_EQ(reportWindows(), 0);
     EXPECT_LE(threads(), threadsBefore + 1);
     EXPECT_LE(handles(), handlesBefore + 1);
-#ifdef __SANITIZE_ADDRESS__ // which keeps freed memory for a while
+#ifdef __SANITIZE_ADDRESS__ // the sanitizer keeps freed memory for a while
     constexpr long MayGrow = 1'048'576;
 #else
     constexpr long MayGrow = 4096;

@@ -30,7 +30,7 @@ protected:
                 {{"name", name}, {"capacity", 400000}, {"content", {{{"path", "film"}, {"bytes", 5000}}}}});
     }
 
-    /// The disk in bay A has not lost a byte, wherever its volumes are by now.
+    /// Expects that no command was run on the disk that was in bay A, and that bay A still has two volumes.
     void expectBayAIsWhole()
     {
         const auto machine = Json::parse(m_tree.read("machine.json"));
@@ -60,7 +60,7 @@ protected:
         }
     }
 
-    /// Keeps a count from going on until it is let go.
+    /// Holds a count until `letGo` is called.
     class HeldCount
     {
     public:
@@ -88,8 +88,7 @@ TEST_F(StartTest, SourceThatIsUnmountedRightBeforeStartIsNotErased)
     putTwoVolumesInBayA();
     startWithSource("Two");
     move("unmount", "Two");
-    m_queue.advance(
-        std::chrono::milliseconds(150)); // the machine has changed, the window has not looked again
+    m_queue.advance(std::chrono::milliseconds(150)); // the machine has changed, the window has not rescanned
     pressStart();
     answerEverySheet();
     expectBayAIsWhole();

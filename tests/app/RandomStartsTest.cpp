@@ -1,5 +1,5 @@
 // Random things happen, and then Start is pressed with erase on. Whatever happened, the source's disks keep
-// every byte, and no disk that holds anything is erased that the answered question did not name.
+// every byte. A disk that holds anything is erased only if the question that the user answered named it.
 //
 // The number of sequences and the first seed come from ORVANA_SEQUENCES and ORVANA_SEED.
 
@@ -123,7 +123,7 @@ private:
         (void)platform::moveSimulatorLever(m_tree.path("machine.json"), name, target, newName);
     }
 
-    // Two disks change their bays.
+    // Swaps two disks between their bays.
     void swapBays()
     {
         auto machine = Json::parse(m_tree.read("machine.json"));
@@ -195,7 +195,7 @@ private:
         if (title() == "Start") {
             m_agreed.clear();
             m_sourceOfRun = m_source;
-            // A cancelled run may still write its last block to what is the source now.
+            // A cancelled run may still write its last block to the disk that is the source now.
             for (int i = 0; i < 1000 && window().isBusy(); ++i) {
                 pass(std::chrono::milliseconds(10));
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -296,7 +296,8 @@ private:
         return m_tree.path("machine.json.volumes/Volumes/" + name);
     }
 
-    /// Path and content of every file on the disk's volumes. A volume is filled when it is first mounted.
+    /// Returns path and content of every file on the disk's volumes. A volume is filled when it is first
+    /// mounted.
     std::set<std::string> contentOfDisk(std::size_t disk) const
     {
         std::set<std::string> content;
@@ -313,7 +314,7 @@ private:
         return content;
     }
 
-    // The disk whose volume the tree shows, found by the file that every volume of it holds.
+    // Returns the disk whose volume the tree shows. It is found by the file that each of its volumes holds.
     void noteSource()
     {
         if (FileSystemItem::repoRoot() == m_rootObject || FileSystemItem::repoRoot()->empty())
@@ -341,7 +342,7 @@ private:
         return std::nullopt;
     }
 
-    // Right before a command of the disk utility.
+    // Called right before each command of the disk utility.
     void judge(const Files &words)
     {
         if (words.empty() || words[0] != "eraseDisk")

@@ -177,7 +177,7 @@ void WindowTest::pass(std::chrono::milliseconds time)
 {
     m_queue.advance(time);
     QApplication::processEvents();
-    // Without an event loop around it, that leaves out what is to be deleted.
+    // Outside an event loop, processEvents() leaves out the deferred deletions.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -20,8 +20,8 @@
 namespace orvana
 {
 
-/// The real window on a simulated machine, offscreen. The main queue has a time of its own, which `until`
-/// lets pass.
+/// The real window on a simulated machine, offscreen. The main queue has its own time; `until` and `pass`
+/// move that time on.
 class WindowTest : public testing::Test
 {
 protected:
@@ -35,7 +35,7 @@ protected:
 
     void start(const std::string &edition = "Orvana");
 
-    /// As `start`, and chooses the first enclosure, and waits for its count.
+    /// Starts the window, chooses the first enclosure and waits for its count.
     void startWithEnclosure();
 
     MainWindow &window() { return *m_window; }
@@ -43,7 +43,7 @@ protected:
     FileListViewController &files() { return m_window->myFileListViewController(); }
     CopyActionViewController &actions() { return m_window->myCopyActionViewController(); }
 
-    // What the user does.
+    // Actions of the user.
     void closeWindow() { m_window.reset(); }
     void chooseEnclosure(int item);
     void chooseSource(const std::string &title);
@@ -51,30 +51,30 @@ protected:
     void setVerify(bool on);
     void pressStart();
 
-    /// Presses Start, and agrees to the erase that is asked about.
+    /// Presses Start and confirms the erase.
     void startErase();
     void pressSheet(const std::string &button);
     void typeName(VolumeNameField *field, const std::string &name);
     void untick(const std::string &name);
 
-    /// What somebody else does to the machine.
+    /// Changes the machine from outside the program.
     void move(const std::string &lever, const std::string &target, const std::string &newName = "") const;
 
-    /// Lets time pass until the condition holds; fails the test when it does not within half a minute.
+    /// Lets time pass until the condition holds. Fails the test if that takes longer than half a minute.
     void until(const std::function<bool()> &condition);
     void untilCounted();
 
-    /// Until the sheet that begins with this message is on the screen.
+    /// Lets time pass until a sheet that begins with this message is on the screen.
     void untilSheet(const std::string &message);
 
-    /// Time passes, events are handled.
+    /// Moves the queue's time on and handles the pending events.
     void pass(std::chrono::milliseconds time);
 
     std::string sheetMessage();
     std::string sheetText();
     std::string title() const;
 
-    /// Windows with a run's report.
+    /// Returns the number of windows with a run's report.
     static int reportWindows();
 
     Files filesOn(const std::string &volume) const;
@@ -83,10 +83,10 @@ protected:
     Json report() const { return Json::parse(m_tree.read("logs/" + nameEndingWith("-Report.json"))); }
     bool hasLog() const { return !nameEndingWith("-Log.txt").empty(); }
 
-    /// The words of each command of the disk utility so far.
+    /// Returns the words of each command that the disk utility got so far.
     const std::vector<Files> &tools() const { return m_tools; }
 
-    // What the desktop was asked for.
+    // Requests to the desktop so far.
     int wakeHolds() const;
     std::vector<std::string> openedPages() const;
     const std::vector<platform::DesktopNotice> &notices() const;
@@ -99,7 +99,7 @@ protected:
     test::ManualMainQueue m_queue;
     test::StoppedClock m_clock;
     std::function<void(const Files &)> m_beforeTool = [](const Files &) {};
-    std::function<void()> m_afterListing = [] {}; // of the volumes, by "df"
+    std::function<void()> m_afterListing = [] {}; // called after "df" has listed the volumes
 
 private:
     class WatchedHost;

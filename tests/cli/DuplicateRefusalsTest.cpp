@@ -1,4 +1,4 @@
-// What keeps a duplication in the terminal from starting. Nothing is touched then.
+// Reasons why a duplication in the terminal does not start. No disk is touched then.
 
 #include "cli/MachineFixture.h"
 

@@ -23,7 +23,7 @@ namespace orvana::cli
 namespace
 {
 
-/// Who is asked: types the answer once the question stands in the file, after what happens meanwhile.
+/// The user who is asked. Waits until the question is in the file, calls `happening`, then types the answer.
 class Somebody
 {
 public:

@@ -25,7 +25,7 @@ protected:
     /// A disk of the description, which may be changed before the first command.
     Json &bay(std::size_t index) { return m_machine["enclosures"][0]["bays"][index]; }
 
-    // Each makes a host of its own, as a process does.
+    // Each of these functions makes a new host, as a new process would.
     ExitStatus duplicate();
     ExitStatus erase();
     ExitStatus eject();
@@ -37,19 +37,19 @@ protected:
     /// its exit status.
     int duplicateUntil(const std::string &text);
 
-    /// Somebody is there and types `answer` once asked; `happening` comes between the two.
+    /// Simulates a user: after the question calls `happening`, then types `answer`.
     void answer(std::string answer, std::function<void()> happening = [] {});
 
     /// Called before each command of the disk utility with its words.
     void beforeEachTool(std::function<void(const Files &)> happening) { m_beforeTool = std::move(happening); }
 
-    /// What somebody else does to the machine.
+    /// Changes the machine from outside the program.
     void move(const std::string &lever, const std::string &target) const;
 
     bool isAttached(std::size_t bay) const;
     bool isMounted(const std::string &volume) const;
 
-    /// Relative paths of the files on a mounted volume, sorted.
+    /// Returns the relative paths of the files on a mounted volume, sorted.
     Files filesOn(const std::string &volume) const;
     std::string read(const std::string &volume, const std::string &file) const;
 

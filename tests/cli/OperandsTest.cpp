@@ -1,4 +1,4 @@
-// The program itself, with operands that its parser gives a meaning to.
+// The program itself, with operands that have a special meaning for its parser.
 
 #include "cli/MachineFixture.h"
 #include <algorithm>
@@ -6,7 +6,7 @@
 namespace orvana::cli
 {
 
-/// The program itself, with operands that its parser gives a meaning to.
+/// The program itself, with operands that have a special meaning for its parser.
 class Operands : public SimulatedMachineTest
 {
 protected:

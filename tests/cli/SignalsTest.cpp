@@ -20,7 +20,7 @@ namespace orvana::cli
 class Process : public SimulatedMachineTest
 {
 protected:
-    /// Starts the program with these words, and closes its standard files first where that is wanted.
+    /// Starts the program with these words. If `isClosed`, closes its standard files first.
     pid_t startProgram(const Files &words, bool isClosed = false, const char *name = PLURIMOCTL)
     {
         ::unlink(m_tree.path("said").c_str());
@@ -84,7 +84,7 @@ TEST_F(Process, EverySignalEndsAWatchInOrder)
 
 TEST_F(Process, SignalBeforeAnythingIsTouchedEndsTheProgram)
 {
-    // A pipe that nobody writes to holds the command up where it reads its machine.
+    // Nobody writes to the pipe, so the command waits where it reads its machine.
     ASSERT_EQ(::mkfifo(m_tree.path("pipe").c_str(), 0600), 0);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const auto child = startProgram({"devices", "--simulator", m_tree.path("pipe")});
@@ -94,7 +94,7 @@ TEST_F(Process, SignalBeforeAnythingIsTouchedEndsTheProgram)
     }
 }
 
-// As the window's own suites, left out of the thread checks, which Qt's libraries are not built for.
+// Left out of the thread checks, like the window's own suites: Qt's libraries are not built for these checks.
 #ifndef __SANITIZE_THREAD__
 TEST_F(Process, SignalEndsTheWindowsRunAsCancelDoes)
 {

@@ -19,7 +19,7 @@ TEST(Terminal, LongLineLosesItsMiddle)
     EXPECT_EQ(fitted("abcdef", 2), "ab");
 }
 
-/// Somebody who has typed something already and then goes away.
+/// A user who typed something before the question and then closed the terminal.
 class Question : public testing::Test
 {
 protected:

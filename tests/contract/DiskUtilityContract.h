@@ -1,8 +1,8 @@
 #pragma once
 
-// The promises that every disk utility keeps. A back end takes part with a type that has a disk in a bay,
-// with a volume on it: `missing`, `run`, `device`, `noDevice`, `spare`, `takeInUse`, `mountedVolumes` and
-// `filesOn`.
+// The promises that every disk utility keeps. A back end takes part with a type that has a disk in a bay, and
+// a volume on that disk. The type has the members `missing`, `run`, `device`, `noDevice`, `spare`,
+// `takeInUse`, `mountedVolumes` and `filesOn`.
 
 #include "support/Shell.h"
 
@@ -31,7 +31,7 @@ protected:
     }
     test::Said eject() { return m_backend->run({"eject", m_backend->device()}); }
 
-    /// The disk keeps its volume and what is on it, whatever it is told.
+    /// Expects that erase and eject are refused, and that the disk keeps its volume and the volume's files.
     void expectRefusals()
     {
         for (const auto &said : {erase("NEW"), eject()}) {

@@ -1,6 +1,7 @@
 #pragma once
 
-// What every host promises beside its files. A back end takes part with a type that has a `host`.
+// The promises that every host keeps, apart from its files. A back end takes part with a type that has a
+// `host`.
 
 #include "platform/Account.h"
 #include "platform/CommandLauncher.h"
@@ -91,7 +92,7 @@ TYPED_TEST_P(HostContract, PlacesOfNobodyAreNowhere)
 TYPED_TEST_P(HostContract, SubscribingToVolumesAndAskingTheDesktopAreAlwaysPossible)
 {
     this->host().volumeEvents().subscribe([](VolumeChange) {});
-#ifndef __SANITIZE_THREAD__ // Qt's threads ask the desktop, and the checks know nothing of them
+#ifndef __SANITIZE_THREAD__ // Qt's threads ask the desktop; the thread checks do not know them
     const auto awake = this->host().workspace().holdOffSleep("a run is on");
     this->host().workspace().notify({"title", "text", "button", [] {}});
     this->host().workspace().showProgress(0.5);

@@ -1,4 +1,4 @@
-// What every back end of `VolumeFiles` promises, run on each.
+// The promises that every back end of `VolumeFiles` keeps, tested on each back end.
 
 #include "platform/FaultyVolumeFiles.h"
 #include "platform/posix/PosixVolumeFiles.h"
@@ -176,7 +176,7 @@ TYPED_TEST(VolumeFilesContract, PathsLongerThanTheSystemTakesAtOnce)
     ASSERT_TRUE(volume->createFile(path + "/file", Attributes{.permissions = 0644}));
     EXPECT_TRUE(volume->openFile(path + "/file", Access::Write));
     EXPECT_EQ(sorted(*volume->list(path)), (std::vector<std::string>{"file"}));
-    // The same from outside, by the absolute path, as a source is read.
+    // The same test from outside, by the absolute path, which is how a source is read.
     auto &anywhere = this->m_backend.files.workingFolder();
     const auto absolute = this->m_tree.path("volume/" + path);
     EXPECT_TRUE(anywhere.openFile(absolute + "/file", Access::Read));

@@ -135,7 +135,7 @@ TEST_F(OtherDisks, OtherThunderboltPassNeverListsAnything)
 
 TEST_F(OtherDisks, ListingOfOtherThunderboltVolumesFindsNothingToFill)
 {
-    // The scan lists no such device, so the walk of one is called by itself.
+    // The scan lists no such device, so the test calls the walk of the mount points directly.
     const auto &device = addSwitch(65, 567);
     auto &whole = addWhole(addDisk(device, "pci-bridge@0/IOPP/pci1b21,612"), "disk1", {{"Open", true}});
     addPartition(whole, "disk1s1", true);
@@ -155,7 +155,7 @@ TEST_F(OtherDisks, ResultsTellWhetherAnythingWasSeen)
     EXPECT_EQ(m_scanner.getESATADiskInfo(nothing), 5);
     EXPECT_EQ(m_scanner.getOtherThunderboltInfo(nothing), 5);
     EXPECT_EQ(m_scanner.getOtherThunderboltHddInfo(nothing), 5);
-    // One entry is enough, also where it is then left out.
+    // One entry is enough, even if the scan then leaves it out.
     addServices(external("SATA"), {});
     ORVScanDevice::Iterator one;
     ASSERT_EQ(m_scanner.scanForDeviceName("USB_1394_Disks", one), platform::RegistrySuccess);

@@ -82,7 +82,7 @@ TEST_F(HotPlug, RemovalsArePostedEvenBeforePriming)
 
 TEST_F(HotPlug, ArrivalsAreReportedOnlyOnceBothRegistrationsAreDrained)
 {
-    // A removal in the first batch of the second registration is told; an arrival at that time is not yet.
+    // A removal in the first batch of the second registration is reported. An arrival at that time is not.
     m_registry.removedAtOnce = device("pci1b21,612");
     m_registry.beforeWatch = [this](RegistryEvent event) {
         m_watched.push_back(event);

@@ -1,4 +1,4 @@
-// What is found out of a disk, on made-up machines.
+// The facts that the disk utility finds about a disk, on made-up machines.
 
 #include "diskutil/DiskFacts.h"
 #include "platform/linux/LinuxFixture.h"

@@ -273,7 +273,7 @@ TEST_F(DiskUtility, TroubleWithTheTableIsPassedOn)
     }
 }
 
-// By then the disk is changed, whatever the service says.
+// Once the table is written the disk has changed, whatever the service answers.
 TEST_F(DiskUtility, TroubleAfterTheTableIsNoRefusalAnyMore)
 {
     const std::pair<const char *, const char *> troubles[] = {

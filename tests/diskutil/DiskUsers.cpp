@@ -18,7 +18,8 @@ namespace orvana::test
 namespace
 {
 
-// Runs `body` in a child and returns when it has closed its end of the pipe, or become another program.
+// Runs `body` in a child process. Returns when the child has closed its end of the pipe or has become another
+// program.
 template <class Body>
 pid_t startChild(Body body)
 {
@@ -112,10 +113,10 @@ ServedMount::ServedMount(const std::string &place) : m_place(place)
         must("mkdir " + asWord(place) + " && truncate -s 10M " + image + " && losetup -f --show " + image);
     const auto said =
         runShell("mkfs.exfat " + m_node + " && mount.exfat-fuse " + m_node + " " + asWord(place));
-    must("losetup -d " + m_node); // when it is unmounted
+    must("losetup -d " + m_node); // takes effect when the volume is unmounted
     if (said.status != 0)
         throw std::runtime_error(said.text);
-    m_server = must("pgrep -x mount.exfat-fus"); // as much as the kernel keeps of the name
+    m_server = must("pgrep -x mount.exfat-fus"); // the kernel keeps only this much of the name
 }
 
 ServedMount::~ServedMount()
@@ -128,7 +129,7 @@ ServedMount::~ServedMount()
 void ServedMount::fallSilent() const
 {
     must("kill -STOP " + m_server);
-    // What was answered before is remembered for a second.
+    // The kernel remembers earlier answers for a second.
     must("for i in $(seq 100); do timeout 0.2 test -d " + asWord(m_place) +
          " || exit 0; sleep 0.1; done; exit 1");
 }

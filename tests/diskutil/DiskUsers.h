@@ -1,4 +1,4 @@
-// Who else may have a disk, or a volume on it, while it is to be erased.
+// Other users of a disk, or of a volume on it, while the disk is to be erased.
 
 #pragma once
 
@@ -7,7 +7,7 @@
 namespace orvana::test
 {
 
-/// A process of the test's own that goes on until the end of the object.
+/// A process of the test that runs until the object is destroyed.
 class ChildProcess
 {
 public:
@@ -73,7 +73,7 @@ public:
     ServedMount(const ServedMount &) = delete;
     ServedMount &operator=(const ServedMount &) = delete;
 
-    /// The program answers no more, and who looks into the folder waits.
+    /// Stops the program. A process that reads the folder then waits.
     void fallSilent() const;
 
 private:

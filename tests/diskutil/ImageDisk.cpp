@@ -21,7 +21,7 @@ std::string littleEndian(std::uint64_t number, int bytes)
     return text;
 }
 
-// The sum that protects the label of a volume group's member: CRC-32 with a start of its own, not inverted.
+// The checksum of the label of a volume group's member: CRC-32 with its own start value, not inverted.
 std::uint32_t labelSum(const std::string &bytes)
 {
     std::uint32_t sum = 0xf597a6cfU;
@@ -117,7 +117,7 @@ void ImageDisk::attach(const std::string &image) const
     examine();
 }
 
-// The start of a second-generation superblock: what members are known by.
+// Writes the start of a second-generation superblock, by which members are recognised.
 void ImageDisk::plantRaidMember() const
 {
     std::string block(256, '\0');

@@ -6,8 +6,7 @@
 namespace orvana::test
 {
 
-/// An image file on a loop device, which stands for a disk. Detached at the end, with all that is mounted of
-/// it.
+/// An image file on a loop device, which stands for a disk. The destructor unmounts and detaches it.
 class ImageDisk
 {
 public:
@@ -19,10 +18,10 @@ public:
     const std::string &node() const { return m_node; }
     std::string partition() const { return m_node + "p1"; }
 
-    /// A partition table with one file system, in which there is a file.
+    /// Makes a partition table with one file system, which holds one file.
     void makeVolume(const std::string &type, const std::string &label) const;
 
-    /// One file system over this disk and another; it keeps everything on both.
+    /// Makes one file system over this disk and `other`. It keeps everything on both disks.
     void makePairWith(const ImageDisk &other) const;
 
     void mount(const std::string &place) const;
@@ -31,31 +30,31 @@ public:
     /// Name of the user who owns the top folder of its mounted volume.
     std::string owner() const;
 
-    /// Where its volume is mounted; empty when it is not.
+    /// Returns the mount point of its volume, or an empty text if it is not mounted.
     std::string mountPoint() const;
     std::string label() const;
     std::string type() const; ///< "ext4"
 
-    /// Detaches and attaches it: the same disk at the same node, arrived anew.
+    /// Detaches the disk and attaches it again at the same node.
     void attachAgain() const;
 
-    /// Another disk takes its place at the node.
+    /// Attaches another disk, `image`, at this node.
     void attach(const std::string &image) const;
 
-    /// What marks the disk as a member, and nothing else of one.
+    /// Writes only the mark by which the disk counts as a member.
     void plantRaidMember() const;
     void plantVolumeGroupMember() const;
 
-    /// Has udev say of it what the package's rule says of disks in bays.
+    /// Gives the disk the udev properties that the package's rule gives to disks in bays.
     void markExternal() const;
 
-    /// "--expect-..." for the disk as it is now.
+    /// Returns the words "--expect-..." for the disk as it is now.
     std::vector<std::string> expectations() const;
 
-    /// Digest of every byte of the disk.
+    /// Returns a digest of every byte of the disk.
     std::string digest() const;
 
-    /// Has udev look at it.
+    /// Makes udev examine the disk.
     void examine() const;
 
 private:

@@ -76,7 +76,7 @@ public:
     std::function<void()> afterCheck = [] {};
     std::function<void()> afterTable = [] {};
     std::function<void()> whileAsked = [] {};
-    int missingRights = 0; ///< so often the table is refused
+    int missingRights = 0; ///< how many times the table is refused
 
 private:
     Outcome<void> note(const std::string &call)
@@ -89,7 +89,7 @@ private:
     std::optional<DiskFacts> &m_disk;
 };
 
-/// A disk in a bay that may be erased, until a test says otherwise, and the service that is asked to.
+/// A disk in a bay that may be erased until a test says otherwise, and the service that would erase it.
 class DiskUtility : public testing::Test
 {
 protected:
@@ -126,13 +126,13 @@ protected:
                 hold};
     }
 
-    /// Disks of this process's own, as several tests run at once.
+    /// Holds a disk with a number of this process's own, because several tests run at once.
     static Outcome<std::shared_ptr<void>> hold(std::uint64_t sequence)
     {
         return holdDisk(static_cast<std::uint64_t>(::getpid()) * 1000 + sequence);
     }
 
-    /// The erase is refused for the reason, and nothing at all was asked of the service.
+    /// Expects that the erase is refused for the reason, and that the service got no request.
     void expectRefusal(const std::string &reason)
     {
         const auto done = erase();

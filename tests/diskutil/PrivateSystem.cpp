@@ -93,7 +93,7 @@ Said runInstalledDiskUtility(const std::vector<std::string> &words)
     return runShell(command);
 }
 
-// The programs' own folder is not to be touched: the helper is laid over it.
+// The test must not change the real folder of programs, so it mounts the helper over that folder.
 MountHelper::MountHelper(const std::string &type, const std::string &program)
 {
     const std::string layer = "/run/mount-helper";
@@ -101,7 +101,7 @@ MountHelper::MountHelper(const std::string &type, const std::string &program)
     must("mount -t overlay overlay -o lowerdir=" + layer + ":$(realpath /sbin) $(realpath /sbin)");
 }
 
-// A helper may go on for a moment after its last volume.
+// A helper may run for a moment after its last volume is unmounted.
 MountHelper::~MountHelper()
 {
     if (const auto said = runShell("umount -l $(realpath /sbin) && rm -r /run/mount-helper");

@@ -7,41 +7,42 @@
 namespace orvana::test
 {
 
-/// True when this process runs on a system of its own: what is mounted and told there stays there.
+/// True when this process runs on a system of its own. Its mounts and device events stay there.
 bool hasPrivateSystem();
 
-/// Why there is none.
+/// The reason why there is no such system.
 inline constexpr const char *MissingSystem =
     "needs root with namespaces and loop devices, and the packages udev, udisks2 and dbus";
 
-/// True when who may do what is decided by an authority that the test plays, or when there is no disk
-/// service.
+/// True when an authority that the test plays decides about permissions.
 bool hasPlayedAuthority();
+
+/// True when there is no disk service.
 bool hasNoDiskService();
 
 enum class Authority { Allows, Denies };
 
-/// What the played authority says to everything that an ordinary user asks for.
+/// Sets the answer of the played authority to every request of an ordinary user.
 void setAuthority(Authority answer);
 
-/// Has the played authority allow these of the disk service's actions ("modify-device"), and nothing else.
+/// Makes the played authority allow only these actions of the disk service, such as "modify-device".
 void allowOnly(const std::vector<std::string> &actions);
 
-/// Has it ask the user for these, whose answer comes at once (yes) or when the test gives it.
+/// Makes the played authority ask the user about these actions. The answer comes at once and is yes, or it
+/// comes when the test gives it.
 enum class Answers { AtOnce, WhenGiven };
 void askFor(const std::vector<std::string> &actions, Answers answers);
 bool doesQuestionStand();
-bool doesServiceAsk(); ///< the question that stands is the disk service's
+bool doesServiceAsk(); ///< true when the disk service asked the open question
 void answerQuestions(bool yes);
 
-/// Runs the disk utility that takes images in `bays` for disks; as another user where one is named.
+/// Runs the disk utility that treats the images in `bays` as disks; as `user` if one is named.
 Said runDiskUtility(const std::vector<std::string> &words, const std::string &bays, const std::string &user);
 
 /// Runs the disk utility as it is installed.
 Said runInstalledDiskUtility(const std::vector<std::string> &words);
 
-/// A program of the system's own that mounts volumes of the type ("/sbin/mount.TYPE") until the end of the
-/// object.
+/// Installs a helper that mounts volumes of the type ("/sbin/mount.TYPE") until the object is destroyed.
 class MountHelper
 {
 public:

@@ -10,7 +10,7 @@ namespace orvana::test
 namespace
 {
 
-/// The image of a disk in a bay, by way of the real disk service.
+/// The image of a disk in a bay, used through the real disk service.
 struct ImageInABay
 {
     static const char *missing()
@@ -47,7 +47,7 @@ struct ImageInABay
         return disk.mountPoint().empty() ? std::vector<std::string>() : std::vector{disk.label()};
     }
 
-    // A new ext4 comes with its folder for what a repair finds.
+    // A new ext4 file system already has its folder "lost+found".
     std::vector<std::string> filesOn(const std::string &) const
     {
         auto files = treeOf(disk.mountPoint());

@@ -11,8 +11,8 @@
 namespace orvana::test
 {
 
-/// The disk utility on real disks, images on loop devices, by way of the real disk service on a system of its
-/// own.
+/// The disk utility on real disks, which are images on loop devices. It uses the real disk service on a
+/// system of the test's own.
 class RealDisks : public testing::Test
 {
 protected:
@@ -20,24 +20,24 @@ protected:
 
     virtual bool isRightSystem() const { return !hasPlayedAuthority() && !hasNoDiskService(); }
 
-    /// A disk of an image in a bay, with nothing on it.
+    /// Adds an empty image as a disk in a bay.
     std::unique_ptr<ImageDisk> addBlankDisk(int megabytes = 64, const std::string &name = "disk");
 
-    /// The same with a partition table and one volume.
+    /// Adds an image with a partition table and one volume as a disk in a bay.
     std::unique_ptr<ImageDisk> addDisk(const std::string &name = "disk");
 
-    /// Calls the utility for a disk, with what is known of it; as another user where one is named.
+    /// Calls the utility for a disk with the expectations for it; as the user `as` if one is named.
     Said erase(const ImageDisk &disk, const std::string &name, const std::string &format = "JHFS+",
                const std::string &as = {});
     Said eject(const ImageDisk &disk, const std::string &as = {});
     Said diskUtility(std::vector<std::string> words, const std::vector<std::string> &expectations,
                      const std::string &as = {});
 
-    /// An erase is refused for the reason, and every byte of the disk is what it was.
+    /// Expects that an erase is refused for the reason, and that no byte of the disk has changed.
     void expectRefusal(const ImageDisk &disk, const std::string &reason, const std::string &name = "COPY 1",
                        const std::string &format = "JHFS+");
 
-    /// The engine copies two files to the disk's volume and verifies them, and they are there.
+    /// Expects that the engine copies two files to the disk's volume and verifies them.
     void expectCopyGoesTo(const ImageDisk &disk);
 
     TemporaryTree m_tree;
@@ -47,7 +47,7 @@ protected:
 /// The word that tells the utility never to touch the disk.
 std::string sparingWord(const ImageDisk &disk);
 
-/// The same as another user than root, where an authority decides that the test plays.
+/// Tests as a user other than root. An authority that the test plays decides about permissions.
 class PlayedAuthority : public RealDisks
 {
 protected:

@@ -1,4 +1,4 @@
-// What is erased and ejected on real disks, and what is refused.
+// Erase and eject on real disks: when they work, and when they are refused.
 
 #include "diskutil/RealDisks.h"
 #include "diskutil/DiskUsers.h"
@@ -76,7 +76,7 @@ TEST_F(RealDisks, DiskThatMustNotBeTouchedKeepsEveryByteWhateverHappensInBetween
                 known = other->expectations();
                 break;
             case 2:
-                known = source->expectations(); // a mistake of whoever calls
+                known = source->expectations(); // a mistake of the caller
                 break;
             case 3:
                 other->attach(m_tree.path("bays/source"));
@@ -195,7 +195,7 @@ TEST_F(RealDisks, OtherHalfOfAMountedPairIsRefused)
     EXPECT_EQ(first->mountPoint(), m_tree.path("here"));
 }
 
-// Nothing tells half of such a pair from any other volume that is mounted nowhere.
+// Half of such a pair looks like any other volume that is not mounted.
 TEST_F(RealDisks, HalfOfAPairThatIsNotMountedIsErasedAndTheOtherIsLeftAlone)
 {
     const auto first = addBlankDisk(128, "first");
@@ -271,7 +271,7 @@ TEST_F(PlayedAuthority, UserWhoIsDeniedChangesNothing)
     EXPECT_EQ(disk->digest(), before);
 }
 
-// What an active user may do without a password, and the one question that remains.
+// The actions that an active user may do without a password.
 TEST_F(PlayedAuthority, DiskThatIsMarkedExternalNeedsNoRightsOverTheSystemsDisks)
 {
     const auto disk = addDisk();

@@ -1,4 +1,4 @@
-// An erase for which the user is asked: what happens to the disk while the question stands.
+// Erases that need the user's answer, and changes to the disk while the question is open.
 
 #include "diskutil/DiskUsers.h"
 #include "diskutil/RealDisks.h"
@@ -15,7 +15,7 @@ class PlayedAuthorityAsks : public RealDisks
 protected:
     bool isRightSystem() const override { return hasPlayedAuthority(); }
 
-    /// The right over the system's disks, which images count as, is asked for.
+    /// The authority asks for the right over the system's disks. Images count as such disks.
     void SetUp() override
     {
         RealDisks::SetUp();

@@ -11,7 +11,8 @@
 namespace
 {
 
-// Containers forbid it even to root. A child tries it, so that this process stays where it is.
+// Containers forbid namespaces even to root. A child process tries, so that this process keeps its
+// namespaces.
 bool mayHaveNamespaces()
 {
     const pid_t child = ::fork();
@@ -34,7 +35,7 @@ bool canHavePrivateSystem()
     return mayHaveNamespaces();
 }
 
-// Suites that need another system say so by their names.
+// The name of a suite says whether it needs another system.
 void chooseSystem(int argc, char **argv)
 {
     for (int i = 1; i < argc; ++i) {

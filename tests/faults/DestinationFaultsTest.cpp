@@ -1,4 +1,5 @@
-// Faults of a destination. Each test says what log, report and status tell, and that the others lost nothing.
+// Faults of a destination. Each test checks log, report and status, and that the other destinations lost no
+// file.
 
 #include "faults/FaultFixture.h"
 
@@ -183,7 +184,8 @@ TEST_P(DestinationFault, UnmountedLazilyInMidRun)
     pulled.unmountLazily();
     EXPECT_EQ(wait(), 1) << "the path leads elsewhere now";
     EXPECT_EQ(report()["destinations"][0]["onDisk"], false);
-    // The folder beneath, which belongs to the system disk, got nothing; the volume got everything.
+    // The folder under the mount point belongs to the system disk and stayed empty. The volume got every
+    // file.
     EXPECT_EQ(outputOf("ls -A " + pulled.root()), "");
     pulled.mountAgain();
     expectIntact("docs/big", pulled.root());

@@ -15,11 +15,11 @@
 namespace orvana::test
 {
 
-/// Who runs the copy.
+/// The user who runs the copy.
 enum class User { Root, Ordinary };
 
-/// The whole command `plurimoctl copy` in a process of its own, under either user, with faults made for real
-/// or by switches, and what it left behind: log, report, status.
+/// Runs the command `plurimoctl copy` as a process of its own, as either user, with real faults or with
+/// faults made by switches. Gives access to its log, report and exit status.
 class FaultTest : public testing::TestWithParam<User>
 {
 protected:
@@ -37,7 +37,7 @@ protected:
     /// Starts the copy of the ticked items, relative to the source folder.
     void start(const std::vector<std::string> &items, const std::vector<std::string> &destinations);
 
-    /// Waits for its end and returns its status.
+    /// Waits for the end of the copy and returns its exit status.
     int wait();
 
     int run(const std::vector<std::string> &items, const std::vector<std::string> &destinations)
@@ -61,7 +61,8 @@ protected:
         return logged("Can`t Duplicate " + source(relative) + " to " + to);
     }
 
-    /// The reason in the report why `relative` is not on `to`; empty when it holds no such problem.
+    /// Returns the report's reason why `relative` is not on `to`, or an empty text if there is no such
+    /// problem.
     std::string reason(const std::string &relative, const std::string &to) const;
 
     /// Asserts that the file on `to` equals its source.

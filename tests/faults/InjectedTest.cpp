@@ -1,5 +1,5 @@
-// Every failure that can be injected, on each destination in turn, held against the report: none is missing,
-// and none is reported that did not happen. Prints the table.
+// Injects every possible failure on each destination in turn and compares the result with the report. The
+// report must list each failure that happened, and no other. Prints the table.
 
 #include "duplicate/engine/FileCopy.h"
 #include "duplicate/report/RunReport.h"
@@ -120,13 +120,13 @@ TEST_F(Injected, FailuresAreReportedAndNoOthers)
             for (const auto &file : Files) {
                 const bool isGood = isWhole(file, place);
                 whole += isGood ? 1 : 0;
-                // A file that lies in a folder that could not be made is spoken for by the folder.
+                // If a folder could not be made, its entry in the report stands for the files in it.
                 const bool isSpokenFor = reported.contains(file) || reported.contains("docs") ||
                                          reported.contains(file.substr(0, file.rfind('/'))) || !isKnown;
                 EXPECT_TRUE(isGood || isSpokenFor) << file << " is not whole, and nobody says so";
             }
             EXPECT_LE(there["copied"].get<std::int64_t>(), whole) << "called better than it is";
-            // Two of them are met only when copies are read back.
+            // These two failures only happen when copies are read back.
             const bool needsVerify = injection.name == std::string("read error in comparing") ||
                                      injection.name == std::string("flush error");
             EXPECT_EQ(m_isAllDone, needsVerify && !verify) << account.dump(2);

@@ -1,4 +1,4 @@
-// Verification reads the medium, not the memory before it.
+// Verification reads the medium, not the cache in memory.
 
 #include "faults/FaultFixture.h"
 
@@ -23,7 +23,7 @@ protected:
             GTEST_SKIP() << "mounting needs root";
     }
 
-    /// Turns one byte of `content` where the image holds it.
+    /// Changes one byte of `content` at its place in the image.
     static void flipByte(const std::string &image, const std::string &content)
     {
         std::string bytes = contentOf(image);
@@ -124,7 +124,7 @@ TEST_F(MediumFault, NamesThatAVolumeDoesNotTellApartAreTheSameFile)
     const std::vector<std::string> items{m_tree.path("source/Photo.JPG"), m_tree.path("source/photo.jpg"),
                                          m_tree.path("source/docs")};
     for (int run = 1; run <= 2; ++run) {
-        // The volume has no hard links, either: the report is written there all the same.
+        // The volume has no hard links, either, and the report must be written there all the same.
         const auto report =
             std::make_shared<RunReport>(volume.root(), "stamp" + std::to_string(run), m_clock);
         FileCopy engine(m_host, m_center);

@@ -7,14 +7,14 @@
 namespace orvana::test
 {
 
-/// Runs a shell command and returns its status; its output goes to the test's.
+/// Runs a shell command and returns its status. Its output goes to the output of the test.
 int shell(const std::string &command);
 
 /// Output of a shell command, without the newline at its end.
 std::string outputOf(const std::string &command);
 
-/// True when this process may mount: it is root. Its mounts then lie in a namespace of its own, which
-/// `enterOwnMountNamespace` made, and end with it.
+/// True when this process may mount, because it is root. Its mounts are then in a namespace of its own, made
+/// by `enterOwnMountNamespace`, and end with that namespace.
 bool canMount();
 void enterOwnMountNamespace();
 
@@ -22,8 +22,8 @@ void enterOwnMountNamespace();
 class MountedVolume
 {
 public:
-    /// `type` is "tmpfs", "exfat" (in user space) or a file system that mkfs makes, with these options for
-    /// mkfs; `megabytes` is its size.
+    /// `type` is "tmpfs", "exfat" (in user space) or a file system that mkfs can make. `options` go to mkfs;
+    /// `megabytes` is the size of the volume.
     MountedVolume(const std::string &type, int megabytes, const std::string &options = "");
     ~MountedVolume();
     MountedVolume(const MountedVolume &) = delete;
@@ -38,7 +38,7 @@ public:
     void unmountLazily() const;
     void mountAgain() const;
 
-    /// Takes away what lies beyond the first `megabytes` of the device.
+    /// Cuts the device off after its first `megabytes`.
     void shrinkDevice(int megabytes) const;
 
 private:

@@ -99,7 +99,7 @@ TEST_P(SourceFault, SourceWithTimesOfWholeSecondsIsWrittenToWhileItIsRead)
     sourceFile("young", patternOf(16 * MiB));
     m_faults = [this](TestHost &host) { host.faults().volume(m_a).delayMilliseconds = 30; };
     timespec now{};
-    do // all of it within one second, if nobody waits
+    do // starts early in a second: without a wait, everything would happen within it
         ::clock_gettime(CLOCK_REALTIME, &now);
     while (now.tv_nsec > 100'000'000);
     setTime(now);

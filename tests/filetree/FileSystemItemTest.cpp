@@ -50,7 +50,7 @@ protected:
     FileSystemItem spare{""};
 };
 
-/// Root may read everything, so this thread's file access is another user's while this lives.
+/// Root may read everything. While this object lives, this thread accesses files as another user.
 struct OrdinaryAccess
 {
     OrdinaryAccess() : was(::setfsuid(65534)) {}

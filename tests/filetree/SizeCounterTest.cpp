@@ -202,7 +202,7 @@ TEST_F(SelectionCounting, StoppedCountPostsNoEnd)
     selection.start({});
     selection.stop();
     ASSERT_TRUE(selection.waitForEnd(std::chrono::seconds(30)));
-    EXPECT_LE(ends, 1); // it may have been through already
+    EXPECT_LE(ends, 1); // the count may have ended already
     const int before = ends;
     selection.start({ticked(tree.path("A"))});
     ASSERT_TRUE(selection.waitForEnd(std::chrono::seconds(30)));

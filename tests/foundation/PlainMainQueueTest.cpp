@@ -1,4 +1,4 @@
-// The plain loop and Qt's, of which the same behaviour is asked.
+// The plain loop and Qt's loop must behave the same.
 
 #include "foundation/PlainMainQueue.h"
 #include "foundation/qt/QtMainQueue.h"
@@ -15,7 +15,7 @@ using std::chrono::milliseconds;
 namespace
 {
 
-// The same behaviour is asked of both loops; `run` turns them until `quit`.
+// Both loops must behave the same. `run` runs a loop until `quit`.
 struct PlainLoop
 {
     PlainMainQueue queue;

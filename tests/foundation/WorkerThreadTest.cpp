@@ -61,7 +61,7 @@ TEST(WorkerThread, WithoutAThreadToBeHadTheJobRunsOnTheCallersOne)
     ASSERT_EQ(::pthread_getattr_default_np(&before), 0);
     pthread_attr_t attributes;
     ::pthread_attr_init(&attributes);
-    // A stack as large as the address space is one that the system cannot give.
+    // The system cannot give a stack as large as the address space.
     ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::size_t{1} << 46U), 0);
     ASSERT_EQ(::pthread_setattr_default_np(&attributes), 0);
     std::thread::id job;

@@ -1,4 +1,4 @@
-// Feeds the parser of the disk-free listing whatever the fuzzer thinks of.
+// Feeds the fuzzer's input to the parser of the disk-free listing.
 
 #include "discovery/DiskFreeListing.h"
 #include "foundation/DisplayPath.h"

@@ -1,4 +1,5 @@
-// Feeds the reader of the simulator file whatever the fuzzer thinks of; what it takes must make a tree.
+// Feeds the fuzzer's input to the reader of the simulator file. Input that the reader accepts must make a
+// tree.
 
 #include "platform/simulator/MachineReader.h"
 #include "platform/simulator/MachineTree.h"

@@ -17,7 +17,7 @@ protected:
         std::ofstream(m_path, std::ios::binary | std::ios::app) << bytes;
     }
 
-    // The next reading, which must be there and of this kind.
+    // Returns the next reading, which must exist and have this kind.
     std::string next(LogReading::Place place)
     {
         const auto reading = m_reader.readOn();

@@ -19,7 +19,7 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 PLACE = f"{ROOT}/build/mutate"
 TREE = f"{PLACE}/tree"
-PATIENCE = collections.defaultdict(lambda: 300, plurimo_core_tests=60)  # seconds; some ten times what it takes
+PATIENCE = collections.defaultdict(lambda: 300, plurimo_core_tests=60)  # seconds; about ten times the usual duration
 
 Mutant = collections.namedtuple("Mutant", "file programs old new reason key")
 

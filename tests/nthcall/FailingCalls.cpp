@@ -1,6 +1,6 @@
 // A library that is loaded before the C library and lets one call of a program fail.
 //
-//     FAIL_AT=N         the call that fails, counted from 1; 0 or nothing: none
+//     FAIL_AT=N         the call that fails, counted from 1; 0 or empty: none
 //     FAIL_WITH=WORD    EIO, ENOSPC or ENOMEM for calls on files, SHORT for reads and writes that come short,
 //                       MEMORY for allocations of the program itself
 //     FAIL_COUNT=FILE   at the end, one line for each counted call: the place in the program that made it
@@ -44,7 +44,7 @@ struct Plan
 
 Plan plan;
 std::atomic<long> calls{0};
-std::atomic<bool> isInMain{false}; // what is made before has nobody to tell
+std::atomic<bool> isInMain{false}; // an error before main() can be reported to nobody
 int (*programsMain)(int, char **, char **) = nullptr;
 
 int ownMain(int count, char **words, char **environment)
@@ -99,7 +99,7 @@ __attribute__((destructor)) void end()
         std::fclose(file);
 }
 
-// Counts the call; true when it is the one that fails.
+// Counts the call and returns true if this call fails.
 bool fails(Kind kind, void *caller)
 {
     if (plan.kind != kind || !isInMain)
@@ -134,7 +134,7 @@ Result failed()
 
 #define CALLER __builtin_return_address(0)
 
-// A call on files with fixed arguments.
+// Wraps a call on files with fixed arguments.
 #define WRAP(Result, name, arguments, ...)                                                                   \
     Result name arguments                                                                                    \
     {                                                                                                        \
@@ -142,7 +142,7 @@ Result failed()
         return fails(Kind::Error, CALLER) ? failed<Result>() : next(__VA_ARGS__);                            \
     }
 
-// One that moves bytes, and may come short.
+// Wraps a call that moves bytes, and that may move fewer bytes than asked for.
 #define WRAP_TRANSFER(name, arguments, count, ...)                                                           \
     ssize_t name arguments                                                                                   \
     {                                                                                                        \
@@ -154,7 +154,7 @@ Result failed()
         return next(__VA_ARGS__);                                                                            \
     }
 
-// One whose last argument may be missing.
+// Wraps a call whose last argument may be missing.
 #define WRAP_OPEN(name, arguments, ...)                                                                      \
     int name arguments                                                                                       \
     {                                                                                                        \
@@ -210,7 +210,7 @@ WRAP(DIR *, fdopendir, (int number), number)
 WRAP(dirent64 *, readdir64, (DIR * listing), listing)
 WRAP(std::FILE *, fopen64, (const char *path, const char *mode), path, mode)
 
-// The bytes of a file that is closed with an error are gone all the same, and so is its number.
+// A file is closed even when "close" reports an error: its number is free, and its bytes may be lost.
 int close(int number)
 {
     static const auto next = real<int (*)(int)>("close");
@@ -220,7 +220,7 @@ int close(int number)
     return failed<int>();
 }
 
-// "openat2" has no function of its own.
+// The C library has no function for "openat2".
 long syscall(long number, ...)
 {
     static const auto next = real<long (*)(long, ...)>("syscall");

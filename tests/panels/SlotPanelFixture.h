@@ -48,7 +48,7 @@ protected:
             panel.setTextColor(row, color);
     }
 
-    // y of the widget's bottom, counted from the panel's bottom.
+    // Returns y of the widget's bottom, counted from the panel's bottom.
     static int base(const QWidget *widget) { return 500 - widget->geometry().bottom() - 1; }
 
     struct ShownRow

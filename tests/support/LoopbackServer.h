@@ -9,7 +9,7 @@
 namespace orvana::test
 {
 
-/// A web server on the loopback address that gives each request an answer of the test's, byte for byte, and
+/// A web server on the loopback address. It sends the test's answer to each request, byte for byte, and
 /// closes the connection.
 class LoopbackServer
 {
@@ -26,7 +26,7 @@ public:
     /// The paths that were asked for so far.
     std::vector<std::string> requests() const;
 
-    /// A good answer with this body.
+    /// Returns a successful answer with this body.
     static std::string okay(const std::string &body);
 
 private:
@@ -34,7 +34,7 @@ private:
     void serveOne(int connection);
 
     std::function<std::string(const std::string &)> m_answer;
-    std::string m_address; // set with the listener, and so ahead of it
+    std::string m_address; // set together with the listener, so declared before it
     int m_listener;
     mutable std::mutex m_mutex;
     std::vector<std::string> m_requests;

@@ -11,7 +11,7 @@ using EnclosurePtr = std::shared_ptr<ORVThunderboltInfo>;
 using DiskPtr = std::shared_ptr<ORVHddInfo>;
 using VolumePtr = std::shared_ptr<ORVBsdInfo>;
 
-/// Records as a scan makes them, without a scan. Sizes are counts of 512-byte blocks.
+/// Makes records like those of a scan. Sizes are counts of 512-byte blocks.
 inline VolumePtr volume(const std::string &mountPoint, std::int64_t capacity = 1000,
                         std::int64_t available = 500)
 {

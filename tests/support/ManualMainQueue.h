@@ -8,7 +8,7 @@
 namespace orvana::test
 {
 
-/// A main queue that the test turns by hand, with a time of its own.
+/// A main queue with its own time, which the test runs by hand.
 class ManualMainQueue final : public MainQueue
 {
 public:

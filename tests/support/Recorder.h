@@ -12,7 +12,7 @@
 namespace orvana::test
 {
 
-/// Keeps what the copy engine posts, as text and in order: "FileCopyMessage Duplicating /a",
+/// Keeps the copy engine's notifications, as text and in order: "FileCopyMessage Duplicating /a",
 /// "FileProgress 50", "TotalProgress 1", "BackupFinish". Safe while another thread posts.
 class Recorder
 {
@@ -24,7 +24,7 @@ public:
     /// The texts of "FileCopyMessage" alone.
     std::vector<std::string> messages() const;
 
-    /// How many notifications have this name.
+    /// Returns the number of notifications with this name.
     std::size_t count(const std::string &name) const;
 
     /// Waits until a notification of this name has come; false after ten seconds.
@@ -43,7 +43,7 @@ private:
     std::vector<NotificationCenter::Subscription> m_subscriptions;
 };
 
-/// The system log's lines while it lives.
+/// Records the lines of the system log while this object lives.
 class LogLines
 {
 public:

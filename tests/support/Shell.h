@@ -5,17 +5,17 @@
 namespace orvana::test
 {
 
-/// What a program said, both outputs together and without the last line's end, and what it left with.
+/// The output of a program, both streams together and without the last newline, and its exit status.
 struct Said
 {
     std::string text;
     int status = -1;
 };
 
-/// Runs a command line, with nothing to read.
+/// Runs a command line with empty input.
 Said runShell(const std::string &command);
 
-/// The same; anything but success is thrown.
+/// Runs a command line and returns its output. Throws if it does not succeed.
 std::string must(const std::string &command);
 
 /// The text as one word of a command line.

@@ -25,7 +25,7 @@ TemporaryTree::TemporaryTree(const std::string &parent)
 
 TemporaryTree::~TemporaryTree()
 {
-    // By the system's own tool: it knows folders without rights, and paths longer than one call takes.
+    // "rm" can remove folders without permissions, and paths that are too long for one call.
     const std::string command = "chmod -R u+rwX '" + m_root + "' 2>/dev/null; rm -rf '" + m_root + "'";
     if (std::system(command.c_str()) != 0)
         ADD_FAILURE() << m_root << " could not be removed";

@@ -41,7 +41,7 @@ std::string contentOf(const std::string &path);
 
 bool pathExists(const std::string &path);
 
-/// `size` bytes that repeat nowhere soon.
+/// Returns `size` bytes whose pattern repeats only after a long distance.
 std::string patternOf(std::size_t size, unsigned seed = 1);
 
 /// Marks the file's extension as hidden; false where the file system has no such attributes.
@@ -50,7 +50,7 @@ bool hideExtension(const std::string &path);
 /// Relative paths of everything below `root`, sorted.
 std::vector<std::string> treeOf(const std::string &root);
 
-/// Names of what is in the folder itself, sorted.
+/// Returns the names of the entries of the folder itself, sorted.
 std::vector<std::string> namesIn(const std::string &folder);
 
 } // namespace orvana::test

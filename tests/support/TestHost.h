@@ -13,7 +13,7 @@
 namespace orvana::test
 {
 
-/// Keeps what it was asked to open.
+/// Records the pages and folders that it was asked to open.
 class RecordingWorkspace final : public platform::Workspace
 {
 public:

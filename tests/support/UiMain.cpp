@@ -1,4 +1,4 @@
-// The test program's own main: the widgets need an application, and no screen.
+// The main function of the window's tests. Widgets need an application, but no screen.
 
 #include "resources/Resources.h"
 
@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #ifdef __SANITIZE_ADDRESS__
-// What the desktop's libraries keep until the process ends is not ours to free.
+// The desktop's libraries keep some memory until the process ends. We cannot free it.
 extern "C" const char *__lsan_default_suppressions();
 extern "C" const char *__lsan_default_suppressions()
 {

@@ -10,7 +10,8 @@
 namespace orvana::test
 {
 
-/// A host whose commands are watched. Everything else is the host's beneath, unless a test says otherwise.
+/// A host whose commands a test can watch. Everything else goes to the given host, unless a test overrides
+/// it.
 class WatchedHost : public platform::Host, platform::CommandLauncher
 {
 public:
@@ -24,7 +25,7 @@ public:
     /// Called when the mounted volumes have been listed by "df".
     std::function<void()> afterListing = [] {};
 
-    /// The disks that the disk utility was told to leave alone last.
+    /// The disks that the last command of the disk utility was told to leave alone.
     std::vector<platform::DiskFingerprint> spared;
 
     platform::Account &account() override { return m_host.account(); }

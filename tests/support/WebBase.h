@@ -6,7 +6,7 @@
 namespace orvana::test
 {
 
-/// The maker's web server while it lives, as the user's environment names it.
+/// Sets the address of the maker's web server in the environment while this object lives.
 class WebBase
 {
 public:

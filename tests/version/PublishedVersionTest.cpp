@@ -10,7 +10,7 @@ namespace
 
 using namespace std::string_view_literals;
 
-// The version told by an answer, or "none".
+// Returns the version that an answer names, or "none".
 std::string told(std::string_view answer)
 {
     const auto version = publishedVersion(answer);

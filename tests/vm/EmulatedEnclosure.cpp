@@ -9,7 +9,7 @@ namespace
 using platform::linux_host::Device;
 using platform::linux_host::DeviceList;
 
-// The emulator's own numbers of its root port and of its SATA controller, and those of the enclosure's
+// Vendor and device numbers of the emulator's root port, of its SATA controller and of the enclosure's
 // controller.
 constexpr const char *RootPort[] = {"0x1b36", "0x000c"};
 constexpr const char *EmulatedController[] = {"0x8086", "0x2922"};

@@ -1,4 +1,4 @@
-// The terminal program's way to the virtual machine.
+// Makes the terminal program's host on the virtual machine.
 
 #include "platform/NullDevices.h"
 #include "platform/hosts/HostFactory.h"

@@ -6,7 +6,7 @@ import socket
 import subprocess
 import time
 
-PATIENCE = 240  # seconds, on a machine that emulates every instruction and is loaded
+PATIENCE = 240  # seconds; enough for a busy machine that emulates every instruction
 MEBIBYTE = 1024 * 1024
 BAYS = "ABCD"
 

@@ -92,7 +92,7 @@ def check_disk_that_is_pulled_in_mid_run(machine):
     """The others get everything; the one that is gone is named."""
     bridge, controller = bridge_and_controller(machine, "D")
     for bay in "BCD":
-        machine.limit_writes(bay, 8)  # so that the run has a middle
+        machine.limit_writes(bay, 8)  # so that the run lasts long enough
     machine.run(f"(cd {SOURCE} && for i in 1 2 3 4; do mv file$i again$i; done)")
     machine.run(f"({DUPLICATE} >/tmp/second 2>/tmp/reasons; echo $? >/tmp/status) >/dev/null 2>&1 &")
 
@@ -116,7 +116,7 @@ def check_disk_that_is_pulled_in_mid_run(machine):
     disks = disks_by_bay(machine)
     for bay in "BC":
         assert is_same_as_source(machine, mount_point(disks[bay])), bay
-    machine.run(f"echo {bridge} >/tmp/bridge")  # it is put back there
+    machine.run(f"echo {bridge} >/tmp/bridge")  # the controller is put back at this place
 
 
 def check_disk_that_is_put_back(machine):
@@ -159,7 +159,7 @@ def check_mounted_disk_that_is_pulled(machine):
     machine.run(f"mkdir -p /mnt/COPY && mount -t ext4 {node}1 /mnt/COPY")
     assert mount_point(disks_by_bay(machine)["B"]) == "/mnt/COPY"
     machine.run("(plurimoctl devices --json --watch >/tmp/watch 2>&1 &)")
-    # Once the list is printed, the volumes are known: whatever changes from now on is told.
+    # Once the list is printed, the volumes are known, and every later change is reported.
     until("the watch", lambda: machine.run("grep -c otherDisks /tmp/watch || true") != "0")
     assert "error" not in machine.ask_control("device_del", id="controllerB")
     until("the pulled volume", lambda: "unmounted" in machine.run("cat /tmp/watch"))

@@ -1,4 +1,4 @@
-// Erasing and ejecting: what is told, what is run, and what became of each disk.
+// Erasing and ejecting: the notifications, the commands and the result for each disk.
 
 #include "duplicate/disktool/DiskUtil.h"
 #include "foundation/NotificationCenter.h"
@@ -14,7 +14,7 @@ namespace orvana
 
 using Lines = std::vector<std::string>;
 
-/// A launcher and a centre that write down, in one list, what they are asked.
+/// A launcher and a notification centre that record all their calls in one list.
 class DiskTool : public testing::Test, public platform::CommandLauncher
 {
 protected:

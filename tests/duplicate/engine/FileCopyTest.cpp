@@ -151,7 +151,7 @@ TEST_F(FileCopyThread, JobThatIsSetWhileARunEndsIsLeftAlone)
 {
     m_tree.file("source/x");
     setJob({"x"});
-    // The last moment before the ending run would clean its job.
+    // This is the last moment before the ending run would clear its job.
     m_recorder.onEach([this](const std::string &line) {
         if (line == "TotalProgress 1" && m_recorder.count("TotalProgress") == 1)
             setJob({"x"}, {"b"}, 7);

@@ -1,4 +1,4 @@
-// Rules for what counts as copied and verified: nothing is called better than it is, and nothing worse.
+// Rules for counting a file as copied or verified. A report makes no file look better or worse than it is.
 
 #include "duplicate/engine/EngineFixture.h"
 
@@ -16,8 +16,8 @@ namespace orvana
 class RunTruth : public test::EngineTest
 {
 protected:
-    /// As `runJob`, from a source on another device than the destination. On the source's own device,
-    /// existing files of several names are never written to.
+    /// Runs a job whose source is on another device than the destination. On the source's own device the
+    /// engine never writes to an existing file that has several names.
     void runFromElsewhere(const std::vector<std::string> &items)
     {
         m_tree.folder("a");

@@ -90,7 +90,7 @@ TEST_F(FileCopyWalk, LinkToAFolderAboveEndsAfterOneRound)
 
 TEST_F(FileCopyWalk, BareNameIsTestedAgainstTheWorkingFolder)
 {
-    // A link of the same name where the program happens to stand strikes out the entry.
+    // A link of the same name in the working folder keeps the entry from being copied.
     const test::TemporaryTree standing;
     standing.link("same-name.txt", "anything");
     m_tree.file("source/docs/same-name.txt");
@@ -188,7 +188,7 @@ TEST_F(FileCopyWalk, RelativePartIsCutByTheLengthOfTheRootWhereverItStands)
     m_engine.SetBackupDiskValue({odd}, "source", {m_tree.folder("a")});
     m_engine.StartBackup();
     const auto relative = odd.substr(6);
-    // What is left does not begin with a slash, so it leads beside the destination and is refused.
+    // The rest does not begin with a slash, so it leads beside the destination and is refused.
     EXPECT_FALSE(test::pathExists(m_tree.path("a") + relative));
     EXPECT_EQ(m_recorder.messages().back(), "Can`t Duplicate " + odd + " to " + m_tree.path("a"));
 }

@@ -12,14 +12,14 @@ namespace orvana
 namespace
 {
 
-/// A volume whose syncs a test can hold up and let fail.
+/// A volume whose syncs a test can delay or make fail.
 struct SyncedVolume final : platform::Folder
 {
     platform::Expected<void> syncVolume() override
     {
         if (hasNoMemory)
             throw std::bad_alloc();
-        const bool isToFail = fails; // settled before a test can see this sync and change its mind
+        const bool isToFail = fails; // read before the test can see this sync and change the value
         ++syncs;
         while (isHeld)
             std::this_thread::yield();
@@ -120,7 +120,7 @@ TEST(WriteOutPump, PumpThatRunsOutOfMemoryKeepsNobodyWaitingAndIsToldAsAFailedSy
 namespace
 {
 
-/// A file that counts what is written out of it.
+/// A file that counts the bytes that are written out.
 struct WrittenOutFile final : platform::File
 {
     platform::Expected<platform::Attributes> attributes() const override { return platform::Attributes(); }

@@ -1,4 +1,4 @@
-// What is never done, whatever the user chose.
+// The things that are never done, whatever the user chose.
 
 #include "duplicate/plan/RunGuards.h"
 #include "support/MadeUpDevices.h"

@@ -5,7 +5,7 @@
 namespace orvana
 {
 
-/// An order that was decided at Start, and what a later scan finds.
+/// An order that was decided at Start, compared with the result of a later scan.
 class RunOrderTest : public RunPlan
 {
 protected:

@@ -1,4 +1,4 @@
-// Where a run copies to, and what is ejected.
+// The destinations of a run, and the disks that are ejected.
 
 #include "duplicate/plan/RunPlanFixture.h"
 #include "support/TemporaryTree.h"

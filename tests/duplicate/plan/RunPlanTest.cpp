@@ -1,4 +1,4 @@
-// What a run does: what fits, what is handed over, which disks are erased.
+// The plan of a run: which sources fit, what the engine is given, and which disks are erased.
 
 #include "duplicate/plan/RunPlanFixture.h"
 
@@ -137,7 +137,8 @@ TEST_F(RunPlan, WithoutAnEraseABayIsLeftOutOnlyWhenItIsShownAsTooSmall)
 {
     diskAt(1)->setBsdPathArray({volume("/Volumes/COPY1", 100, 50)});
     m_choice.selectedBytes = 90 * 512;
-    EXPECT_EQ(destinations().roots().front(), "/Volumes/COPY1") << "copies of an earlier run need no new room";
+    EXPECT_EQ(destinations().roots().front(), "/Volumes/COPY1")
+        << "copies of an earlier run need no new room";
     m_choice.isOverSize[Bay::B] = true;
     EXPECT_EQ(destinations().tooSmall, std::vector{Bay::B});
 }

@@ -1,4 +1,4 @@
-// The disks that a run reads from, and how they are known again.
+// The disks that a run reads from, and how a later scan recognises them.
 
 #include "duplicate/plan/SourceDisks.h"
 

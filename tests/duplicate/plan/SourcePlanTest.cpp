@@ -1,4 +1,4 @@
-// What the slot panel shows, which sources there are, and what a choice among them leads to.
+// The content of the slot panel, the list of sources, and the effect of choosing a source.
 
 #include "duplicate/plan/SourcePlan.h"
 #include "support/MadeUpDevices.h"

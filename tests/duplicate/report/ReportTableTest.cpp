@@ -1,4 +1,4 @@
-// The account of a run as people read it: headline, table, lines.
+// The readable summary of a run: headline, table and lines.
 
 #include "duplicate/report/ReportTable.h"
 #include "duplicate/report/ReportJson.h"

@@ -1,4 +1,4 @@
-// What a report says of whole disks: erased, failed, refused, left out.
+// The entries of a report about whole disks: erased, failed, refused or left out.
 
 #include "duplicate/run/DiskReport.h"
 #include "duplicate/report/RunReport.h"

@@ -60,8 +60,8 @@ const char *nameOf(RunEnding ending)
 
 } // namespace
 
-/// A run on the simulated machine: "Master" in bay A to "COPY1", "COPY2" and the blank disk in D. Everything
-/// that the run says is recorded; the test may act at each of these moments.
+/// A run on the simulated machine: "Master" in bay A to "COPY1", "COPY2" and the blank disk in D. The fixture
+/// records everything that the run reports. A test may act at each of these moments.
 class DuplicationRunTest : public testing::Test, public RunView
 {
 protected:
@@ -141,7 +141,7 @@ protected:
     void untilEnded()
     {
         until([this] { return m_ends > 0; });
-        // A second end would come now.
+        // If the run ended twice, the second end would come now.
         m_queue.advance(std::chrono::seconds(10));
         EXPECT_TRUE(m_run->fileCopy().waitForEnd(std::chrono::seconds(10)));
         m_queue.advance(std::chrono::seconds(10));
@@ -173,7 +173,7 @@ protected:
         return m_told;
     }
 
-    /// The word of the moment at which `act` is called, once.
+    /// Calls `act` once, at the moment of that name.
     void at(const std::string &moment, std::function<void()> act)
     {
         m_moment = moment;
@@ -186,7 +186,7 @@ protected:
     {
         if (m_run && m_run->isOn()) {
             tell("look at all");
-            m_queue.advance(std::chrono::milliseconds(200)); // the machine takes up what the test changed
+            m_queue.advance(std::chrono::milliseconds(200)); // the machine notices what the test changed
         }
         m_scanner->scanEverything();
     }
@@ -446,9 +446,8 @@ TEST_F(DuplicationRunTest, DisksOfTheSourceAreSparedByTheDiskUtilityItself)
 TEST_F(DuplicationRunTest, EnclosureThatIsGoneByTheEraseErasesNothing)
 {
     start();
-    at("look at all", [this] {
-        EXPECT_TRUE(platform::moveSimulatorLever(m_tree.path("machine.json"), "detach", "1", ""));
-    });
+    at("look at all",
+       [this] { EXPECT_TRUE(platform::moveSimulatorLever(m_tree.path("machine.json"), "detach", "1", "")); });
     m_run->start(order(true));
     untilEnded();
     EXPECT_EQ(m_summary.ending, RunEnding::Refused);

@@ -66,7 +66,7 @@ protected:
 
     void waitForCount() { ASSERT_TRUE(panel->waitForCount(std::chrono::seconds(30))); }
 
-    /// What the label says once the count has ended.
+    /// Waits for the end of the count and returns the text of the label.
     std::string label()
     {
         waitForCount();

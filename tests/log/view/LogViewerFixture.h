@@ -59,7 +59,7 @@ protected:
 
     QTreeView *list() { return m_window->myLogFileView(); }
 
-    // All rows as they are shown, from the top.
+    // Returns all shown rows, from the top.
     QStringList rows()
     {
         QStringList rows;

@@ -1,4 +1,4 @@
-// The desktop's services, played on a bus of the test's own.
+// The desktop's services. The test plays them on its own bus.
 
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/BusProbe.h"
@@ -32,7 +32,7 @@ namespace orvana::test
 namespace
 {
 
-// A socket that takes connections and never answers. With `start` 1 its name is an abstract one.
+// Makes a socket that accepts connections and never answers. If `start` is 1, its name is abstract.
 platform::posix::Descriptor listenAt(const std::string &name, std::size_t start)
 {
     platform::posix::Descriptor listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -83,7 +83,7 @@ private:
     std::vector<QDBusMessage> m_calls;
 };
 
-/// Hears how far the work is, as a dock does.
+/// Receives the reported progress, as a dock does.
 class Dock : public QObject
 {
     Q_OBJECT
@@ -134,7 +134,7 @@ protected:
         m_address.truncate(m_address.indexOf(QStringLiteral(",guid=")));
     }
 
-    /// Another bus at the same address.
+    /// Replaces the bus by a new one at the same address.
     void restartDaemon()
     {
         m_daemon.kill();
@@ -157,7 +157,7 @@ protected:
 
     std::string address() const { return m_address.toStdString(); }
 
-    /// The user presses a button of some notice.
+    /// Simulates a user who presses a button of a notice.
     static void press(const QString &button)
     {
         auto message = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/Notifications"),
@@ -249,7 +249,7 @@ TEST_F(Desktop, BusThatCameBackIsToldAgain)
     until([&] { return m_service.calls().size() == 1; });
     restartDaemon();
     play("org.freedesktop.Notifications");
-    // What is sent before the end of the old bus was noticed is lost with it.
+    // A notice is lost if it is sent before the workspace notices the end of the old bus.
     until([&] {
         workspace.notify({"after", {}, {}, {}});
         return m_service.calls().size() > 1;

@@ -27,7 +27,7 @@ protected:
         m_internal = m_machine.addAhci({}, "0000:00:17.0", "0x8086", "0xa352");
     }
 
-    /// The host on this machine. Made at first use, so that the machine is as the test wants it.
+    /// The host on this machine. It is made at its first use, so that a test can set up the machine before.
     platform::linux_host::LinuxHost &host()
     {
         if (!m_host) {
@@ -41,7 +41,7 @@ protected:
         return *m_host;
     }
 
-    /// A new scan of everything.
+    /// Scans everything anew.
     ORVScanDevice &scan()
     {
         m_scanner = std::make_unique<ORVScanDevice>(host().registry(), host().launcher());

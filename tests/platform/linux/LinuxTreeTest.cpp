@@ -362,7 +362,7 @@ TEST_F(LinuxScan, FileSystemOnAWholeDiskIsAVolume)
 class DiskUtilityCalls : public LinuxFixture
 {
 protected:
-    /// Runs the disk utility by way of a program that prints its arguments.
+    /// Runs a program in place of the disk utility; the program prints its arguments.
     platform::CommandLauncher::Result run(const std::vector<std::string> &arguments)
     {
         const auto program = m_tree.file("utility", "#!/bin/sh\nprintf '%s|' \"$@\" >&2\nexit 3\n");

@@ -1,4 +1,4 @@
-// Mounts, and what lies beneath a path.
+// Mounts, and the devices beneath a path.
 
 #include "platform/linux/LinuxFixture.h"
 
@@ -37,7 +37,7 @@ protected:
         return path;
     }
 
-    /// A device of the device mapper, by its number, over these partitions.
+    /// Adds a device of the device mapper with this number over these partitions.
     void addMapping(int number, const std::vector<std::string> &partitions)
     {
         const auto name = "dm-" + std::to_string(number);
@@ -49,7 +49,7 @@ protected:
             m_machine.makeFolder(path + "/slaves/" + partition);
     }
 
-    /// An encrypted partition that is unlocked, and mounted at `point`.
+    /// Adds an encrypted partition that is unlocked and mounted at `point`.
     void addUnlocked(const std::string &point)
     {
         const auto disk = m_machine.addSataDisk(m_internal, m_ports++, {.node = "sda"});
@@ -204,7 +204,7 @@ TEST_F(LinuxVolumes, MountPointThatTheColumnsWouldChangeIsLeftOutAndTold)
     EXPECT_EQ(m_log.all().size(), 3U);
 }
 
-/// The devices that hold a path, by way of everything that lies between.
+/// The devices that hold a path, directly or through other devices.
 class DevicesBeneath : public LinuxVolumes
 {
 protected:

@@ -15,9 +15,9 @@ class HotPlug : public LinuxFixture
 {
 protected:
     HotPlug() { m_queue = &m_mainQueue; }
-    ~HotPlug() override { m_host.reset(); } // before its queue
+    ~HotPlug() override { m_host.reset(); } // the host must be destroyed before its queue
 
-    /// Notes what is told: "attached", "detached", "mounted", "unmounted", "renamed".
+    /// Records the reported events: "attached", "detached", "mounted", "unmounted", "renamed".
     void watch()
     {
         m_subscriptions.push_back(m_center.subscribe(notification::TBDeviceAttached,
@@ -33,7 +33,7 @@ protected:
         m_monitor->MonitorInit();
     }
 
-    /// Runs the main queue until this has been told so often.
+    /// Runs the main queue until `what` has been reported `times` times.
     void runUntil(const std::string &what, int times = 1)
     {
         m_until = what;

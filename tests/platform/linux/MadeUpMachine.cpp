@@ -38,7 +38,7 @@ bool hasMadeUpDevices()
 void startWithMadeUpDevices(char **arguments)
 {
     ::setenv("LD_PRELOAD", Library, 1);
-    // The checks of addresses want to be loaded first, and do as well second.
+    // The address sanitizer asks to be loaded first, but it also works when it is loaded second.
     ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 0);
     ::execv("/proc/self/exe", arguments);
 }
@@ -214,7 +214,7 @@ void MadeUpMachine::pull(const std::string &path)
         m_paths.erase(m_paths.begin() + static_cast<std::ptrdiff_t>(i));
         umockdev_testbed_uevent(m_testbed->bed, gone.c_str(), "remove");
         umockdev_testbed_remove_device(m_testbed->bed, gone.c_str());
-        // The testbed leaves these behind.
+        // The testbed does not remove these files.
         if (gone.find("/block/") != std::string::npos) {
             std::filesystem::remove(rootFolder() + "/dev/" + nameOf(gone));
             std::filesystem::remove(rootFolder() + "/sys/block/" + nameOf(gone));

@@ -13,23 +13,24 @@ namespace orvana::test
 /// True when this process sees made-up devices in place of the machine's.
 bool hasMadeUpDevices();
 
-/// Starts the program anew, so that it does; returns only where that is not possible.
+/// Starts the program again with made-up devices. Returns only if that is not possible.
 void startWithMadeUpDevices(char **arguments);
 
-/// What a made-up disk says of itself.
+/// The properties that a made-up disk reports.
 struct MadeUpDisk
 {
     std::string node; ///< "sda"
     std::string model = "WD Red";
-    std::string serial = "SN1"; ///< empty for a disk that tells none
+    std::string serial = "SN1"; ///< empty for a disk that reports none
     std::uint64_t blocks = 7814037168;
-    std::vector<std::string> properties{}; ///< further ones of udev's: "ID_PART_TABLE_TYPE=gpt"
+    std::vector<std::string> properties{}; ///< more udev properties: "ID_PART_TABLE_TYPE=gpt"
 };
 
-/// In place of a partition's properties: udev has not looked at it yet.
+/// The properties of a partition that udev has not examined yet.
 inline const std::vector<std::string> Unexamined{"PARTN=1"};
 
-/// A machine whose devices the test makes up, seen by the kernel's and udev's own interfaces. One at a time.
+/// A machine with made-up devices, which programs see through the interfaces of the kernel and of udev. Only
+/// one such machine may exist at a time.
 ///
 /// Paths are the kernel's, below "/sys"; functions that add a device return its path.
 class MadeUpMachine
@@ -40,51 +41,53 @@ public:
     MadeUpMachine(const MadeUpMachine &) = delete;
     MadeUpMachine &operator=(const MadeUpMachine &) = delete;
 
-    /// A device with lines such as "A: vendor=0x41" (an attribute) and "E: DEVTYPE=disk" (a property).
+    /// Adds a device with lines such as "A: vendor=0x41" (an attribute) and "E: DEVTYPE=disk" (a property).
     std::string add(const std::string &path, const std::string &subsystem,
                     const std::vector<std::string> &lines = {});
 
-    /// The devices of a record that umockdev made.
+    /// Adds the devices of a record that umockdev made.
     void load(const std::string &file) const;
 
-    /// A PCI device; `above` is the path of another, or nothing for the root bus. `name` is "0000:02:01.0".
+    /// Adds a PCI device. `above` is the path of another PCI device, or empty for the root bus. `name` is
+    /// like "0000:02:01.0".
     std::string addPci(const std::string &above, const std::string &name, const std::string &vendor,
                        const std::string &device, const std::string &pciClass,
                        const std::vector<std::string> &lines = {});
     std::string addBridge(const std::string &above, const std::string &name,
                           const std::vector<std::string> &lines = {});
 
-    /// A controller with ports for disks, at `name` below a bridge.
+    /// Adds a controller with ports for disks, at `name` below a bridge.
     std::string addAhci(const std::string &above, const std::string &name, const std::string &vendor,
                         const std::string &device);
 
-    /// A Thunderbolt controller below `above`, with a domain and the host's own router; returns the router.
+    /// Adds a Thunderbolt controller below `above`, with a domain and the host's own router; returns the
+    /// router.
     std::string addThunderbolt(const std::string &above, const std::string &name, int domain = 0);
 
-    /// A router below another, with its route ("301").
+    /// Adds a router below another router, with its route ("301").
     std::string addRouter(const std::string &above, const std::string &route,
                           const std::string &vendor = "0x41", const std::string &model = "0x237",
                           const std::string &authorized = "1");
 
-    /// An enclosure's bridges and controllers below a host port: upper side, then one port for each. Bus
-    /// numbers start at `bus`. Returns the path of the upper side.
+    /// Adds the bridges and controllers of an enclosure below a host port: the upper side, then one port for
+    /// each controller. Bus numbers start at `bus`. Returns the path of the upper side.
     std::string addEnclosureBridges(const std::string &port, const std::string &controller, int bus);
 
-    /// The controller of an enclosure behind the bridge of that number, as `addEnclosureBridges` made it.
+    /// Returns the controller behind the bridge of that number, as `addEnclosureBridges` made it.
     std::string controllerOf(const std::string &upperSide, int bridge) const;
 
-    /// A disk on a port of a controller, ports counted from 0.
+    /// Adds a disk on a port of a controller; ports count from 0.
     std::string addSataDisk(const std::string &controller, int port, const MadeUpDisk &disk);
 
-    /// A whole disk below any device, and a partition of it.
+    /// Adds a whole disk below any device, or a partition of a disk.
     std::string addBlock(const std::string &above, const MadeUpDisk &disk);
     std::string addPartition(const std::string &disk, int number,
                              const std::vector<std::string> &properties = {});
 
-    /// Removes the device as the kernel does, what is below it first; each removal is told.
+    /// Removes the device as the kernel does: the devices below it come first, and each removal is reported.
     void pull(const std::string &path);
 
-    /// Tells of a device: "add", "bind", "change".
+    /// Reports an event of a device: "add", "bind" or "change".
     void tell(const std::string &path, const std::string &action);
 
     /// Makes a folder and a file in the made-up "/sys".
@@ -93,7 +96,7 @@ public:
     /// Says that `node` ("sda1") is mounted at `point`. Other lines are kept.
     void mount(const std::string &node, const std::string &point, const std::string &type = "ext4");
 
-    /// A line as it stands: "36 1 0:30 / / rw - btrfs /dev/sda2 rw".
+    /// Adds the line to the mount table unchanged: "36 1 0:30 / / rw - btrfs /dev/sda2 rw".
     void mountLine(const std::string &line);
     void unmount(const std::string &point);
     void swapOn(const std::string &node) const;

@@ -1,5 +1,5 @@
-// Machines as they were recorded, each listed as it is known to be. A record NAME.umockdev in the folder
-// "records" belongs with NAME.devices, what "plurimoctl devices" prints for it.
+// Recorded machines, each compared with its known list of devices. A record NAME.umockdev in the folder
+// "records" belongs to NAME.devices, the output of "plurimoctl devices" for that machine.
 
 #include "cli/DevicesText.h"
 #include "discovery/ORVScanDevice.h"

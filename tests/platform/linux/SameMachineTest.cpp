@@ -1,4 +1,4 @@
-// The same machine made up of kernel devices and simulated: what the program sees of both must be the same.
+// The same machine, once made of kernel devices and once simulated. The program must see no difference.
 
 #include "discovery/ThunderBoltMonitor.h"
 #include "foundation/NotificationNames.h"
@@ -19,8 +19,8 @@ namespace
 
 using Lines = std::vector<std::string>;
 
-/// An enclosure with a volume in bay A, one that is not mounted in B, a blank disk in C and a member of a set
-/// in D; beside it an internal disk and a stick.
+/// An enclosure with a mounted volume in bay A, an unmounted volume in B, a blank disk in C and a member of a
+/// RAID set in D; beside it an internal disk and a USB stick.
 class KernelDevices : public LinuxFixture
 {
 public:
@@ -30,7 +30,7 @@ public:
         addInternalAndStick();
         plugIn();
     }
-    ~KernelDevices() override { m_host.reset(); } // before its queue
+    ~KernelDevices() override { m_host.reset(); } // the host must be destroyed before its queue
     void TestBody() override {}
 
     platform::Host &machine() { return host(); }
@@ -56,7 +56,7 @@ public:
     void pullDiskB() { m_machine.pull(m_disks.at(1)); }
     void putBackDiskB() { putIn(1); }
 
-    /// The made-up mount table tells nobody that it changed.
+    /// The made-up mount table does not report its changes.
     void lookAtMounts() { host().take({}); }
 
     void mountB() { mount("sdb1", m_nameOfB); }
@@ -192,7 +192,7 @@ Lines recordsOf(platform::Host &host)
     return lines;
 }
 
-/// "Master STICK" for the volumes of a listing; throws where a line does not have the form.
+/// Returns "Master STICK" for the volumes of a listing. Throws if a line does not have the right form.
 Lines volumesIn(const std::string &listing)
 {
     std::istringstream lines(listing);
@@ -222,7 +222,7 @@ template <class Machine>
 class SameMachine : public testing::Test
 {
 protected:
-    /// Notes what is told from now on: "attached", "detached", "mounted", "unmounted", "renamed".
+    /// Records the events from now on: "attached", "detached", "mounted", "unmounted", "renamed".
     void watch()
     {
         const auto note = [this](const char *what) {
@@ -241,8 +241,8 @@ protected:
         EXPECT_TRUE(m_told.empty()) << "what is there already is not told";
     }
 
-    /// Returns what was told, once nothing more has come for a while. It is sorted, because the kernel and
-    /// the simulated machine tell in different orders.
+    /// Waits until no event has come for a while, then returns the recorded events. They are sorted, because
+    /// the kernel and the simulated machine report them in different orders.
     Lines told()
     {
         m_machine.lookAtMounts();
@@ -251,7 +251,7 @@ protected:
         return std::exchange(m_told, {});
     }
 
-    /// The same without what was told more than once. The kernel tells of each disk of an enclosure besides.
+    /// Returns the recorded events without repetitions. The kernel also reports each disk of an enclosure.
     Lines kindsTold(const std::string &what, std::ptrdiff_t atLeast)
     {
         auto kinds = told();

@@ -1,4 +1,4 @@
-// Which Thunderbolt router a PCI device sits behind.
+// Finding the Thunderbolt router that a PCI device is behind.
 
 #include "platform/linux/ThunderboltRouters.h"
 #include "platform/linux/LinuxFixture.h"
@@ -11,7 +11,7 @@ namespace linux_host = platform::linux_host;
 class Routers : public LinuxFixture
 {
 protected:
-    /// Name of the router of a PCI device; "none" or "unclear" where there is no answer.
+    /// Returns the name of the router of a PCI device, or "none" or "unclear".
     static std::string routerOf(const std::string &path)
     {
         const auto devices = linux_host::readDevices();
@@ -26,7 +26,7 @@ protected:
         }
     }
 
-    /// A downstream port of an enclosure's bridges, where the next router of the chain hangs.
+    /// Adds a downstream port to an enclosure's bridges, to which the next router of the chain is connected.
     std::string addChainPort(const std::string &upper, const std::string &name)
     {
         return m_machine.addBridge(upper, name);
@@ -157,7 +157,7 @@ TEST_F(Routers, PortWithoutALinkAndWithoutAnEnclosuresControllersIsUnclear)
     EXPECT_EQ(routerOf(m_machine.addAhci(port, "0000:01:00.0", "0x1b21", "0x0612")), "unclear");
 }
 
-// The kernel says it of what is below a port that things are plugged into, and not of the port.
+// The kernel marks the devices below a hot-plug port as removable, but not the port itself.
 TEST_F(Routers, RemovableIsWhatSaysSoAndWhatIsBelow)
 {
     const auto port = m_machine.addBridge({}, "0000:00:1b.0");

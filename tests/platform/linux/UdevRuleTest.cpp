@@ -24,7 +24,8 @@ protected:
         rootOn("sdz1");
     }
 
-    /// What the running system lies on. The table of mounts is at its usual place for who looks there.
+    /// Sets the device that the running system is on. Copies the mount table to its usual place, too, for
+    /// programs that read it there.
     void rootOn(const std::string &node)
     {
         m_machine.mount(node, "/");
@@ -34,8 +35,8 @@ protected:
                                    std::filesystem::copy_options::overwrite_existing);
     }
 
-    /// The rule, with a disk utility that sees the made-up devices, too: udev starts it without our
-    /// environment.
+    /// Installs the rule, with a disk utility that sees the made-up devices, too. udev starts the disk
+    /// utility without our environment, so a script sets it.
     void installRule()
     {
         std::string text = "#!/bin/sh\n";
@@ -52,14 +53,14 @@ protected:
         m_tree.file("60-orvana-plurimo.rules", rule);
     }
 
-    /// A disk on a controller, and what udev makes known of it.
+    /// Adds a disk on a controller and returns its mark, see `markOf`.
     std::string markOfDiskOn(const std::string &controller, int port = 0)
     {
         return markOf(m_machine.addSataDisk(controller, port, {.node = "sd" + std::string(1, m_letter++)}));
     }
 
-    /// What udev makes known of a device: "UDISKS_SYSTEM=0 UDISKS_AUTO=1", and "uaccess" first when who sits
-    /// at the machine may open it; or nothing.
+    /// Returns the properties that udev sets for a device: "UDISKS_SYSTEM=0 UDISKS_AUTO=1", or an empty text.
+    /// "uaccess" comes first if the user who sits at the machine may open the device.
     std::string markOf(const std::string &device, const std::string &action = "add") const
     {
         std::string mark;
@@ -74,7 +75,7 @@ protected:
         return mark;
     }
 
-    /// All that udev says when it takes the device on.
+    /// Returns the whole output of udev for the event of the device.
     std::string sayingsOn(const std::string &device, const std::string &action) const
     {
         const auto said =
@@ -118,7 +119,7 @@ TEST_F(UdevRule, DisksOfTwoPortControllersAre)
 TEST_F(UdevRule, PartitionOfSuchADiskIsExternalAndNotOpen)
 {
     const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
-    // As udev keeps it from the disk's own turn.
+    // udev keeps this property from the event of the disk itself.
     const auto disk =
         m_machine.addSataDisk(controller, 0, {.node = "sda", .properties = {"ORVANA_IN_BAY=1"}});
     EXPECT_EQ(markOf(m_machine.addPartition(disk, 1)), ExternalPartition);

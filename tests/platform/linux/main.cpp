@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <iostream>
 
-// The libraries that make the devices up, and the one that reads them, were not built for the checks of
-// threads.
+// The thread checks do not work with the library that makes up the devices, nor with the library that reads
+// them: neither was built for these checks.
 extern "C" const char *__tsan_default_suppressions();
 extern "C" const char *__tsan_default_suppressions()
 {

@@ -1,4 +1,4 @@
-// What the contract of files does not ask, because only real files have it.
+// Behaviour that the contract of files does not cover, because only real files have it.
 
 #include "platform/posix/PosixVolumeFiles.h"
 

@@ -18,7 +18,7 @@ namespace
 
 const auto Address = QUrl(QStringLiteral("https://orvana.example/a b"));
 
-/// The application's palette, put back at the end.
+/// Changes the application's palette; the destructor restores it.
 class WindowColor
 {
 public:
@@ -34,7 +34,7 @@ private:
     QPalette m_before;
 };
 
-// The format of every piece of the link's text.
+// Returns the format of every fragment of the link's text.
 std::vector<QTextCharFormat> formats(const QTextDocumentFragment &link)
 {
     QTextDocument document;
