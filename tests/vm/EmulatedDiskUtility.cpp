@@ -1,7 +1,7 @@
 // The disk utility with its own rules, on the virtual machine.
 
-#include "diskutil/Program.h"
 #include "EmulatedEnclosure.h"
+#include "diskutil/Program.h"
 
 #include <QCoreApplication>
 

@@ -1,9 +1,9 @@
 // Makes the terminal program's host on the virtual machine.
 
+#include "EmulatedEnclosure.h"
 #include "platform/NullDevices.h"
 #include "platform/hosts/HostFactory.h"
 #include "platform/linux/LinuxHost.h"
-#include "EmulatedEnclosure.h"
 
 namespace orvana::platform
 {

@@ -75,8 +75,8 @@ struct RunChoice
     /// The disks that the bays showed. A bay that holds another disk at the time of the run is left out.
     /// Without a value the disks are not compared.
     std::optional<ShownDisks> shown;
-    /// The bytes of the selection, as counted. A disk that cannot hold them is not erased, also when its bay is
-    /// not shown as too small. Nullopt: that is not checked.
+    /// The bytes of the selection, as counted. A disk that cannot hold them is not erased, also when its bay
+    /// is not shown as too small. Nullopt: that is not checked.
     std::optional<std::uint64_t> selectedBytes;
     bool erase = false;
     bool verify = false;
