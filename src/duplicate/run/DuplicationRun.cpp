@@ -55,17 +55,16 @@ DuplicationRun::DuplicationRun(const Surroundings &surroundings, RunView &view)
 
 DuplicationRun::~DuplicationRun()
 {
-    m_isAlive.reset();
+    *m_isAlive = false;
 }
 
 // Work of a run that has ended meanwhile is dropped.
 void DuplicationRun::later(std::chrono::milliseconds delay, std::function<void()> work)
 {
-    m_queue.after(delay,
-                  [this, isAlive = std::weak_ptr(m_isAlive), run = m_number.load(), work = std::move(work)] {
-                      if (!isAlive.expired() && run == m_number)
-                          work();
-                  });
+    m_queue.after(delay, [this, isAlive = m_isAlive, run = m_number.load(), work = std::move(work)] {
+        if (*isAlive && run == m_number)
+            work();
+    });
 }
 
 RunPhase DuplicationRun::phase() const
@@ -101,9 +100,9 @@ void DuplicationRun::makeReport()
     m_problems = std::make_shared<RunProblems>();
     // A thread that is left behind may outlive this object.
     m_report->setProblemListener(
-        [this, isAlive = std::weak_ptr(m_isAlive), problems = m_problems](const RunProblem &problem) {
+        [this, isAlive = m_isAlive, problems = m_problems](const RunProblem &problem) {
             problems->add(problem);
-            if (!isAlive.expired())
+            if (*isAlive)
                 m_view.problem(problem);
         });
     m_progress.emplace(0, 0, m_order.choice.verify, m_report);

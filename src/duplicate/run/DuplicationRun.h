@@ -182,7 +182,8 @@ private:
     std::shared_ptr<RunReport> m_report;
     std::shared_ptr<RunProblems> m_problems;
     std::optional<RunProgress> m_progress;
-    std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
+    // Read on any thread. The pointer itself never changes.
+    const std::shared_ptr<std::atomic<bool>> m_isAlive = std::make_shared<std::atomic<bool>>(true);
     FileCopy m_fileCopy; // the last member, so that its thread ends before the members that it uses
 };
 
