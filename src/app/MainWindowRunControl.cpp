@@ -20,11 +20,11 @@ void MainWindow::warn(const std::string &text)
 // Repeats the checks that selecting the enclosure made, now with the records of all disks.
 bool MainWindow::isStartRefused()
 {
-    const auto enclosure = chosenEnclosure(devices(), chosenNow());
+    const auto found = devices();
+    const auto enclosure = chosenEnclosure(found, chosenNow());
     if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)
         return false; // the run itself reports this and does nothing
-    const auto refusal =
-        enclosure ? refusalOfStart(**enclosure, devices()) : std::optional(enclosure.error());
+    const auto refusal = enclosure ? refusalOfStart(**enclosure, found) : std::optional(enclosure.error());
     if (!refusal)
         return false;
     warn(refusalText(*refusal));

@@ -10,12 +10,12 @@ namespace orvana::diskutil
 {
 
 /// A mounted file system of the disk.
-struct MountedPiece
+struct MountedVolume
 {
     std::string node;  ///< "/dev/sdb1"
     std::string point; ///< one of its mount points
 
-    bool operator==(const MountedPiece &) const = default;
+    bool operator==(const MountedVolume &) const = default;
 };
 
 /// The facts about a disk at one moment. An unknown fact counts against the disk.
@@ -31,7 +31,7 @@ struct DiskFacts
     bool isExamined = false; ///< udev has examined the disk and each of its partitions
     bool isMember = false;   ///< the disk is a member of a RAID set or a volume group
     bool isHeld = false;     ///< something is built upon it
-    std::vector<MountedPiece> mounted;
+    std::vector<MountedVolume> mounted;
 };
 
 /// The disk that a block device is, and whether it is in a bay of an enclosure. A `BayRule` returns

@@ -22,11 +22,11 @@ Outcome<DiskFacts> lookAndCheck(const Request &request, const Surroundings &with
     return *facts;
 }
 
-Trouble busy(const MountedPiece &partition, const Trouble &cause, const Surroundings &with)
+Trouble busy(const MountedVolume &volume, const Trouble &cause, const Surroundings &with)
 {
-    std::string reason = displayPath(partition.point) + " cannot be unmounted: " + cause.reason;
+    std::string reason = displayPath(volume.point) + " cannot be unmounted: " + cause.reason;
     const char *before = "; in use by ";
-    for (const auto &user : with.usersOf(partition.point)) {
+    for (const auto &user : with.usersOf(volume.point)) {
         reason.append(before).append(user);
         before = ", ";
     }
@@ -38,13 +38,13 @@ Outcome<DiskFacts> unmountAll(const Request &request, const Surroundings &with, 
 {
     auto facts = lookAndCheck(request, with, check);
     while (facts && !facts->mounted.empty()) {
-        const auto partition = facts->mounted.back();
-        if (const auto done = with.service.unmount(partition.node); !done)
-            return tl::unexpected(busy(partition, done.error(), with));
+        const auto volume = facts->mounted.back();
+        if (const auto done = with.service.unmount(volume.node); !done)
+            return tl::unexpected(busy(volume, done.error(), with));
         const auto count = facts->mounted.size();
         facts = lookAndCheck(request, with, check);
         if (facts && facts->mounted.size() >= count)
-            return trouble(Refused, displayPath(partition.point) + " does not stay unmounted");
+            return trouble(Refused, displayPath(volume.point) + " does not stay unmounted");
     }
     return facts;
 }
@@ -53,11 +53,11 @@ using Change = std::function<Outcome<std::string>()>;
 
 // Changes the disk right after the check. If a right is missing, asks the user for it and then checks
 // everything again, because the answer may take long.
-Outcome<std::string> lookAndChange(const Request &request, const Surroundings &with,
-                                   const std::function<Outcome<void>()> &snapshot, const Change &change)
+Outcome<std::string> checkAndChange(const Request &request, const Surroundings &with,
+                                    const std::function<Outcome<void>()> &check, const Change &change)
 {
     const auto attempt = [&]() -> Outcome<std::string> {
-        const auto good = snapshot();
+        const auto good = check();
         return good ? change() : tl::unexpected(good.error());
     };
     auto changed = attempt();
@@ -90,12 +90,12 @@ Outcome<void> lookThatItIsFree(const Request &request, const Surroundings &with)
 // the write.
 Outcome<void> makeTable(const Request &request, const Surroundings &with)
 {
-    const auto snapshot = [&]() -> Outcome<void> {
+    const auto check = [&]() -> Outcome<void> {
         if (auto alone = with.service.checkNobodyHas(request.node, Password::IsAskedFor); !alone)
             return alone;
         return lookThatItIsFree(request, with);
     };
-    const auto made = lookAndChange(request, with, snapshot, [&] {
+    const auto made = checkAndChange(request, with, check, [&] {
         return with.service.makeTable(request.node).map([&] { return request.node; });
     });
     if (made)
@@ -109,7 +109,7 @@ Outcome<void> makeTable(const Request &request, const Surroundings &with)
 // The disk has been changed by now, so no failure counts as a refusal any more.
 Outcome<std::string> makeVolume(const Request &request, const Surroundings &with, const VolumeFormat &format)
 {
-    const auto made = lookAndChange(
+    const auto made = checkAndChange(
         request, with, [&] { return lookThatItIsFree(request, with); },
         [&] { return with.service.makeVolume(request.node, format, request.name); });
     if (!made)
@@ -158,8 +158,8 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
     if (!facts)
         return tl::unexpected(facts.error());
     std::string lost;
-    for (const auto &partition : facts->mounted) {
-        if (const auto written = with.writeOut(partition.point); !written)
+    for (const auto &volume : facts->mounted) {
+        if (const auto written = with.writeOut(volume.point); !written)
             lost = written.error().reason;
     }
     if (const auto unmounted = unmountAll(request, with, checkEjectable); !unmounted)

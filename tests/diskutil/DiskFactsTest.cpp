@@ -111,8 +111,8 @@ TEST_F(DiskFactsOf, EveryMountOfItIsFound)
     addBayDisk();
     m_machine.mount("sdb1", "/media/A");
     m_machine.mount("sdb1", "/media/A\\040again");
-    EXPECT_EQ(facts().mounted, (std::vector<diskutil::MountedPiece>{{"/dev/sdb1", "/media/A"},
-                                                                    {"/dev/sdb1", "/media/A again"}}));
+    EXPECT_EQ(facts().mounted, (std::vector<diskutil::MountedVolume>{{"/dev/sdb1", "/media/A"},
+                                                                     {"/dev/sdb1", "/media/A again"}}));
 }
 
 TEST_F(DiskFactsOf, PartOfTheSystemElsewhereMakesItTheSystems)

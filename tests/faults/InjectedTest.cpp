@@ -85,7 +85,7 @@ protected:
         engine.setReport(report);
         injection.inject(host.faults().volume(root(faulty)));
         engine.StartBackup();
-        m_isAllDone = report->allDone();
+        m_isAllDone = isAllDone(report->summary());
         return Json::parse(contentOf(report->path()));
     }
 

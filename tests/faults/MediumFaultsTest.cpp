@@ -67,7 +67,7 @@ TEST_F(MediumFault, ByteFlippedBetweenCopyAndVerifyIsFound)
             << "one more after each size";
         EXPECT_EQ(report->destination(0).mismatched, 1);
         EXPECT_EQ(report->destination(1).verified, 1);
-        EXPECT_FALSE(report->allDone());
+        EXPECT_FALSE(isAllDone(report->summary()));
         const auto written = Json::parse(contentOf(report->path()));
         EXPECT_EQ(written["destinations"][0]["verifiedFrom"], "disk");
         EXPECT_EQ(written["problems"][0]["kind"], "mismatched");
@@ -89,7 +89,7 @@ TEST_F(MediumFault, OtherFileSystemsAreCopiedAndVerifiedToo)
         engine.setBVerifyFiles(true);
         engine.setReport(report);
         engine.StartBackup();
-        EXPECT_TRUE(report->allDone()) << type;
+        EXPECT_TRUE(isAllDone(report->summary())) << type;
         EXPECT_EQ(Json::parse(contentOf(report->path()))["destinations"][0]["verifiedFrom"], "disk") << type;
         ++tried;
         EXPECT_EQ(report->destination(0).verified, 1) << type;

@@ -42,18 +42,6 @@ TEST(ProgressPanel, StepsDriveTheBarsAndNotTheProperties)
     EXPECT_EQ(panel.TotalStep(), 0.0F);
 }
 
-TEST(ProgressPanel, ValueThatIsNoNumberOrOutOfRangeStaysInTheBar)
-{
-    ProgressIndicator bar;
-    bar.showValue(std::numeric_limits<float>::quiet_NaN());
-    EXPECT_EQ(bar.doubleValue(), 0.0);
-    bar.showValue(7.0F);
-    EXPECT_EQ(bar.doubleValue(), 1.0);
-    bar.showValue(-0.5F);
-    EXPECT_EQ(bar.doubleValue(), 0.0);
-    EXPECT_FALSE(bar.isHidden());
-}
-
 TEST(ProgressPanel, EraseMovesTheTotalBarWithoutAnEndAndCopyGivesItOneAgain)
 {
     ProgressBarViewController panel;

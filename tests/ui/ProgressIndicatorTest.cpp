@@ -33,4 +33,16 @@ TEST(ProgressIndicator, IndeterminateBarKeepsItsValueForLater)
     EXPECT_GT(bar.maximum(), 0);
 }
 
+TEST(ProgressIndicator, ValueThatIsNoNumberOrOutOfRangeStaysInTheBar)
+{
+    ProgressIndicator bar;
+    bar.showValue(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(bar.doubleValue(), 0.0);
+    bar.showValue(7.0F);
+    EXPECT_EQ(bar.doubleValue(), 1.0);
+    bar.showValue(-0.5F);
+    EXPECT_EQ(bar.doubleValue(), 0.0);
+    EXPECT_FALSE(bar.isHidden());
+}
+
 } // namespace orvana

@@ -122,10 +122,6 @@ public:
     /// Returns the account of the run as it is by now.
     RunSummary summary() const;
 
-    /// True when every file is on every destination and nothing differed, as far as the run came, and no
-    /// disk failed or was refused.
-    bool allDone() const { return isAllDone(summary()); }
-
     /// Returns the number of files whose copy was started.
     std::int64_t filesStarted() const { return m_filesStarted; }
 

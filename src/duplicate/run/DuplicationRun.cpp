@@ -21,25 +21,6 @@ constexpr int LooksAtAnOldWorker = 100;
 
 } // namespace
 
-const char *nameOf(RunPhase phase)
-{
-    switch (phase) {
-    case RunPhase::Idle:
-        return "Idle";
-    case RunPhase::Erasing:
-        return "Erasing";
-    case RunPhase::Looking:
-        return "Looking";
-    case RunPhase::Copying:
-        return "Copying";
-    case RunPhase::Syncing:
-        return "Syncing";
-    case RunPhase::Ended:
-        return "Ended";
-    }
-    return "";
-}
-
 std::string refusalText(const RunRefusal &refusal)
 {
     return std::visit([](const auto &reason) { return refusalText(reason); }, refusal);

@@ -20,9 +20,6 @@ class MainQueue;
 /// The state of a run. `Looking` is the moment before the copy in which the destinations are decided.
 enum class RunPhase { Idle, Erasing, Looking, Copying, Syncing, Ended };
 
-/// The name of a phase in English, for tests and logs: "Erasing".
-const char *nameOf(RunPhase phase);
-
 /// Why a run that was started copies nothing.
 using RunRefusal = std::variant<EnclosureRefusal, OrderRefusal>;
 

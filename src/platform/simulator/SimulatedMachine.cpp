@@ -206,7 +206,9 @@ std::vector<std::string> SimulatedMachine::disksBeneath(const std::vector<std::s
                             : volume.isStartup ? fs::canonical(m_volumes.homeFolder(m_machine.login), error)
                                                : fs::canonical(*point, error);
         return !folder.empty() && std::any_of(places.begin(), places.end(), [&](const std::string &place) {
-            return isAtOrBelow(place, folder.native()) || isAtOrBelow(folder.native(), place);
+            // What is mounted below "/" does not count, as on a real machine.
+            return isAtOrBelow(place, folder.native()) ||
+                   (place != "/" && isAtOrBelow(folder.native(), place));
         });
     };
     std::vector<std::string> nodes;

@@ -25,7 +25,7 @@ TEST_F(FileCopyThread, RunThatFindsNoMemoryEndsAndIsNotCalledDone)
     const auto message = m_center.subscribe(notification::FileCopyMessage,
                                             [](const Notification &) { throw std::bad_alloc(); });
     runJob({"x"});
-    EXPECT_FALSE(m_report->allDone());
+    EXPECT_FALSE(isAllDone(m_report->summary()));
     EXPECT_EQ(report()["note"], "the run ended early: std::bad_alloc");
     EXPECT_EQ(report()["destinations"][0]["failed"], 1);
 }
@@ -40,7 +40,7 @@ TEST_F(FileCopyThread, EndOfARunIsToldThoughThereWasNoMemoryForItAtFirst)
     });
     runJob({"x"});
     EXPECT_EQ(told, 2);
-    EXPECT_TRUE(m_report->allDone());
+    EXPECT_TRUE(isAllDone(m_report->summary()));
 }
 
 TEST_F(FileCopyThread, EngineThatIsDestroyedAfterItsRunLeavesNothingBehind)
@@ -195,7 +195,9 @@ TEST_F(FileCopyThread, FoldersAreClosedToTheirOwnerAlsoWhenARunIsCancelled)
     m_engine.stopCopyThread();
     isCancelled = true;
     ASSERT_TRUE(m_engine.waitForEnd(Patience));
-    struct stat status{};
+    struct stat status
+    {
+    };
     ASSERT_EQ(::stat(copy("a", "docs/inner").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0555U);
 }
@@ -288,7 +290,7 @@ TEST_F(FileCopyThread, DestinationThatAnotherProgramHoldsGetsNothing)
     m_engine.StartBackup();
     EXPECT_FALSE(m_tree.exists("a/x"));
     EXPECT_EQ(m_tree.read("b/x"), "data");
-    EXPECT_FALSE(m_report->allDone());
+    EXPECT_FALSE(isAllDone(m_report->summary()));
     EXPECT_EQ(report()["problems"][0]["reason"], "Another run is at work there");
 }
 

@@ -22,24 +22,36 @@ TEST(ScannedDevices, AllDisksAreThoseOfEveryList)
     EXPECT_EQ(found.back(), "/dev/disk5");
 }
 
-TEST(ScannedDevices, StartupVolumeIsShownAsTheUsersHome)
-{
-    const auto root = volume("/");
-    EXPECT_TRUE(isStartupVolume(*root));
-    EXPECT_EQ(displayName(*root, Anna), "anna");
-    EXPECT_EQ(rootPath(*root, Anna), "/Users/anna");
-    const auto other = volume("/Volumes/COPY 1");
-    EXPECT_FALSE(isStartupVolume(*other));
-    EXPECT_EQ(displayName(*other, Anna), "COPY 1");
-    EXPECT_EQ(rootPath(*other, Anna), "/Volumes/COPY 1");
-    EXPECT_TRUE(isStartupDisk(*startupDisk()));
-}
-
 TEST(ScannedDevices, DiskIsInABayOnlyUnderTheNameOfOne)
 {
     EXPECT_EQ(bayOfDisk(*inBay("Slot-C", disk(1, {}))), Bay::C);
     EXPECT_EQ(bayOfDisk(*inBay("Slot-E", disk(1, {}))), std::nullopt);
     EXPECT_EQ(bayOfDisk(*disk(1, {})), std::nullopt);
+}
+
+TEST(ScannedDevices, StartupVolumeIsShownAsTheUsersHome)
+{
+    EXPECT_EQ(displayName(*volume("/"), Anna), "anna");
+    EXPECT_EQ(rootPath(*volume("/"), Anna), "/Users/anna");
+}
+
+TEST(ScannedDevices, OtherVolumesAreShownByTheLastPartOfTheirMountPoint)
+{
+    EXPECT_EQ(displayName(*volume("/media/anna/My Disk"), Anna), "My Disk");
+    EXPECT_EQ(rootPath(*volume("/media/anna/My Disk"), Anna), "/media/anna/My Disk");
+}
+
+TEST(ScannedDevices, UnmountedVolumeHasNeitherNameNorRoot)
+{
+    EXPECT_EQ(displayName(*unmountedVolume(), Anna), "");
+    EXPECT_EQ(rootPath(*unmountedVolume(), Anna), "");
+}
+
+TEST(ScannedDevices, VolumeAtTheTopOfAllIsTheStartupVolume)
+{
+    EXPECT_TRUE(isStartupVolume(*volume("/")));
+    EXPECT_FALSE(isStartupVolume(*volume("/Volumes/COPY 1")));
+    EXPECT_TRUE(isStartupDisk(*startupDisk()));
 }
 
 } // namespace orvana

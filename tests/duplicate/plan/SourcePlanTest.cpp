@@ -24,24 +24,6 @@ Titles titlesOf(const SourcePlan &plan)
 
 } // namespace
 
-TEST(SourcePlan, StartupVolumeIsShownAsTheUsersHome)
-{
-    EXPECT_EQ(displayName(*volume("/"), Anna), "anna");
-    EXPECT_EQ(rootPath(*volume("/"), Anna), "/Users/anna");
-}
-
-TEST(SourcePlan, OtherVolumesAreShownByTheLastPartOfTheirMountPoint)
-{
-    EXPECT_EQ(displayName(*volume("/media/anna/My Disk"), Anna), "My Disk");
-    EXPECT_EQ(rootPath(*volume("/media/anna/My Disk"), Anna), "/media/anna/My Disk");
-}
-
-TEST(SourcePlan, UnmountedVolumeHasNeitherNameNorRoot)
-{
-    EXPECT_EQ(displayName(*unmountedVolume(), Anna), "");
-    EXPECT_EQ(rootPath(*unmountedVolume(), Anna), "");
-}
-
 TEST(SourcePlan, VolumeInBayAIsTheSourceToBeginWith)
 {
     const auto box = enclosure(1, {inBay("Slot-A", disk(1, {volume("/Volumes/Master", 2048, 1024)}))});

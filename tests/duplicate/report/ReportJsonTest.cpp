@@ -42,6 +42,10 @@ TEST(ReportJson, MismatchSaysWhereAndEveryOtherProblemSaysWhy)
     EXPECT_EQ(mismatch["firstOffset"], 1'048'576);
     EXPECT_EQ(mismatch["blocks"], 2);
     EXPECT_FALSE(mismatch.contains("reason"));
+    EXPECT_EQ(problemJson({ProblemKind::Mismatched, "/s/x", "/d", {}, 512, 2}).dump(),
+              R"({"kind":"mismatched","file":"/s/x","destination":"/d","firstOffset":512,"blocks":2})");
+    EXPECT_EQ(problemJson({ProblemKind::KeptTail, "/s/x", "/d", "why"}).dump(),
+              R"({"kind":"keptTail","file":"/s/x","destination":"/d","reason":"why"})");
     for (const auto &[kind, name] : {std::pair(ProblemKind::Failed, "failed"),
                                      {ProblemKind::KeptTail, "keptTail"},
                                      {ProblemKind::SourceChanged, "sourceChanged"},

@@ -1,4 +1,6 @@
 #include "duplicate/engine/EngineFixture.h"
+#include "duplicate/report/ReportJson.h"
+#include "support/StoppedClock.h"
 
 namespace orvana
 {
@@ -37,7 +39,7 @@ TEST_F(RunReportTest, HoldsCountsBytesAndTimes)
         EXPECT_EQ(destination["bytes"], 8);
         EXPECT_EQ(destination["onDisk"], true);
     }
-    EXPECT_TRUE(m_report->allDone());
+    EXPECT_TRUE(isAllDone(m_report->summary()));
 }
 
 TEST_F(RunReportTest, PathsThatAreNotTextCarryTheirBytes)
@@ -48,7 +50,7 @@ TEST_F(RunReportTest, PathsThatAreNotTextCarryTheirBytes)
     const auto problem = report()["problems"][0];
     EXPECT_EQ(problem["file"], source("x\\xFF"));
     EXPECT_EQ(problem["fileBytes"], base64(source("x\xFF")));
-    EXPECT_FALSE(m_report->allDone());
+    EXPECT_FALSE(isAllDone(m_report->summary()));
 }
 
 TEST_F(RunReportTest, WithoutAFolderTheReportIsLostAndNothingElse)
@@ -59,7 +61,7 @@ TEST_F(RunReportTest, WithoutAFolderTheReportIsLostAndNothingElse)
     m_engine.setReport(m_report);
     m_engine.StartBackup();
     EXPECT_EQ(m_report->path(), "");
-    EXPECT_TRUE(m_report->allDone());
+    EXPECT_TRUE(isAllDone(m_report->summary()));
     EXPECT_EQ(m_recorder.count("BackupFinish"), 1U);
 }
 
@@ -89,6 +91,50 @@ TEST_F(RunReportTest, VerifyingFromTheCacheIsSaid)
     useReport();
     m_engine.StartBackup();
     EXPECT_EQ(report()["destinations"][0]["verifiedFrom"], "cache");
+}
+
+TEST(RunReport, DestinationWithoutADiskIsSaidToBeInMemory)
+{
+    const test::StoppedClock clock;
+    RunReport report({}, {}, clock);
+    report.begin("/source", {"/a", "/b", "/c"}, false);
+    report.inMemory(0);
+    report.onDisk(1);
+    const auto list = destinationsJson(report.summary());
+    EXPECT_EQ(list[0]["onDisk"], "memory");
+    EXPECT_EQ(list[1]["onDisk"], true);
+    EXPECT_EQ(list[2]["onDisk"], false);
+    EXPECT_EQ(list[2]["reason"], "not known to be on disk: the run ended before the final sync");
+}
+
+TEST(RunReport, SlowestOfSeveralDestinationsIsTheOneThatTookLongest)
+{
+    const test::StoppedClock clock;
+    RunReport report({}, {}, clock);
+    report.begin("/source", {"/a", "/b", "/c"}, false);
+    report.destination(0).addWriteTime(std::chrono::seconds(2));
+    report.destination(1).addWriteTime(std::chrono::seconds(1));
+    report.destination(1).syncNanoseconds = 2'000'000'000;
+    const auto all = report.summary().destinations;
+    EXPECT_FALSE(all[0].isSlowest);
+    EXPECT_TRUE(all[1].isSlowest);
+    EXPECT_FALSE(all[2].isSlowest);
+    RunReport single({}, {}, clock);
+    single.begin("/source", {"/a"}, false);
+    EXPECT_FALSE(single.summary().destinations[0].isSlowest);
+}
+
+TEST(RunReport, CopiesReadFromMemoryOnceAreNotCalledReadFromTheDisk)
+{
+    const test::StoppedClock clock;
+    RunReport report({}, {}, clock);
+    report.begin("/source", {"/a"}, true);
+    EXPECT_EQ(report.summary().destinations[0].verifiedFrom, VerifiedFrom::None);
+    report.verifiedFrom(0, VerifiedFrom::Disk);
+    EXPECT_EQ(report.summary().destinations[0].verifiedFrom, VerifiedFrom::Disk);
+    report.verifiedFrom(0, VerifiedFrom::Cache);
+    report.verifiedFrom(0, VerifiedFrom::Disk);
+    EXPECT_EQ(report.summary().destinations[0].verifiedFrom, VerifiedFrom::Cache);
 }
 
 } // namespace orvana

@@ -35,7 +35,7 @@ protected:
 TEST_F(DiskReport, NamesEachErasedDisk)
 {
     reportErase(m_report, m_erase, {{m_erase.disks[0].info, true, {}}, {m_erase.disks[1].info, true, {}}});
-    EXPECT_TRUE(m_report.allDone());
+    EXPECT_TRUE(isAllDone(m_report.summary()));
     EXPECT_EQ(diskLines(m_report.summary()), Lines());
     EXPECT_EQ(written()["disks"][0], Json::parse(R"({"bay":"Slot-B","name":"COPY1","model":"Model 2",
         "serial":"SN2","device":"/dev/disk2","outcome":"erased"})"));
@@ -45,7 +45,7 @@ TEST_F(DiskReport, FailedEraseIsToldWithItsReason)
 {
     reportErase(m_report, m_erase,
                 {{m_erase.disks[0].info, false, "Error: busy"}, {m_erase.disks[1].info, true, {}}});
-    EXPECT_FALSE(m_report.allDone());
+    EXPECT_FALSE(isAllDone(m_report.summary()));
     EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-B (COPY1): could not be erased: Error: busy"}));
     const auto disk = written()["disks"][0];
     EXPECT_EQ(disk["outcome"], "eraseFailed");
@@ -73,7 +73,7 @@ TEST_F(DiskReport, RefusedDiskFailsTheRun)
         m_report,
         {{{Bay::C, "COPY2", "/Volumes/COPY2", {}, {}}}, {{"Slot-B", "COPY1", RefusalReason::NotMounted}}, {}},
         {});
-    EXPECT_FALSE(m_report.allDone());
+    EXPECT_FALSE(isAllDone(m_report.summary()));
     EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-B (COPY1): refused: its volume is not mounted"}));
 }
 
@@ -86,7 +86,7 @@ TEST_F(DiskReport, DiskThatIsLeftOutAsExpectedDoesNotFailTheRun)
                         {{"Slot-A", "Master", RefusalReason::CarriesSource}},
                         {Bay::D}},
                        choice);
-    EXPECT_TRUE(m_report.allDone());
+    EXPECT_TRUE(isAllDone(m_report.summary()));
     EXPECT_EQ(diskLines(m_report.summary()), (Lines{"Slot-A (Master): left out: it carries the source",
                                                     "Slot-D (SMALL): left out: the selection does not fit"}));
     EXPECT_EQ(written()["disks"][1]["outcome"], "leftOut");
@@ -104,7 +104,7 @@ TEST_F(DiskReport, WhatIsRefusedForTheEraseAndForTheCopyIsToldOnce)
 TEST_F(DiskReport, RunWithoutADestinationSaysSo)
 {
     reportDestinations(m_report, {}, {});
-    EXPECT_FALSE(m_report.allDone());
+    EXPECT_FALSE(isAllDone(m_report.summary()));
     EXPECT_EQ(written()["note"], "no destination");
 }
 
