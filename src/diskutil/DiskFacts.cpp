@@ -90,8 +90,8 @@ std::optional<KnownDisk> knownDisk(const SystemState &system, const Device &devi
         std::find_if(disks.begin(), disks.end(), [&](const Disk &one) { return one.device == &device; });
     if (disk == disks.end())
         return std::nullopt;
-    KnownDisk known{identityOf(*disk), false, disk->wwn};
-    if (!disk->router || !isFourBayEnclosure(*disk->router))
+    KnownDisk known{identityOf(*disk), disk->definedBay.has_value(), disk->wwn};
+    if (known.isInBay || !disk->router || !isFourBayEnclosure(*disk->router))
         return known;
     platform::linux_host::DiskNames names;
     names.bind(disks);

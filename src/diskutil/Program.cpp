@@ -35,7 +35,9 @@ Outcome<void> writeOut(const std::string &point)
 
 bool isMountableHere(const std::string &type)
 {
-    struct utsname kernel{};
+    struct utsname kernel
+    {
+    };
     return ::uname(&kernel) == 0 && canBeMounted(type, static_cast<const char *>(kernel.release));
 }
 

@@ -10,6 +10,8 @@ namespace
 
 std::string placeOf(const Disk &disk)
 {
+    if (disk.definedBay)
+        return keyOf(*disk.definedBay);
     if (!disk.router || !disk.controller)
         return disk.device->path;
     const auto bridge = pathAbove(disk.controller->path);

@@ -19,21 +19,6 @@ bool startsWithAny(const std::string &text, std::initializer_list<const char *> 
                        [&](const char *start) { return text.starts_with(start); });
 }
 
-// Disks with several paths are among the virtual devices, but they are real disks.
-bool isPhysicalDisk(const Device &device)
-{
-    if (device.type != "disk" || device.attribute("hidden") == "1" || device.property("ID_CDROM") == "1" ||
-        device.property("ID_TYPE") == "cd")
-        return false;
-    if (startsWithAny(device.name, {"sr", "fd", "nbd", "loop", "ram", "zram"}))
-        return false;
-    if (device.name.starts_with("mmcblk") &&
-        (device.name.find("boot") != std::string::npos || device.name.find("rpmb") != std::string::npos))
-        return false;
-    return !isBelow(device.path, "/sys/devices/virtual") ||
-           isBelow(device.path, "/sys/devices/virtual/nvme-subsystem");
-}
-
 std::optional<std::string> firstText(std::initializer_list<std::string> texts)
 {
     for (const auto &text : texts) {
@@ -166,6 +151,33 @@ void setContent(const SystemState &system, Disk &disk, const ExclusiveUse &inExc
                   !hasUdevLooked(device) || inExclusiveUse("/dev/" + device.name);
 }
 
+// In the bay of a definition every disk has a driver like the disks of the maker's enclosures, whatever bus
+// it is on. A bridge reports the disk's maker and its model apart.
+void putIntoBay(Disk &disk)
+{
+    const auto vendor = disk.vendor.value_or("");
+    if (disk.diskClass == DiskClass::Services && disk.model && !vendor.empty() && !vendor.starts_with("ATA"))
+        disk.model = vendor + " " + *disk.model;
+    disk.diskClass = DiskClass::Driver;
+    disk.isExternal = true;
+    disk.router = nullptr;
+    disk.isPlaceUnclear = false;
+}
+
+// A dock that shows the same serial number for each of its disks shows the number of none.
+void dropSharedSerials(std::vector<Disk> &disks, const std::set<std::string> &shared)
+{
+    std::map<std::string, int> counts;
+    for (const auto &disk : disks) {
+        if (disk.serial && disk.blocks > 0)
+            ++counts[*disk.serial];
+    }
+    for (auto &disk : disks) {
+        if (disk.definedBay && disk.serial && (counts[*disk.serial] > 1 || shared.contains(*disk.serial)))
+            disk.serial.reset();
+    }
+}
+
 Disk diskOf(const SystemState &system, const Device &device, const ExclusiveUse &inExclusiveUse)
 {
     Disk disk;
@@ -185,6 +197,9 @@ Disk diskOf(const SystemState &system, const Device &device, const ExclusiveUse 
     }
     setNames(system.devices, disk);
     setContent(system, disk, inExclusiveUse);
+    disk.definedBay = system.defined.bayOf(device);
+    if (disk.definedBay)
+        putIntoBay(disk);
     return disk;
 }
 
@@ -204,7 +219,23 @@ std::vector<Disk> disksOf(const SystemState &system, const ExclusiveUse &isInUse
         if (isPhysicalDisk(*device))
             disks.push_back(diskOf(system, *device, isInUse));
     }
+    dropSharedSerials(disks, system.sharedSerials);
     return disks;
+}
+
+bool isPhysicalDisk(const Device &device)
+{
+    if (device.type != "disk" || device.attribute("hidden") == "1" || device.property("ID_CDROM") == "1" ||
+        device.property("ID_TYPE") == "cd")
+        return false;
+    if (startsWithAny(device.name, {"sr", "fd", "nbd", "loop", "ram", "zram"}))
+        return false;
+    if (device.name.starts_with("mmcblk") &&
+        (device.name.find("boot") != std::string::npos || device.name.find("rpmb") != std::string::npos))
+        return false;
+    // Disks with several paths are among the virtual devices, but they are real disks.
+    return !isBelow(device.path, "/sys/devices/virtual") ||
+           isBelow(device.path, "/sys/devices/virtual/nvme-subsystem");
 }
 
 bool isMember(const Device &device)

@@ -43,6 +43,7 @@ struct Disk
     bool isPlaceUnclear = false;                ///< the disk is behind a router, but it is not known which
     std::optional<int> port;                    ///< port of its SATA controller, counted from 0
     int channel = 0;                            ///< place behind a port multiplier
+    std::optional<DefinedBay> definedBay;       ///< bay of an enclosure definition
     bool isOpen = false; ///< something was recognised on it, it is in use, or its content is not yet known
     bool isRaid = false; ///< the disk or one of its partitions is a member (see `isMember`)
     std::string content; ///< what was recognised on the whole disk
@@ -57,6 +58,9 @@ bool isInExclusiveUse(const std::string &node);
 /// Returns the physical disks of a snapshot. The snapshot must outlive them. Images, volume groups and disks
 /// in memory are left out.
 std::vector<Disk> disksOf(const SystemState &system, const ExclusiveUse &isInUse = isInExclusiveUse);
+
+/// True for a disk of its own: no image, no volume group, no optical disk, no disk in memory.
+bool isPhysicalDisk(const Device &device);
 
 /// True for a member of a RAID set, a volume group or a pool.
 bool isMember(const Device &device);

@@ -11,12 +11,30 @@ std::shared_ptr<const MachineSnapshot> LinuxMachine::snapshot()
 {
     auto snapshot = std::make_shared<MachineSnapshot>();
     snapshot->system = readSystemState(m_files);
+    rememberSerials(snapshot->system);
+    snapshot->system.sharedSerials = m_sharedSerials;
     snapshot->disks = disksOf(snapshot->system);
     m_names.bind(snapshot->disks);
     snapshot->tree = makeTree(snapshot->system, snapshot->disks, m_names);
     snapshot->volumes = listedVolumes(snapshot->system, snapshot->disks, m_names);
     report(*snapshot);
     return snapshot;
+}
+
+// A dock may show its own serial number for whichever disk is in it. Two disks of different sizes, or with
+// different World Wide Names, or both there at once, give it away.
+void LinuxMachine::rememberSerials(const SystemState &system)
+{
+    std::set<std::string> present;
+    for (const auto *device : system.devices.ofType("disk")) {
+        const auto serial = device->property("ID_SERIAL_SHORT");
+        if (serial.empty() || !system.defined.bayOf(*device))
+            continue;
+        const SerialOwner owner{device->attribute("size"), device->property("ID_WWN")};
+        const auto known = m_serials.try_emplace(serial, owner).first;
+        if (known->second != owner || !present.insert(serial).second)
+            m_sharedSerials.insert(serial);
+    }
 }
 
 void LinuxMachine::report(const MachineSnapshot &snapshot)
@@ -27,6 +45,7 @@ void LinuxMachine::report(const MachineSnapshot &snapshot)
             reasons.insert(disk.device->name + " (" + displayPath(disk.serial.value_or("no serial number")) +
                            "): it cannot be told in which enclosure it is; it is not offered");
     }
+    reasons.insert(snapshot.system.defined.remarks.begin(), snapshot.system.defined.remarks.end());
     for (const auto *router : routersOf(snapshot.system.devices)) {
         if (!isAuthorized(*router))
             reasons.insert(displayPath(router->attribute("device_name")) + " (" + router->name +

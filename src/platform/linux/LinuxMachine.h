@@ -31,6 +31,9 @@ public:
     /// Reads only the devices and mounts, and opens no disk.
     SystemState systemState() const { return readSystemState(m_files); }
 
+    /// True when there is any enclosure definition.
+    bool hasDefinitions() const { return !m_files.definitions().definitions.empty(); }
+
     const DiskNames &names() const { return m_names; }
 
     /// One sentence for each device that could not be used at the last snapshot, with the reason.
@@ -38,8 +41,20 @@ public:
 
 private:
     void report(const MachineSnapshot &snapshot);
+    void rememberSerials(const SystemState &system);
+
+    /// The disk that has shown a serial number.
+    struct SerialOwner
+    {
+        std::string size;
+        std::string wwn;
+
+        bool operator==(const SerialOwner &) const = default;
+    };
 
     SystemFiles m_files;
+    std::map<std::string, SerialOwner> m_serials;
+    std::set<std::string> m_sharedSerials;
     DiskNames m_names;
     std::set<std::string> m_remarks; // a new remark is also written to the system log
 };

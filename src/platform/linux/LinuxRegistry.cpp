@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxRegistry.h"
 
+#include <algorithm>
+
 namespace orvana::platform::linux_host
 {
 
@@ -40,12 +42,16 @@ std::vector<std::string> LinuxRegistry::remarks()
 
 void LinuxRegistry::take(const MachineEvent &event)
 {
+    const bool isDisk = event.subsystem == "block" && event.type == "disk";
     if (event.subsystem == "pci")
         takePci(event);
-    else if (event.subsystem == "block" && event.type == "disk" && event.action == "add")
+    else if (isDisk && event.action == "add")
         takeDisk(event);
-    else if (event.subsystem == "block" && event.type == "disk" && event.action == "remove")
+    else if (isDisk && event.action == "remove")
         takeLostDisk(event);
+    else if (event.subsystem == DefinitionsChanged ||
+             (event.subsystem == "usb" && event.type == "usb_device" && event.action != "change"))
+        takeAnchor();
 }
 
 void LinuxRegistry::takePci(const MachineEvent &event)
@@ -53,6 +59,7 @@ void LinuxRegistry::takePci(const MachineEvent &event)
     if (event.action == "remove") {
         if (const auto gone = m_known.extract(event.path))
             tell(RegistryEvent::Terminated, gone.mapped());
+        takeAnchor();
         return;
     }
     // "add" and "bind" report the same arrival.
@@ -61,21 +68,54 @@ void LinuxRegistry::takePci(const MachineEvent &event)
     // Devices that came together with this device are in the same snapshot. Their own events then need no
     // other snapshot.
     const auto snapshot = m_machine.snapshot();
-    rememberControllers(*snapshot);
-    for (const auto &device : snapshot->tree.pci) {
-        if (m_known.insert(device).second)
-            tell(RegistryEvent::Published, device.second);
-    }
+    tellLostBays(*snapshot);
+    tellNew(*snapshot);
 }
 
 void LinuxRegistry::takeDisk(const MachineEvent &event)
 {
     const auto snapshot = m_machine.snapshot();
-    rememberControllers(*snapshot);
+    tellLostBays(*snapshot);
+    tellNew(*snapshot);
     for (const auto &disk : snapshot->disks) {
-        if (disk.device->path == event.path && disk.controller)
-            tell(RegistryEvent::Published, snapshot->tree.pci.at(disk.controller->path));
+        const auto controller = disk.device->path == event.path ? controllerOf(disk) : std::nullopt;
+        if (controller)
+            tell(RegistryEvent::Published, snapshot->tree.pci.at(*controller));
     }
+}
+
+// The dock of a definition may have come or gone, or a second one like it, or the definitions have changed.
+void LinuxRegistry::takeAnchor()
+{
+    const bool hasBays =
+        std::any_of(m_known.begin(), m_known.end(), [](const auto &known) { return isBayKey(known.first); });
+    if (!hasBays && !m_machine.hasDefinitions())
+        return;
+    const auto snapshot = m_machine.snapshot();
+    tellLostBays(*snapshot);
+    tellNew(*snapshot);
+}
+
+void LinuxRegistry::tellNew(const MachineSnapshot &snapshot)
+{
+    rememberControllers(snapshot);
+    for (const auto &device : snapshot.tree.pci) {
+        if (m_known.insert(device).second)
+            tell(RegistryEvent::Published, device.second);
+    }
+}
+
+void LinuxRegistry::tellLostBays(const MachineSnapshot &snapshot)
+{
+    std::vector<RegistryEntryPtr> lost;
+    std::erase_if(m_known, [&](const auto &known) {
+        const bool isLost = isBayKey(known.first) && !snapshot.tree.pci.contains(known.first);
+        if (isLost)
+            lost.push_back(known.second);
+        return isLost;
+    });
+    for (const auto &entry : lost)
+        tell(RegistryEvent::Terminated, entry);
 }
 
 // A disk can be taken out of its bay while the controller stays. When the controller goes as well, its disks
@@ -93,8 +133,8 @@ void LinuxRegistry::takeLostDisk(const MachineEvent &event)
 void LinuxRegistry::rememberControllers(const MachineSnapshot &snapshot)
 {
     for (const auto &disk : snapshot.disks) {
-        if (disk.controller)
-            m_controllers[disk.device->path] = disk.controller->path;
+        if (auto controller = controllerOf(disk))
+            m_controllers[disk.device->path] = std::move(*controller);
     }
 }
 

@@ -9,7 +9,8 @@ namespace orvana::platform::linux_host
 
 /// The machine's devices. A PCI device is reported as published when it comes. Disks come some time after
 /// their storage controller, so the controller is reported as published again with each disk that comes. In
-/// the same way a controller is reported as terminated with each disk that leaves it.
+/// the same way a controller is reported as terminated with each disk that leaves it. Each bay of an
+/// enclosure definition has a controller that comes and goes with the enclosure.
 class LinuxRegistry final : public HardwareRegistry
 {
 public:
@@ -33,11 +34,14 @@ private:
     void takePci(const MachineEvent &event);
     void takeDisk(const MachineEvent &event);
     void takeLostDisk(const MachineEvent &event);
+    void takeAnchor();
+    void tellNew(const MachineSnapshot &snapshot);
+    void tellLostBays(const MachineSnapshot &snapshot);
     void rememberControllers(const MachineSnapshot &snapshot);
     void tell(RegistryEvent event, const RegistryEntryPtr &entry);
 
     LinuxMachine &m_machine;
-    std::map<std::string, RegistryEntryPtr> m_known;  // PCI devices by path; the kernel forgets lost ones
+    std::map<std::string, RegistryEntryPtr> m_known;  // see LinuxTree::pci; the kernel forgets lost devices
     std::map<std::string, std::string> m_controllers; // controller's path by the disk's path
     std::vector<Watch> m_watches;
 };

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxTree.h"
 
 #include "foundation/DeviceBlocks.h"
+#include "platform/EnclosureModels.h"
 #include "platform/linux/ThunderboltRouters.h"
 
 #include <algorithm>
@@ -43,14 +44,31 @@ void setNumber(RegistryProperties &properties, const char *key, const std::strin
         properties[key] = std::int64_t{number};
 }
 
+std::uint64_t hashOf(const std::string &text)
+{
+    std::uint64_t sum = 14695981039346656037U; // FNV-1a
+    for (const char c : text)
+        sum = (sum ^ static_cast<std::uint8_t>(c)) * 1099511628211U;
+    return sum;
+}
+
 // The registry needs a number. Newer routers have an identifier that is twice as long and has no meaning of
 // its own, so its hash is used.
 std::int64_t uidOf(const Device &router)
 {
-    std::uint64_t sum = 14695981039346656037U; // FNV-1a
-    for (const char c : router.attribute("unique_id"))
-        sum = (sum ^ static_cast<std::uint8_t>(c)) * 1099511628211U;
-    return static_cast<std::int64_t>(sum);
+    return static_cast<std::int64_t>(hashOf(router.attribute("unique_id")));
+}
+
+// The program takes an enclosure with a definition for one of the maker's with four one-port controllers.
+RegistryProperties enclosureProperties(const enclosures::Definition &definition)
+{
+    return {{"Route String", std::int64_t{1}},
+            {"Depth", std::int64_t{1}},
+            {"UID", static_cast<std::int64_t>(hashOf("enclosure:" + definition.id))},
+            {"Device Vendor ID", MakerVendor},
+            {"Device Model ID", FourBayModels.front()},
+            {"Device Vendor Name", std::string("Definition")},
+            {"Device Model Name", definition.name}};
 }
 
 RegistryProperties routerProperties(const Device &router)
@@ -75,7 +93,8 @@ RegistryProperties mediaProperties(const std::string &name, bool isWhole, bool i
 class TreeBuilder
 {
 public:
-    TreeBuilder(const SystemState &system, const DiskNames &names) : m_devices(system.devices), m_names(names)
+    TreeBuilder(const SystemState &system, const DiskNames &names)
+        : m_devices(system.devices), m_defined(system.defined), m_names(names)
     {
         m_platform = &m_tree.root->add("IOPlatformExpertDevice", "Machine");
     }
@@ -86,6 +105,7 @@ public:
             addPci(*pci);
         for (const auto *router : routersOf(m_devices))
             addRouter(*router);
+        addDefinedEnclosures();
         for (const auto &disk : disks)
             addDisk(disk);
         for (const auto &[path, node] : m_pci)
@@ -156,6 +176,27 @@ private:
             "IOThunderboltSwitch", "IOThunderboltSwitch@" + hex(routeOf(router)), routerProperties(router));
     }
 
+    void addDefinedEnclosures()
+    {
+        for (std::size_t i = 0; i < m_defined.definitions.size(); ++i) {
+            if (m_defined.isPresent[i])
+                addDefined(m_defined.definitions[i]);
+        }
+    }
+
+    // Each bay has a controller behind a bridge of its own, with the numbers by which bays are told.
+    void addDefined(const enclosures::Definition &definition)
+    {
+        auto &enclosure = m_platform->add("IOThunderboltSwitch", "IOThunderboltSwitch@" + definition.id,
+                                          enclosureProperties(definition));
+        m_enclosures[&definition] = enclosure.path();
+        for (const auto &[bay, ports] : definition.bays) {
+            auto &bridge = enclosure.add("IOPCIDevice", "pci-bridge@" + std::to_string(bay - 'A'))
+                               .add("IOPCI2PCIBridge", "IOPP");
+            m_pci[keyOf({&definition, bay})] = &bridge.add("IOPCIDevice", "pci1b21,612@0");
+        }
+    }
+
     RegistryNode &aboveRouter(const Device &router)
     {
         const auto *above = m_devices.above(router, "thunderbolt");
@@ -174,7 +215,9 @@ private:
 
     void addDisk(const Disk &disk)
     {
-        auto &parent = disk.controller ? *m_below.at(disk.controller->path) : *m_platform;
+        auto &parent = disk.definedBay   ? *m_pci.at(keyOf(*disk.definedBay))
+                       : disk.controller ? *m_below.at(disk.controller->path)
+                                         : *m_platform;
         if (disk.diskClass == DiskClass::Services)
             addMedia(addServices(parent, disk), disk);
         else
@@ -209,7 +252,10 @@ private:
         setText(properties, "Model", disk.model);
         setText(properties, "Serial Number", disk.serial);
         setMarks(properties, disk);
-        if (disk.router)
+        if (disk.definedBay)
+            properties["Thunderbolt Path"] =
+                m_enclosures.at(disk.definedBay->definition) + "/IOThunderboltPort@7";
+        else if (disk.router)
             properties["Thunderbolt Path"] = m_routers.at(disk.router->path)->path() + "/IOThunderboltPort@7";
         auto *above = &parent;
         if (disk.port) {
@@ -269,6 +315,7 @@ private:
     }
 
     const DeviceList &m_devices;
+    const DefinedBays &m_defined;
     const DiskNames &m_names;
     LinuxTree m_tree{RegistryNode::makeRoot(), {}};
     RegistryNode *m_platform;
@@ -276,6 +323,7 @@ private:
     std::map<std::string, RegistryNode *> m_buses;
     std::map<std::string, RegistryNode *> m_pci;   // the entries of the devices themselves
     std::map<std::string, RegistryNode *> m_below; // the entries that hold the devices below them
+    std::map<const enclosures::Definition *, std::string> m_enclosures; // paths of the defined ones
     std::map<std::string, RegistryNode *> m_domains;
     std::map<std::string, RegistryNode *> m_routers;
     std::map<RegistryNode *, RegistryNode *> m_controllers;
@@ -286,6 +334,13 @@ private:
 LinuxTree makeTree(const SystemState &system, const std::vector<Disk> &disks, const DiskNames &names)
 {
     return TreeBuilder(system, names).build(disks);
+}
+
+std::optional<std::string> controllerOf(const Disk &disk)
+{
+    if (disk.definedBay)
+        return keyOf(*disk.definedBay);
+    return disk.controller ? std::optional(disk.controller->path) : std::nullopt;
 }
 
 std::string pciNameOf(const Device &pci)

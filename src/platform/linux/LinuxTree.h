@@ -10,8 +10,12 @@ namespace orvana::platform::linux_host
 struct LinuxTree
 {
     std::shared_ptr<RegistryNode> root;
-    std::map<std::string, RegistryEntryPtr> pci; ///< entries of PCI devices, by the kernel's path
+    /// Entries of PCI devices by the kernel's path, and of the controllers of defined bays by `keyOf`.
+    std::map<std::string, RegistryEntryPtr> pci;
 };
+
+/// Returns the key in `LinuxTree::pci` of the controller that the disk is on, or nullopt when it is on none.
+std::optional<std::string> controllerOf(const Disk &disk);
 
 /// Builds the registry: routers, PCI devices, disks and their content, in the order of the kernel's paths.
 /// All disks must be bound in `names`.

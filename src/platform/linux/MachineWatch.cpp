@@ -1,6 +1,7 @@
 #include "platform/linux/MachineWatch.h"
 
 #include "foundation/MainQueue.h"
+#include "platform/linux/FolderWatch.h"
 #include "platform/posix/Descriptor.h"
 
 #include <array>
@@ -37,13 +38,15 @@ std::string textOf(const char *text)
 class MachineWatch::Sources
 {
 public:
-    Sources() : m_stop(::eventfd(0, EFD_CLOEXEC)), m_context(udev_new())
+    explicit Sources(const std::string &definitions)
+        : m_stop(::eventfd(0, EFD_CLOEXEC)), m_definitions(definitions), m_context(udev_new())
     {
         if (m_context)
             m_devices.reset(udev_monitor_new_from_netlink(m_context.get(), "udev"));
         if (m_devices) {
             for (const char *subsystem : {"pci", "block", "thunderbolt"})
                 udev_monitor_filter_add_match_subsystem_devtype(m_devices.get(), subsystem, nullptr);
+            udev_monitor_filter_add_match_subsystem_devtype(m_devices.get(), "usb", "usb_device");
             // The buffer has room for the events of a whole enclosure.
             udev_monitor_set_receive_buffer_size(m_devices.get(), 16 * 1024 * 1024);
             udev_monitor_enable_receiving(m_devices.get());
@@ -58,15 +61,17 @@ public:
     /// Waits for an event. Returns false when the thread must end.
     bool wait()
     {
-        std::array<pollfd, 3> waits{pollfd{m_stop.number(), POLLIN, 0},
+        std::array<pollfd, 4> waits{pollfd{m_stop.number(), POLLIN, 0},
                                     pollfd{m_devices ? udev_monitor_get_fd(m_devices.get()) : -1, POLLIN, 0},
-                                    pollfd{m_mounts ? mnt_monitor_get_fd(m_mounts.get()) : -1, POLLIN, 0}};
+                                    pollfd{m_mounts ? mnt_monitor_get_fd(m_mounts.get()) : -1, POLLIN, 0},
+                                    pollfd{m_definitions.number(), POLLIN, 0}};
         while (::poll(waits.data(), waits.size(), -1) < 0) {
             if (errno != EINTR)
                 return false;
         }
         m_hasDevice = waits[1].revents != 0;
         m_hasMounts = waits[2].revents != 0;
+        m_hasDefinitions = waits[3].revents != 0;
         return waits[0].revents == 0;
     }
 
@@ -91,18 +96,22 @@ public:
         return true;
     }
 
+    bool takeDefinitions() { return std::exchange(m_hasDefinitions, false) && m_definitions.take(); }
+
 private:
     posix::Descriptor m_stop;
+    FolderWatch m_definitions;
     std::unique_ptr<udev, Unref> m_context;
     std::unique_ptr<udev_monitor, Unref> m_devices;
     std::unique_ptr<libmnt_monitor, Unref> m_mounts;
     bool m_hasDevice = false;
     bool m_hasMounts = false;
+    bool m_hasDefinitions = false;
 };
 
-MachineWatch::MachineWatch(MainQueue &queue, Handler handler)
+MachineWatch::MachineWatch(MainQueue &queue, Handler handler, const std::string &definitions)
     : m_queue(queue), m_handler(std::make_shared<Handler>(std::move(handler))),
-      m_sources(std::make_unique<Sources>()), m_thread([this] { run(); })
+      m_sources(std::make_unique<Sources>(definitions)), m_thread([this] { run(); })
 {
 }
 
@@ -119,6 +128,8 @@ void MachineWatch::run()
             hand(std::move(*event));
         if (m_sources->takeMounts())
             hand({});
+        if (m_sources->takeDefinitions())
+            hand({.action = "change", .subsystem = DefinitionsChanged, .type = {}, .path = {}});
     }
 }
 

@@ -61,4 +61,14 @@ std::vector<std::string> readSwaps(const std::string &file)
     return sources;
 }
 
+std::vector<std::string> readFileSystemTable(const std::string &file)
+{
+    std::vector<std::string> sources;
+    const Table table(mnt_new_table());
+    if (!table || mnt_table_parse_fstab(table.get(), file.c_str()) != 0)
+        return sources;
+    visit(*table, [&](libmnt_fs &entry) { sources.push_back(textOf(mnt_fs_get_source(&entry))); });
+    return sources;
+}
+
 } // namespace orvana::platform::linux_host

@@ -24,4 +24,8 @@ std::vector<Mount> readMounts(const std::string &file);
 /// Returns the sources in the swap table in `file`, which is "/proc/swaps" or a text in the same format.
 std::vector<std::string> readSwaps(const std::string &file);
 
+/// Returns the sources in the table of file systems in `file`, which is "/etc/fstab" or a text in the same
+/// format: nodes, or tags such as "UUID=1234".
+std::vector<std::string> readFileSystemTable(const std::string &file);
+
 } // namespace orvana::platform::linux_host

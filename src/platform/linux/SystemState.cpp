@@ -1,5 +1,7 @@
 #include "platform/linux/SystemState.h"
 
+#include "platform/linux/DefinedBays.h"
+
 #include <algorithm>
 #include <filesystem>
 
@@ -137,7 +139,7 @@ bool SystemState::isPooled(const Device &device) const
 
 SystemState readSystemState(const SystemFiles &files)
 {
-    SystemState system{files.devices(), readMounts(files.mounts), {}, readPools(files.btrfs), {}};
+    SystemState system{files.devices(), readMounts(files.mounts), {}, readPools(files.btrfs), {}, {}, {}};
     for (const auto &source : readSwaps(files.swaps)) {
         const auto *device = system.devices.blockAtNode(source);
         // A swap file counts for the device of the file system that holds the file.
@@ -148,6 +150,7 @@ SystemState readSystemState(const SystemFiles &files)
             system.swaps.insert(device->name);
     }
     system.beneathRoot = devicesBeneath(system, "/");
+    system.defined = findDefinedBays(system, files);
     return system;
 }
 

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "enclosures/BayClaims.h"
+#include "enclosures/DefinitionFolder.h"
 #include "platform/linux/DeviceList.h"
 #include "platform/linux/Mounts.h"
 
 #include <functional>
+#include <map>
+#include <optional>
 #include <set>
 
 namespace orvana::platform::linux_host
@@ -17,6 +21,37 @@ struct SystemFiles
     /// Holds one folder for each file system, and in each of these a folder "devices".
     std::string btrfs = "/sys/fs/btrfs";
     std::function<DeviceList()> devices = readDevices;
+    /// The enclosure definitions. By default those that root has written.
+    std::function<enclosures::DefinitionSet()> definitions = [] {
+        return enclosures::readDefinitions(enclosures::SystemFolder, enclosures::Trust::Root);
+    };
+    /// Holds the system's own tables of disks, such as "fstab".
+    std::string tables = "/etc";
+};
+
+/// The bay of an enclosure definition.
+struct DefinedBay
+{
+    const enclosures::Definition *definition;
+    char bay; ///< 'A' to 'D'
+};
+
+/// Returns a text that stands for the bay wherever the kernel's path of a device would stand:
+/// "enclosure:desk-dock/A".
+std::string keyOf(const DefinedBay &bay);
+
+/// True for a text that `keyOf` returned.
+bool isBayKey(const std::string &key);
+
+/// The enclosure definitions and what they mean for the devices that are there.
+struct DefinedBays
+{
+    std::vector<enclosures::Definition> definitions;  ///< all that were read
+    std::vector<bool> isPresent;                      ///< for each of them: the enclosure is there
+    std::map<std::string, enclosures::BayClaim> bays; ///< by the kernel's path of the disk
+    std::vector<std::string> remarks; ///< definitions and disks that do not count, with the reasons
+
+    std::optional<DefinedBay> bayOf(const Device &disk) const;
 };
 
 /// Devices and mounts as they were at one time.
@@ -30,6 +65,9 @@ struct SystemState
     /// Kernel names of the partitions and whole disks that hold the running system. "/" may lie on them
     /// through volume groups, encryption, images, layers and file systems over several devices.
     std::set<std::string> beneathRoot;
+    DefinedBays defined;
+    /// Serial numbers that two disks have shown, as far as the reader of this state remembers.
+    std::set<std::string> sharedSerials;
 
     /// True when a file system on this device is mounted, even if it lies on other devices as well.
     bool isMounted(const Device &device) const;

@@ -6,6 +6,7 @@
 #include "platform/linux/MadeUpMachine.h"
 #include "support/ManualMainQueue.h"
 #include "support/Recorder.h"
+#include "support/TemporaryTree.h"
 
 #include <gtest/gtest.h>
 
@@ -31,14 +32,34 @@ protected:
     platform::linux_host::LinuxHost &host()
     {
         if (!m_host) {
-            platform::linux_host::SystemFiles files;
-            files.mounts = m_machine.mountFile();
-            files.swaps = m_machine.swapFile();
-            files.btrfs = "/sys/fs/btrfs";
             m_host = std::make_unique<platform::linux_host::LinuxHost>(
-                std::make_unique<platform::NullWorkspace>(), m_queue, files);
+                std::make_unique<platform::NullWorkspace>(), m_queue, files());
         }
         return *m_host;
+    }
+
+    platform::linux_host::SystemFiles files() const
+    {
+        platform::linux_host::SystemFiles files;
+        files.mounts = m_machine.mountFile();
+        files.swaps = m_machine.swapFile();
+        files.btrfs = "/sys/fs/btrfs";
+        files.definitions = [folder = m_etc.path("enclosures.d")] {
+            return enclosures::readDefinitions(folder, enclosures::Trust::RootOrUser);
+        };
+        files.tables = m_etc.path("");
+        files.tables.pop_back();
+        return files;
+    }
+
+    /// Defines an enclosure. `bays` is what stands behind "bays" in its file, `anchor` behind "anchor".
+    void define(const std::string &id, const std::string &bays, const std::string &anchor = {})
+    {
+        const auto common = anchor.empty() ? std::string() : R"("anchor":)" + anchor + ",";
+        const auto definition = enclosures::readDefinition(id, R"({"version":1,"name":")" + id + R"(",)" +
+                                                                   common + R"("bays":)" + bays + "}");
+        ASSERT_TRUE(definition) << definition.error();
+        ASSERT_TRUE(enclosures::addDefinition(m_etc.path("enclosures.d"), *definition));
     }
 
     /// Scans everything anew.
@@ -69,6 +90,7 @@ protected:
     }
 
     MadeUpMachine m_machine;
+    TemporaryTree m_etc;
     std::string m_hostRouter, m_port, m_otherPort, m_internal, m_router;
     LogLines m_log;
     MainQueue *m_queue = nullptr;

@@ -161,6 +161,58 @@ std::string MadeUpMachine::addSataDisk(const std::string &controller, int port, 
     return addBlock(scsi, disk);
 }
 
+std::string MadeUpMachine::addUsbController(const std::string &name, int bus)
+{
+    const auto controller = addPci({}, name, "0x8086", "0xa36d", "0x0c0330");
+    return add(controller + "/usb" + std::to_string(bus), "usb",
+               {"E: DEVTYPE=usb_device", "A: idVendor=1d6b", "A: idProduct=0003", "A: serial=" + name,
+                "A: removable=unknown"});
+}
+
+std::string MadeUpMachine::addUsb(const std::string &hub, int port, const std::string &ids,
+                                  const std::string &serial, const std::string &removable)
+{
+    const auto above = nameOf(hub);
+    const auto name = (above.starts_with("usb") ? above.substr(3) + "-" : above + ".") + std::to_string(port);
+    std::vector<std::string> lines{"E: DEVTYPE=usb_device", "A: idVendor=" + ids.substr(0, 4),
+                                   "A: idProduct=" + ids.substr(5), "A: removable=" + removable};
+    if (!serial.empty())
+        lines.push_back("A: serial=" + serial);
+    return add(hub + "/" + name, "usb", lines);
+}
+
+std::string MadeUpMachine::addUsbDisk(const std::string &device, const MadeUpDisk &disk, int lun)
+{
+    const auto interface = device + "/" + nameOf(device) + ":1.0";
+    if (lun == 0) {
+        add(interface, "usb", {"E: DEVTYPE=usb_interface"});
+        ++m_host;
+        add(interface + "/host" + std::to_string(m_host), "scsi", {"E: DEVTYPE=scsi_host"});
+    }
+    const auto host = std::to_string(m_host);
+    const auto scsi =
+        interface + "/host" + host + "/target" + host + ":0:0/" + host + ":0:0:" + std::to_string(lun);
+    add(scsi, "scsi", {"E: DEVTYPE=scsi_device", "A: vendor=Dock    ", "A: model=" + disk.model});
+    auto usbDisk = disk;
+    usbDisk.properties.push_back("ID_BUS=usb");
+    return addBlock(scsi, usbDisk);
+}
+
+std::string MadeUpMachine::addNvmeDisk(const std::string &controller, const MadeUpDisk &disk)
+{
+    const auto nvme = add(controller + "/nvme/" + disk.node.substr(0, disk.node.size() - 2), "nvme",
+                          {"A: model=" + disk.model, "A: serial=" + disk.serial});
+    const auto number = std::to_string(m_numbers.size() * 16);
+    m_numbers[disk.node] = "259:" + number;
+    const auto path = add(nvme + "/" + disk.node, "block",
+                          {"N: " + disk.node, "E: DEVTYPE=disk", "E: MAJOR=259", "E: MINOR=" + number,
+                           "E: DEVNAME=/dev/" + disk.node, "E: DISKSEQ=" + std::to_string(m_paths.size()),
+                           "E: ID_MODEL=" + disk.model, "E: ID_SERIAL_SHORT=" + disk.serial, "A: nsid=1",
+                           "A: size=" + std::to_string(disk.blocks)});
+    makeFolder(path + "/holders");
+    return path;
+}
+
 std::string MadeUpMachine::addBlock(const std::string &above, const MadeUpDisk &disk)
 {
     const auto number = std::to_string(m_numbers.size() * 16);

@@ -79,6 +79,19 @@ public:
     /// Adds a disk on a port of a controller; ports count from 0.
     std::string addSataDisk(const std::string &controller, int port, const MadeUpDisk &disk);
 
+    /// Adds a USB controller, with the root hub of that bus number; returns the root hub.
+    std::string addUsbController(const std::string &name, int bus);
+
+    /// Adds a USB device at a port of a hub: port 3 of "2-1" is "2-1.3". `ids` is like "2109:0817".
+    std::string addUsb(const std::string &hub, int port, const std::string &ids,
+                       const std::string &serial = {}, const std::string &removable = "removable");
+
+    /// Adds a disk of a USB device; `lun` counts from 0.
+    std::string addUsbDisk(const std::string &device, const MadeUpDisk &disk, int lun = 0);
+
+    /// Adds an NVMe disk as the first namespace of a PCI device.
+    std::string addNvmeDisk(const std::string &controller, const MadeUpDisk &disk);
+
     /// Adds a whole disk below any device, or a partition of a disk.
     std::string addBlock(const std::string &above, const MadeUpDisk &disk);
     std::string addPartition(const std::string &disk, int number,

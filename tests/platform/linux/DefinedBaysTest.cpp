@@ -1,0 +1,441 @@
+// Enclosures that a definition makes of docks, hubs, backplanes and cases, on made-up machines.
+
+#include "diskutil/DiskFacts.h"
+#include "platform/linux/DiskPorts.h"
+#include "platform/linux/LinuxFixture.h"
+
+namespace orvana::test
+{
+
+namespace
+{
+
+using Lines = std::vector<std::string>;
+
+constexpr const char *HubIds = "2109:0817";
+constexpr const char *Hub = R"({"usb":"2109:0817"})";
+constexpr const char *TwoPorts = R"({"A":{"port":"1"},"B":{"port":"2"}})";
+constexpr const char *FourPorts = R"({"A":{"port":"1"},"B":{"port":"2"},"C":{"port":"3"},"D":{"port":"4"}})";
+
+} // namespace
+
+class DefinedBays : public LinuxFixture
+{
+protected:
+    DefinedBays()
+    {
+        m_rootHub = m_machine.addUsbController("0000:00:14.0", 2);
+        // The machine runs from a disk of its own.
+        m_machine.addPartition(
+            m_machine.addSataDisk(
+                m_internal, 0, {.node = "sda", .serial = "INT1", .properties = {"ID_PART_TABLE_TYPE=gpt"}}),
+            1);
+        m_machine.mountLine("20 1 8:1 / / rw - ext4 /dev/sda1 rw");
+    }
+
+    std::string addDisk(const std::string &hub, int port, const std::string &node, const std::string &serial,
+                        int lun = 0)
+    {
+        const auto device = lun == 0 ? m_machine.addUsb(hub, port, "152d:0578", "BRIDGE") : m_bridge;
+        m_bridge = device;
+        return m_machine.addUsbDisk(device, {.node = node, .serial = serial}, lun);
+    }
+
+    /// "Dock: Slot-A SN1, Slot-B SN2" for each enclosure.
+    Lines enclosures()
+    {
+        Lines lines;
+        for (const auto &enclosure : scan().tbArray()) {
+            auto line = enclosure->moduleName().value_or("none") + ":";
+            for (const auto &bay : baysOf(*enclosure))
+                line.append(" ").append(bay).append(",");
+            lines.push_back(line.substr(0, line.size() - 1));
+        }
+        return lines;
+    }
+
+    Lines otherDisks() const
+    {
+        Lines lines;
+        for (const auto &disk : m_scanner->otherDiskArray())
+            lines.push_back(disk->unitSerial().value_or("none"));
+        return lines;
+    }
+
+    diskutil::DiskFacts facts(const std::string &node)
+    {
+        return diskutil::factsOf(platform::linux_host::readSystemState(files()), node, diskutil::knownDisk)
+            .value();
+    }
+
+    Lines remarks() { return (scan(), host().registry().remarks()); }
+
+    /// The reason why the disk, which a definition names, is in no bay; empty when it is in one. All who ask
+    /// must get the same answer.
+    std::string refusal(const std::string &node)
+    {
+        std::string reason;
+        for (const auto &remark : remarks()) {
+            if (remark.starts_with(node + " ("))
+                reason = remark.substr(remark.find(')') + 2);
+        }
+        bool isListed = false;
+        for (const auto &enclosure : m_scanner->tbArray())
+            isListed = isListed || !enclosure->hddArray().empty();
+        EXPECT_EQ(isListed, reason.empty());
+        EXPECT_EQ(facts("/dev/" + node).isInBay, reason.empty());
+        return reason;
+    }
+
+    std::string m_rootHub, m_bridge;
+};
+
+TEST_F(DefinedBays, UsbDockWithTwoSlotsIsAnEnclosureLikeAnyOther)
+{
+    const auto dock = m_machine.addUsb(m_rootHub, 1, HubIds, "D1");
+    addDisk(dock, 1, "sdb", "SN1");
+    m_machine.addPartition(addDisk(dock, 2, "sdc", "SN2"), 1);
+    m_machine.mount("sdc1", "/media/anna/COPY");
+    define("dock", TwoPorts, Hub);
+    EXPECT_EQ(enclosures(), Lines{"dock: Slot-A SN1, Slot-B SN2"});
+    EXPECT_EQ(otherDisks(), Lines{"INT1"}) << "a disk in a bay is among no other disks";
+    const auto &enclosure = *m_scanner->tbArray().front();
+    EXPECT_EQ(enclosure.vendorID(), 65);
+    EXPECT_EQ(enclosure.moduleID(), 567);
+    EXPECT_EQ(enclosure.hddArray()[0]->hddModel(), "Dock     WD Red");
+    EXPECT_EQ(enclosure.hddArray()[1]->bsdPathArray().size(), 1U);
+    EXPECT_TRUE(facts("/dev/sdb").isInBay);
+    EXPECT_TRUE(diskutil::checkErasable("/dev/sdb", facts("/dev/sdb")));
+    EXPECT_FALSE(facts("/dev/sda").isInBay);
+    EXPECT_TRUE(remarks().empty());
+}
+
+TEST_F(DefinedBays, WithoutADefinitionADockIsNoEnclosure)
+{
+    addDisk(m_machine.addUsb(m_rootHub, 1, HubIds), 1, "sdb", "SN1");
+    EXPECT_TRUE(enclosures().empty());
+    EXPECT_EQ(otherDisks(), (Lines{"INT1", "SN1"}));
+    EXPECT_FALSE(facts("/dev/sdb").isInBay);
+}
+
+TEST_F(DefinedBays, HubWithFourSticksHasFourBays)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 4, HubIds);
+    for (int port = 1; port <= 4; ++port)
+        addDisk(hub, port, std::string("sd") + static_cast<char>('a' + port), "SN" + std::to_string(port));
+    define("hub", FourPorts, Hub);
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A SN1, Slot-B SN2, Slot-C SN3, Slot-D SN4"});
+}
+
+TEST_F(DefinedBays, HubBehindAHubCountsFromItsOwnAnchor)
+{
+    const auto outer = m_machine.addUsb(m_rootHub, 1, "05e3:0612");
+    const auto inner = m_machine.addUsb(outer, 3, HubIds);
+    addDisk(outer, 1, "sdb", "SN1");
+    addDisk(inner, 1, "sdc", "SN2");
+    define("inner", TwoPorts, Hub);
+    define("outer", R"({"A":{"port":"1"},"B":{"port":"3.2"}})", R"({"usb":"05e3:0612"})");
+    EXPECT_EQ(enclosures(), (Lines{"inner: Slot-A SN2", "outer: Slot-A SN1"}));
+    addDisk(inner, 2, "sdd", "SN3");
+    EXPECT_EQ(enclosures(), (Lines{"inner: Slot-A SN2", "outer: Slot-A SN1"}))
+        << "two definitions name its port";
+    EXPECT_FALSE(facts("/dev/sdd").isInBay);
+}
+
+TEST_F(DefinedBays, SameDockTwiceIsToldBySerialNumberAndRefusedWithout)
+{
+    const auto first = m_machine.addUsb(m_rootHub, 1, HubIds, "D1");
+    addDisk(first, 1, "sdb", "SN1");
+    define("any", TwoPorts, Hub);
+    EXPECT_EQ(enclosures(), Lines{"any: Slot-A SN1"});
+    const auto second = m_machine.addUsb(m_rootHub, 2, HubIds, "D2");
+    EXPECT_TRUE(enclosures().empty()) << "disks in it or not";
+    EXPECT_FALSE(facts("/dev/sdb").isInBay);
+    EXPECT_EQ(
+        remarks(),
+        Lines{"any (any.json): USB 2109:0817 is there 2 times and cannot be told apart; it has no bays"});
+    addDisk(second, 1, "sdc", "SN2");
+    define("second", TwoPorts, R"({"usb":"2109:0817","serial":"D2"})");
+    EXPECT_EQ(enclosures(), Lines{"second: Slot-A SN2"});
+}
+
+TEST_F(DefinedBays, BackplaneOfEightIsTwoDefinitions)
+{
+    const auto path = [](int port) {
+        return R"({"path":"pci-0000:00:1f.2-ata-)" + std::to_string(port) + R"("})";
+    };
+    const auto sata = m_machine.addAhci({}, "0000:00:1f.2", "0x8086", "0xa282");
+    for (int port = 0; port < 8; ++port)
+        m_machine.addSataDisk(sata, port,
+                              {.node = std::string("sd") + static_cast<char>('b' + port),
+                               .serial = "SN" + std::to_string(port + 1)});
+    define("left",
+           R"({"A":)" + path(1) + R"(,"B":)" + path(2) + R"(,"C":)" + path(3) + R"(,"D":)" + path(4) + "}");
+    define("right",
+           R"({"A":)" + path(5) + R"(,"B":)" + path(6) + R"(,"C":)" + path(7) + R"(,"D":)" + path(8) + "}");
+    EXPECT_EQ(enclosures(), (Lines{"left: Slot-A SN1, Slot-B SN2, Slot-C SN3, Slot-D SN4",
+                                   "right: Slot-A SN5, Slot-B SN6, Slot-C SN7, Slot-D SN8"}));
+    EXPECT_EQ(m_scanner->tbArray()[0]->hddArray()[0]->hddModel(), "WD Red");
+    EXPECT_NE(m_scanner->tbArray()[0]->uid(), m_scanner->tbArray()[1]->uid());
+}
+
+TEST_F(DefinedBays, FourNvmeDisksBehindASwitchAreCountedFromIt)
+{
+    const auto bridge = [&](const std::string &above, const std::string &name) {
+        return m_machine.addPci(above, name, "0x1b21", "0x2824", "0x060400");
+    };
+    const auto upper = bridge(m_otherPort, "0000:40:00.0");
+    std::string bays;
+    for (int i = 0; i < 4; ++i) {
+        const auto digit = std::to_string(i);
+        const auto lower = bridge(upper, "0000:41:0" + digit + ".0");
+        const auto nvme = m_machine.addPci(lower, "0000:4" + std::to_string(i + 2) + ":00.0", "0x144d",
+                                           "0xa808", "0x010802");
+        m_machine.addNvmeDisk(nvme,
+                              {.node = "nvme" + digit + "n1", .model = "980 PRO", .serial = "NV" + digit});
+        bays.append(bays.empty() ? "{" : ",")
+            .append("\"")
+            .append(1, static_cast<char>('A' + i))
+            .append(R"(":{"port":"0)");
+        bays.append(digit).append(R"(.0/00.0-nvme-1"})");
+    }
+    define("case", bays + "}", R"({"pci":"1b21:2824"})");
+    EXPECT_EQ(enclosures(), Lines{"case: Slot-A NV0, Slot-B NV1, Slot-C NV2, Slot-D NV3"});
+    EXPECT_EQ(m_scanner->tbArray()[0]->hddArray()[0]->hddModel(), "980 PRO");
+    bridge(m_port, "0000:50:00.0");
+    EXPECT_TRUE(enclosures().empty()) << "two switches of the same kind";
+}
+
+TEST_F(DefinedBays, BridgeWithFourDisksTellsThemByTheirNumber)
+{
+    for (int lun = 0; lun < 4; ++lun)
+        addDisk(m_rootHub, 1, std::string("sd") + static_cast<char>('b' + lun), "SN" + std::to_string(lun),
+                lun);
+    define("bridge", R"({"A":{"lun":0},"B":{"lun":1},"C":{"lun":2},"D":{"lun":3}})",
+           R"({"usb":"152d:0578"})");
+    EXPECT_EQ(enclosures(), Lines{"bridge: Slot-A SN0, Slot-B SN1, Slot-C SN2, Slot-D SN3"});
+}
+
+TEST_F(DefinedBays, PortWithSeveralDisksBehindItIsNoBay)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    addDisk(hub, 1, "sdb", "SN0");
+    addDisk(hub, 1, "sdc", "SN1", 1);
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(refusal("sdb"),
+              "is not where one can tell: another disk is at Slot-A of hub (hub.json), too; it is in no bay");
+    EXPECT_FALSE(facts("/dev/sdc").isInBay);
+}
+
+TEST_F(DefinedBays, SlotsOfACardReaderAreBaysAndEmptyOnesHoldNothing)
+{
+    const auto reader = m_machine.addUsb(m_rootHub, 1, "05e3:0749");
+    m_machine.addUsbDisk(reader, {.node = "sdb", .serial = "READER", .blocks = 0}, 0);
+    m_machine.addUsbDisk(reader, {.node = "sdc", .serial = "READER2", .blocks = 62'333'952}, 1);
+    define("reader", R"({"A":{"lun":0},"B":{"lun":1}})", R"({"usb":"05e3:0749"})");
+    EXPECT_EQ(enclosures(), Lines{"reader: Slot-B READER2"});
+}
+
+TEST_F(DefinedBays, PortOfTheSystemDiskIsABayAndRefusedLikeAnyStartUpDisk)
+{
+    define("inner", R"({"A":{"path":"pci-0000:00:17.0-ata-1"},"B":{"path":"pci-0000:00:17.0-ata-2"}})");
+    EXPECT_EQ(enclosures(), Lines{"inner: Slot-A INT1"});
+    const auto found = facts("/dev/sda");
+    EXPECT_TRUE(found.isInBay);
+    EXPECT_TRUE(found.holdsSystem);
+    EXPECT_FALSE(diskutil::checkErasable("/dev/sda", found));
+    EXPECT_FALSE(diskutil::checkEjectable("/dev/sda", found));
+}
+
+TEST_F(DefinedBays, DiskThatATableOfTheSystemNamesIsInNoBay)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    const auto device = m_machine.addUsb(hub, 1, "152d:0578");
+    m_machine.addPartition(
+        m_machine.addUsbDisk(
+            device, {.node = "sdb", .serial = "SN1", .properties = {"DEVLINKS=/dev/disk/by-id/usb-SN1"}}),
+        1,
+        {"ID_FS_UUID=AB-12", "ID_FS_LABEL=Back up", "ID_FS_LABEL_ENC=Back\\x20up",
+         "ID_PART_ENTRY_UUID=77aa-1", "ID_PART_ENTRY_NAME=data", "DEVLINKS=/dev/disk/by-uuid/AB-12"});
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(refusal("sdb"), "");
+    for (const char *line :
+         {"UUID=ab-12 /backup ext4 noauto 0 0", "LABEL=Back\\040up /b ext4 defaults 0 0",
+          "LABEL=\"Back\\040up\" /b ext4 defaults 0 0", "PARTUUID=77AA-1 none swap sw 0 0",
+          "PARTLABEL=data /b ext4", "/dev/sdb1 /b ext4 defaults", "/dev/disk/by-id/usb-SN1 /b ext4 defaults",
+          "/dev/disk/by-uuid/ab-12 /b ext4 defaults"}) {
+        m_etc.file("fstab", std::string("# comment\n") + line + "\n");
+        EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("fstab") + "; it is in no bay") << line;
+    }
+    m_etc.file("fstab", "# UUID=AB-12 /b ext4\nUUID=other / ext4 defaults 0 1\n/dev/sdb10 /c ext4\n");
+    EXPECT_EQ(refusal("sdb"), "");
+    m_etc.file("crypttab", "secret UUID=AB-12 none luks\n");
+    EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("crypttab") + "; it is in no bay");
+    m_etc.file("crypttab", "UUID=AB-12 /dev/other none\n");
+    EXPECT_EQ(refusal("sdb"), "");
+    m_etc.file("zfs/zpool.cache", std::string("\0\1/dev/sdb10\0/dev/disk/by-id/usb-SN1-part1\0", 44));
+    EXPECT_EQ(refusal("sdb"), "");
+    m_etc.file("zfs/zpool.cache", std::string("\0\1/dev/sdb1\0", 12));
+    EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("zfs/zpool.cache") + "; it is in no bay");
+}
+
+TEST_F(DefinedBays, MemberOfASetThatTheSystemPutsTogetherIsInNoBay)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    m_machine.addPartition(addDisk(hub, 1, "sdb", "SN1"), 1,
+                           {"ID_FS_TYPE=linux_raid_member", "ID_FS_USAGE=raid",
+                            "ID_FS_UUID=3aaa0122-29827cfa-5331ad66-ca767371"});
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(refusal("sdb"), "");
+    m_etc.file("mdadm/mdadm.conf",
+               "DEVICE partitions\nARRAY /dev/md0 metadata=1.2 UUID=3aaa0122:29827cfa:5331ad66:ca767371\n");
+    EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("mdadm/mdadm.conf") + "; it is in no bay");
+    m_etc.file("mdadm/mdadm.conf", "ARRAY /dev/md0 devices=/dev/sdz1,/dev/sdb1\n");
+    EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("mdadm/mdadm.conf") + "; it is in no bay");
+}
+
+TEST_F(DefinedBays, VolumeGroupThatTheSystemKnowsIsInNoBay)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    m_machine.addPartition(addDisk(hub, 1, "sdb", "SN1"), 1,
+                           {"ID_FS_TYPE=LVM2_member", "ID_FS_USAGE=raid", "ID_FS_UUID=DMkzSt-G6ou-vbqC"});
+    define("hub", TwoPorts, Hub);
+    m_etc.file("lvm/devices/system.devices",
+               "VERSION=1.1.2\nIDTYPE=sys_wwid IDNAME=t10.x DEVNAME=/dev/sdq1 PVID=DMkzStG6ouvbqC PART=1\n");
+    EXPECT_EQ(refusal("sdb"),
+              "is named by " + m_etc.path("lvm/devices/system.devices") + "; it is in no bay");
+}
+
+TEST_F(DefinedBays, DiskMountedWhereUsersMountNothingIsInNoBay)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    m_machine.addPartition(addDisk(hub, 1, "sdb", "SN1"), 1);
+    define("hub", TwoPorts, Hub);
+    for (const char *point : {"/srv/data", "/mnt", "/home/anna/disk", "/media", "/mediafiles/x"}) {
+        m_machine.mount("sdb1", point);
+        EXPECT_EQ(refusal("sdb"),
+                  std::string("is mounted at ") + point + ", where users mount nothing; it is in no bay");
+        m_machine.unmount(point);
+    }
+    for (const char *point : {"/media/anna/COPY", "/run/media/anna/COPY"}) {
+        m_machine.mount("sdb1", point);
+        EXPECT_EQ(refusal("sdb"), "");
+        m_machine.unmount(point);
+    }
+}
+
+TEST_F(DefinedBays, SerialNumberThatADockShowsForEachDiskIsNone)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    addDisk(hub, 1, "sdb", "DOCK");
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A DOCK"});
+    const auto second = addDisk(hub, 2, "sdc", "DOCK");
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A none, Slot-B none"});
+    const auto found = facts("/dev/sdb");
+    EXPECT_FALSE(found.identity.serial);
+    EXPECT_FALSE(diskutil::checkIdentity("/dev/sdb", found,
+                                         {.sequence = found.identity.sequence,
+                                          .serial = "DOCK",
+                                          .size = found.identity.bytes(),
+                                          .bay = found.identity.place}));
+    m_machine.pull(second);
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A none"}) << "two disks have shown it";
+}
+
+TEST_F(DefinedBays, SerialNumberThatAnotherDiskShowsLaterIsNone)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    const auto first = addDisk(hub, 1, "sdb", "DOCK");
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A DOCK"});
+    m_machine.pull(first);
+    m_machine.addUsbDisk(m_bridge, {.node = "sdc", .serial = "DOCK", .blocks = 4096}, 1);
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A none"});
+}
+
+TEST_F(DefinedBays, HubThatIsBuiltIntoTheMachineIsNoDock)
+{
+    const auto inner = m_machine.addUsb(m_rootHub, 1, HubIds, {}, "fixed");
+    addDisk(inner, 1, "sdb", "SN1");
+    define("hub", TwoPorts, Hub);
+    EXPECT_TRUE(enclosures().empty());
+    EXPECT_EQ(remarks(), Lines{"hub (hub.json): USB 2109:0817 is built into the machine; it has no bays"});
+    // A hub inside a dock hangs fixed on the dock's other hub.
+    const auto dock = m_machine.addUsb(m_rootHub, 2, "05e3:0612");
+    addDisk(m_machine.addUsb(dock, 1, "05e3:0610", {}, "fixed"), 1, "sdc", "SN2");
+    define("dock", TwoPorts, R"({"usb":"05e3:0610"})");
+    EXPECT_EQ(enclosures(), Lines{"dock: Slot-A SN2"});
+}
+
+TEST_F(DefinedBays, FourBayEnclosureNeedsNoDefinitionAndGetsNone)
+{
+    const auto upper = addEnclosure("612");
+    m_machine.addSataDisk(m_machine.controllerOf(upper, 0), 0, {.node = "sdb", .serial = "SN1"});
+    define("again", R"({"B":{"path":"pci-0000:03:00.0-ata-1"},"C":{"path":"x"}})");
+    EXPECT_EQ(enclosures(), (Lines{"Four Bay 1: Slot-A SN1", "again"}));
+    EXPECT_EQ(remarks(), Lines{"sdb (SN1) is in an enclosure that needs no definition; it is in no bay"});
+}
+
+TEST_F(DefinedBays, FileThatDoesNotCountIsSaidAndMakesNoBay)
+{
+    addDisk(m_machine.addUsb(m_rootHub, 1, HubIds), 1, "sdb", "SN1");
+    define("hub", TwoPorts, Hub);
+    const auto file = m_etc.path("enclosures.d/hub.json");
+    std::filesystem::permissions(file, std::filesystem::perms(0666));
+    EXPECT_TRUE(enclosures().empty());
+    EXPECT_EQ(remarks(), Lines{file + ": can be written to by others than its owner"});
+    EXPECT_FALSE(facts("/dev/sdb").isInBay);
+}
+
+TEST_F(DefinedBays, MemberOfARaidSetIsOfferedLikeInAnyEnclosureAndNeverErased)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    m_machine.addPartition(addDisk(hub, 1, "sdb", "SN1"), 1,
+                           {"ID_FS_TYPE=linux_raid_member", "ID_FS_USAGE=raid"});
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(enclosures(), Lines{"hub: Slot-A SN1"});
+    EXPECT_TRUE(m_scanner->tbArray()[0]->hddArray()[0]->isRaidFormated());
+    EXPECT_FALSE(diskutil::checkErasable("/dev/sdb", facts("/dev/sdb")));
+}
+
+TEST_F(DefinedBays, PathsHaveTheFormOfUdev)
+{
+    const auto system = [&] { return platform::linux_host::readDevices(); };
+    const auto pathOf = [&](const std::string &disk) {
+        const auto devices = system();
+        return platform::linux_host::idPathOf(devices, *devices.at(disk));
+    };
+    EXPECT_EQ(pathOf("/sys" + m_internal.substr(4) + "/ata1/host1/target1:0:0/1:0:0:0/block/sda"),
+              "pci-0000:00:17.0-ata-1.0");
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    EXPECT_EQ(pathOf(addDisk(hub, 3, "sdb", "SN1")), "pci-0000:00:14.0-usb-0:1.3:1.0-scsi-0:0:0:0");
+    EXPECT_EQ(pathOf(addDisk(hub, 3, "sdc", "SN1", 2)), "pci-0000:00:14.0-usb-0:1.3:1.0-scsi-0:0:0:2");
+    const auto nvme = m_machine.addPci({}, "0000:00:1d.0", "0x144d", "0xa808", "0x010802");
+    EXPECT_EQ(pathOf(m_machine.addNvmeDisk(nvme, {.node = "nvme0n1"})), "pci-0000:00:1d.0-nvme-1");
+    const auto sas = m_machine.addPci({}, "0000:00:1c.0", "0x1000", "0x0097", "0x010700");
+    const auto port = sas + "/host7/port-7:0";
+    m_machine.add(port + "/sas_port/port-7:0", "sas_port", {"A: num_phys=1"});
+    const auto end = port + "/end_device-7:0";
+    m_machine.add(end + "/sas_device/end_device-7:0", "sas_device",
+                  {"A: phy_identifier=4", "A: sas_address=0x4433221104000000"});
+    const auto scsi = m_machine.add(end + "/target7:0:0/7:0:0:0", "scsi", {"E: DEVTYPE=scsi_device"});
+    EXPECT_EQ(pathOf(m_machine.addBlock(scsi, {.node = "sdd"})), "pci-0000:00:1c.0-sas-phy4-lun-0");
+    const auto fibre =
+        m_machine.add(sas + "/host8/rport-8:0-1/target8:0:0/8:0:0:0", "scsi", {"E: DEVTYPE=scsi_device"});
+    EXPECT_EQ(pathOf(m_machine.addBlock(fibre, {.node = "sde"})), "");
+}
+
+TEST_F(DefinedBays, DiskNamesAndNumbersAreNeverUsedAgainAsInAnyEnclosure)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    const auto disk = addDisk(hub, 1, "sdb", "SN1");
+    define("hub", TwoPorts, Hub);
+    const auto first = scan().tbArray()[0]->hddArray()[0]->devPath();
+    m_machine.pull(disk);
+    scan();
+    m_machine.addUsbDisk(m_bridge, {.node = "sdb", .serial = "SN2"}, 1);
+    EXPECT_NE(scan().tbArray()[0]->hddArray()[0]->devPath(), first);
+}
+
+} // namespace orvana::test
