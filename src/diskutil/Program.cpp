@@ -54,12 +54,21 @@ Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFa
     return displayPath(node) + " is in a bay of an enclosure";
 }
 
+// udev asks about every disk. On a machine without any enclosure the answer needs no look at its devices.
+bool canHaveBays(const platform::linux_host::SystemFiles &files)
+{
+    return !platform::linux_host::namesIn("/sys/bus/thunderbolt/devices").empty() ||
+           !files.definitions().definitions.empty();
+}
+
 Outcome<std::string> perform(const Request &request, const BayRule &rule,
                              const platform::linux_host::SystemFiles &files)
 {
     const auto lookAt = [&](const std::string &node) {
         return factsOf(platform::linux_host::readSystemState(files), node, rule);
     };
+    if (request.verb == Verb::IsInBay && !canHaveBays(files))
+        return trouble(Refused, displayPath(request.node) + " is in no bay of an enclosure");
     if (request.verb == Verb::IsInBay)
         return isInBay(request.node, lookAt(request.node));
     UdisksService service;

@@ -18,12 +18,12 @@ std::string pathOfDiskUtility()
 
 } // namespace
 
-LinuxHost::LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, SystemFiles files)
-    : m_machine(std::move(files)), m_launcher(m_machine, pathOfDiskUtility()),
-      m_workspace(std::move(workspace))
+LinuxHost::LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files)
+    : m_machine(files), m_launcher(m_machine, pathOfDiskUtility()), m_workspace(std::move(workspace))
 {
     if (queue)
-        m_watch = std::make_unique<MachineWatch>(*queue, [this](const MachineEvent &event) { take(event); });
+        m_watch = std::make_unique<MachineWatch>(
+            *queue, [this](const MachineEvent &event) { take(event); }, files.definitionFolder);
 }
 
 void LinuxHost::take(const MachineEvent &event)

@@ -17,7 +17,7 @@ class LinuxHost final : public Host
 public:
     /// With a queue, which must outlive the host, changes are reported on the queue. With null nothing is
     /// watched.
-    LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, SystemFiles files = {});
+    LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files = {});
 
     /// Passes an event of the machine to the registry and to the volume events.
     void take(const MachineEvent &event);

@@ -21,12 +21,16 @@ struct SystemFiles
     /// Holds one folder for each file system, and in each of these a folder "devices".
     std::string btrfs = "/sys/fs/btrfs";
     std::function<DeviceList()> devices = readDevices;
-    /// The enclosure definitions. By default those that root has written.
-    std::function<enclosures::DefinitionSet()> definitions = [] {
-        return enclosures::readDefinitions(enclosures::SystemFolder, enclosures::Trust::Root);
-    };
+    /// Holds the enclosure definitions, and who may have written them.
+    std::string definitionFolder = enclosures::SystemFolder;
+    enclosures::Trust trust = enclosures::Trust::Root;
     /// Holds the system's own tables of disks, such as "fstab".
     std::string tables = "/etc";
+
+    enclosures::DefinitionSet definitions() const
+    {
+        return enclosures::readDefinitions(definitionFolder, trust);
+    }
 };
 
 /// The bay of an enclosure definition.

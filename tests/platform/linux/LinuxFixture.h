@@ -44,11 +44,9 @@ protected:
         files.mounts = m_machine.mountFile();
         files.swaps = m_machine.swapFile();
         files.btrfs = "/sys/fs/btrfs";
-        files.definitions = [folder = m_etc.path("enclosures.d")] {
-            return enclosures::readDefinitions(folder, enclosures::Trust::RootOrUser);
-        };
-        files.tables = m_etc.path("");
-        files.tables.pop_back();
+        files.definitionFolder = m_definitions;
+        files.trust = enclosures::Trust::RootOrUser;
+        files.tables = m_etc.root();
         return files;
     }
 
@@ -59,7 +57,7 @@ protected:
         const auto definition = enclosures::readDefinition(id, R"({"version":1,"name":")" + id + R"(",)" +
                                                                    common + R"("bays":)" + bays + "}");
         ASSERT_TRUE(definition) << definition.error();
-        ASSERT_TRUE(enclosures::addDefinition(m_etc.path("enclosures.d"), *definition));
+        ASSERT_TRUE(enclosures::addDefinition(m_definitions, *definition));
     }
 
     /// Scans everything anew.
@@ -91,6 +89,7 @@ protected:
 
     MadeUpMachine m_machine;
     TemporaryTree m_etc;
+    std::string m_definitions = m_etc.path("enclosures.d");
     std::string m_hostRouter, m_port, m_otherPort, m_internal, m_router;
     LogLines m_log;
     MainQueue *m_queue = nullptr;

@@ -1,62 +1,12 @@
 // Devices that come and go, and the contract of hosts on a made-up machine.
 
 #include "contract/HostContract.h"
-#include "discovery/ThunderBoltMonitor.h"
 #include "duplicate/engine/FileCopy.h"
-#include "foundation/NotificationNames.h"
-#include "foundation/PlainMainQueue.h"
-#include "platform/linux/LinuxFixture.h"
+#include "platform/linux/HotPlugFixture.h"
 #include "support/TestHost.h"
 
 namespace orvana::test
 {
-
-class HotPlug : public LinuxFixture
-{
-protected:
-    HotPlug() { m_queue = &m_mainQueue; }
-    ~HotPlug() override { m_host.reset(); } // the host must be destroyed before its queue
-
-    /// Records the reported events: "attached", "detached", "mounted", "unmounted", "renamed".
-    void watch()
-    {
-        m_subscriptions.push_back(m_center.subscribe(notification::TBDeviceAttached,
-                                                     [this](const Notification &) { note("attached"); }));
-        m_subscriptions.push_back(m_center.subscribe(notification::TBDeviceDeattached,
-                                                     [this](const Notification &) { note("detached"); }));
-        host().volumeEvents().subscribe([this](platform::VolumeChange change) {
-            note(change == platform::VolumeChange::Mounted     ? "mounted"
-                 : change == platform::VolumeChange::Unmounted ? "unmounted"
-                                                               : "renamed");
-        });
-        m_monitor = std::make_unique<ThunderBoltMonitor>(host().registry(), m_center);
-        m_monitor->MonitorInit();
-    }
-
-    /// Runs the main queue until `what` has been reported `times` times.
-    void runUntil(const std::string &what, int times = 1)
-    {
-        m_until = what;
-        m_times = times;
-        if (std::count(m_told.begin(), m_told.end(), what) < times)
-            m_mainQueue.run();
-    }
-
-    void note(const std::string &what)
-    {
-        m_told.push_back(what);
-        if (std::count(m_told.begin(), m_told.end(), m_until) >= m_times)
-            m_mainQueue.quit();
-    }
-
-    PlainMainQueue m_mainQueue;
-    NotificationCenter m_center;
-    std::vector<NotificationCenter::Subscription> m_subscriptions;
-    std::unique_ptr<ThunderBoltMonitor> m_monitor;
-    std::vector<std::string> m_told;
-    std::string m_until;
-    int m_times = 0;
-};
 
 using Told = std::vector<std::string>;
 
@@ -222,8 +172,22 @@ struct MadeUpOne : test::LinuxFixture
     Host *host = &test::LinuxFixture::host();
 };
 
+struct MadeUpDock : test::LinuxFixture
+{
+    MadeUpDock()
+    {
+        const auto hub = m_machine.addUsb(m_machine.addUsbController("0000:00:14.0", 2), 1, "2109:0817");
+        m_machine.addUsbDisk(m_machine.addUsb(hub, 1, "152d:0578"), {.node = "sda"});
+        define("dock", R"({"A":{"port":"1"},"B":{"port":"2"}})", R"({"usb":"2109:0817"})");
+    }
+    void TestBody() override {}
+
+    Host *host = &test::LinuxFixture::host();
+};
+
 } // namespace
 
-INSTANTIATE_TYPED_TEST_SUITE_P(MadeUp, HostContract, MadeUpOne);
+using MadeUpKinds = testing::Types<MadeUpOne, MadeUpDock>;
+INSTANTIATE_TYPED_TEST_SUITE_P(MadeUp, HostContract, MadeUpKinds);
 
 } // namespace orvana::platform

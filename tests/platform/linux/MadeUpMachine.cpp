@@ -155,8 +155,10 @@ std::string MadeUpMachine::addSataDisk(const std::string &controller, int port, 
 {
     const auto host = std::to_string(++m_host);
     const auto ata = controller + "/ata" + host;
+    add(ata, "ata"); // the kernel gives it no subsystem, but here each device has one
     add(ata + "/ata_port/ata" + host, "ata_port", {"A: port_no=" + std::to_string(port + 1)});
-    const auto scsi = ata + "/host" + host + "/target" + host + ":0:0/" + host + ":0:0:0";
+    const auto scsiHost = add(ata + "/host" + host, "scsi", {"E: DEVTYPE=scsi_host"});
+    const auto scsi = scsiHost + "/target" + host + ":0:0/" + host + ":0:0:0";
     add(scsi, "scsi", {"E: DEVTYPE=scsi_device", "A: vendor=ATA     ", "A: model=" + disk.model});
     return addBlock(scsi, disk);
 }

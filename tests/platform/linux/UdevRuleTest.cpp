@@ -1,5 +1,6 @@
 // The package's udev rule, read and applied by udev itself together with the machine's own rules.
 
+#include "platform/linux/DiskPorts.h"
 #include "platform/linux/LinuxFixture.h"
 #include "support/Shell.h"
 
@@ -78,9 +79,9 @@ protected:
     /// Returns the whole output of udev for the event of the device.
     std::string sayingsOn(const std::string &device, const std::string &action) const
     {
-        const auto said =
-            runShell(std::string("unshare --mount --propagation private -- sh -ec '") + Script + "' sh " +
-                     asWord(m_tree.path("60-orvana-plurimo.rules")) + " " + action + " " + asWord(device));
+        const auto said = runShell(std::string("unshare --mount --propagation private -- sh -ec '") + Script +
+                                   "' sh " + asWord(m_tree.path("60-orvana-plurimo.rules")) + " " + action +
+                                   " " + asWord(device) + " " + asWord(m_etc.root()));
         EXPECT_EQ(said.status, 0) << said.text;
         EXPECT_NE(said.text.find("DEVPATH=" + device.substr(4)), std::string::npos) << said.text;
         EXPECT_EQ(said.text.find("\n/run/udev/rules.d/60-orvana-plurimo.rules:"), std::string::npos)
@@ -92,7 +93,11 @@ protected:
     static constexpr const char *Script =
         "mount -t tmpfs tmpfs /run; mount -t tmpfs tmpfs /dev; "
         "mknod -m 666 /dev/null c 1 3; mkdir -p /run/udev/rules.d; "
-        "cp \"$1\" /run/udev/rules.d/; exec udevadm test --action=$2 \"$3\"";
+        "cp \"$1\" /run/udev/rules.d/; "
+        "if test -d \"$4/enclosures.d\"; then mkdir /run/etc; cp -a /etc/. /run/etc; "
+        "mkdir -p /run/etc/orvana-plurimo; cp -r \"$4/enclosures.d\" /run/etc/orvana-plurimo; "
+        "chown -R 0:0 /run/etc/orvana-plurimo; mount --bind /run/etc /etc; fi; "
+        "exec udevadm test --action=$2 \"$3\"";
     static constexpr const char *ExternalDisk = "uaccess UDISKS_SYSTEM=0 UDISKS_AUTO=1";
     static constexpr const char *ExternalPartition = "UDISKS_SYSTEM=0 UDISKS_AUTO=1";
 
@@ -183,6 +188,59 @@ TEST_F(UdevRule, DiskThatLeavesIsNotMarkedAnew)
 {
     const auto controller = m_machine.controllerOf(addEnclosure("612"), 0);
     EXPECT_EQ(markOf(m_machine.addSataDisk(controller, 0, {.node = "sda"}), "remove"), "");
+}
+
+TEST_F(UdevRule, DiskInADefinedBayIsExternalWhateverItsBus)
+{
+    const auto hub = m_machine.addUsb(m_machine.addUsbController("0000:00:14.0", 2), 1, "2109:0817");
+    const auto disk = [&](int port, const std::string &node) {
+        return m_machine.addUsbDisk(m_machine.addUsb(hub, port, "152d:0578"), {.node = node});
+    };
+    const auto first = disk(1, "sda");
+    const auto third = disk(3, "sdc");
+    EXPECT_EQ(markOf(first), "");
+    define("hub", R"({"A":{"port":"1"},"B":{"path":"pci-0000:00:17.0-ata-2"}})", R"({"usb":"2109:0817"})");
+    EXPECT_EQ(markOf(first), ExternalDisk);
+    EXPECT_EQ(markOf(third), "");
+    EXPECT_EQ(markOf(m_machine.addSataDisk(m_internal, 1, {.node = "sdd"})), ExternalDisk);
+    m_machine.addUsb(m_machine.addUsbController("0000:00:15.0", 4), 1, "2109:0817");
+    EXPECT_EQ(markOf(first), "") << "a second hub of the kind";
+}
+
+TEST_F(UdevRule, DiskOfTheRunningSystemInADefinedBayStaysTheSystemsOwn)
+{
+    const auto disk = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
+    m_machine.addPartition(disk, 1);
+    define("inner", R"({"A":{"path":"pci-0000:00:17.0-ata-1"},"B":{"path":"pci-0000:00:17.0-ata-2"}})");
+    EXPECT_EQ(markOf(disk), ExternalDisk);
+    rootOn("sda1");
+    EXPECT_EQ(markOf(disk), "");
+}
+
+TEST_F(UdevRule, HubThatComesHasTheDisksInBaysLookedAtAgain)
+{
+    const auto root = m_machine.addUsbController("0000:00:14.0", 2);
+    const auto hub = m_machine.add(root + "/2-1", "usb", {"E: DEVTYPE=usb_device", "A: bDeviceClass=09"});
+    EXPECT_NE(sayingsOn(hub, "add").find("udevadm trigger"), std::string::npos);
+    EXPECT_EQ(sayingsOn(m_machine.addUsb(root, 2, "152d:0578"), "add").find("udevadm trigger"),
+              std::string::npos);
+}
+
+TEST_F(UdevRule, PathsOfDisksAreThoseThatUdevItselfFinds)
+{
+    const auto hub = m_machine.addUsb(m_machine.addUsbController("0000:00:14.0", 2), 1, "2109:0817");
+    const auto case1 = m_machine.addUsb(hub, 2, "152d:0578");
+    const auto nvme = m_machine.addPci({}, "0000:00:1d.0", "0x144d", "0xa808", "0x010802");
+    const std::vector<std::string> disks{m_machine.addSataDisk(m_internal, 4, {.node = "sda"}),
+                                         m_machine.addUsbDisk(case1, {.node = "sdb"}, 0),
+                                         m_machine.addUsbDisk(case1, {.node = "sdc"}, 3),
+                                         m_machine.addNvmeDisk(nvme, {.node = "nvme0n1"})};
+    const auto devices = platform::linux_host::readDevices();
+    for (const auto &disk : disks) {
+        const auto path = platform::linux_host::idPathOf(devices, *devices.at(disk));
+        EXPECT_NE(sayingsOn(disk, "add").find("\nID_PATH=" + path + "\n"), std::string::npos)
+            << path << " " << sayingsOn(disk, "add");
+    }
 }
 
 TEST_F(UdevRule, WithoutTheDiskUtilityNothingIsMarked)
