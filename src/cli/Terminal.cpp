@@ -34,6 +34,14 @@ std::string Terminal::readLine(const std::function<bool()> &givesUp) const
     return {};
 }
 
+std::optional<std::string> Terminal::lineIfAny() const
+{
+    pollfd waiting{m_input, POLLIN, 0};
+    if (!canAsk() || ::poll(&waiting, 1, 0) <= 0)
+        return std::nullopt;
+    return readLine([] { return false; });
+}
+
 bool Terminal::confirm(std::string_view question, const std::function<bool()> &givesUp)
 {
     if (!canAsk())

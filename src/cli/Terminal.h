@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,10 @@ public:
     /// Asks on standard error and waits for a line. Returns true only if the line is "y" or "yes". Returns
     /// false at the end of the input, and when `givesUp` returns true.
     bool confirm(std::string_view question, const std::function<bool()> &givesUp);
+
+    /// Returns a line that the user has typed meanwhile, or nullopt. Waits for nothing but the rest of a
+    /// line.
+    std::optional<std::string> lineIfAny() const;
 
     bool isScreen() const { return m_isScreen; }
 

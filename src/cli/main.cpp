@@ -1,3 +1,4 @@
+#include "cli/BaysCommand.h"
 #include "cli/CopyCommand.h"
 #include "cli/DevicesCommand.h"
 #include "cli/DiskCommands.h"
@@ -7,6 +8,7 @@
 #include "cli/Terminal.h"
 #include "foundation/LiteralWords.h"
 #include "foundation/PlainMainQueue.h"
+#include "platform/Host.h"
 #include "platform/hosts/HostOptions.h"
 #include "platform/posix/CancelRequest.h"
 #include "platform/posix/ProcessStart.h"
@@ -27,6 +29,7 @@ struct CommandLineOptions
 {
     platform::HostChoice machine;
     std::optional<std::string> logFolder;
+    cli::BaysOptions bays;
     cli::CopyOptions copy;
     cli::DevicesOptions devices;
     cli::DuplicateOptions duplicate;
@@ -101,6 +104,17 @@ void describeDevices(CLI::App &devices, cli::DevicesOptions &options)
     devices.add_flag("--watch", options.watch, "Go on to print what comes and goes");
 }
 
+void describeBays(CLI::App &bays, cli::BaysOptions &options)
+{
+    bays.add_option("ACTION", options.action, "list (without one), learn, check or forget")
+        ->check(CLI::IsMember({"list", "learn", "check", "forget"}));
+    bays.add_option("NAME", options.name,
+                    "With learn and forget: the enclosure. With check: a file, to check nothing else");
+    bays.add_option("--bays", options.bays, "With learn: number of bays to ask for; by default 4")
+        ->check(CLI::Range(2, 4));
+    bays.add_flag("--json", options.json, "With list: print JSON");
+}
+
 void describeLogs(CLI::App &logs, cli::LogsOptions &options)
 {
     logs.add_option("ACTION", options.action, "list (without one), show, delete or clear")
@@ -148,7 +162,7 @@ void takeLiterally(CommandLineOptions &options)
          {&options.copy.sources, &options.copy.destinations, &options.duplicate.selection,
           &options.duplicate.names, &options.disks.bays, &options.disks.names, &options.logs.names})
         takeLiterally(*texts);
-    for (auto *text : {&options.simulator.target, &options.simulator.newName})
+    for (auto *text : {&options.simulator.target, &options.simulator.newName, &options.bays.name})
         takeLiterally(*text);
 }
 
@@ -164,6 +178,8 @@ void makeAbsolute(CommandLineOptions &options)
     }
     for (auto *paths : {&options.copy.sources, &options.copy.destinations})
         std::for_each(paths->begin(), paths->end(), makePath);
+    if (options.bays.action == "check" && !options.bays.name.empty())
+        makePath(options.bays.name);
 }
 
 ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, const std::string &command)
@@ -171,7 +187,7 @@ ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, co
     PlainMainQueue queue;
     const bool watches =
         command == "devices" ? options.devices.watch : command != "copy" && command != "logs";
-    const bool writesLog = command != "devices" && command != "logs";
+    const bool writesLog = command != "devices" && command != "logs" && command != "bays";
     if (const auto refusal = writesLog ? platform::makeLogFolder(options.logFolder) : std::nullopt) {
         terminal.printError("plurimoctl: " + refusal->reason);
         return refusal->status;
@@ -189,6 +205,8 @@ ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, co
         return cli::runErase(**host, queue, terminal, options.disks);
     if (command == "eject")
         return cli::runEject(**host, queue, terminal, options.disks);
+    if (command == "bays")
+        return cli::runBays((*host)->enclosureSetup(), queue, terminal, options.bays);
     if (command == "logs")
         return cli::runLogs(**host, terminal, options.logs);
     return cli::runDevices(**host, queue, terminal, options.devices);
@@ -217,6 +235,7 @@ int runMain(int argc, char **argv)
     auto *duplicate = app.add_subcommand("duplicate", "Copy a source onto the disks in an enclosure's bays");
     auto *erase = app.add_subcommand("erase", "Give the disks in an enclosure's bays a new file system");
     auto *eject = app.add_subcommand("eject", "Eject the disks in an enclosure's bays");
+    auto *bays = app.add_subcommand("bays", "Set up enclosures: which ports are the bays");
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
     auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
     auto *simulator = app.add_subcommand("simulator", "Change the simulated machine");
@@ -224,10 +243,11 @@ int runMain(int argc, char **argv)
     describeDuplicate(*duplicate, options.duplicate);
     describeErase(*erase, options.disks);
     describeDisks(*eject, options.disks);
+    describeBays(*bays, options.bays);
     describeDevices(*devices, options.devices);
     describeLogs(*logs, options.logs);
     describeSimulator(*simulator, options.simulator);
-    for (auto *command : {copy, duplicate, erase, eject, devices, logs, simulator})
+    for (auto *command : {copy, duplicate, erase, eject, bays, devices, logs, simulator})
         describeCommon(*command, options);
     try {
         auto typed = shelteredWords(argc, argv);

@@ -15,6 +15,7 @@ struct AnchorDevice
     std::string key;          ///< any text that tells it from all other devices, such as the kernel's path
     Anchor ids;               ///< with the serial number that it reports
     std::string disallowed{}; ///< why it cannot be an anchor, or empty
+    bool canMove = true;      ///< it can be plugged in elsewhere
 };
 
 /// The place of a disk below one of the devices above it.

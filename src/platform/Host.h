@@ -1,5 +1,10 @@
 #pragma once
 
+namespace orvana::enclosures
+{
+class EnclosureSetup;
+}
+
 namespace orvana::platform
 {
 
@@ -24,6 +29,7 @@ public:
     virtual VolumeEvents &volumeEvents() = 0;
     virtual CommandLauncher &launcher() = 0;
     virtual Workspace &workspace() = 0;
+    virtual enclosures::EnclosureSetup &enclosureSetup() = 0;
 };
 
 } // namespace orvana::platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "enclosures/EnclosureSetup.h"
 #include "platform/Account.h"
 #include "platform/FaultyVolumeFiles.h"
 #include "platform/Host.h"
@@ -41,6 +42,7 @@ public:
     platform::VolumeEvents &volumeEvents() override { return m_events; }
     platform::CommandLauncher &launcher() override { return m_launcher; }
     platform::Workspace &workspace() override { return m_workspace; }
+    enclosures::EnclosureSetup &enclosureSetup() override { return m_setup; }
     platform::FaultyVolumeFiles &faults() { return m_faulty; }
     const std::vector<std::string> &openedPages() const { return m_workspace.pages; }
     const std::vector<std::string> &openedFolders() const { return m_workspace.folders; }
@@ -57,6 +59,7 @@ public:
 private:
     std::string m_home;
     platform::NullRegistry m_registry;
+    enclosures::NullEnclosureSetup m_setup;
     platform::NullVolumeEvents m_events;
     platform::posix::PosixCommandLauncher m_launcher;
     RecordingWorkspace m_workspace;

@@ -35,6 +35,7 @@ public:
     platform::VolumeEvents &volumeEvents() override { return m_host.volumeEvents(); }
     platform::CommandLauncher &launcher() override { return *this; }
     platform::Workspace &workspace() override { return m_host.workspace(); }
+    enclosures::EnclosureSetup &enclosureSetup() override { return m_host.enclosureSetup(); }
 
     Result run(const std::string &path, const Words &arguments) override
     {

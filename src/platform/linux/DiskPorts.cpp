@@ -250,7 +250,8 @@ std::vector<enclosures::AnchorDevice> anchorDevicesOf(const DeviceList &devices)
             anchors.push_back(
                 {pci->path,
                  anchorOf(enclosures::Bus::Pci, pci->attribute("vendor"), pci->attribute("device")),
-                 {}});
+                 {},
+                 isRemovable(devices, *pci)});
     }
     return anchors;
 }

@@ -18,8 +18,10 @@ std::string pathOfDiskUtility()
 
 } // namespace
 
-LinuxHost::LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files)
-    : m_machine(files), m_launcher(m_machine, pathOfDiskUtility()), m_workspace(std::move(workspace))
+LinuxHost::LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files,
+                     const SetupPrograms &programs)
+    : m_machine(files), m_launcher(m_machine, pathOfDiskUtility()), m_enclosureSetup(m_machine, programs),
+      m_workspace(std::move(workspace))
 {
     if (queue)
         m_watch = std::make_unique<MachineWatch>(

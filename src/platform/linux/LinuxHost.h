@@ -2,6 +2,7 @@
 
 #include "platform/Host.h"
 #include "platform/Workspace.h"
+#include "platform/linux/LinuxEnclosureSetup.h"
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/LinuxVolumes.h"
@@ -17,7 +18,8 @@ class LinuxHost final : public Host
 public:
     /// With a queue, which must outlive the host, changes are reported on the queue. With null nothing is
     /// watched.
-    LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files = {});
+    LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files = {},
+              const SetupPrograms &programs = {});
 
     /// Passes an event of the machine to the registry and to the volume events.
     void take(const MachineEvent &event);
@@ -29,6 +31,7 @@ public:
     VolumeEvents &volumeEvents() override { return m_events; }
     CommandLauncher &launcher() override { return m_launcher; }
     Workspace &workspace() override { return *m_workspace; }
+    enclosures::EnclosureSetup &enclosureSetup() override { return m_enclosureSetup; }
 
 private:
     LinuxMachine m_machine;
@@ -38,6 +41,7 @@ private:
     LinuxRegistry m_registry{m_machine};
     LinuxVolumeEvents m_events{m_machine};
     LinuxLauncher m_launcher;
+    LinuxEnclosureSetup m_enclosureSetup;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<MachineWatch> m_watch; // last member: its events need all the others
 };

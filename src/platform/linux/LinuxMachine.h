@@ -34,6 +34,8 @@ public:
     /// True when there is any enclosure definition.
     bool hasDefinitions() const { return !m_files.definitions().definitions.empty(); }
 
+    const SystemFiles &files() const { return m_files; }
+
     const DiskNames &names() const { return m_names; }
 
     /// One sentence for each device that could not be used at the last snapshot, with the reason.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "enclosures/BayClaims.h"
 #include "platform/EnclosureModels.h"
 
 #include <cstdint>
@@ -63,8 +64,27 @@ struct Enclosure
     std::int64_t depth = 1;
     std::int64_t route = 1;
     std::string controller = "612"; ///< "612" has one port, "625" has two ports
+    std::string definition;         ///< id of the definition that made it, or empty
     bool isAttached = true;
     std::vector<Disk> bays;
+    std::string where;
+};
+
+/// A disk at a port that a definition may name.
+struct PortDisk
+{
+    Disk disk;
+    std::string port;       ///< below its dock: "3"; on the backplane: the whole path, as udev's ID_PATH
+    std::optional<int> lun; ///< one of several disks behind one bridge
+};
+
+/// A device with ports: a hub, a dock, a case with several disks.
+struct Dock
+{
+    enclosures::Anchor ids;
+    std::string at; ///< port of the machine where it is plugged in
+    bool isAttached = true;
+    std::vector<PortDisk> disks;
     std::string where;
 };
 
@@ -75,6 +95,18 @@ struct Machine
     std::vector<Enclosure> enclosures;
     std::map<std::string, std::int64_t> delays; ///< milliseconds, by command
     std::vector<std::string> failing;           ///< bays and commands that fail, like "eraseDisk B"
+    std::vector<Dock> docks;
+    std::vector<PortDisk> backplane;
+    std::vector<enclosures::Definition> definitions;
+
+    // Found by `putIntoBays`.
+    std::vector<std::string> remarks;                    ///< what the definitions do not settle
+    std::map<std::string, enclosures::DiskPlace> places; ///< of all disks outside the maker's enclosures
+    std::vector<enclosures::AnchorDevice> anchors;       ///< the docks that are attached
 };
+
+/// Puts each disk of the docks and the backplane where the definitions say: into a bay of an enclosure that
+/// is added for its definition, or else among the internal or USB disks.
+void putIntoBays(Machine &machine);
 
 } // namespace orvana::platform::simulator

@@ -22,8 +22,9 @@ void visitAllDisks(const Machine &machine, Visit visit)
 }
 
 /// Returns the JSON pointer of the entry that a lever's target names: an enclosure's number ("1"), a bay
-/// ("1/B"), or another disk ("internal/1", "usb/1", "fireWire/1"). Returns nullopt when the machine has no
-/// such entry.
+/// ("1/B"), another disk ("internal/1", "usb/1", "fireWire/1", "backplane/1"), a dock ("dock/1") or a disk in
+/// it
+/// ("dock/1/2"). Returns nullopt when the machine has no such entry.
 std::optional<std::string> placeOfTarget(const Machine &machine, const std::string &target);
 
 /// Returns the entry at the JSON pointer `where`. The entry must exist.

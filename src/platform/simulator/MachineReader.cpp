@@ -138,6 +138,83 @@ Enclosure readEnclosure(const Json &json, const std::string &where)
     return enclosure;
 }
 
+PortDisk readPortDisk(const Json &json, const std::string &where, bool isInDock)
+{
+    JsonFields fields(json, where);
+    PortDisk port;
+    if (isInDock) {
+        port.port = fields.text("port").value_or("");
+        if (const auto lun = fields.number("lun"))
+            port.lun = static_cast<int>(std::min<std::int64_t>(*lun, 1 << 20));
+        port.disk.vendor = fields.text("vendor");
+        port.disk.product = fields.text("product");
+    } else {
+        port.port = fields.requiredText("path");
+    }
+    readCommon(port.disk, fields);
+    readSata(port.disk, fields);
+    fields.end();
+    return port;
+}
+
+Dock readDock(const Json &json, const std::string &where, std::size_t index)
+{
+    JsonFields fields(json, where);
+    Dock dock;
+    dock.where = where;
+    dock.at = fields.text("at").value_or(std::to_string(index + 1));
+    dock.isAttached = fields.flag("attached", true);
+    Json ids = Json::object();
+    for (const char *key : {"usb", "pci", "serial"}) {
+        if (const auto text = fields.text(key))
+            ids[key] = *text;
+    }
+    // The ids are those of a definition, so the same reader takes them.
+    const Json probe{{"version", 1},
+                     {"name", "dock"},
+                     {"anchor", ids},
+                     {"bays", {{"A", {{"port", "1"}}}, {"B", {{"port", "2"}}}}}};
+    const auto read = enclosures::readDefinition("dock", probe.dump());
+    if (!read)
+        rejectEntry(where, read.error());
+    dock.ids = *read->bays.at('A').front().anchor;
+    fields.list("disks", [&](const Json &entry, const std::string &place) {
+        dock.disks.push_back(readPortDisk(entry, place, true));
+    });
+    fields.end();
+    return dock;
+}
+
+enclosures::Definition readOneDefinition(const Json &json, const std::string &where)
+{
+    if (!json.is_object() || !json.contains("id") || !json["id"].is_string() ||
+        !enclosures::isDefinitionId(json["id"].get<std::string>()))
+        rejectEntry(where, "needs an \"id\" of a-z, 0-9 and \"-\"");
+    auto entry = json;
+    entry.erase("id");
+    auto read = enclosures::readDefinition(json["id"].get<std::string>(), entry.dump());
+    if (!read)
+        rejectEntry(where, read.error());
+    return std::move(*read);
+}
+
+void readPorts(Machine &machine, JsonFields &fields)
+{
+    fields.list("docks", [&](const Json &entry, const std::string &place) {
+        machine.docks.push_back(readDock(entry, place, machine.docks.size()));
+    });
+    fields.list("backplane", [&](const Json &entry, const std::string &place) {
+        machine.backplane.push_back(readPortDisk(entry, place, false));
+    });
+    fields.list("definitions", [&](const Json &entry, const std::string &place) {
+        machine.definitions.push_back(readOneDefinition(entry, place));
+        for (const auto &other : machine.definitions) {
+            if (&other != &machine.definitions.back() && other.id == machine.definitions.back().id)
+                rejectEntry(place + "/id", "\"" + other.id + "\" is given twice");
+        }
+    });
+}
+
 void readTrouble(Machine &machine, JsonFields &fields)
 {
     if (const auto *delays = fields.value("delays")) {
@@ -172,8 +249,10 @@ Machine readAll(const Json &json)
     fields.list("enclosures", [&](const Json &entry, const std::string &place) {
         machine.enclosures.push_back(readEnclosure(entry, place));
     });
+    readPorts(machine, fields);
     readTrouble(machine, fields);
     fields.end();
+    putIntoBays(machine);
     return machine;
 }
 

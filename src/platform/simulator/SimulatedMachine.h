@@ -1,5 +1,6 @@
 #pragma once
 
+#include "enclosures/EnclosureSetup.h"
 #include "platform/CommandLauncher.h"
 #include "platform/simulator/MachineReader.h"
 #include "platform/simulator/MachineTree.h"
@@ -58,14 +59,19 @@ public:
     Outcome setMounted(const std::string &volume, bool isMounted);
     Outcome renameVolume(const std::string &volume, const std::string &newName);
 
+    /// The disks with their ports; see `enclosures::EnclosureSetup`.
+    enclosures::PortSnapshot ports() const;
+    Outcome addDefinition(const enclosures::Definition &definition);
+    Outcome removeDefinition(const std::string &id);
+
 private:
     SimulatedMachine(std::string file, MachineFile content, std::string text);
 
     int numberOf(const std::string &where);
     void apply(MachineFile content);
     bool refreshLocked();
-    Outcome
-    change(const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
+    Outcome change(
+        const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
     void forgetNumbersOfDetached();
     const Disk *diskAt(const std::string &device) const;
     bool isSpared(const Disk &disk, const std::string &device) const;

@@ -90,6 +90,8 @@ public:
         return event == RegistryEvent::Published ? match(RegistryMatching{className, {}}) : Answer{};
     }
 
+    std::vector<std::string> remarks() override { return m_machine.machine().remarks; }
+
     // Reports to each watch the entries that are only in the new tree (published) or only in the last tree
     // (terminated).
     void tellChanges()
@@ -166,6 +168,26 @@ private:
     const SimulatedMachine &m_machine;
     std::shared_ptr<RegistryNode> m_tree;
     std::vector<Watch> m_watches;
+};
+
+class SimulatorHost::SimulatedSetup final : public enclosures::EnclosureSetup
+{
+public:
+    explicit SimulatedSetup(SimulatedMachine &machine) : m_machine(machine) {}
+
+    enclosures::PortSnapshot look() override { return m_machine.ports(); }
+    enclosures::DefinitionSet definitions() override { return {m_machine.machine().definitions, {}}; }
+    tl::expected<void, std::string> add(const enclosures::Definition &definition) override
+    {
+        return m_machine.addDefinition(definition);
+    }
+    tl::expected<void, std::string> remove(const std::string &id) override
+    {
+        return m_machine.removeDefinition(id);
+    }
+
+private:
+    SimulatedMachine &m_machine;
 };
 
 class SimulatorHost::SimulatedEvents final : public VolumeEvents
@@ -273,7 +295,8 @@ SimulatorHost::SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueu
       m_registry(std::make_unique<SimulatedRegistry>(*m_machine)),
       m_events(std::make_unique<SimulatedEvents>(*m_machine)),
       m_launcher(std::make_unique<SimulatedTools>(*m_machine, [this] { setUpVolumes(); })),
-      m_workspace(std::move(workspace)), m_self(std::make_shared<SimulatorHost *>(this))
+      m_setup(std::make_unique<SimulatedSetup>(*m_machine)), m_workspace(std::move(workspace)),
+      m_self(std::make_shared<SimulatorHost *>(this))
 {
     setUpVolumes();
     if (m_queue)
@@ -305,6 +328,11 @@ VolumeEvents &SimulatorHost::volumeEvents()
 CommandLauncher &SimulatorHost::launcher()
 {
     return *m_launcher;
+}
+
+enclosures::EnclosureSetup &SimulatorHost::enclosureSetup()
+{
+    return *m_setup;
 }
 
 void SimulatorHost::lookForChanges()

@@ -47,6 +47,7 @@ public:
     VolumeEvents &volumeEvents() override;
     CommandLauncher &launcher() override;
     Workspace &workspace() override { return *m_workspace; }
+    enclosures::EnclosureSetup &enclosureSetup() override;
 
 private:
     class SimulatedAccount;
@@ -54,6 +55,7 @@ private:
     class SimulatedRegistry;
     class SimulatedEvents;
     class SimulatedTools;
+    class SimulatedSetup;
 
     void setUpVolumes();
     void retireDetachedVolumes();
@@ -70,6 +72,7 @@ private:
     std::unique_ptr<SimulatedRegistry> m_registry;
     std::unique_ptr<SimulatedEvents> m_events;
     std::unique_ptr<SimulatedTools> m_launcher;
+    std::unique_ptr<SimulatedSetup> m_setup;
     std::unique_ptr<Workspace> m_workspace;
     std::shared_ptr<SimulatorHost *> m_self; // waiting work finds the host through it, or null
 };
