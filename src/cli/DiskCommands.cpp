@@ -36,6 +36,7 @@ public:
 
     ExitStatus erase();
     ExitStatus eject();
+    ExitStatus mount();
 
     void setProgressMsg(const std::string &message) override { m_terminal.print(message); }
     void setFileProgerss(float) override {}
@@ -225,12 +226,43 @@ ExitStatus DiskCommand::eject()
     return statusOfResults("could not be ejected");
 }
 
+ExitStatus DiskCommand::mount()
+{
+    if (const auto refusal = chooseBays())
+        return refuse(*refusal);
+    const auto devices = m_scan.devices();
+    const auto enclosure = chosenEnclosure(devices, m_choice.enclosure);
+    if (!enclosure)
+        return refuse(refusalOf(enclosure.error()));
+    auto wanted = **enclosure;
+    std::erase_if(wanted.hddArray(), [&](const auto &disk) {
+        const auto bay = bayOfDisk(*disk);
+        return !m_options.bays.empty() &&
+               (!bay || std::find(m_bays.begin(), m_bays.end(), *bay) == m_bays.end());
+    });
+    auto disks = planMount(wanted);
+    if (disks.empty()) {
+        m_terminal.print("No disk in a bay has a volume that is not mounted.");
+        return AllDone;
+    }
+    m_log.initLogFile();
+    m_tool.setDiskArray(std::move(disks));
+    m_tool.MountDisks();
+    return statusOfResults("could not be mounted");
+}
+
 } // namespace
 
 ExitStatus runErase(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                     const DiskOptions &options)
 {
     return DiskCommand(host, queue, terminal, options).erase();
+}
+
+ExitStatus runMount(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
+                    const DiskOptions &options)
+{
+    return DiskCommand(host, queue, terminal, options).mount();
 }
 
 ExitStatus runEject(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,

@@ -21,10 +21,10 @@ namespace orvana::cli
 
 class Terminal;
 
-/// The options of `plurimoctl erase` and `plurimoctl eject`.
+/// The options of `plurimoctl erase`, `plurimoctl eject` and `plurimoctl mount`.
 struct DiskOptions
 {
-    int enclosure = 0;
+    std::optional<int> enclosure;   ///< needed but for mount
     std::vector<std::string> bays;  ///< "B"; empty stands for B, C and D, the destinations of a source in A
     std::vector<std::string> names; ///< "B=COPY1"; erase only
     std::optional<std::string> logFolder;
@@ -40,6 +40,11 @@ ExitStatus runErase(platform::Host &host, PlainMainQueue &queue, Terminal &termi
 /// `plurimoctl eject`: ejects the disks in an enclosure's bays. Consent, signals and `queue` as in
 /// `runErase`.
 ExitStatus runEject(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
+                    const DiskOptions &options);
+
+/// `plurimoctl mount`: mounts what is in an enclosure's bays and not mounted; without bays, in all of them.
+/// Needs no consent, because nothing on the disks changes. `queue` as in `runErase`.
+ExitStatus runMount(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                     const DiskOptions &options);
 
 } // namespace orvana::cli

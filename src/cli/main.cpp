@@ -90,6 +90,14 @@ void describeDisks(CLI::App &command, cli::DiskOptions &options)
     command.add_flag("--yes", options.yes, "Do not ask");
 }
 
+void describeMount(CLI::App &mount, cli::DiskOptions &options)
+{
+    mount.add_option("--enclosure", options.enclosure, "Number of the enclosure, as \"devices\" counts them");
+    mount.add_option("--bay", options.bays, "Bay from A to D; by default all of them")
+        ->type_name("BAY")
+        ->allow_extra_args(false);
+}
+
 void describeErase(CLI::App &erase, cli::DiskOptions &options)
 {
     describeDisks(erase, options);
@@ -203,6 +211,8 @@ ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, co
         return cli::runDuplicate(**host, queue, terminal, options.duplicate);
     if (command == "erase")
         return cli::runErase(**host, queue, terminal, options.disks);
+    if (command == "mount")
+        return cli::runMount(**host, queue, terminal, options.disks);
     if (command == "eject")
         return cli::runEject(**host, queue, terminal, options.disks);
     if (command == "bays")
@@ -235,6 +245,7 @@ int runMain(int argc, char **argv)
     auto *duplicate = app.add_subcommand("duplicate", "Copy a source onto the disks in an enclosure's bays");
     auto *erase = app.add_subcommand("erase", "Give the disks in an enclosure's bays a new file system");
     auto *eject = app.add_subcommand("eject", "Eject the disks in an enclosure's bays");
+    auto *mount = app.add_subcommand("mount", "Mount what is in an enclosure's bays and not mounted");
     auto *bays = app.add_subcommand("bays", "Set up enclosures: which ports are the bays");
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
     auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
@@ -243,11 +254,12 @@ int runMain(int argc, char **argv)
     describeDuplicate(*duplicate, options.duplicate);
     describeErase(*erase, options.disks);
     describeDisks(*eject, options.disks);
+    describeMount(*mount, options.disks);
     describeBays(*bays, options.bays);
     describeDevices(*devices, options.devices);
     describeLogs(*logs, options.logs);
     describeSimulator(*simulator, options.simulator);
-    for (auto *command : {copy, duplicate, erase, eject, bays, devices, logs, simulator})
+    for (auto *command : {copy, duplicate, erase, eject, mount, bays, devices, logs, simulator})
         describeCommon(*command, options);
     try {
         auto typed = shelteredWords(argc, argv);

@@ -39,6 +39,15 @@ bool isImage(const SystemState &system, const Device &partition)
     });
 }
 
+// A file system, but not one that the machine starts from or that the desktop is told to hide.
+bool isForUsers(const Device &partition)
+{
+    constexpr const char *StartPartition = "c12a7328-f81f-11d2-ba4b-00a0c93ec93b";
+    return partition.property("ID_FS_USAGE") == "filesystem" &&
+           partition.property("ID_PART_ENTRY_TYPE") != StartPartition &&
+           partition.property("UDISKS_IGNORE") != "1";
+}
+
 void addPartition(const SystemState &system, const Device &partition, DiskFacts &facts)
 {
     facts.isExamined = facts.isExamined && platform::linux_host::hasUdevLooked(partition);
@@ -46,6 +55,8 @@ void addPartition(const SystemState &system, const Device &partition, DiskFacts 
     facts.isHeld = facts.isHeld || !partition.holders.empty() || isImage(system, partition);
     facts.isSwappedOn = facts.isSwappedOn || system.swaps.contains(partition.name);
     facts.holdsSystem = facts.holdsSystem || system.beneathRoot.contains(partition.name);
+    if (isForUsers(partition))
+        facts.fileSystems.push_back("/dev/" + partition.name);
     const auto before = facts.mounted.size();
     for (const auto &mount : system.mounts) {
         if (platform::linux_host::deviceOf(system.devices, mount) != &partition)
@@ -154,6 +165,15 @@ Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts)
         return refuse(node, "is in no bay of an enclosure");
     if (!facts.isExamined)
         return refuse(node, "is not examined yet: what is on it is not known");
+    if (facts.isMember)
+        return refuse(node, "is a member of a RAID set or a volume group");
+    return checkEjectable(node, facts);
+}
+
+Outcome<void> checkMountable(const std::string &node, const DiskFacts &facts)
+{
+    if (!facts.isInBay)
+        return refuse(node, "is in no bay of an enclosure");
     if (facts.isMember)
         return refuse(node, "is a member of a RAID set or a volume group");
     return checkEjectable(node, facts);

@@ -32,6 +32,8 @@ struct DiskFacts
     bool isMember = false;   ///< the disk is a member of a RAID set or a volume group
     bool isHeld = false;     ///< something is built upon it
     std::vector<MountedVolume> mounted;
+    /// Nodes of the file systems that a user may want to see, mounted or not: "/dev/sdb1".
+    std::vector<std::string> fileSystems;
 };
 
 /// The disk that a block device is, and whether it is in a bay of an enclosure. A `BayRule` returns
@@ -60,6 +62,9 @@ Outcome<void> checkIdentity(const std::string &node, const DiskFacts &facts, con
 
 /// Refuses a disk that must never be erased. A mounted file system is no reason to refuse here.
 Outcome<void> checkErasable(const std::string &node, const DiskFacts &facts);
+
+/// Refuses a disk that is in no bay, that the system works with, or that is no disk of its own.
+Outcome<void> checkMountable(const std::string &node, const DiskFacts &facts);
 
 /// Refuses a disk that the system works with. Such a disk is neither erased nor ejected.
 Outcome<void> checkEjectable(const std::string &node, const DiskFacts &facts);

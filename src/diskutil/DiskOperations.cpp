@@ -2,6 +2,8 @@
 
 #include "foundation/DisplayPath.h"
 
+#include <algorithm>
+
 namespace orvana::diskutil
 {
 
@@ -175,6 +177,35 @@ Outcome<std::string> ejectDisk(const Request &request, const Surroundings &with)
         return trouble(SomethingFailed,
                        "Disk " + request.node + " ejected, but not all could be written to it: " + lost);
     return "Disk " + request.node + " ejected";
+}
+
+Outcome<std::string> mountDisk(const Request &request, const Surroundings &with)
+{
+    const auto held = with.hold(request.expected.sequence.value_or(0));
+    if (!held)
+        return tl::unexpected(held.error());
+    auto facts = lookAndCheck(request, with, checkMountable);
+    if (!facts)
+        return tl::unexpected(facts.error());
+    const auto nodes = facts->fileSystems;
+    if (nodes.empty())
+        return trouble(Refused, displayPath(request.node) + " has no volume that can be mounted");
+    std::string points;
+    for (const auto &node : nodes) {
+        const auto isMounted = [&](const MountedVolume &volume) { return volume.node == node; };
+        if (std::any_of(facts->mounted.begin(), facts->mounted.end(), isMounted))
+            continue;
+        const auto point = with.service.mount(node);
+        if (!point)
+            return trouble(point.error().status,
+                           displayPath(node) + " cannot be mounted: " + point.error().reason);
+        points.append(points.empty() ? "" : ", ").append(displayPath(*point));
+        // The service takes a node, so the disk must be the same before each one.
+        facts = lookAndCheck(request, with, checkMountable);
+        if (!facts)
+            return tl::unexpected(facts.error());
+    }
+    return "Disk " + request.node + (points.empty() ? " is mounted already" : " mounted at " + points);
 }
 
 } // namespace orvana::diskutil

@@ -32,4 +32,8 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &surro
 /// user.
 Outcome<std::string> ejectDisk(const Request &request, const Surroundings &surroundings);
 
+/// Mounts the file systems of the disk that are not mounted. Returns the message for the user. A disk without
+/// any file system is refused.
+Outcome<std::string> mountDisk(const Request &request, const Surroundings &surroundings);
+
 } // namespace orvana::diskutil

@@ -74,6 +74,8 @@ Outcome<std::string> perform(const Request &request, const BayRule &rule,
     UdisksService service;
     const Surroundings surroundings{lookAt,   service,         usersOf,
                                     writeOut, isMountableHere, eraseFormatSetting()};
+    if (request.verb == Verb::MountDisk)
+        return mountDisk(request, surroundings);
     return request.verb == Verb::EraseDisk ? eraseDisk(request, surroundings)
                                            : ejectDisk(request, surroundings);
 }

@@ -111,6 +111,8 @@ Outcome<Request> readRequest(const std::vector<std::string> &words)
         request.name = plain[2];
     } else if (plain.size() == 2 && plain[0] == "eject") {
         request.verb = Verb::Eject;
+    } else if (plain.size() == 2 && plain[0] == "mountDisk") {
+        request.verb = Verb::MountDisk;
     } else if (words.size() == 2 && plain.size() == 2 && plain[0] == "isInBay") {
         request.verb = Verb::IsInBay;
     } else {

@@ -23,7 +23,7 @@ struct Expectation
     std::vector<platform::DiskFingerprint> spared{};
 };
 
-enum class Verb { EraseDisk, Eject, IsInBay };
+enum class Verb { EraseDisk, Eject, MountDisk, IsInBay };
 
 /// One call of the program.
 struct Request
@@ -38,6 +38,7 @@ struct Request
 inline constexpr const char *Usage =
     "Usage: orvana-diskutil eraseDisk FORMAT NAME DEVICE EXPECTATIONS\n"
     "       orvana-diskutil eject DEVICE EXPECTATIONS\n"
+    "       orvana-diskutil mountDisk DEVICE EXPECTATIONS\n"
     "       orvana-diskutil isInBay DEVICE\n"
     "EXPECTATIONS: --expect-sequence=N --expect-serial=TEXT --expect-size=BYTES --expect-bay=TEXT\n"
     "              [--spare=[device=NODE,][arrival=N,][size=BYTES,][wwn=TEXT,]serial=TEXT]...";

@@ -26,7 +26,7 @@ struct DiskResult
     std::string reason; ///< why it failed: first output line or our own words; valid UTF-8; empty on success
 };
 
-/// Erases and ejects disks one after the other, with one run of the system's disk utility for each disk.
+/// Erases, ejects and mounts disks one after the other, with one run of the system's disk utility for each disk.
 ///
 /// Used on the main thread, which waits meanwhile. Posts "DiskMessage" before each disk. If a command fails,
 /// the next command is run all the same.
@@ -56,6 +56,7 @@ public:
     /// Work through the list. Return false only when stopped before the end of the list.
     bool EraseDisks();
     bool EjectDisks();
+    bool MountDisks();
 
     /// Erases, and posts "EraseDiskFinish" when the list is done.
     void startEraseDisks();

@@ -160,6 +160,17 @@ tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &
     return plan;
 }
 
+std::vector<DiskUtilInfo> planMount(const ORVThunderboltInfo &enclosure)
+{
+    std::vector<DiskUtilInfo> disks;
+    for (const auto &disk : enclosure.hddArray()) {
+        if (bayOfDisk(*disk) && disk->hasOtherPartitions() && !disk->isRaidFormated() &&
+            !isStartupDisk(*disk))
+            disks.push_back(diskUtilInfo(*disk, {}));
+    }
+    return disks;
+}
+
 tl::expected<EjectPlan, EnclosureRefusal> planSourceEject(const ScannedDevices &devices,
                                                           const RunChoice &choice)
 {

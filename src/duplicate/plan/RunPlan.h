@@ -115,6 +115,10 @@ tl::expected<EjectPlan, EnclosureRefusal> planTargetEject(const ScannedDevices &
 tl::expected<EjectPlan, EnclosureRefusal> planSourceEject(const ScannedDevices &devices,
                                                           const RunChoice &choice);
 
+/// Returns the disks in bays of the enclosure that have a partition that is not mounted. The start-up disk
+/// and members of RAID sets are left out. The name is empty, since it is not known before the mount.
+std::vector<DiskUtilInfo> planMount(const ORVThunderboltInfo &enclosure);
+
 /// Returns every refusal on a line of its own, for a "Warning" sheet.
 std::string textOf(const std::vector<DiskRefusal> &refusals);
 std::string textOf(const std::vector<NameRefusal> &refusals);

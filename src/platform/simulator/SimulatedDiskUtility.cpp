@@ -115,4 +115,23 @@ CommandLauncher::Result SimulatedMachine::eject(const std::string &device)
     return changed ? CommandLauncher::Result{"Disk " + device + " ejected\n", 0} : failed(changed.error());
 }
 
+CommandLauncher::Result SimulatedMachine::mountDisk(const std::string &device)
+{
+    const auto *disk = diskAt(device);
+    if (!disk)
+        return failed("Unable to find disk for " + device, NotThere);
+    if (disk->bay.empty())
+        return failed("Error: the disk is in no bay", Refused);
+    if (disk->volumes.empty() || disk->isRaid)
+        return failed("Error: the disk has no volume that can be mounted", Refused);
+    if (fails("mountDisk", *disk))
+        return failed("Error: the disk could not be mounted");
+    const auto where = disk->where;
+    const auto changed = change([&](Json &json) {
+        for (auto &volume : entryAt(json, where)["volumes"])
+            volume.erase("mounted");
+    });
+    return changed ? CommandLauncher::Result{"Disk " + device + " mounted\n", 0} : failed(changed.error());
+}
+
 } // namespace orvana::platform::simulator

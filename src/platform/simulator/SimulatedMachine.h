@@ -52,6 +52,7 @@ public:
     void setSparedDisks(std::vector<DiskFingerprint> disks) { m_sparedDisks = std::move(disks); }
     CommandLauncher::Result eraseDisk(const std::string &name, const std::string &device);
     CommandLauncher::Result eject(const std::string &device);
+    CommandLauncher::Result mountDisk(const std::string &device);
 
     // The levers. A target is an enclosure's number ("1"), a bay ("1/B"), or another disk ("internal/1",
     // "usb/1", "fireWire/1"). A volume is named by its label.

@@ -274,7 +274,11 @@ private:
             return m_machine.eraseDisk(words[2], words[3]);
         if (words.size() == 2 && words[0] == "eject")
             return m_machine.eject(words[1]);
-        return {"Usage: diskutil eraseDisk FORMAT NAME DEVICE | diskutil eject DEVICE\n", 2};
+        if (words.size() == 2 && words[0] == "mountDisk")
+            return m_machine.mountDisk(words[1]);
+        return {"Usage: diskutil eraseDisk FORMAT NAME DEVICE | diskutil eject DEVICE | diskutil mountDisk "
+                "DEVICE\n",
+                2};
     }
 
     Result changed(Result result)
