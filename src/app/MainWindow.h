@@ -167,6 +167,9 @@ private:
     void scanAll();
     bool isPlaceholderSelected() const;
     void rememberEnclosure();
+    int itemOfDefined(const ChosenEnclosure &chosen) const;
+    void showEnclosureAgain(bool wasRefused);
+    void keepSource(const std::string &title);
     void showSource(const PathObject &root);
     void fillSourcePopup(const SourcePlan &plan);
     void disableSlots(bool disabled);

@@ -55,8 +55,17 @@ void MainWindow::scanAll()
 
 void MainWindow::rescanDevice()
 {
+    const auto chosen = chosenNow();
+    const bool wasRefused = m_diskInfo->hasBootDisk() || m_diskInfo->has_RAIDDisk();
     scanAll();
     m_tbDevice->updateTBDevPopUp(m_ScanDevice.tbArray());
+    if (const int item = itemOfDefined(chosen); item > 0) {
+        m_tbDevice->tbDevicePopup->setCurrentIndex(item);
+        rememberEnclosure();
+        showEnclosureAgain(wasRefused);
+        m_run->endIfEnclosureIsLost();
+        return;
+    }
     rememberEnclosure();
     showSource(nullptr);
     setSourceDiskInfo();
@@ -65,6 +74,54 @@ void MainWindow::rescanDevice()
     m_diskInfo->changeLocation();
     displayDialog(0, true);
     m_run->endIfEnclosureIsLost();
+}
+
+// Disks of a dock come and go one by one. So an enclosure with a definition stays chosen while it is there.
+// Returns its item in the picker, or 0 for any other enclosure.
+int MainWindow::itemOfDefined(const ChosenEnclosure &chosen) const
+{
+    const auto &enclosures = m_ScanDevice.tbArray();
+    for (std::size_t i = 0; i < enclosures.size(); ++i) {
+        if (chosen.uid && enclosures[i]->definition() && enclosures[i]->uid() == chosen.uid)
+            return static_cast<int>(i) + 1;
+    }
+    return 0;
+}
+
+void MainWindow::showEnclosureAgain(bool wasRefused)
+{
+    m_diskInfo->setHasBootDisk(false);
+    keepSource(m_diskInfo->SourcePopup->selectedTitle());
+    setTargetDiskInfo();
+    m_diskInfo->setSlotAisSource();
+    m_diskInfo->changeLocation();
+    setTargetDiskInfoColor();
+    displayDialog(m_run->isOn() ? 2 : 1, true);
+    disableSlots(m_run->isOn() || m_diskInfo->hasBootDisk());
+    const bool isRefused = m_diskInfo->hasBootDisk() || m_diskInfo->has_RAIDDisk();
+    if (isRefused && !wasRefused)
+        refuseEnclosure();
+    else if (wasRefused && !isRefused && !m_run->isOn())
+        m_action->StartBtn->setEnabled(true);
+}
+
+// The source of that title keeps its tree and its check marks, unless it is another volume by now.
+void MainWindow::keepSource(const std::string &title)
+{
+    const auto match = sourceTitled(title, selectedEnclosure(), devices(), user());
+    if (!match.root || *match.root != m_source.root || !isStillThere(m_context.host, devices(), m_source)) {
+        setSourceDiskInfo();
+        m_fileList->startCountThread();
+        return;
+    }
+    const auto plan = planSources(selectedEnclosure(), devices(), user());
+    fillSourcePopup(plan);
+    auto *popup = m_diskInfo->SourcePopup;
+    popup->setCurrentIndex(popup->findData(QByteArray::fromStdString(title)));
+    setRow("Source", match.row);
+    m_diskInfo->setTextColor("Source", SystemColor::blue());
+    m_maySourceBeEjected = match.mayBeEjected;
+    m_diskInfo->EjectSourceDiskBtn->setEnabled(m_maySourceBeEjected);
 }
 
 void MainWindow::tbDevSelectionChange()

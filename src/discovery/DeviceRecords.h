@@ -141,6 +141,10 @@ public:
     const std::string &tbPath() const { return m_tbPath; }
     void setTbPath(std::string path) { m_tbPath = std::move(path); }
 
+    /// Id of the enclosure definition that makes an enclosure of it; nullopt for the maker's own enclosures.
+    const std::optional<std::string> &definition() const { return m_definition; }
+    void setDefinition(std::optional<std::string> id) { m_definition = std::move(id); }
+
     /// The disks behind it, in the order in which they were found.
     Disks &hddArray() { return m_hddArray; }
     const Disks &hddArray() const { return m_hddArray; }
@@ -163,6 +167,7 @@ private:
     std::optional<std::int64_t> m_routeSring;
     float m_portNum = 0.0F;
     std::string m_tbPath;
+    std::optional<std::string> m_definition;
     Disks m_hddArray;
     std::optional<std::int64_t> m_state;
     std::optional<std::int64_t> m_moduleID;

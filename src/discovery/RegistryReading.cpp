@@ -73,6 +73,7 @@ std::shared_ptr<ORVThunderboltInfo> switchRecordOf(const RegistryEntry &entry)
     if (record->depth().value_or(0) > 0)
         record->setParentTb(uidAbove(entry));
     record->setTbPath(entry.path());
+    record->setDefinition(textOf(entry, "Enclosure Definition"));
     record->setModuleID(numberOf(entry, "Device Model ID"));
     record->setVendorID(numberOf(entry, "Device Vendor ID"));
     record->setVendorName(textOf(entry, "Device Vendor Name"));

@@ -68,7 +68,8 @@ RegistryProperties enclosureProperties(const enclosures::Definition &definition)
             {"Device Vendor ID", MakerVendor},
             {"Device Model ID", FourBayModels.front()},
             {"Device Vendor Name", std::string("Definition")},
-            {"Device Model Name", definition.name}};
+            {"Device Model Name", definition.name},
+            {"Enclosure Definition", definition.id}};
 }
 
 RegistryProperties routerProperties(const Device &router)

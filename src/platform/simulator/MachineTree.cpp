@@ -175,15 +175,18 @@ void addEnclosure(RegistryNode &root, const Enclosure &enclosure, std::size_t in
                            {"Device Vendor ID", std::int64_t{1}},
                            {"Device Model ID", std::int64_t{0x0a}},
                            {"Device Vendor Name", std::string("Host")}});
+    RegistryProperties properties{{"Depth", enclosure.depth},
+                                  {"UID", enclosure.uid},
+                                  {"Route String", enclosure.route},
+                                  {"Device Vendor ID", enclosure.vendor},
+                                  {"Device Model ID", enclosure.model},
+                                  {"Device Model Name", enclosure.name},
+                                  {"Device Vendor Name", enclosure.vendorName}};
+    if (!enclosure.definition.empty())
+        properties["Enclosure Definition"] = enclosure.definition;
     const auto &device =
         host.add("IOThunderboltSwitch", "IOThunderboltSwitch@" + std::to_string(enclosure.route),
-                 {{"Depth", enclosure.depth},
-                  {"UID", enclosure.uid},
-                  {"Route String", enclosure.route},
-                  {"Device Vendor ID", enclosure.vendor},
-                  {"Device Model ID", enclosure.model},
-                  {"Device Model Name", enclosure.name},
-                  {"Device Vendor Name", enclosure.vendorName}});
+                 std::move(properties));
     auto &chain = root.add("IOPCIDevice", "RP" + at + "@1C")
                       .add("IOPCI2PCIBridge", "IOPP")
                       .add("IOPCIDevice", "UPS" + at + "@0",
