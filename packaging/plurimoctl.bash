@@ -4,7 +4,7 @@ _plurimoctl() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if [ "$COMP_CWORD" = 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject devices logs simulator --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject mount bays devices logs simulator --help --version" -- "$word")
         return
     fi
     case $before in
@@ -29,6 +29,8 @@ _plurimoctl() {
     duplicate) options+=" --enclosure --source --select --erase --name --verify --yes --json" ;;
     erase) options+=" --enclosure --bay --name --yes" ;;
     eject) options+=" --enclosure --bay --yes" ;;
+    mount) options+=" --enclosure --bay" ;;
+    bays) options+=" list learn check forget --bays --json" ;;
     devices) options+=" --json --watch" ;;
     logs) options+=" list show delete clear --yes --json" ;;
     simulator) options+=" attach detach mount unmount rename show" ;;

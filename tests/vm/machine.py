@@ -35,25 +35,31 @@ class Machine:
                  "-drive", f"if=virtio,format=raw,snapshot=on,file={system}",
                  "-device", "virtio-serial-pci",
                  "-chardev", f"socket,id=orders,path={folder}/orders,server=on,wait=off",
-                 "-device", "virtserialport,chardev=orders,name=orders",
-                 "-device", "pcie-root-port,id=root,chassis=1,slot=1,bus-reserve=16",
-                 "-device", "x3130-upstream,id=switch,bus=root"]
-        for number, bay in enumerate(BAYS):
-            image = f"{folder}/disk{bay}"
-            with open(image, "wb") as file:
-                file.truncate(disk_mebibytes * MEBIBYTE)
-            words += ["-device", f"xio3130-downstream,id=bay{bay},bus=switch,addr={number},"
-                                 f"chassis={number + 2},slot={number + 2}",
-                      "-device", f"ich9-ahci,id=controller{bay},bus=bay{bay}",
-                      "-drive", f"if=none,id=image{bay},format=raw,file={image}",
-                      "-device", f"ide-hd,id=disk{bay},bus=controller{bay}.0,drive=image{bay},serial=SN{bay},"
-                                 f"model=Disk {bay}"]
+                 "-device", "virtserialport,chardev=orders,name=orders"]
+        self.disk_mebibytes = disk_mebibytes
+        words += self.devices()
         self.process = subprocess.Popen(words)
         try:
             self.start_talking()
         except BaseException:
             self.end()
             raise
+
+    def devices(self):
+        """The words that add the disks and what they are connected to."""
+        words = ["-device", "pcie-root-port,id=root,chassis=1,slot=1,bus-reserve=16",
+                 "-device", "x3130-upstream,id=switch,bus=root"]
+        for number, bay in enumerate(BAYS):
+            image = f"{self.folder}/disk{bay}"
+            with open(image, "wb") as file:
+                file.truncate(self.disk_mebibytes * MEBIBYTE)
+            words += ["-device", f"xio3130-downstream,id=bay{bay},bus=switch,addr={number},"
+                                 f"chassis={number + 2},slot={number + 2}",
+                      "-device", f"ich9-ahci,id=controller{bay},bus=bay{bay}",
+                      "-drive", f"if=none,id=image{bay},format=raw,file={image}",
+                      "-device", f"ide-hd,id=disk{bay},bus=controller{bay}.0,drive=image{bay},serial=SN{bay},"
+                                 f"model=Disk {bay}"]
+        return words
 
     def start_talking(self):
         self.control = self.connect("control").makefile("rw")

@@ -16,9 +16,9 @@ struct Device
     std::string subsystem;                         ///< "block", "pci", "thunderbolt"
     std::string type;                              ///< the kernel's DEVTYPE, or empty
     std::string name;                              ///< last component of the path
-    std::map<std::string, std::string> properties; ///< from the kernel and udev
+    std::map<std::string, std::string> properties; ///< from the kernel and udev; of block devices only
     std::map<std::string, std::string> attributes; ///< those that are read, without their newline
-    bool isInitialized = false;                    ///< udev has an entry for the device
+    bool isInitialized = false;                    ///< udev has an entry for the block device
     std::vector<std::string> holders;              ///< for a block device: names of the devices built upon it
     std::vector<std::string> slaves;               ///< for a block device: names of the devices beneath it
 

@@ -155,8 +155,10 @@ void setContent(const SystemState &system, Disk &disk, const ExclusiveUse &inExc
 // it is on. A bridge reports the disk's maker and its model apart.
 void putIntoBay(Disk &disk)
 {
-    const auto vendor = disk.vendor.value_or("");
-    if (disk.diskClass == DiskClass::Services && disk.model && !vendor.empty() && !vendor.starts_with("ATA"))
+    const auto vendor = withoutBlanks(disk.vendor.value_or(""));
+    if (disk.model)
+        disk.model = withoutBlanks(*disk.model);
+    if (disk.diskClass == DiskClass::Services && disk.model && !vendor.empty() && vendor != "ATA")
         disk.model = vendor + " " + *disk.model;
     disk.diskClass = DiskClass::Driver;
     disk.isExternal = true;
@@ -265,6 +267,13 @@ bool hasUdevLooked(const Device &device)
     return device.isInitialized ||
            std::any_of(device.properties.begin(), device.properties.end(),
                        [](const auto &property) { return property.first.starts_with("ID_"); });
+}
+
+std::string withoutBlanks(const std::string &text)
+{
+    const auto first = text.find_first_not_of(' ');
+    return first == std::string::npos ? std::string()
+                                      : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 std::string decoded(const std::string &text)

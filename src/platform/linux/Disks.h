@@ -68,6 +68,9 @@ bool isMember(const Device &device);
 /// True when udev has looked at the disk. Before that, nothing is known about the content of the disk.
 bool hasUdevLooked(const Device &device);
 
+/// Returns the text without the blanks at its ends, with which disks fill up their texts.
+std::string withoutBlanks(const std::string &text);
+
 /// Decodes a text from udev, in which unusual bytes are written as \xNN.
 std::string decoded(const std::string &text);
 

@@ -45,8 +45,8 @@ enclosures::PortSnapshot LinuxEnclosureSetup::look()
         placed.place = placeOfDisk(devices, *disk.device);
         placed.arrival = disk.device->path + " " + std::to_string(disk.sequence.value_or(0)) + " " +
                          std::to_string(disk.blocks);
-        placed.model = disk.model.value_or("");
-        placed.serial = disk.serial.value_or("");
+        placed.model = withoutBlanks(disk.model.value_or(""));
+        placed.serial = withoutBlanks(disk.serial.value_or(""));
         placed.bytes = identityOf(disk).bytes();
         if (disk.definedBay)
             placed.bay = enclosures::slotOf(disk.definedBay->bay) + " of " +

@@ -102,7 +102,7 @@ TEST_F(DefinedBays, UsbDockWithTwoSlotsIsAnEnclosureLikeAnyOther)
     const auto &enclosure = *m_scanner->tbArray().front();
     EXPECT_EQ(enclosure.vendorID(), 65);
     EXPECT_EQ(enclosure.moduleID(), 567);
-    EXPECT_EQ(enclosure.hddArray()[0]->hddModel(), "Dock     WD Red");
+    EXPECT_EQ(enclosure.hddArray()[0]->hddModel(), "Dock WD Red");
     EXPECT_EQ(enclosure.hddArray()[1]->bsdPathArray().size(), 1U);
     EXPECT_TRUE(facts("/dev/sdb").isInBay);
     EXPECT_TRUE(diskutil::checkErasable("/dev/sdb", facts("/dev/sdb")));
