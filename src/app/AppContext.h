@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace orvana
@@ -23,6 +24,10 @@ struct AppContext
     MainQueue &queue;
     const Clock &clock;
     std::string logFolder; ///< folder of the logs and reports
+    /// Starts the program once more, on the demo machine, and returns false if that fails. Empty when this is
+    /// the demo.
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::function<bool()> startDemo{};
 };
 
 } // namespace orvana

@@ -66,6 +66,9 @@ void MainMenu::makeRunMenu()
     press(menu, tr("E&ject Source"), QKeySequence(Qt::CTRL | Qt::Key_E), slots.EjectSourceDiskBtn);
     press(menu, tr("Eject &Destinations"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
           slots.EjectTargetDiskBtn);
+    m_mountDisks = add(menu, tr("&Mount disks"), {}, [this] { m_window.mountDisks(); });
+    menu->addSeparator();
+    m_setUpBays = add(menu, tr("Set up &bays..."), {}, [this] { m_window.setUpBays(); });
     menu->addSeparator();
     m_lastReport = add(menu, tr("&Last Report"), QKeySequence(Qt::CTRL | Qt::Key_R),
                        [this] { m_window.showLastReport(); });
@@ -89,6 +92,8 @@ void MainMenu::update()
     }
     m_mirrored.front().action->setText(m_window.myCopyActionViewController().StartBtn->text());
     m_rescan->setEnabled(!m_window.isBusy());
+    m_mountDisks->setEnabled(m_window.mayMountDisks());
+    m_setUpBays->setEnabled(!m_window.isBusy());
     m_lastReport->setEnabled(m_window.hasReport());
 }
 

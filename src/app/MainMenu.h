@@ -41,6 +41,8 @@ private:
     OrvanaAppDelegate &m_delegate;
     QList<Mirrored> m_mirrored;
     QAction *m_rescan = nullptr;
+    QAction *m_mountDisks = nullptr;
+    QAction *m_setUpBays = nullptr;
     QAction *m_lastReport = nullptr;
 };
 

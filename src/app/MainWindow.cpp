@@ -1,8 +1,10 @@
 #include "app/MainWindow.h"
 
+#include "app/BaySetupSheet.h"
 #include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
+#include "panels/NoEnclosureView.h"
 #include "panels/TBDeviceViewController.h"
 #include "platform/Host.h"
 #include "platform/Workspace.h"
@@ -39,6 +41,7 @@ QIcon themeIcon(const QString &name, QStyle::StandardPixmap otherwise)
 MainWindow::MainWindow(const AppContext &context, QWidget *parent)
     : QMainWindow(parent), m_context(context),
       m_progressUpdate(context.queue, BetweenProgress, [this] { showProgress(); }),
+      m_setupWriter(context.host.enclosureSetup(), context.queue),
       m_ScanDevice(context.host.registry(), context.host.launcher())
 {
     setupUi(this);
@@ -54,6 +57,7 @@ MainWindow::~MainWindow()
     qApp->removeEventFilter(this);
     m_subscriptions.clear();
     m_isAlive.reset();
+    delete m_baySetup.data(); // it uses members of the window
     m_run.reset();
 }
 
@@ -95,6 +99,7 @@ void MainWindow::initWindowItems()
     m_TBMonitor = std::make_unique<ThunderBoltMonitor>(m_context.host.registry(), m_context.center);
     m_logData->initLogFile();
     initTBDeviceView();
+    initNoEnclosureView();
     initDiskInfoView();
     initFileListView();
     initCopyActionView();
@@ -118,6 +123,20 @@ void MainWindow::initTBDeviceView()
     }
     m_tbDevice->setGeometry(0, 0, 300, 70);
     m_tbDevice->show(); // like the other panels, it is made when the window is already on the screen
+}
+
+void MainWindow::initNoEnclosureView()
+{
+    if (!m_noEnclosure) {
+        m_noEnclosure = new NoEnclosureView(content);
+        m_noEnclosure->demoBtn->setHidden(!m_context.startDemo);
+        setTabOrder(m_tbDevice->tbDevicePopup, m_noEnclosure->setUpBtn);
+        setTabOrder(m_noEnclosure->setUpBtn, m_noEnclosure->demoBtn);
+        connect(m_noEnclosure, &NoEnclosureView::setUpWanted, this, &MainWindow::setUpBays);
+        connect(m_noEnclosure, &NoEnclosureView::demoWanted, this, &MainWindow::startDemo);
+        connect(m_tbDevice, &TBDeviceViewController::listed, this, &MainWindow::showWhatToDoNext);
+    }
+    showWhatToDoNext();
 }
 
 void MainWindow::initDiskInfoView()
@@ -176,6 +195,7 @@ void MainWindow::displayDialog(int state, bool)
     m_contentHeight = Heights[static_cast<std::size_t>(m_layoutState)];
     for (auto *view : {DiskInfoView, FileListView, CopyActionView})
         view->setHidden(m_layoutState == 0);
+    showWhatToDoNext();
     placeViews();
 
     const int menuHeight = menuBar()->actions().isEmpty() ? 0 : menuBar()->sizeHint().height();
@@ -201,6 +221,7 @@ void MainWindow::placeViews()
     content->setFixedSize(ContentWidth, m_contentHeight);
     place(TBDeviceView, 15, 15, 300, 70);
     place(FileListView, 15, 85, 300, 430);
+    place(m_noEnclosure, 320, 15, 300, 70);
     place(DiskInfoView, 320, 15, 300, 500);
     place(CopyActionView, 15, 515, 605, 55);
     placeFromBottom(messageText, 15, 147, 605, 18);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "app/SetupWriter.h"
 #include "app/Sheets.h"
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
@@ -23,9 +24,11 @@
 namespace orvana
 {
 
+class BaySetupSheet;
 class CopyActionViewController;
 class DiskInfoViewController;
 class FileListViewController;
+class NoEnclosureView;
 class TBDeviceViewController;
 
 /// The program's window and its main controller. It owns the workers and the panels, and answers every event.
@@ -33,7 +36,8 @@ class TBDeviceViewController;
 /// start-up and layout in MainWindow.cpp, the choice of enclosure and source in MainWindowSelection.cpp,
 /// events in MainWindowMonitoring.cpp, what a run shows and holds off in MainWindowProgress.cpp, the waits
 /// and questions before a run in MainWindowStart.cpp, the start and the end of a run in
-/// MainWindowRunControl.cpp, the disks of an erase and of an eject in MainWindowDisks.cpp.
+/// MainWindowRunControl.cpp, the disks of an erase, of an eject and of a mount in MainWindowDisks.cpp, what
+/// to do without an enclosure in MainWindowSetup.cpp.
 ///
 /// Main thread only, unless `RunDisplay`, `RunView` or the comment of a function says otherwise.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunView
@@ -108,10 +112,22 @@ public:
     void setTotalProgerss(float fraction) override;
     void BackupFinish() override;
 
-    // Eject
+    // Setup
+
+    /// Opens the sheet that makes an enclosure of a dock, unless it is open. Disks must not be at work.
+    void setUpBays();
+
+    /// The open sheet of `setUpBays`, or null.
+    BaySetupSheet *baySetup() const;
+
+    // Eject and mount
 
     void EjectTargetDisks();
     void EjectSourceDisk();
+
+    /// Mounts what is in bays of the chosen enclosure and not mounted. Does nothing unless it may.
+    void mountDisks();
+    bool mayMountDisks() const;
 
     /// True while disks are erased or copied to, whatever the flags of the action panel say. This includes
     /// the time until the copy thread of a cancelled run has ended.
@@ -134,6 +150,7 @@ public:
     DiskInfoViewController &myDiskInfoViewController() { return *m_diskInfo; }
     FileListViewController &myFileListViewController() { return *m_fileList; }
     CopyActionViewController &myCopyActionViewController() { return *m_action; }
+    NoEnclosureView &noEnclosureView() { return *m_noEnclosure; }
 
 Q_SIGNALS:
     /// The user wants to see the log at this path.
@@ -150,6 +167,7 @@ private:
     // Start-up and layout
     void initWindowItems();
     void initTBDeviceView();
+    void initNoEnclosureView();
     void initDiskInfoView();
     void initFileListView();
     void initCopyActionView();
@@ -221,7 +239,11 @@ private:
     std::function<void()> logOpener();
     void askBeforeClosing();
 
-    // Erase and eject
+    // Setup
+    void showWhatToDoNext();
+    void startDemo();
+
+    // Erase, eject and mount
     void lockChoices(bool locked);
     void eject(tl::expected<EjectPlan, EnclosureRefusal> plan, std::vector<DiskFingerprint> spared,
                void (MainWindow::*ejected)());
@@ -229,6 +251,7 @@ private:
     void targetsEjected();
     void sourceEjected();
     void tellEjects();
+    void tellMounts();
     void setEjectButtonsEnabled(bool enabled);
 
     /// Runs the work on the main queue after `delay`, unless the window is destroyed before. Callable from
@@ -268,6 +291,8 @@ private:
     ShownProgress m_progress;
     PendingUpdate m_progressUpdate;
 
+    SetupWriter m_setupWriter;
+    QPointer<BaySetupSheet> m_baySetup;
     QPointer<QWidget> m_reportWindow;
     std::optional<RunOrder> m_order; // the order of the run that is about to start
     std::unique_ptr<DiskSurvey> m_survey;
@@ -284,6 +309,7 @@ private:
     DiskInfoViewController *m_diskInfo = nullptr;
     FileListViewController *m_fileList = nullptr;
     CopyActionViewController *m_action = nullptr;
+    NoEnclosureView *m_noEnclosure = nullptr;
     std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);
     std::vector<NotificationCenter::Subscription> m_subscriptions; // last, so that they end first
 };

@@ -151,4 +151,42 @@ void MainWindow::tellEjects()
         warn(failed);
 }
 
+bool MainWindow::mayMountDisks() const
+{
+    return !isBusy() && chosenEnclosure(devices(), chosenNow());
+}
+
+// What is mounted by this is shown by the rescan that the mount sets off.
+void MainWindow::mountDisks()
+{
+    const auto enclosure = chosenEnclosure(devices(), chosenNow());
+    if (isBusy() || !enclosure)
+        return;
+    auto disks = planMount(**enclosure);
+    if (disks.empty()) {
+        m_sheets.show(
+            {tr("Nothing to mount"), tr("No disk in a bay has a volume that is not mounted."), {tr("OK")}});
+        return;
+    }
+    m_run->diskTool().setSparedDisks({});
+    m_run->diskTool().setDiskArray(std::move(disks));
+    m_run->diskTool().MountDisks();
+    m_run->diskTool().setDiskArray({});
+    setProgressMsg(std::string());
+    tellMounts();
+}
+
+void MainWindow::tellMounts()
+{
+    QStringList failed;
+    for (const auto &result : m_run->diskTool().results()) {
+        if (!result.succeeded)
+            failed << tr("%1, serial number %2, was not mounted: %3")
+                          .arg(shownText(result.disk.diskModule), shownText(result.disk.diskSN),
+                               shownText(result.reason));
+    }
+    if (!failed.isEmpty())
+        m_sheets.show({tr("Warning"), failed.join(QLatin1Char('\n'))});
+}
+
 } // namespace orvana

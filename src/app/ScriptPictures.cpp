@@ -1,5 +1,6 @@
 // The steps of a script that make pictures.
 
+#include "app/BaySetupSheet.h"
 #include "app/MainWindow.h"
 #include "app/OrvanaAppDelegate.h"
 #include "app/RunReportWindow.h"
@@ -74,7 +75,7 @@ void ScriptRunner::addPictures()
     });
 }
 
-// grab FILE [SCALE [report|logs]]
+// grab FILE [SCALE [report|logs|bays]]
 ScriptRunner::Result ScriptRunner::grab(const QStringList &words)
 {
     const int scale = words.size() > 1 ? words[1].toInt() / 100 : 1;
@@ -86,6 +87,8 @@ ScriptRunner::Result ScriptRunner::grab(const QStringList &words)
         picture = grabAt(*reportWindow(), scale);
     else if (what == QStringLiteral("logs"))
         picture = grabAt(m_delegate.logDataWindow(), scale);
+    else if (what == QStringLiteral("bays") && window().baySetup())
+        picture = grabAt(*window().baySetup(), scale);
     else if (what.isEmpty())
         picture = grabWithSheet(window(), window().sheets().current(), scale);
     return picture.save(words.first()) ? done() : failed(QStringLiteral("cannot write the picture"));

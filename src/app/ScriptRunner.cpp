@@ -5,6 +5,7 @@
 #include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
+#include "panels/NoEnclosureView.h"
 #include "panels/TBDeviceViewController.h"
 #include "platform/hosts/HostFactory.h"
 
@@ -38,6 +39,7 @@ ScriptRunner::ScriptRunner(OrvanaAppDelegate &delegate, std::vector<ScriptStep> 
     addChoices();
     addTreeSteps();
     addWaits();
+    addBaySetup();
     addPictures();
     connect(&m_timer, &QTimer::timeout, this, &ScriptRunner::runNext);
 }
@@ -148,6 +150,8 @@ ScriptRunner::Result ScriptRunner::click(const QStringList &words)
         {QStringLiteral("erase"), actions.EraseDiskCheckBox},
         {QStringLiteral("eject-source"), bays.EjectSourceDiskBtn},
         {QStringLiteral("eject-destinations"), bays.EjectTargetDiskBtn},
+        {QStringLiteral("set-up-bays"), window().noEnclosureView().setUpBtn},
+        {QStringLiteral("try-demo"), window().noEnclosureView().demoBtn},
         {QStringLiteral("help"), window().HelpBtn},
     };
     auto *button = buttons.value(words.first());

@@ -52,6 +52,7 @@ private:
     void addChoices();
     void addTreeSteps();
     void addWaits();
+    void addBaySetup();
     void addPictures();
     void addStep(const QString &name, int words, Step step);
     void runNext();
@@ -61,6 +62,7 @@ private:
     Result chooseSource(const QStringList &words);
     Result click(const QStringList &words);
     Result press(const QStringList &words);
+    Result pressBays(const QStringList &words);
     Result typeName(const QStringList &words);
     Result atRow(const QString &path, const std::function<void(const QModelIndex &)> &act);
     Result expectBay(const QStringList &words);

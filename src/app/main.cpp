@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QProcess>
 
 #include <cstdio>
 #include <filesystem>
@@ -62,13 +63,26 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+// The demo is another machine, so its window opens beside this one.
+std::function<bool()> demoStarter(const CommandLineOptions &options)
+{
+    if (options.machine.demo || options.machine.demoFolder)
+        return nullptr;
+    return [edition = QString::fromStdString(options.edition)] {
+        return QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                       {QStringLiteral("--demo"), QStringLiteral("--edition"), edition},
+                                       QStringLiteral("/"));
+    };
+}
+
 /// One run of the program, with the machine that it works on.
 class Program
 {
 public:
     Program(const CommandLineOptions &options, std::unique_ptr<platform::Host> host, QtMainQueue &queue)
-        : m_host(std::move(host)),
-          m_delegate({*m_host, m_center, m_volumeCenter, queue, m_clock, logFolder(options)}, options.edition)
+        : m_host(std::move(host)), m_delegate({*m_host, m_center, m_volumeCenter, queue, m_clock,
+                                               logFolder(options), demoStarter(options)},
+                                              options.edition)
     {
         postVolumeEvents(*m_host, m_volumeCenter);
     }

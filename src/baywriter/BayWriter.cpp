@@ -24,7 +24,8 @@ int failed(const std::string &reason, ExitStatus status)
 int runProgram(const std::vector<std::string> &words, const std::string &folder, void (*tellUdev)())
 {
     const bool isAdd = words.size() == 3 && words[0] == "add";
-    if (!isAdd && !(words.size() == 2 && words[0] == "remove"))
+    const bool isRemove = words.size() == 2 && words[0] == "remove";
+    if (!isAdd && !isRemove)
         return failed("Usage: orvana-bays add ID DEFINITION | orvana-bays remove ID", WrongUsage);
     if (!enclosures::isDefinitionId(words[1]))
         return failed("the id must be 1 to 64 of a-z, 0-9 and \"-\"", WrongUsage);

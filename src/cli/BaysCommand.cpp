@@ -79,7 +79,7 @@ void learnBays(EnclosureSetup &setup, PlainMainQueue &queue, Terminal &terminal,
 
 ExitStatus learn(EnclosureSetup &setup, PlainMainQueue &queue, Terminal &terminal, const BaysOptions &options)
 {
-    if (idOfName(options.name).empty())
+    if (idOfName(options.name).empty() || !isUtf8(options.name))
         return refuse(terminal, "name the enclosure, with a letter or a digit: bays learn \"Desk dock\"",
                       WrongUsage);
     for (const auto &other : setup.definitions().definitions) {

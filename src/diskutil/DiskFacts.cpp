@@ -101,7 +101,7 @@ std::optional<KnownDisk> knownDisk(const SystemState &system, const Device &devi
         std::find_if(disks.begin(), disks.end(), [&](const Disk &one) { return one.device == &device; });
     if (disk == disks.end())
         return std::nullopt;
-    KnownDisk known{identityOf(*disk), disk->definedBay.has_value(), disk->wwn};
+    KnownDisk known{identityOf(*disk), disk->definedBay.has_value(), disk->wwn, disk->definedBay.has_value()};
     if (known.isInBay || !disk->router || !isFourBayEnclosure(*disk->router))
         return known;
     platform::linux_host::DiskNames names;
@@ -137,6 +137,7 @@ std::optional<DiskFacts> factsOf(const SystemState &system, const std::string &n
         facts.identity = known->identity;
         facts.wwn = known->wwn;
         facts.isInBay = known->isInBay;
+        facts.isInDefinedBay = known->isInDefinedBay;
     }
     return facts;
 }

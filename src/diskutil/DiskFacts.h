@@ -25,7 +25,8 @@ struct DiskFacts
     platform::linux_host::DiskIdentity identity;
     std::optional<std::string> wwn; ///< World Wide Name
     bool isInBay = false;
-    bool isRootKnown = false; ///< it is known which disks hold the running system
+    bool isInDefinedBay = false; ///< an enclosure definition makes it a bay
+    bool isRootKnown = false;    ///< it is known which disks hold the running system
     bool holdsSystem = false;
     bool isSwappedOn = false;
     bool isExamined = false; ///< udev has examined the disk and each of its partitions
@@ -43,6 +44,7 @@ struct KnownDisk
     platform::linux_host::DiskIdentity identity;
     bool isInBay = false;
     std::optional<std::string> wwn = std::nullopt;
+    bool isInDefinedBay = false;
 };
 using BayRule = std::function<std::optional<KnownDisk>(const platform::linux_host::SystemState &,
                                                        const platform::linux_host::Device &)>;

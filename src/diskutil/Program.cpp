@@ -41,16 +41,20 @@ bool isMountableHere(const std::string &type)
     return ::uname(&kernel) == 0 && canBeMounted(type, static_cast<const char *>(kernel.release));
 }
 
-// udev asks this about new disks that it has not finished examining. So `isExamined` is not required here. A
-// disk in a bay that the system works with stays the system's own.
+// udev asks this about new disks that it has not finished examining. In the maker's enclosures `isExamined`
+// is not required for an answer. At the ports of a definition there may be disks that the system's tables
+// name, and that shows only in what udev finds on them; so udev is told to ask again. A disk in a bay that
+// the system works with stays the system's own.
 Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFacts> &facts)
 {
     if (!facts)
         return trouble(NotThere, displayPath(node) + ": there is no such disk");
     if (!facts->isInBay)
         return trouble(Refused, displayPath(node) + " is in no bay of an enclosure");
-    if (const auto free = checkEjectable(node, *facts); !free)
+    if (const auto free = checkMountable(node, *facts); !free)
         return tl::unexpected(free.error());
+    if (facts->isInDefinedBay && !facts->isExamined)
+        return displayPath(node) + " is to be examined first";
     return displayPath(node) + " is in a bay of an enclosure";
 }
 

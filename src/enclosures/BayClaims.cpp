@@ -128,7 +128,7 @@ private:
     bool names(const Port &port, std::size_t definition, const DiskPlace &disk) const
     {
         if (!port.anchor)
-            return !disk.path.empty() && port.path == disk.path;
+            return !port.path.empty() && (port.path == disk.path || port.path == disk.revisedPath);
         const auto anchor = m_anchors[definition].find(*port.anchor);
         if (anchor == m_anchors[definition].end() || (port.lun && port.lun != disk.lun))
             return false;

@@ -12,8 +12,9 @@ namespace orvana::enclosures
 /// A device of the machine that a definition could name as its anchor.
 struct AnchorDevice
 {
-    std::string key;          ///< any text that tells it from all other devices, such as the kernel's path
-    Anchor ids;               ///< with the serial number that it reports
+    std::string key; ///< any text that tells it from all other devices, such as the kernel's path
+    Anchor ids;      ///< with the serial number that it reports
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::string disallowed{}; ///< why it cannot be an anchor, or empty
     bool canMove = true;      ///< it can be plugged in elsewhere
 };
@@ -32,6 +33,9 @@ struct DiskPlace
     std::string path; ///< in the form of udev's ID_PATH; empty when it is not known
     std::optional<int> lun;
     std::vector<PlaceBelow> below; ///< nearest device first
+    /// For USB the same as newer versions of udev write it, with the revision of the bus:
+    /// "pci-...-usbv3-0:...".
+    std::string revisedPath{}; // NOLINT(readability-redundant-member-init): lets an aggregate leave it out
 };
 
 /// The bay that a disk is in.

@@ -111,6 +111,17 @@ std::optional<AnchorDevice> BayLearning::commonAnchor() const
     return std::nullopt;
 }
 
+// A path has the number of a PCI bus, and that number is another one wherever a Thunderbolt device is plugged
+// in.
+bool BayLearning::isOnSomethingThatMoves() const
+{
+    return std::any_of(m_learned.begin(), m_learned.end(), [&](const auto &learned) {
+        return std::any_of(m_anchors.begin(), m_anchors.end(), [&](const AnchorDevice &device) {
+            return device.ids.bus == Bus::Pci && device.canMove && placeBelow(learned.second, device.key);
+        });
+    });
+}
+
 Port BayLearning::portBelow(const AnchorDevice &anchor, const PlacedDisk &disk) const
 {
     Port port{{}, anchor.ids, placeBelow(disk, anchor.key)->below, {}};
@@ -127,6 +138,8 @@ tl::expected<Definition, std::string> BayLearning::finish(const std::string &nam
                                                           const DefinitionSet &existing) const
 {
     Definition definition{idOfName(name), name, {}};
+    if (!isUtf8(name))
+        return tl::unexpected(std::string("the name must be UTF-8"));
     if (definition.id.empty())
         return tl::unexpected("the name \"" + displayPath(name) + "\" needs a letter or a digit");
     if (m_learned.size() < 2)
@@ -137,10 +150,16 @@ tl::expected<Definition, std::string> BayLearning::finish(const std::string &nam
                                   ".json) already");
     }
     const auto anchor = commonAnchor();
+    if (!anchor && isOnSomethingThatMoves())
+        return tl::unexpected(
+            std::string("the disks are behind a device of PCI that can be plugged in elsewhere, and "
+                        "it cannot be told from another one that is there, or the disks are behind "
+                        "several; unplug the others while it is learned"));
     for (const auto &[bay, disk] : m_learned) {
         if (!anchor && disk.place.path.empty())
             return tl::unexpected("the port of bay " + std::string(1, bay) + " has no name of its own");
-        definition.bays[bay] = {anchor ? portBelow(*anchor, disk) : Port{disk.place.path, {}, {}, {}}};
+        const auto &path = disk.place.revisedPath.empty() ? disk.place.path : disk.place.revisedPath;
+        definition.bays[bay] = {anchor ? portBelow(*anchor, disk) : Port{path, {}, {}, {}}};
     }
     // Whatever is written must be read again as the same.
     return readDefinition(definition.id, textOf(definition));

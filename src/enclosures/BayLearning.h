@@ -50,6 +50,7 @@ private:
     Answer refuse(const std::string &text) const { return {Answer::Kind::Refused, m_bay, text}; }
     std::string reasonAgainst(const PlacedDisk &disk) const;
     std::optional<AnchorDevice> commonAnchor() const;
+    bool isOnSomethingThatMoves() const;
     Port portBelow(const AnchorDevice &anchor, const PlacedDisk &disk) const;
 
     char m_bay = 'A';

@@ -128,6 +128,7 @@ std::vector<Port> readPorts(const Json &json, const std::string &where, const st
     if (!json.is_array())
         return {readPort(json, where, common)};
     std::vector<Port> ports;
+    ports.reserve(json.size());
     for (std::size_t i = 0; i < json.size(); ++i)
         ports.push_back(readPort(json[i], where + "/" + std::to_string(i), common));
     if (ports.empty() || ports.size() > 8)

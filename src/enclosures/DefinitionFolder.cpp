@@ -21,7 +21,7 @@ using platform::posix::Descriptor;
 template <class T>
 using Expected = tl::expected<T, std::string>;
 
-constexpr std::size_t LargestFile = 64 * 1024;
+constexpr std::size_t LargestFile = 65'536;
 constexpr std::size_t MostFiles = 64;
 
 std::string reasonOf(int error)
@@ -81,6 +81,7 @@ std::vector<std::string> fileNamesIn(const Descriptor &folder)
     if (!list)
         return names;
     own.release(); // closed with the list
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread has this list
     while (const auto *entry = ::readdir(list)) {
         const std::string name = static_cast<const char *>(entry->d_name);
         if (name.ends_with(".json") && name.front() != '.')
@@ -176,10 +177,13 @@ DefinitionSet readDefinitions(const std::string &folder, Trust trust)
     }
     for (const auto &name : names) {
         auto definition = definitionIn(*opened, name, trust);
-        if (definition)
+        if (definition) {
             set.definitions.push_back(std::move(*definition));
-        else
-            set.problems.push_back(displayPath(folder + "/" + name) + ": " + definition.error());
+            continue;
+        }
+        auto path = folder;
+        path.append("/").append(name);
+        set.problems.push_back(displayPath(path) + ": " + definition.error());
     }
     return set;
 }

@@ -34,6 +34,7 @@ void TBDeviceViewController::updateTBDevPopUp(
                                 QIcon(QStringLiteral(":/thunderbolt.png")));
     if (!enclosures.empty())
         tbDeviceLabel->setText(tr("&Orvana Storage Device (%1) :").arg(enclosures.size()));
+    Q_EMIT listed();
 }
 
 void TBDeviceViewController::setRemarks(const std::vector<std::string> &remarks)

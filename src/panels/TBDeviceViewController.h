@@ -39,6 +39,9 @@ Q_SIGNALS:
     /// The user asks for the remarks.
     void remarksWanted(const QString &text);
 
+    /// The picker lists other enclosures, or the same ones again.
+    void listed();
+
 private:
     void awakeFromNib();
 

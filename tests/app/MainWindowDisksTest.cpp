@@ -269,4 +269,73 @@ TEST_F(DisksTest, EnclosureWithoutDisksStillFinishesTheErase)
     EXPECT_EQ(reportWindows(), 1) << "there is no destination";
 }
 
+TEST_F(DisksTest, WhatIsInBaysAndNotMountedIsMounted)
+{
+    bay(1)["volumes"][0]["mounted"] = false;
+    bay(2)["volumes"][0]["mounted"] = false;
+    startWithEnclosure();
+    ASSERT_TRUE(window().mayMountDisks());
+    window().mountDisks();
+    EXPECT_TRUE(isMounted("COPY1"));
+    EXPECT_TRUE(isMounted("COPY2"));
+    ASSERT_EQ(tools().size(), 2U);
+    EXPECT_EQ(tools()[0][0], "mountDisk");
+    EXPECT_EQ(sheetMessage(), "");
+    until([this] { return window().layoutState() == 0; }); // the mount sets off a rescan
+    chooseEnclosure(1);
+    EXPECT_EQ(slots().SlotB(), "COPY1");
+}
+
+TEST_F(DisksTest, NothingToMountIsTold)
+{
+    startWithEnclosure();
+    window().mountDisks();
+    EXPECT_EQ(sheetMessage(), "Nothing to mount");
+    EXPECT_EQ(sheetText(), "No disk in a bay has a volume that is not mounted.");
+    EXPECT_TRUE(tools().empty());
+}
+
+TEST_F(DisksTest, FailedMountIsToldAndTheOthersAreMounted)
+{
+    bay(1)["volumes"][0]["mounted"] = false;
+    bay(2)["volumes"][0]["mounted"] = false;
+    m_machine["failing"] = Json::array({"mountDisk B"});
+    startWithEnclosure();
+    window().mountDisks();
+    EXPECT_FALSE(isMounted("COPY1"));
+    EXPECT_TRUE(isMounted("COPY2"));
+    EXPECT_EQ(sheetMessage(), "Warning");
+    EXPECT_EQ(sheetText(), "MB, serial number SB, was not mounted: Error: the disk could not be mounted");
+}
+
+TEST_F(DisksTest, EachFailedMountHasItsOwnLine)
+{
+    bay(1)["volumes"][0]["mounted"] = false;
+    bay(2)["volumes"][0]["mounted"] = false;
+    m_machine["failing"] = Json::array({"mountDisk"});
+    startWithEnclosure();
+    window().mountDisks();
+    const auto text = sheetText();
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+}
+
+TEST_F(DisksTest, NothingIsMountedWithoutAnEnclosureOrDuringARun)
+{
+    bay(1)["volumes"][0]["mounted"] = false;
+    bay(2)["volumes"][0]["faults"] = {{"delayMilliseconds", 40}};
+    bay(3)["attached"] = false;
+    start();
+    EXPECT_FALSE(window().mayMountDisks());
+    window().mountDisks();
+    EXPECT_TRUE(tools().empty());
+    chooseEnclosure(1);
+    untilCounted();
+    pressStart();
+    until([this] { return window().isBusy(); });
+    EXPECT_FALSE(window().mayMountDisks());
+    window().mountDisks();
+    EXPECT_TRUE(tools().empty());
+    EXPECT_FALSE(isMounted("COPY1"));
+}
+
 } // namespace orvana

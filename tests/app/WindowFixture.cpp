@@ -17,11 +17,35 @@
 namespace orvana
 {
 
+/// The ports of the simulated machine, watched.
+class WindowTest::WatchedSetup final : public enclosures::EnclosureSetup
+{
+public:
+    WatchedSetup(enclosures::EnclosureSetup &machine, WindowTest &test) : m_machine(machine), m_test(test) {}
+
+    enclosures::PortSnapshot look() override
+    {
+        ++m_test.m_looksAtPorts;
+        return m_machine.look();
+    }
+    enclosures::DefinitionSet definitions() override { return m_machine.definitions(); }
+    Written add(const enclosures::Definition &definition) override
+    {
+        return m_test.m_addDefinition(m_machine, definition);
+    }
+    Written remove(const std::string &id) override { return m_machine.remove(id); }
+
+private:
+    enclosures::EnclosureSetup &m_machine;
+    WindowTest &m_test;
+};
+
 /// The simulated machine, whose disk utility and desktop are watched.
 class WindowTest::WatchedHost final : public test::WatchedHost, platform::Workspace
 {
 public:
-    WatchedHost(platform::Host &host, WindowTest &test) : test::WatchedHost(host)
+    WatchedHost(platform::Host &host, WindowTest &test)
+        : test::WatchedHost(host), m_setup(host.enclosureSetup(), test)
     {
         beforeDiskUtility = [&test](const Files &words) {
             test.m_tools.push_back(words);
@@ -31,6 +55,7 @@ public:
     }
 
     platform::Workspace &workspace() override { return *this; }
+    enclosures::EnclosureSetup &enclosureSetup() override { return m_setup; }
 
     void openPage(const std::string &address) override { pages.push_back(address); }
     void openFolder(const std::string &) override {}
@@ -46,6 +71,9 @@ public:
     std::vector<platform::DesktopNotice> notices;
     std::vector<std::optional<double>> progress;
     std::shared_ptr<int> holds = std::make_shared<int>(0);
+
+private:
+    WatchedSetup m_setup;
 };
 
 WindowTest::WindowTest() : m_machine(Json::parse(test::SmallMachine))
@@ -69,11 +97,15 @@ void WindowTest::start(const std::string &edition)
     m_simulator = platform::makeSimulatorHost(m_tree.path("machine.json"), &m_queue).value();
     m_host = std::make_unique<WatchedHost>(*m_simulator, *this);
     postVolumeEvents(*m_host, m_volumeCenter);
-    m_window = std::make_unique<MainWindow>(
-        AppContext{*m_host, m_center, m_volumeCenter, m_queue, m_clock, m_tree.path("logs")});
+    m_window = std::make_unique<MainWindow>(context());
     m_window->show();
     m_window->setUIVersion(edition);
     m_window->startMainWindow();
+}
+
+AppContext WindowTest::context()
+{
+    return {*m_host, m_center, m_volumeCenter, m_queue, m_clock, m_tree.path("logs"), m_startDemo};
 }
 
 void WindowTest::startWithEnclosure()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "enclosures/EnclosureSetup.h"
 #include "filetree/view/FileListViewController.h"
 #include "foundation/PathJson.h"
 #include "panels/CopyActionViewController.h"
@@ -34,6 +35,9 @@ protected:
     Json &bay(std::size_t index) { return m_machine["enclosures"][0]["bays"][index]; }
 
     void start(const std::string &edition = "Orvana");
+
+    /// What the window is given. Needs `start`.
+    AppContext context();
 
     /// Starts the window, chooses the first enclosure and waits for its count.
     void startWithEnclosure();
@@ -101,7 +105,15 @@ protected:
     std::function<void(const Files &)> m_beforeTool = [](const Files &) {};
     std::function<void()> m_afterListing = [] {}; // called after "df" has listed the volumes
 
+    using Written = tl::expected<void, std::string>;
+    /// Called on the writing thread in place of the machine's own function, which is the first argument.
+    std::function<Written(enclosures::EnclosureSetup &, const enclosures::Definition &)> m_addDefinition =
+        [](auto &machine, const auto &definition) { return machine.add(definition); };
+    int m_looksAtPorts = 0;
+    std::function<bool()> m_startDemo = [] { return true; };
+
 private:
+    class WatchedSetup;
     class WatchedHost;
     std::string nameEndingWith(const std::string &end) const;
 

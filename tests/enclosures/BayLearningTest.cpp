@@ -156,6 +156,17 @@ TEST_F(Learning, DeviceOfTheMachineItselfIsNoAnchor)
     EXPECT_FALSE(m_learning.finish("n", {})->bays.at('A').front().anchor);
 }
 
+TEST_F(Learning, PathBelowADeviceThatCanBePluggedInElsewhereIsRefused)
+{
+    m_now.anchors[0].disallowed = "is built into the machine";
+    m_now.anchors[1].canMove = true;
+    m_now.anchors.push_back(m_now.anchors[1]);
+    m_now.anchors.back().key = "other";
+    learnTwo();
+    EXPECT_TRUE(
+        errorOf("n").starts_with("the disks are behind a device of PCI that can be plugged in elsewhere"));
+}
+
 TEST_F(Learning, DisksBehindOneBridgeAreNamedByTheirNumber)
 {
     come(diskAt("1", 1, 0));
@@ -175,6 +186,7 @@ TEST_F(Learning, DefinitionNeedsANameTwoBaysAndAnIdOfItsOwn)
     EXPECT_EQ(errorOf(" / "), "the name \" / \" needs a letter or a digit");
     EXPECT_EQ(errorOf("DOCK", {{{"dock", "Dock", {}}}, {}}),
               "there is an enclosure \"Dock\" (dock.json) already");
+    EXPECT_EQ(errorOf("Dock\xFF"), "the name must be UTF-8");
     EXPECT_EQ(errorOf("Dock\n2"), "/name: must be 1 to 64 bytes of text on one line");
 }
 

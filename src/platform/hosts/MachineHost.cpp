@@ -24,6 +24,7 @@ bool isInstalled()
 linux_host::SystemFiles filesOfMachine()
 {
     linux_host::SystemFiles files;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the environment is never changed
     const char *folder = std::getenv("ORVANA_ENCLOSURES");
     if (folder && *folder == '/' && !isInstalled()) {
         files.definitionFolder = folder;

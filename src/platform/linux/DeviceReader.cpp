@@ -33,7 +33,7 @@ const std::vector<Subsystem> &subsystems()
         {"block", {"size", "partition", "hidden", "diskseq", "serial", "wwid", "nsid", "loop/backing_file"}},
         {"ata_port", {"port_no"}},
         {"scsi", {"vendor", "model"}},
-        {"usb", {"removable", "manufacturer", "product", "idVendor", "idProduct", "serial"}},
+        {"usb", {"removable", "manufacturer", "product", "idVendor", "idProduct", "serial", "version"}},
         {"sas_device", {"phy_identifier", "sas_address"}},
         {"sas_port", {"num_phys"}},
         {"firewire", {"vendor_name", "model_name"}},

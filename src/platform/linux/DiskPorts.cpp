@@ -121,6 +121,8 @@ std::string scsiPart(const DeviceList &devices, const Device &disk, std::array<l
 /// Returns the part of the path below USB and PCI. Nullopt when no bay can be connected like this.
 std::optional<std::string> innerPart(const DeviceList &devices, const Device &disk)
 {
+    if (devices.above(disk, "firewire"))
+        return std::nullopt; // its place on the bus cannot be told
     const auto *scsi = scsiDeviceAbove(devices, disk);
     const auto numbers = scsi ? numbersOf(*scsi) : std::nullopt;
     if (!numbers) {
@@ -147,12 +149,27 @@ std::string joined(const std::string &first, const std::string &second)
 /// Returns the part of the path from the controller down, which is the same wherever the controller is.
 std::optional<std::string> partBelowPci(const DeviceList &devices, const Device &disk)
 {
-    const auto inner = innerPart(devices, disk);
+    auto inner = innerPart(devices, disk);
     const auto *usb = devices.above(disk, "usb");
     const auto dash = usb ? usb->name.find('-') : std::string::npos;
     if (!inner || !usb || dash == std::string::npos)
         return inner;
     return joined("usb-0:" + usb->name.substr(dash + 1), *inner);
+}
+
+// The hubs of a controller for fast and for slow devices count their ports from 1 each, and the same number
+// may be different sockets.
+std::string withUsbRevision(const DeviceList &devices, const Device &disk, std::string path)
+{
+    const Device *root = nullptr;
+    for (const auto *usb = devices.above(disk, "usb"); usb; usb = devices.above(*usb, "usb"))
+        root = usb;
+    const auto version = root ? root->attribute("version") : std::string();
+    const auto digit = version.find_first_not_of(' ');
+    const auto usb = path.find("-usb-0:");
+    if (digit == std::string::npos || usb == std::string::npos)
+        return {};
+    return path.insert(usb + 4, std::string("v") + version[digit]);
 }
 
 std::string slotOf(const Device &pci)
@@ -178,7 +195,7 @@ void addPciPlaces(const DeviceList &devices, const Device &disk, std::vector<enc
     std::string slots;
     for (const auto *pci = devices.above(disk, "pci"); pci && last; pci = devices.above(*pci, "pci")) {
         places.push_back({pci->path, joined(slots, *last)});
-        slots = slots.empty() ? slotOf(*pci) : slotOf(*pci) + "/" + slots;
+        slots.insert(0, slots.empty() ? slotOf(*pci) : slotOf(*pci) + "/");
     }
 }
 
@@ -225,7 +242,8 @@ std::string idPathOf(const DeviceList &devices, const Device &disk)
 
 enclosures::DiskPlace placeOfDisk(const DeviceList &devices, const Device &disk)
 {
-    enclosures::DiskPlace place{disk.path, idPathOf(devices, disk), std::nullopt, {}};
+    enclosures::DiskPlace place{disk.path, idPathOf(devices, disk), std::nullopt, {}, {}};
+    place.revisedPath = withUsbRevision(devices, disk, place.path);
     const auto *scsi = scsiDeviceAbove(devices, disk);
     if (const auto numbers = scsi ? numbersOf(*scsi) : std::nullopt)
         place.lun = static_cast<int>((*numbers)[3]);

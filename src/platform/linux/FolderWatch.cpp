@@ -36,6 +36,9 @@ void FolderWatch::watchNearest()
     int watch = -1;
     for (auto folder = m_folder; watch < 0 && !folder.empty(); folder = pathAbove(folder))
         watch = ::inotify_add_watch(m_events.number(), folder.c_str(), changes);
+    // The folder may have been made while the one above it was not watched yet.
+    if (const int nearer = ::inotify_add_watch(m_events.number(), m_folder.c_str(), changes); nearer >= 0)
+        watch = nearer;
     if (m_watch >= 0 && m_watch != watch)
         ::inotify_rm_watch(m_events.number(), m_watch);
     m_watch = watch;

@@ -32,8 +32,14 @@ void LinuxMachine::rememberSerials(const SystemState &system)
             continue;
         const SerialOwner owner{device->attribute("size"), device->property("ID_WWN")};
         const auto known = m_serials.try_emplace(serial, owner).first;
-        if (known->second != owner || !present.insert(serial).second)
+        // A bridge may hide the World Wide Name of a disk that shows it elsewhere.
+        const bool isOther =
+            known->second.size != owner.size ||
+            (!owner.wwn.empty() && !known->second.wwn.empty() && known->second.wwn != owner.wwn);
+        if (isOther || !present.insert(serial).second)
             m_sharedSerials.insert(serial);
+        if (known->second.wwn.empty())
+            known->second.wwn = owner.wwn;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxRegistry.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvana::platform::linux_host
 {
@@ -10,12 +11,26 @@ namespace
 
 constexpr const char *PciClass = "IOPCIDevice";
 
+/// The arrival of the disk in each bay of a definition, by `keyOf`.
+std::map<std::string, std::string> disksOfBays(const MachineSnapshot &snapshot)
+{
+    std::map<std::string, std::string> disks;
+    for (const auto &disk : snapshot.disks) {
+        if (disk.definedBay)
+            disks[keyOf(*disk.definedBay)] = disk.device->path + " " +
+                                             std::to_string(disk.sequence.value_or(0)) + " " +
+                                             std::to_string(disk.blocks);
+    }
+    return disks;
+}
+
 } // namespace
 
 LinuxRegistry::LinuxRegistry(LinuxMachine &machine) : m_machine(machine)
 {
     const auto snapshot = m_machine.snapshot();
     m_known = snapshot->tree.pci;
+    m_bayDisks = disksOfBays(*snapshot);
     rememberControllers(*snapshot);
 }
 
@@ -49,6 +64,8 @@ void LinuxRegistry::take(const MachineEvent &event)
         takeDisk(event);
     else if (isDisk && event.action == "remove")
         takeLostDisk(event);
+    else if (isDisk && event.action == "change")
+        takeAnchor(); // a bridge may get another disk and say no more than this
     else if (event.subsystem == DefinitionsChanged ||
              (event.subsystem == "usb" && event.type == "usb_device" && event.action != "change"))
         takeAnchor();
@@ -77,9 +94,10 @@ void LinuxRegistry::takeDisk(const MachineEvent &event)
     const auto snapshot = m_machine.snapshot();
     tellLostBays(*snapshot);
     tellNew(*snapshot);
+    tellChangedBays(*snapshot);
     for (const auto &disk : snapshot->disks) {
         const auto controller = disk.device->path == event.path ? controllerOf(disk) : std::nullopt;
-        if (controller)
+        if (controller && !isBayKey(*controller))
             tell(RegistryEvent::Published, snapshot->tree.pci.at(*controller));
     }
 }
@@ -94,14 +112,41 @@ void LinuxRegistry::takeAnchor()
     const auto snapshot = m_machine.snapshot();
     tellLostBays(*snapshot);
     tellNew(*snapshot);
+    tellChangedBays(*snapshot);
+}
+
+// A bay may lose its disk, or get one, because of another disk: two at one bay are in none.
+void LinuxRegistry::tellChangedBays(const MachineSnapshot &snapshot)
+{
+    const auto before = std::exchange(m_bayDisks, disksOfBays(snapshot));
+    std::set<std::string> keys;
+    for (const auto &[key, disk] : before)
+        keys.insert(key);
+    for (const auto &[key, disk] : m_bayDisks)
+        keys.insert(key);
+    for (const auto &key : keys) {
+        const auto old = before.find(key);
+        const auto present = m_bayDisks.find(key);
+        const auto entry = snapshot.tree.pci.find(key);
+        if (entry == snapshot.tree.pci.end() ||
+            (old != before.end() && present != m_bayDisks.end() && old->second == present->second))
+            continue;
+        tell(present == m_bayDisks.end() ? RegistryEvent::Terminated : RegistryEvent::Published,
+             entry->second);
+    }
 }
 
 void LinuxRegistry::tellNew(const MachineSnapshot &snapshot)
 {
     rememberControllers(snapshot);
+    const auto disks = disksOfBays(snapshot);
     for (const auto &device : snapshot.tree.pci) {
-        if (m_known.insert(device).second)
-            tell(RegistryEvent::Published, device.second);
+        if (!m_known.insert(device).second)
+            continue;
+        // A disk that is there from the start is told with its bay.
+        if (const auto disk = disks.find(device.first); disk != disks.end())
+            m_bayDisks.insert(*disk);
+        tell(RegistryEvent::Published, device.second);
     }
 }
 
@@ -123,7 +168,9 @@ void LinuxRegistry::tellLostBays(const MachineSnapshot &snapshot)
 void LinuxRegistry::takeLostDisk(const MachineEvent &event)
 {
     const auto disk = m_controllers.extract(event.path);
-    if (!disk)
+    if (!m_bayDisks.empty() || m_machine.hasDefinitions())
+        takeAnchor();
+    if (!disk || isBayKey(disk.mapped()))
         return;
     if (const auto controller = m_known.find(disk.mapped()); controller != m_known.end())
         tell(RegistryEvent::Terminated, RegistryEntryPtr(controller->second));

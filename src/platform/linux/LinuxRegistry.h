@@ -37,12 +37,14 @@ private:
     void takeAnchor();
     void tellNew(const MachineSnapshot &snapshot);
     void tellLostBays(const MachineSnapshot &snapshot);
+    void tellChangedBays(const MachineSnapshot &snapshot);
     void rememberControllers(const MachineSnapshot &snapshot);
     void tell(RegistryEvent event, const RegistryEntryPtr &entry);
 
     LinuxMachine &m_machine;
     std::map<std::string, RegistryEntryPtr> m_known;  // see LinuxTree::pci; the kernel forgets lost devices
     std::map<std::string, std::string> m_controllers; // controller's path by the disk's path
+    std::map<std::string, std::string> m_bayDisks;    // arrival of the disk in each bay of a definition
     std::vector<Watch> m_watches;
 };
 

@@ -3,11 +3,17 @@
 #include "foundation/DisplayPath.h"
 #include "platform/linux/Disks.h"
 #include "platform/linux/SystemState.h"
+#include "platform/posix/Descriptor.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
+#include <iterator>
+#include <optional>
 #include <sstream>
+#include <unistd.h>
+#include <utility>
 
 namespace orvana::platform::linux_host
 {
@@ -21,13 +27,30 @@ bool isUsersPlace(const std::string &point)
     return isBelow(point, "/media") || isBelow(point, "/run/media");
 }
 
-std::string textOfFile(const std::string &path)
+/// The bytes of a file of at most 1 MiB; nullopt when there may be something in it that cannot be read.
+std::optional<std::string> textOfFile(const std::string &path)
 {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    if (file)
-        text << file.rdbuf();
-    return text.str();
+    constexpr std::size_t Most = 1'048'576;
+    // Without O_NONBLOCK a FIFO would be waited for.
+    const posix::Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen())
+        return errno == ENOENT || errno == ENOTDIR ? std::optional<std::string>("") : std::nullopt;
+    std::string text(Most + 1, '\0');
+    std::size_t length = 0;
+    while (length < text.size()) {
+        const auto count = ::read(file.number(), text.data() + length, text.size() - length);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return std::nullopt;
+        if (count == 0)
+            break;
+        length += static_cast<std::size_t>(count);
+    }
+    if (length > Most)
+        return std::nullopt;
+    text.resize(length);
+    return text;
 }
 
 std::string withoutQuotes(std::string text)
@@ -43,11 +66,14 @@ std::string lower(std::string text)
     return text;
 }
 
+bool isLetterOrDigit(char c)
+{
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
 std::string alphanumeric(std::string text)
 {
-    std::erase_if(text, [](char c) {
-        return !((c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'));
-    });
+    std::erase_if(text, [](char c) { return !isLetterOrDigit(c); });
     return lower(std::move(text));
 }
 
@@ -85,13 +111,24 @@ std::vector<std::string> normalized(std::vector<std::string> names)
     return names;
 }
 
-// The second word of each line is what lies beneath the encryption.
-std::vector<std::string> encryptedIn(const std::string &text)
+/// Returns every name of a device in the text, wherever it stands: "/key:UUID=1", "logdev=/dev/sdb".
+std::vector<std::string> namesAnywhereIn(const std::string &text)
 {
     std::vector<std::string> names;
     for (const auto &words : linesOf(text)) {
-        if (words.size() > 1)
-            names.push_back(words[1]);
+        for (const auto &word : words) {
+            std::string piece;
+            for (const char c : word + ",") {
+                if (c != ',' && c != ':') {
+                    piece += c;
+                    continue;
+                }
+                const auto equal = piece.find('=');
+                if (equal != std::string::npos)
+                    names.push_back(piece.substr(equal + 1));
+                names.push_back(std::exchange(piece, {}));
+            }
+        }
     }
     return normalized(std::move(names));
 }
@@ -166,8 +203,7 @@ bool holdsPath(const std::string &bytes, const std::string &path)
 {
     for (auto at = bytes.find(path); at != std::string::npos; at = bytes.find(path, at + 1)) {
         const char after = at + path.size() < bytes.size() ? bytes[at + path.size()] : '\0';
-        if (!((after >= '0' && after <= '9') || (after >= 'a' && after <= 'z') ||
-              (after >= 'A' && after <= 'Z') || after == '-' || after == '_'))
+        if (!isLetterOrDigit(after) && after != '-' && after != '_')
             return true;
     }
     return false;
@@ -178,12 +214,18 @@ bool holdsPath(const std::string &bytes, const std::string &path)
 SystemClaims::SystemClaims(const std::string &folder) : m_folder(folder)
 {
     const auto in = [&](const char *file) { return textOfFile(folder + "/" + file); };
-    m_tables = {{"fstab", normalized(readFileSystemTable(folder + "/fstab"))},
-                {"crypttab", encryptedIn(in("crypttab"))},
-                {"mdadm/mdadm.conf", arraysIn(in("mdadm/mdadm.conf"))},
-                {"mdadm.conf", arraysIn(in("mdadm.conf"))},
-                {"lvm/devices/system.devices", groupsIn(in("lvm/devices/system.devices"))}};
-    m_pools = in("zfs/zpool.cache");
+    const auto crypttab = in("crypttab");
+    m_isCrypttabHidden = !crypttab;
+    auto fstab = normalized(readFileSystemTable(folder + "/fstab"));
+    auto inOptions = namesAnywhereIn(in("fstab").value_or(""));
+    fstab.insert(fstab.end(), std::make_move_iterator(inOptions.begin()),
+                 std::make_move_iterator(inOptions.end()));
+    m_tables = {{"fstab", std::move(fstab)},
+                {"crypttab", namesAnywhereIn(crypttab.value_or(""))},
+                {"mdadm/mdadm.conf", arraysIn(in("mdadm/mdadm.conf").value_or(""))},
+                {"mdadm.conf", arraysIn(in("mdadm.conf").value_or(""))},
+                {"lvm/devices/system.devices", groupsIn(in("lvm/devices/system.devices").value_or(""))}};
+    m_pools = in("zfs/zpool.cache").value_or("");
 }
 
 std::string SystemClaims::tableNaming(const Device &device) const
@@ -210,6 +252,8 @@ std::string SystemClaims::reasonFor(const SystemState &system, const Device &dis
     for (const auto *device : devices) {
         if (const auto table = tableNaming(*device); !table.empty())
             return "is named by " + table;
+        if (m_isCrypttabHidden && device->property("ID_FS_USAGE") == "crypto")
+            return "is encrypted, and " + m_folder + "/crypttab, which may name it, cannot be read";
         if (system.isPooled(*device))
             return "belongs to a pool of several disks that is in use";
         for (const auto &mount : system.mounts) {

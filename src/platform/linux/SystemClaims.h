@@ -33,7 +33,8 @@ private:
         std::vector<std::string> names; ///< "UUID=...", "LABEL=...", "/dev/sdb1", "MD=...", "PVID=..."
     };
     std::vector<Table> m_tables;
-    std::string m_pools; ///< the bytes of "zpool.cache"
+    bool m_isCrypttabHidden = false; ///< it is there, but only root may read it
+    std::string m_pools;             ///< the bytes of "zpool.cache"
     std::string m_folder;
 };
 

@@ -149,9 +149,11 @@ void putIntoBays(Machine &machine)
     }
     dropSharedSerials(defined);
     machine.remarks = claims.remarks;
-    for (const auto &[where, reason] : claims.unclear)
-        machine.remarks.push_back("a disk (" + where + ") is not where one can tell: " + reason +
-                                  "; it is in no bay");
+    for (const auto &[where, reason] : claims.unclear) {
+        auto remark = "a disk (" + where;
+        remark.append(") is not where one can tell: ").append(reason).append("; it is in no bay");
+        machine.remarks.push_back(std::move(remark));
+    }
     machine.enclosures.insert(machine.enclosures.end(), std::make_move_iterator(defined.begin()),
                               std::make_move_iterator(defined.end()));
 }

@@ -31,6 +31,7 @@ public:
 
     const Machine &machine() const { return m_machine; }
     const SimulatedVolumes &volumes() const { return m_volumes; }
+    const std::string &file() const { return m_file; }
     /// The file's text.
     const std::string &text() const { return m_text; }
     const std::shared_ptr<RegistryNode> &tree() const { return m_tree; }

@@ -271,12 +271,50 @@ TEST_F(DefinedBays, DiskThatATableOfTheSystemNamesIsInNoBay)
     EXPECT_EQ(refusal("sdb"), "");
     m_etc.file("crypttab", "secret UUID=AB-12 none luks\n");
     EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("crypttab") + "; it is in no bay");
-    m_etc.file("crypttab", "UUID=AB-12 /dev/other none\n");
+    m_etc.file("crypttab", "secret /dev/other none\n");
     EXPECT_EQ(refusal("sdb"), "");
     m_etc.file("zfs/zpool.cache", std::string("\0\1/dev/sdb10\0/dev/disk/by-id/usb-SN1-part1\0", 44));
     EXPECT_EQ(refusal("sdb"), "");
     m_etc.file("zfs/zpool.cache", std::string("\0\1/dev/sdb1\0", 12));
     EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("zfs/zpool.cache") + "; it is in no bay");
+}
+
+TEST_F(DefinedBays, NamesInOptionsAndKeysOfTheTablesCount)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    m_machine.addPartition(addDisk(hub, 1, "sdb", "SN1"), 1, {"ID_FS_UUID=AB-12"});
+    define("hub", TwoPorts, Hub);
+    m_etc.file("fstab", "/dev/sda1 / xfs logdev=/dev/sdb1,noatime 0 1\n");
+    EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("fstab") + "; it is in no bay");
+    m_etc.file("fstab", "");
+    for (const char *line :
+         {"root UUID=other /key:UUID=AB-12 luks", "root UUID=other none luks,header=/h:UUID=AB-12"}) {
+        m_etc.file("crypttab", std::string(line) + "\n");
+        EXPECT_EQ(refusal("sdb"), "is named by " + m_etc.path("crypttab") + "; it is in no bay") << line;
+    }
+}
+
+TEST_F(DefinedBays, EncryptedDiskIsInNoBayWhileTheTableOfSuchDisksCannotBeRead)
+{
+    const auto hub = m_machine.addUsb(m_rootHub, 1, HubIds);
+    m_machine.addPartition(addDisk(hub, 1, "sdb", "SN1"), 1, {"ID_FS_UUID=AB-12", "ID_FS_USAGE=crypto"});
+    define("hub", TwoPorts, Hub);
+    EXPECT_EQ(refusal("sdb"), "");
+    m_etc.file("crypttab", std::string(2'000'000, '#')); // more than is read
+    EXPECT_EQ(refusal("sdb"), "is encrypted, and " + m_etc.path("crypttab") +
+                                  ", which may name it, cannot be read; it is in no bay");
+}
+
+TEST_F(DefinedBays, SocketsForFastAndForSlowDevicesAreToldByTheRevisionOfTheBus)
+{
+    const auto slowHub = m_machine.add("/sys/devices/pci0000:00/0000:00:14.0/usb1", "usb",
+                                       {"E: DEVTYPE=usb_device", "A: idVendor=1d6b", "A: version= 2.00"});
+    m_machine.addUsbDisk(m_machine.addUsb(slowHub, 4, "152d:0578"), {.node = "sdb", .serial = "SN1"});
+    define("fast", R"({"A":{"path":"pci-0000:00:14.0-usbv3-0:4:1.0-scsi-0:0:0:0"},"B":{"path":"b"}})");
+    EXPECT_EQ(enclosures(), Lines{"fast"});
+    EXPECT_FALSE(facts("/dev/sdb").isInBay);
+    define("slow", R"({"A":{"path":"pci-0000:00:14.0-usbv2-0:4:1.0-scsi-0:0:0:0"},"B":{"path":"c"}})");
+    EXPECT_EQ(enclosures(), (Lines{"fast", "slow: Slot-A SN1"}));
 }
 
 TEST_F(DefinedBays, MemberOfASetThatTheSystemPutsTogetherIsInNoBay)

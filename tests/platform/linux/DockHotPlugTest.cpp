@@ -70,6 +70,20 @@ TEST_F(DockHotPlug, SecondDockOfTheKindTakesTheBaysAway)
     EXPECT_EQ(scan().tbArray().size(), 1U);
 }
 
+TEST_F(DockHotPlug, DiskThatLeavesABayToAnotherIsToldToo)
+{
+    define("hub", R"({"A":[{"port":"1"},{"port":"3"}],"B":{"port":"2"}})", R"({"usb":"2109:0817"})");
+    const auto hub = addHub(1);
+    addDisk(hub, 1, "sdb");
+    watch();
+    const auto second = addDisk(hub, 3, "sdc");
+    runUntil("detached"); // two disks at one bay: neither is in it
+    EXPECT_TRUE(baysOf(*scan().tbArray().front()).empty());
+    m_machine.pull(second);
+    runUntil("attached");
+    EXPECT_EQ(baysOf(*scan().tbArray().front()), Told{"Slot-A sdb"});
+}
+
 TEST_F(DockHotPlug, OtherUsbDevicesAreNotTold)
 {
     const auto hub = addHub(1);

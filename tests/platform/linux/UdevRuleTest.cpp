@@ -217,13 +217,35 @@ TEST_F(UdevRule, DiskOfTheRunningSystemInADefinedBayStaysTheSystemsOwn)
     EXPECT_EQ(markOf(disk), "");
 }
 
-TEST_F(UdevRule, HubThatComesHasTheDisksInBaysLookedAtAgain)
+TEST_F(UdevRule, DeviceThatMayBeASecondAnchorHasTheDisksInBaysLookedAtAgain)
 {
     const auto root = m_machine.addUsbController("0000:00:14.0", 2);
-    const auto hub = m_machine.add(root + "/2-1", "usb", {"E: DEVTYPE=usb_device", "A: bDeviceClass=09"});
-    EXPECT_NE(sayingsOn(hub, "add").find("udevadm trigger"), std::string::npos);
-    EXPECT_EQ(sayingsOn(m_machine.addUsb(root, 2, "152d:0578"), "add").find("udevadm trigger"),
-              std::string::npos);
+    for (const auto &device :
+         {m_machine.addUsb(root, 2, "152d:0578"), m_machine.addBridge({}, "0000:00:1c.0")})
+        EXPECT_NE(sayingsOn(device, "add").find("property-match=ORVANA_IN_BAY=1"), std::string::npos);
+    EXPECT_EQ(sayingsOn(m_internal, "add").find("udevadm trigger"), std::string::npos);
+}
+
+TEST_F(UdevRule, DiskAtADefinedPortIsMarkedOnceItIsKnownWhatIsOnIt)
+{
+    const auto disk =
+        m_machine.addSataDisk(m_internal, 1, {.node = "sda", .properties = {"DEVLINKS=/dev/x"}});
+    const auto partition = m_machine.addPartition(disk, 1, Unexamined);
+    define("inner", R"({"A":{"path":"pci-0000:00:17.0-ata-2"},"B":{"path":"pci-0000:00:17.0-ata-3"}})");
+    EXPECT_EQ(markOf(disk), "") << "its partition is not examined: a table may name it";
+    EXPECT_NE(sayingsOn(disk, "add").find("udevadm trigger --action=change /sys"), std::string::npos);
+    EXPECT_EQ(sayingsOn(disk, "change").find("udevadm trigger"), std::string::npos) << "asked once";
+    m_machine.pull(partition);
+    m_machine.addPartition(disk, 1);
+    EXPECT_EQ(markOf(disk, "change"), ExternalDisk);
+}
+
+TEST_F(UdevRule, MemberOfASetAtADefinedPortStaysTheSystemsOwn)
+{
+    const auto disk =
+        m_machine.addSataDisk(m_internal, 1, {.node = "sda", .properties = {"ID_FS_TYPE=zfs_member"}});
+    define("inner", R"({"A":{"path":"pci-0000:00:17.0-ata-2"},"B":{"path":"pci-0000:00:17.0-ata-3"}})");
+    EXPECT_EQ(markOf(disk), "");
 }
 
 TEST_F(UdevRule, PathsOfDisksAreThoseThatUdevItselfFinds)
