@@ -82,7 +82,8 @@ ExitStatus learn(EnclosureSetup &setup, PlainMainQueue &queue, Terminal &termina
     if (idOfName(options.name).empty() || !isUtf8(options.name))
         return refuse(terminal, "name the enclosure, with a letter or a digit: bays learn \"Desk dock\"",
                       WrongUsage);
-    for (const auto &other : setup.definitions().definitions) {
+    const auto existing = setup.definitions();
+    for (const auto &other : existing.definitions) {
         if (other.id == idOfName(options.name))
             return refuse(terminal,
                           "there is an enclosure \"" + displayPath(other.name) +

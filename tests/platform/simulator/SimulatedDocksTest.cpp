@@ -167,7 +167,8 @@ TEST_F(SimulatedDocks, DefinitionIsLearnedAddedAndRemoved)
 TEST_F(SimulatedDocks, LookSaysWhichDisksCanBeInNoBay)
 {
     std::map<std::string, std::string> refusals;
-    for (const auto &disk : m_host->enclosureSetup().look().disks)
+    const auto ports = m_host->enclosureSetup().look();
+    for (const auto &disk : ports.disks)
         refusals[disk.serial] = disk.refusal + disk.bay;
     EXPECT_EQ(refusals["INT"], "holds the running system");
     EXPECT_EQ(refusals["A1"], "Slot-A of Dock");
