@@ -63,7 +63,7 @@ class DockMachine(Machine):
 
 
 def devices(machine):
-    return json.loads(machine.run("plurimoctl devices --json"))
+    return json.loads(machine.run("plurimoctl devices --json 2>/dev/null"))
 
 
 def bays(machine, name):
@@ -79,7 +79,9 @@ def number_of(machine, name):
 
 
 def node_of(machine, serial):
-    return machine.run(f"readlink -f $(ls /dev/disk/by-id/*{serial} /dev/disk/by-id/*{serial}-0:0 2>/dev/null | head -1)")
+    """Empty while there is no such disk."""
+    return machine.run(f"ls /dev/disk/by-id/*{serial} /dev/disk/by-id/*{serial}-0:0 2>/dev/null | head -1 | "
+                       "xargs -r readlink -f; true")
 
 
 def write_definition(machine, name, definition, mode="644"):
@@ -90,7 +92,7 @@ def write_definition(machine, name, definition, mode="644"):
 def check_hub_is_learned_disk_by_disk(machine):
     machine.run("(plurimoctl bays learn Hub >/tmp/learn 2>&1; echo $? >/tmp/learned) >/dev/null 2>&1 &")
     for number, bay in enumerate("ABCD"):
-        until(f"the question for bay {bay}", lambda: f"into bay {bay}." in machine.run("cat /tmp/learn"))
+        until(f"the question for bay {bay}", lambda: f"into bay {bay}." in machine.run("cat /tmp/learn 2>/dev/null; true"))
         machine.put_in(number, number + 1)
     until("the end of learning", lambda: machine.try_to_run("cat /tmp/learned")[0] == 0)
     print(machine.run("cat /tmp/learn"))
@@ -99,6 +101,31 @@ def check_hub_is_learned_disk_by_disk(machine):
     assert {bay: port["port"] for bay, port in definition["bays"].items()} == \
         {"A": "1", "B": "2", "C": "3", "D": "4"}, definition
     assert bays(machine, "Hub") == {bay: f"USB{number}" for number, bay in enumerate("ABCD")}, devices(machine)
+
+
+def check_marks_of_a_disk_that_comes(machine):
+    """A disk that comes is marked once udev knows what is on it; one that a table names by its content never is."""
+    def is_marked():
+        machine.run("udevadm settle")
+        node = node_of(machine, "USB3")
+        return "UDISKS_SYSTEM=0" in machine.run(f"udevadm info -q property {node} 2>/dev/null; true").splitlines()
+    node = node_of(machine, "USB3")
+    machine.run(f"(echo 'label: gpt'; echo ,) | sfdisk -q {node}; udevadm settle; mkfs.ext4 -q {node}1; udevadm settle")
+    uuid = machine.run(f"udevadm info -q property {node}1 | sed -n 's/^ID_FS_UUID=//p'")
+    machine.pull(3)
+    until("the pulled disk", lambda: "D" not in bays(machine, "Hub"))
+    machine.run(f"echo 'UUID={uuid} /data ext4 noauto 0 0' >/etc/fstab")
+    machine.put_in(3, 4)
+    until("the disk that the table names", lambda: node_of(machine, "USB3"))
+    assert not is_marked(), "a disk that fstab names by its content is marked"
+    assert "D" not in bays(machine, "Hub")
+    machine.pull(3)
+    until("the pulled disk", lambda: not node_of(machine, "USB3"))
+    machine.run("rm /etc/fstab")
+    machine.put_in(3, 4)
+    until("the disk in its bay", lambda: "D" in bays(machine, "Hub"))
+    until("the mark of the disk", is_marked)
+    print("a disk that comes is marked when it is examined, and not while fstab names what is on it", flush=True)
 
 
 def print_cost_of_the_rule(machine):
@@ -130,6 +157,7 @@ def check_udev_agrees(machine):
                                        "bays": dict(zip("AB", ({"path": path} for path in sorted(nvme))))})
     assert bays(machine, "Plane") == {bay: f"SATA{port}" for port, bay in enumerate("ABCD")}, devices(machine)
     assert bays(machine, "NVMe") == {"A": "NVME0", "B": "NVME1"}, devices(machine)
+    check_marks_of_a_disk_that_comes(machine)
     print_cost_of_the_rule(machine)
 
 
