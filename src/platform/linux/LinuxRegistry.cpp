@@ -11,6 +11,15 @@ namespace
 
 constexpr const char *PciClass = "IOPCIDevice";
 
+// A dock or a second one like it comes or goes, a definition is written, or a bridge gets another disk and
+// says no more than that something changed.
+bool mayChangeBays(const MachineEvent &event)
+{
+    if (event.subsystem == "usb")
+        return event.type == "usb_device" && event.action != "change";
+    return event.subsystem == DefinitionsChanged || (event.type == "disk" && event.action == "change");
+}
+
 /// The arrival of the disk in each bay of a definition, by `keyOf`.
 std::map<std::string, std::string> disksOfBays(const MachineSnapshot &snapshot)
 {
@@ -64,10 +73,7 @@ void LinuxRegistry::take(const MachineEvent &event)
         takeDisk(event);
     else if (isDisk && event.action == "remove")
         takeLostDisk(event);
-    else if (isDisk && event.action == "change")
-        takeAnchor(); // a bridge may get another disk and say no more than this
-    else if (event.subsystem == DefinitionsChanged ||
-             (event.subsystem == "usb" && event.type == "usb_device" && event.action != "change"))
+    else if (mayChangeBays(event))
         takeAnchor();
 }
 

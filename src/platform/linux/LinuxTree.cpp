@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxTree.h"
 
 #include "foundation/DeviceBlocks.h"
+#include "foundation/TextHash.h"
 #include "platform/EnclosureModels.h"
 #include "platform/linux/ThunderboltRouters.h"
 
@@ -44,19 +45,11 @@ void setNumber(RegistryProperties &properties, const char *key, const std::strin
         properties[key] = std::int64_t{number};
 }
 
-std::uint64_t hashOf(const std::string &text)
-{
-    std::uint64_t sum = 14695981039346656037U; // FNV-1a
-    for (const char c : text)
-        sum = (sum ^ static_cast<std::uint8_t>(c)) * 1099511628211U;
-    return sum;
-}
-
 // The registry needs a number. Newer routers have an identifier that is twice as long and has no meaning of
 // its own, so its hash is used.
 std::int64_t uidOf(const Device &router)
 {
-    return static_cast<std::int64_t>(hashOf(router.attribute("unique_id")));
+    return textHash(router.attribute("unique_id"));
 }
 
 // The program takes an enclosure with a definition for one of the maker's with four one-port controllers.
@@ -64,7 +57,7 @@ RegistryProperties enclosureProperties(const enclosures::Definition &definition)
 {
     return {{"Route String", std::int64_t{1}},
             {"Depth", std::int64_t{1}},
-            {"UID", static_cast<std::int64_t>(hashOf("enclosure:" + definition.id))},
+            {"UID", textHash("enclosure:" + definition.id)},
             {"Device Vendor ID", MakerVendor},
             {"Device Model ID", FourBayModels.front()},
             {"Device Vendor Name", std::string("Definition")},

@@ -1,6 +1,6 @@
 // The enclosures that definitions make of the simulated machine's docks and its backplane.
 
-#include "foundation/DisplayPath.h"
+#include "foundation/TextHash.h"
 #include "platform/simulator/Machine.h"
 
 #include <algorithm>
@@ -13,14 +13,6 @@ namespace
 {
 
 using enclosures::DiskPlace;
-
-std::int64_t uidOf(const std::string &id)
-{
-    std::uint64_t sum = 14695981039346656037U; // FNV-1a
-    for (const char c : "enclosure:" + id)
-        sum = (sum ^ static_cast<std::uint8_t>(c)) * 1099511628211U;
-    return static_cast<std::int64_t>(sum);
-}
 
 DiskPlace placeInDock(const Dock &dock, const PortDisk &disk)
 {
@@ -101,7 +93,7 @@ std::vector<Enclosure> enclosuresOf(const std::vector<enclosures::Definition> &d
         Enclosure enclosure;
         enclosure.name = definitions[i].name;
         enclosure.vendorName = "Definition";
-        enclosure.uid = uidOf(definitions[i].id);
+        enclosure.uid = textHash("enclosure:" + definitions[i].id);
         enclosure.definition = definitions[i].id;
         enclosure.isAttached = claims.isPresent[i];
         made.push_back(std::move(enclosure));

@@ -2,6 +2,7 @@
 
 #include "foundation/MainQueue.h"
 #include "foundation/SystemLog.h"
+#include "platform/simulator/SimulatedSetup.h"
 
 #include <algorithm>
 
@@ -172,34 +173,6 @@ private:
 
 // The definitions are read and written on any thread, and the machine is used on one. So they go through the
 // file, as in another program.
-class SimulatorHost::SimulatedSetup final : public enclosures::EnclosureSetup
-{
-public:
-    explicit SimulatedSetup(const SimulatedMachine &machine) : m_machine(machine), m_file(machine.file()) {}
-
-    enclosures::PortSnapshot look() override { return m_machine.ports(); }
-    enclosures::DefinitionSet definitions() override
-    {
-        const auto machine = SimulatedMachine::open(m_file);
-        return machine ? enclosures::DefinitionSet{(*machine)->machine().definitions, {}}
-                       : enclosures::DefinitionSet{{}, {machine.error()}};
-    }
-    tl::expected<void, std::string> add(const enclosures::Definition &definition) override
-    {
-        return SimulatedMachine::open(m_file).and_then(
-            [&](const auto &machine) { return machine->addDefinition(definition); });
-    }
-    tl::expected<void, std::string> remove(const std::string &id) override
-    {
-        return SimulatedMachine::open(m_file).and_then(
-            [&](const auto &machine) { return machine->removeDefinition(id); });
-    }
-
-private:
-    const SimulatedMachine &m_machine;
-    const std::string m_file;
-};
-
 class SimulatorHost::SimulatedEvents final : public VolumeEvents
 {
 public:

@@ -23,6 +23,8 @@ class MainQueue;
 namespace orvana::platform::simulator
 {
 
+class SimulatedSetup;
+
 /// A host whose machine is simulated. Main thread only, except for its files.
 class SimulatorHost final : public Host
 {
@@ -55,7 +57,6 @@ private:
     class SimulatedRegistry;
     class SimulatedEvents;
     class SimulatedTools;
-    class SimulatedSetup;
 
     void setUpVolumes();
     void retireDetachedVolumes();
