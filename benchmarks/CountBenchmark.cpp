@@ -110,6 +110,7 @@ public:
     platform::VolumeEvents &volumeEvents() override { return m_host.volumeEvents(); }
     platform::CommandLauncher &launcher() override { return m_host.launcher(); }
     platform::Workspace &workspace() override { return m_host.workspace(); }
+    enclosures::EnclosureSetup &enclosureSetup() override { return m_host.enclosureSetup(); }
 
 private:
     platform::Host &m_host;
