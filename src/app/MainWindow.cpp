@@ -118,9 +118,8 @@ void MainWindow::initTBDeviceView()
 {
     if (!m_tbDevice) {
         m_tbDevice = new TBDeviceViewController(m_context.center, TBDeviceView);
-        connect(m_tbDevice, &TBDeviceViewController::remarksWanted, this, [this](const QString &text) {
-            m_sheets.show({tr("Not used"), text, {tr("OK")}});
-        });
+        connect(m_tbDevice, &TBDeviceViewController::remarksWanted, this,
+                [this](const QString &text) { m_sheets.show({tr("Not used"), text, {tr("OK")}}); });
     }
     m_tbDevice->setGeometry(0, 0, 300, 70);
     m_tbDevice->show(); // like the other panels, it is made when the window is already on the screen

@@ -156,7 +156,7 @@ bool MainWindow::mayMountDisks() const
     return !isBusy() && chosenEnclosure(devices(), chosenNow());
 }
 
-// What is mounted by this is shown by the rescan that the mount sets off.
+// The rescan that a mount sets off shows the volumes.
 void MainWindow::mountDisks()
 {
     const auto enclosure = chosenEnclosure(devices(), chosenNow());

@@ -1,4 +1,5 @@
-// What the window offers where there is no enclosure: to set one up, and the demo.
+// This file is the part of the window that helps where there is no enclosure: it sets one up, or starts the
+// demo.
 
 #include "app/BaySetupSheet.h"
 #include "app/MainWindow.h"

@@ -146,7 +146,7 @@ ExitStatus checkFile(Terminal &terminal, const std::string &path)
     return AllDone;
 }
 
-// What the definitions mean on this machine now: which are there, and what is wrong.
+// Says which enclosures are there on this machine now, which disks are in their bays, and what is wrong.
 ExitStatus check(EnclosureSetup &setup, Terminal &terminal)
 {
     const auto set = setup.definitions();

@@ -35,9 +35,7 @@ Outcome<void> writeOut(const std::string &point)
 
 bool isMountableHere(const std::string &type)
 {
-    struct utsname kernel
-    {
-    };
+    struct utsname kernel{};
     return ::uname(&kernel) == 0 && canBeMounted(type, static_cast<const char *>(kernel.release));
 }
 
@@ -51,7 +49,8 @@ Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFa
         return trouble(NotThere, displayPath(node) + ": there is no such disk");
     if (!facts->isInBay)
         return trouble(Refused, displayPath(node) + " is in no bay of an enclosure");
-    if (const auto free = checkMountable(node, *facts); !free)
+    const auto free = facts->isInDefinedBay ? checkMountable(node, *facts) : checkEjectable(node, *facts);
+    if (!free)
         return tl::unexpected(free.error());
     if (facts->isInDefinedBay && !facts->isExamined)
         return displayPath(node) + " is to be examined first";

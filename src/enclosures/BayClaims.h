@@ -45,7 +45,7 @@ struct BayClaim
     char bay = 'A';
 };
 
-/// What the definitions mean on the machine as it is now. Whatever is not clear is no bay.
+/// The bays that the definitions make on the machine as it is now. A place that is not clear is no bay.
 struct BayClaims
 {
     std::vector<bool> isPresent;          ///< for each definition: its anchor is there, or it needs none

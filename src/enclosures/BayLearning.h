@@ -18,7 +18,7 @@ public:
     /// The disks that are there at the start show nothing; they must be taken out and put in again.
     explicit BayLearning(const PortSnapshot &start);
 
-    /// What has become of a look at the machine.
+    /// The result of one look at the machine.
     struct Answer
     {
         enum class Kind {

@@ -1,7 +1,9 @@
 #include "enclosures/DefinitionFolder.h"
 
 #include "foundation/DisplayPath.h"
+#include "platform/posix/BoundedRead.h"
 #include "platform/posix/Descriptor.h"
+#include "platform/posix/TransferAll.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -62,9 +64,7 @@ Expected<Descriptor> openFolder(const std::string &path, Trust trust)
             ::openat(folder.number(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
         if (!folder.isOpen() && errno == ENOENT)
             return Descriptor();
-        struct stat status
-        {
-        };
+        struct stat status{};
         if (!folder.isOpen() || ::fstat(folder.number(), &status) != 0)
             return tl::unexpected(displayPath(place) + ": " + reasonOf(errno));
         if (const auto weakness = weaknessOf(status, trust); !weakness.empty())
@@ -97,31 +97,19 @@ Expected<std::string> readFile(const Descriptor &folder, const std::string &name
     // Without O_NONBLOCK a FIFO would be waited for.
     const Descriptor file(
         ::openat(folder.number(), name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    struct stat status
-    {
-    };
+    struct stat status{};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
         return tl::unexpected(errno == ELOOP ? "is a link" : reasonOf(errno));
     if (!S_ISREG(status.st_mode))
         return tl::unexpected(std::string("is not a regular file"));
     if (auto weakness = weaknessOf(status, trust); !weakness.empty())
         return tl::unexpected(std::move(weakness));
-    std::string text(LargestFile + 1, '\0');
-    std::size_t length = 0;
-    while (length < text.size()) {
-        const auto count = ::read(file.number(), text.data() + length, text.size() - length);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return tl::unexpected(reasonOf(errno));
-        if (count == 0)
-            break;
-        length += static_cast<std::size_t>(count);
-    }
-    if (length > LargestFile)
+    auto text = platform::posix::readAtMost(file.number(), LargestFile);
+    if (!text)
+        return tl::unexpected(text.error().reason());
+    if (!*text)
         return tl::unexpected(std::string("has more than 64 KiB"));
-    text.resize(length);
-    return text;
+    return std::move(**text);
 }
 
 Expected<Definition> definitionIn(const Descriptor &folder, const std::string &name, Trust trust)
@@ -141,15 +129,10 @@ Expected<void> failed(const std::string &folder, const std::string &id, const st
 
 bool writeAll(const Descriptor &file, std::string_view text)
 {
-    while (!text.empty()) {
-        const auto count = ::write(file.number(), text.data(), text.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return ::fsync(file.number()) == 0;
+    const auto written = platform::posix::transferAll(text.size(), [&](std::size_t done) {
+        return ::write(file.number(), text.data() + done, text.size() - done);
+    });
+    return written == text.size() && ::fsync(file.number()) == 0;
 }
 
 // Makes the folder and those above it that are missing.

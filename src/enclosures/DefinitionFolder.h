@@ -9,10 +9,10 @@
 namespace orvana::enclosures
 {
 
-/// Where the definitions of a machine are.
+/// The folder that holds the definitions of a machine.
 inline constexpr const char *SystemFolder = "/etc/orvana-plurimo/enclosures.d";
 
-/// Who may own a folder of definitions and its files.
+/// The owners whose folders and files of definitions count.
 enum class Trust {
     Root,       ///< root alone: what decides which disks may be erased
     RootOrUser, ///< root and the user of this process: tests of programs that are not installed

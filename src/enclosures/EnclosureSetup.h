@@ -30,7 +30,7 @@ struct PortSnapshot
     std::vector<AnchorDevice> anchors;
 };
 
-/// What a machine offers to set up enclosures.
+/// The part of a machine with which enclosures are set up.
 class EnclosureSetup
 {
 public:

@@ -159,9 +159,7 @@ TEST_F(DefinitionFolder, AddedDefinitionIsReadBackAndNeverReplacesOne)
     const auto definition = readDefinition("dock", Good).value();
     ASSERT_TRUE(addDefinition(folder, definition));
     EXPECT_EQ(readDefinitions(folder, Trust::RootOrUser).definitions, std::vector{definition});
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat((folder + "/dock.json").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0644U);
     auto other = definition;

@@ -66,17 +66,14 @@ bool DiskUtil::EjectDisks()
 {
     return workThrough(
         [](const DiskUtilInfo &disk) { return "Eject /Volumes/" + displayPath(disk.diskVolume); },
-        [](const DiskUtilInfo &disk) {
-            return std::vector<std::string>{"eject", disk.diskPath};
-        });
+        [](const DiskUtilInfo &disk) { return std::vector<std::string>{"eject", disk.diskPath}; });
 }
 
 bool DiskUtil::MountDisks()
 {
-    return workThrough([](const DiskUtilInfo &disk) { return "Mount " + displayPath(disk.diskPath); },
-                       [](const DiskUtilInfo &disk) {
-                           return std::vector<std::string>{"mountDisk", disk.diskPath};
-                       });
+    return workThrough(
+        [](const DiskUtilInfo &disk) { return "Mount " + displayPath(disk.diskPath); },
+        [](const DiskUtilInfo &disk) { return std::vector<std::string>{"mountDisk", disk.diskPath}; });
 }
 
 void DiskUtil::startEraseDisks()

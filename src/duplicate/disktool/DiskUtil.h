@@ -26,7 +26,8 @@ struct DiskResult
     std::string reason; ///< why it failed: first output line or our own words; valid UTF-8; empty on success
 };
 
-/// Erases, ejects and mounts disks one after the other, with one run of the system's disk utility for each disk.
+/// Erases, ejects and mounts disks one after the other, with one run of the system's disk utility for each
+/// disk.
 ///
 /// Used on the main thread, which waits meanwhile. Posts "DiskMessage" before each disk. If a command fails,
 /// the next command is run all the same.

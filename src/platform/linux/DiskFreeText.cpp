@@ -54,9 +54,7 @@ std::string lineOf(const ListedVolume &volume, const VolumeRoom &room)
 
 std::optional<VolumeRoom> measureRoom(const std::string &point)
 {
-    struct statvfs room
-    {
-    };
+    struct statvfs room{};
     if (::statvfs(point.c_str(), &room) != 0)
         return std::nullopt;
     const auto inBlocks = [&](std::uint64_t count) {

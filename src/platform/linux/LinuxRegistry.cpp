@@ -74,7 +74,7 @@ void LinuxRegistry::take(const MachineEvent &event)
     else if (isDisk && event.action == "remove")
         takeLostDisk(event);
     else if (mayChangeBays(event))
-        takeAnchor();
+        lookAtBays();
 }
 
 void LinuxRegistry::takePci(const MachineEvent &event)
@@ -82,7 +82,7 @@ void LinuxRegistry::takePci(const MachineEvent &event)
     if (event.action == "remove") {
         if (const auto gone = m_known.extract(event.path))
             tell(RegistryEvent::Terminated, gone.mapped());
-        takeAnchor();
+        lookAtBays();
         return;
     }
     // "add" and "bind" report the same arrival.
@@ -90,17 +90,13 @@ void LinuxRegistry::takePci(const MachineEvent &event)
         return;
     // Devices that came together with this device are in the same snapshot. Their own events then need no
     // other snapshot.
-    const auto snapshot = m_machine.snapshot();
-    tellLostBays(*snapshot);
-    tellNew(*snapshot);
+    tellDifferences(*m_machine.snapshot());
 }
 
 void LinuxRegistry::takeDisk(const MachineEvent &event)
 {
     const auto snapshot = m_machine.snapshot();
-    tellLostBays(*snapshot);
-    tellNew(*snapshot);
-    tellChangedBays(*snapshot);
+    tellDifferences(*snapshot);
     for (const auto &disk : snapshot->disks) {
         const auto controller = disk.device->path == event.path ? controllerOf(disk) : std::nullopt;
         if (controller && !isBayKey(*controller))
@@ -108,37 +104,35 @@ void LinuxRegistry::takeDisk(const MachineEvent &event)
     }
 }
 
-// The dock of a definition may have come or gone, or a second one like it, or the definitions have changed.
-void LinuxRegistry::takeAnchor()
+// The dock of a definition may have come or gone, or a second one like it, or a disk in a bay, or the
+// definitions have changed. Without definitions there is nothing to look at.
+void LinuxRegistry::lookAtBays()
 {
     const bool hasBays =
         std::any_of(m_known.begin(), m_known.end(), [](const auto &known) { return isBayKey(known.first); });
-    if (!hasBays && !m_machine.hasDefinitions())
-        return;
-    const auto snapshot = m_machine.snapshot();
-    tellLostBays(*snapshot);
-    tellNew(*snapshot);
-    tellChangedBays(*snapshot);
+    if (hasBays || m_machine.hasDefinitions())
+        tellDifferences(*m_machine.snapshot());
+}
+
+void LinuxRegistry::tellDifferences(const MachineSnapshot &snapshot)
+{
+    tellLostBays(snapshot);
+    tellNew(snapshot);
+    tellChangedBays(snapshot);
 }
 
 // A bay may lose its disk, or get one, because of another disk: two at one bay are in none.
 void LinuxRegistry::tellChangedBays(const MachineSnapshot &snapshot)
 {
     const auto before = std::exchange(m_bayDisks, disksOfBays(snapshot));
-    std::set<std::string> keys;
-    for (const auto &[key, disk] : before)
-        keys.insert(key);
-    for (const auto &[key, disk] : m_bayDisks)
-        keys.insert(key);
-    for (const auto &key : keys) {
-        const auto old = before.find(key);
-        const auto present = m_bayDisks.find(key);
-        const auto entry = snapshot.tree.pci.find(key);
-        if (entry == snapshot.tree.pci.end() ||
-            (old != before.end() && present != m_bayDisks.end() && old->second == present->second))
-            continue;
-        tell(present == m_bayDisks.end() ? RegistryEvent::Terminated : RegistryEvent::Published,
-             entry->second);
+    const auto diskAt = [](const auto &disks, const std::string &key) {
+        const auto found = disks.find(key);
+        return found == disks.end() ? std::string() : found->second;
+    };
+    for (const auto &[key, entry] : snapshot.tree.pci) {
+        const auto disk = diskAt(m_bayDisks, key);
+        if (disk != diskAt(before, key))
+            tell(disk.empty() ? RegistryEvent::Terminated : RegistryEvent::Published, entry);
     }
 }
 
@@ -174,8 +168,7 @@ void LinuxRegistry::tellLostBays(const MachineSnapshot &snapshot)
 void LinuxRegistry::takeLostDisk(const MachineEvent &event)
 {
     const auto disk = m_controllers.extract(event.path);
-    if (!m_bayDisks.empty() || m_machine.hasDefinitions())
-        takeAnchor();
+    lookAtBays();
     if (!disk || isBayKey(disk.mapped()))
         return;
     if (const auto controller = m_known.find(disk.mapped()); controller != m_known.end())

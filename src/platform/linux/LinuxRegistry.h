@@ -34,7 +34,8 @@ private:
     void takePci(const MachineEvent &event);
     void takeDisk(const MachineEvent &event);
     void takeLostDisk(const MachineEvent &event);
-    void takeAnchor();
+    void lookAtBays();
+    void tellDifferences(const MachineSnapshot &snapshot);
     void tellNew(const MachineSnapshot &snapshot);
     void tellLostBays(const MachineSnapshot &snapshot);
     void tellChangedBays(const MachineSnapshot &snapshot);

@@ -31,6 +31,16 @@ void visit(libmnt_table &table, Visit each)
         each(*entry);
 }
 
+std::vector<std::string> sourcesIn(const std::string &file, int (*parse)(libmnt_table *, const char *))
+{
+    std::vector<std::string> sources;
+    const Table table(mnt_new_table());
+    if (!table || parse(table.get(), file.c_str()) != 0)
+        return sources;
+    visit(*table, [&](libmnt_fs &entry) { sources.push_back(textOf(mnt_fs_get_source(&entry))); });
+    return sources;
+}
+
 } // namespace
 
 std::vector<Mount> readMounts(const std::string &file)
@@ -53,22 +63,12 @@ std::vector<Mount> readMounts(const std::string &file)
 
 std::vector<std::string> readSwaps(const std::string &file)
 {
-    std::vector<std::string> sources;
-    const Table table(mnt_new_table());
-    if (!table || mnt_table_parse_swaps(table.get(), file.c_str()) != 0)
-        return sources;
-    visit(*table, [&](libmnt_fs &entry) { sources.push_back(textOf(mnt_fs_get_source(&entry))); });
-    return sources;
+    return sourcesIn(file, mnt_table_parse_swaps);
 }
 
 std::vector<std::string> readFileSystemTable(const std::string &file)
 {
-    std::vector<std::string> sources;
-    const Table table(mnt_new_table());
-    if (!table || mnt_table_parse_fstab(table.get(), file.c_str()) != 0)
-        return sources;
-    visit(*table, [&](libmnt_fs &entry) { sources.push_back(textOf(mnt_fs_get_source(&entry))); });
-    return sources;
+    return sourcesIn(file, mnt_table_parse_fstab);
 }
 
 } // namespace orvana::platform::linux_host

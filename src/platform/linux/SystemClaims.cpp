@@ -3,6 +3,7 @@
 #include "foundation/DisplayPath.h"
 #include "platform/linux/Disks.h"
 #include "platform/linux/SystemState.h"
+#include "platform/posix/BoundedRead.h"
 #include "platform/posix/Descriptor.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@
 #include <iterator>
 #include <optional>
 #include <sstream>
-#include <unistd.h>
 #include <utility>
 
 namespace orvana::platform::linux_host
@@ -35,22 +35,8 @@ std::optional<std::string> textOfFile(const std::string &path)
     const posix::Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.isOpen())
         return errno == ENOENT || errno == ENOTDIR ? std::optional<std::string>("") : std::nullopt;
-    std::string text(Most + 1, '\0');
-    std::size_t length = 0;
-    while (length < text.size()) {
-        const auto count = ::read(file.number(), text.data() + length, text.size() - length);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return std::nullopt;
-        if (count == 0)
-            break;
-        length += static_cast<std::size_t>(count);
-    }
-    if (length > Most)
-        return std::nullopt;
-    text.resize(length);
-    return text;
+    auto text = posix::readAtMost(file.number(), Most);
+    return text ? std::move(*text) : std::nullopt;
 }
 
 std::string withoutQuotes(std::string text)

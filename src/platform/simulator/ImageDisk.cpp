@@ -27,9 +27,7 @@ CommandLauncher::Result runTool(const std::string &path, const std::vector<std::
 // Returns a text that identifies the file, or an empty text when the path is no regular file.
 std::string identityOf(const std::string &path)
 {
-    struct stat status
-    {
-    };
+    struct stat status{};
     if (::lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return {};
     return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
@@ -71,9 +69,7 @@ bool ImageDisk::isOwn() const
 
 bool ImageDisk::isEmpty() const
 {
-    struct stat status
-    {
-    };
+    struct stat status{};
     return ::lstat(m_image.c_str(), &status) == 0 && status.st_blocks == 0;
 }
 

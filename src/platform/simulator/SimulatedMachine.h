@@ -72,8 +72,8 @@ private:
     int numberOf(const std::string &where);
     void apply(MachineFile content);
     bool refreshLocked();
-    Outcome change(
-        const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
+    Outcome
+    change(const std::function<void(Json &)> &edit, const std::function<void()> &onceAccepted = [] {});
     void forgetNumbersOfDetached();
     const Disk *diskAt(const std::string &device) const;
     bool isSpared(const Disk &disk, const std::string &device) const;

@@ -195,9 +195,7 @@ TEST_F(FileCopyThread, FoldersAreClosedToTheirOwnerAlsoWhenARunIsCancelled)
     m_engine.stopCopyThread();
     isCancelled = true;
     ASSERT_TRUE(m_engine.waitForEnd(Patience));
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat(copy("a", "docs/inner").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0555U);
 }

@@ -195,9 +195,7 @@ TEST_F(FileCopyFile, CopyHasTheSourcesPermissionsAndItsOwnDate)
     const timespec old[2] = {{1'000'000, 0}, {1'000'000, 0}};
     ASSERT_EQ(::utimensat(AT_FDCWD, script.c_str(), old, 0), 0);
     runJob({"script"});
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat(copy("a", "script").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0751U);
     EXPECT_GT(status.st_mtim.tv_sec, 1'000'000);
@@ -209,9 +207,7 @@ TEST_F(FileCopyFile, ReadOnlySourceGetsItsBytes)
     ASSERT_EQ(::chmod(locked.c_str(), 0444), 0);
     runJob({"locked"});
     EXPECT_EQ(m_tree.read("a/locked"), "bytes");
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat(copy("a", "locked").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0444U);
 }

@@ -64,9 +64,7 @@ TEST_F(FileCopyWalk, LinkDirectlyInATickedFolderIsCopiedAsWhatItPointsTo)
     runJob({"docs"});
     EXPECT_EQ(m_tree.read("a/docs/file"), "pointed at");
     EXPECT_EQ(m_tree.read("a/docs/folder/inside.txt"), "in a folder");
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::lstat(copy("a", "docs/file").c_str(), &status), 0);
     EXPECT_TRUE(S_ISREG(status.st_mode));
     EXPECT_EQ(status.st_mode & 0002U, 0U) << "a link has no permissions of its own to give";
@@ -208,9 +206,7 @@ TEST_F(FileCopyWalk, TickedFileWhoseParentIsNotTickedGetsFoldersLikeTheFile)
     const auto letter = m_tree.file("source/docs/deep/letter.txt");
     ASSERT_EQ(::chmod(letter.c_str(), 0444), 0);
     runJob({"docs/deep/letter.txt"});
-    struct stat status
-    {
-    };
+    struct stat status{};
     for (const char *folder : {"docs", "docs/deep"}) {
         ASSERT_EQ(::stat(copy("a", folder).c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777U, 0555U) << folder << ": readable, so searchable, and not writable";
@@ -224,9 +220,7 @@ TEST_F(FileCopyWalk, FolderProtectionIsSetAfterItsContent)
     ASSERT_EQ(::chmod(source("docs/inner").c_str(), 0555), 0);
     ASSERT_EQ(::chmod(source("docs").c_str(), 0500), 0);
     runJob({"docs"});
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat(copy("a", "docs/inner").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0555U);
     ASSERT_EQ(::stat(copy("a", "docs").c_str(), &status), 0);
@@ -293,9 +287,7 @@ TEST_F(FileCopyWalk, CreateFileFolderDoesNotTouchAnExistingFolder)
     m_tree.folder("a/there");
     ASSERT_EQ(::chmod(copy("a", "there").c_str(), 0755), 0);
     m_engine.createFileFolder(copy("a", "there"), platform::Attributes{.permissions = 0500});
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat(copy("a", "there").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0755U);
 }
@@ -329,9 +321,7 @@ TEST_F(FileCopyWalk, FolderBelowAFileIsTold)
 TEST_F(FileCopyWalk, FolderThatACutOffRunLeftOpenGetsItsPermissions)
 {
     const auto modeOf = [](const std::string &path) {
-        struct stat status
-        {
-        };
+        struct stat status{};
         EXPECT_EQ(::stat(path.c_str(), &status), 0);
         return status.st_mode & 07777U;
     };
@@ -355,9 +345,7 @@ TEST_F(FileCopyWalk, CreateFileFolderMakesWhatIsMissingAboveAndLeavesWhatIsThere
     platform::Attributes like;
     like.permissions = 0750;
     m_engine.createFileFolder(copy("a", "one/two/three"), like);
-    struct stat status
-    {
-    };
+    struct stat status{};
     ASSERT_EQ(::stat(copy("a", "one/two").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0750U);
     m_tree.file("a/file", "stays");

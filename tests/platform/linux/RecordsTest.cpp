@@ -56,8 +56,7 @@ TEST_P(RecordedMachine, IsListedAsItIsKnownToBe)
 
 INSTANTIATE_TEST_SUITE_P(Of, RecordedMachine, testing::ValuesIn(recordedMachines()), [](const auto &name) {
     auto text = name.param;
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return std::isalnum(c) == 0; }, '_');
+    std::replace_if(text.begin(), text.end(), [](char c) { return std::isalnum(c) == 0; }, '_');
     return text;
 });
 
