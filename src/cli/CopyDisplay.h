@@ -1,7 +1,8 @@
 #pragma once
 
 #include "duplicate/plan/RunOrder.h"
-#include "duplicate/run/RunProgress.h"
+#include "duplicate/report/RunReport.h"
+#include "duplicate/run/RunMonitor.h"
 #include "foundation/Refusal.h"
 
 #include <memory>
@@ -19,12 +20,14 @@ class CopyDisplay
 public:
     virtual ~CopyDisplay() = default;
 
-    virtual void started(const CopyJob &job, const RunOrder &order, const std::string &log) = 0;
+    /// `bays` are the bays of the destinations, "Slot-B"; empty for a run that copies to folders.
+    virtual void started(const CopyJob &job, const RunOrder &order, const std::vector<std::string> &bays,
+                         const std::string &log) = 0;
     virtual void message(const std::string &text) = 0;
     virtual void problem(const RunProblem &problem) = 0;
 
     /// Called five times a second.
-    virtual void progress(const RunProgress &progress, RunReport &report) = 0;
+    virtual void progress(const RunStatus &status) = 0;
     virtual void ended(ExitStatus status, const RunProgress &progress, RunReport &report,
                        const std::string &log) = 0;
 };

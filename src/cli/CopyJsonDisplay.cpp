@@ -18,16 +18,19 @@ class JsonDisplay final : public CopyDisplay
 public:
     explicit JsonDisplay(Terminal &terminal) : m_terminal(terminal) {}
 
-    void started(const CopyJob &job, const RunOrder &order, const std::string &log) override
+    void started(const CopyJob &job, const RunOrder &order, const std::vector<std::string> &bays,
+                 const std::string &log) override
     {
         Json event = {{"event", "start"}};
         putPath(event, "root", job.SrcDiskPath);
         event["files"] = order.totalFiles;
         event["bytes"] = order.totalBytes;
         event["destinations"] = Json::array();
-        for (const auto &destination : job.DesFileArray) {
+        for (std::size_t i = 0; i < job.DesFileArray.size(); ++i) {
             Json entry = Json::object();
-            putPath(entry, "path", destination);
+            putPath(entry, "path", job.DesFileArray[i]);
+            if (i < bays.size())
+                entry["bay"] = bays[i];
             event["destinations"].push_back(std::move(entry));
         }
         putPath(event, "log", log);
@@ -47,19 +50,24 @@ public:
         m_terminal.printError(problemText(problem));
     }
 
-    void progress(const RunProgress &progress, RunReport &report) override
+    void progress(const RunStatus &status) override
     {
+        const auto orNull = [](const auto &value) { return value ? Json(*value) : Json(nullptr); };
         Json event = {{"event", "progress"},
-                      {"files", report.filesStarted()},
-                      {"seconds", progress.elapsed()},
-                      {"secondsLeft", nullptr},
+                      {"stage", nameOf(status.stage)},
+                      {"files", status.files},
+                      {"seconds", status.seconds},
+                      {"fraction", status.fraction},
+                      {"bytesPerSecond", status.bytesPerSecond},
+                      {"secondsLeft", orNull(status.secondsLeft)},
+                      {"waitingFor", orNull(status.waitingFor)},
                       {"destinations", Json::array()}};
-        if (const auto left = progress.secondsLeft())
-            event["secondsLeft"] = *left;
-        for (std::size_t i = 0; i < report.destinationCount(); ++i)
-            event["destinations"].push_back({{"bytes", progress.bytesOf(i)},
-                                             {"bytesPerSecond", progress.rateOf(i)},
-                                             {"failed", report.destination(i).failed.load()}});
+        for (const auto &destination : status.destinations)
+            event["destinations"].push_back({{"bytes", destination.bytes},
+                                             {"fraction", destination.fraction},
+                                             {"bytesPerSecond", destination.bytesPerSecond},
+                                             {"secondsLeft", orNull(destination.secondsLeft)},
+                                             {"failed", destination.failed}});
         m_terminal.print(event.dump());
     }
 

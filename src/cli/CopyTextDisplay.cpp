@@ -5,6 +5,7 @@
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 
+#include <algorithm>
 #include <mutex>
 
 namespace orvana::cli
@@ -13,11 +14,6 @@ namespace orvana::cli
 namespace
 {
 
-std::string rateText(double bytesPerSecond)
-{
-    return sizeText(static_cast<std::uint64_t>(bytesPerSecond)) + "/s";
-}
-
 /// Prints lines for people. On a screen a block of lines changes in place; elsewhere only lasting lines are
 /// printed.
 class TextDisplay final : public CopyDisplay
@@ -25,9 +21,11 @@ class TextDisplay final : public CopyDisplay
 public:
     explicit TextDisplay(Terminal &terminal) : m_terminal(terminal) {}
 
-    void started(const CopyJob &job, const RunOrder &order, const std::string &) override
+    void started(const CopyJob &job, const RunOrder &order, const std::vector<std::string> &bays,
+                 const std::string &) override
     {
-        m_files = order.totalFiles;
+        m_roots = job.DesFileArray;
+        m_bays = bays;
         std::string line = "Duplicating " + std::to_string(order.totalFiles) + " file(s), " +
                            sizeText(order.totalBytes) + ", from " + displayPath(job.SrcDiskPath) + " to";
         for (const auto &destination : job.DesFileArray)
@@ -43,20 +41,16 @@ public:
 
     void problem(const RunProblem &problem) override { m_terminal.printError(problemText(problem)); }
 
-    void progress(const RunProgress &progress, RunReport &report) override
+    void progress(const RunStatus &status) override
     {
         if (!m_terminal.isScreen())
             return;
         const auto width = m_terminal.width() - 1;
         std::string block;
-        for (std::size_t i = 0; i < report.destinationCount(); ++i)
-            block += fitted(lineOf(i, progress, report), width) + "\n";
-        block += fitted("Total  " + percentText(progress.workDone(), progress.totalWork()) + "  " +
-                            std::to_string(report.filesStarted()) + " of " + std::to_string(m_files) +
-                            " file(s)  " + sizeText(progress.totalBytes()) + "  " +
-                            durationText(progress.secondsLeft()) + " left",
-                        width) +
-                 "\n";
+        for (std::size_t i = 0; i < std::min(status.destinations.size(), m_roots.size()); ++i)
+            block += fitted(lineOf(i, status.destinations[i]), width) + "\n";
+        block += fitted(totalOf(status), width) + "\n";
+        block += fitted(stageOf(status), width) + "\n";
         const std::lock_guard lock(m_mutex);
         m_terminal.showBlock(block + fitted(m_message, width) + "\n");
     }
@@ -77,16 +71,36 @@ public:
     }
 
 private:
-    static std::string lineOf(std::size_t index, const RunProgress &progress, RunReport &report)
+    std::string lineOf(std::size_t index, const DestinationStatus &destination) const
     {
-        const auto &tally = report.destination(index);
-        std::string line = displayPath(tally.root) + "  " +
-                           percentText(progress.bytesOf(index), progress.totalBytes()) + "  " +
-                           rateText(progress.rateOf(index)) + "  " +
-                           durationText(progress.secondsLeftOf(index)) + " left";
-        if (tally.failed > 0)
-            line += "  " + std::to_string(tally.failed) + " failed";
+        std::string line = displayPath(m_roots[index]) + "  " + percentText(destination.fraction) + "  " +
+                           rateText(destination.bytesPerSecond) + "  " +
+                           durationText(destination.secondsLeft) + " left";
+        if (destination.failed > 0)
+            line += "  " + std::to_string(destination.failed) + " failed";
         return line;
+    }
+
+    static std::string totalOf(const RunStatus &status)
+    {
+        return "Total  " + percentText(status.fraction) + "  " + std::to_string(status.files) + " of " +
+               std::to_string(status.totalFiles) + " file(s)  " + sizeText(status.totalBytes) + "  " +
+               rateText(status.bytesPerSecond) + "  " + durationText(status.secondsLeft) + " left";
+    }
+
+    // Says what the run does, and which disk holds up the others.
+    std::string stageOf(const RunStatus &status) const
+    {
+        std::string line = nameOf(status.stage);
+        line[0] = static_cast<char>(line[0] - 'a' + 'A');
+        if (!status.waitingFor || *status.waitingFor >= m_roots.size())
+            return line;
+        const auto index = *status.waitingFor;
+        const auto root = displayPath(m_roots[index]);
+        const auto name = index < m_bays.size()
+                              ? "bay " + m_bays[index].substr(m_bays[index].size() - 1) + " (" + root + ")"
+                              : root;
+        return line + ".  Waiting for " + name + ": " + rateText(status.destinations[index].bytesPerSecond);
     }
 
     static std::string textOf(const DestinationSummary &destination, double rate)
@@ -105,7 +119,8 @@ private:
     }
 
     Terminal &m_terminal;
-    std::int64_t m_files = 0;
+    std::vector<std::string> m_roots;
+    std::vector<std::string> m_bays;
     std::mutex m_mutex;
     std::string m_message;
 };

@@ -90,7 +90,11 @@ std::optional<EnclosureRefusal> TerminalRun::refusalOfCopy(const ChosenEnclosure
 
 void TerminalRun::copyStarts(const CopyJob &job)
 {
-    m_display->started(job, m_run.order(), m_log.logFilePath());
+    std::vector<std::string> bays;
+    for (const auto &destination : m_run.destinations())
+        bays.push_back(slotNameOf(destination.bay));
+    m_monitor = {};
+    m_display->started(job, m_run.order(), bays, m_log.logFilePath());
     m_queue.after(BetweenUpdates, [this] { update(); });
 }
 
@@ -98,7 +102,7 @@ void TerminalRun::update()
 {
     if (m_status)
         return;
-    m_display->progress(m_run.progress(), *m_run.report());
+    m_display->progress(m_monitor.look(m_run.progress()));
     m_queue.after(BetweenUpdates, [this] { update(); });
 }
 

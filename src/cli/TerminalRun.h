@@ -65,6 +65,7 @@ private:
     SystemClock m_clock;
     LogData m_log;
     std::unique_ptr<CopyDisplay> m_display;
+    RunMonitor m_monitor;
     PlainMainQueue m_queue;
     DeviceScan *m_scan = nullptr;
     std::atomic<bool> m_isCancelled{false};

@@ -11,4 +11,8 @@ namespace orvana
 /// the number just grows.
 std::string sizeText(std::uint64_t bytes);
 
+/// Returns a rate in bytes per second as people read it: "41 MB/s", and below ten of a unit "4.1 MB/s". The
+/// units are those of `sizeText`.
+std::string rateText(double bytesPerSecond);
+
 } // namespace orvana

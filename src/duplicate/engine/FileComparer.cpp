@@ -158,12 +158,10 @@ Expected<std::size_t> FileComparer::compareAndReadAhead(File &from, std::span<co
     const auto next = offset + block.size();
     if (!m_sideBySide) {
         for (auto &target : m_run.targets())
-            compareBlock(target.comparison, block, offset);
+            compareBlock(target, block, offset);
         return from.read(m_run.block(spare), next);
     }
-    const Workers::Work work = [&](std::size_t index) {
-        compareBlock(m_run.target(index).comparison, block, offset);
-    };
+    const Workers::Work work = [&](std::size_t index) { compareBlock(m_run.target(index), block, offset); };
     if (block.size() == BlockSize)
         from.willRead(next, BlockSize);
     Expected<std::size_t> ahead;
@@ -172,11 +170,13 @@ Expected<std::size_t> FileComparer::compareAndReadAhead(File &from, std::span<co
     return ahead;
 }
 
-void FileComparer::compareBlock(ComparedCopy &copy, std::span<const std::byte> block, std::uint64_t offset)
+void FileComparer::compareBlock(Target &target, std::span<const std::byte> block, std::uint64_t offset)
 {
+    auto &copy = target.comparison;
     copy.differsHere = false;
     if (!copy.file)
         return;
+    const BusyTime::Work work(target.tally.busy);
     // The disk reads the next block while this block is compared.
     if (block.size() == BlockSize)
         copy.file->willRead(offset + BlockSize, BlockSize);

@@ -38,7 +38,7 @@ private:
     platform::Expected<std::size_t> compareAndReadAhead(platform::File &from,
                                                         std::span<const std::byte> block,
                                                         std::uint64_t offset, int spare);
-    static void compareBlock(ComparedCopy &copy, std::span<const std::byte> block, std::uint64_t offset);
+    static void compareBlock(Target &target, std::span<const std::byte> block, std::uint64_t offset);
     void tellDifferences(std::uint64_t offset);
     void tellUnreadableSource(const platform::FileError &error);
     bool isSourceChanged(const platform::File &from) const;

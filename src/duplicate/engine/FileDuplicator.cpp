@@ -215,6 +215,7 @@ void FileDuplicator::writeTo(Target &target, Block block, std::uint64_t offset)
     auto &output = target.output;
     if (!output.file || output.error)
         return;
+    const BusyTime::Work work(target.tally.busy);
     const auto start = std::chrono::steady_clock::now();
     if (const auto written = output.file->write(block, offset); !written)
         output.error = written.error();
@@ -235,6 +236,7 @@ void FileDuplicator::noteInMemory(std::uint64_t offset, std::uint64_t length, bo
             pump->noteWritten(length);
         else if (const auto moved = pump->noteRange(*output.file, offset, length); !moved && !output.error)
             output.error = moved.error();
+        const BusyTime::Work work(target.tally.busy);
         const auto start = std::chrono::steady_clock::now();
         pump->waitForRoom(WorkerThread::currentToken());
         target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
@@ -284,6 +286,7 @@ void FileDuplicator::closeOutput(Target &target)
     if (!output.file || output.isClosed)
         return;
     output.isClosed = true;
+    const BusyTime::Work work(target.tally.busy); // the disk may be waited for
     if (target.pump) {
         if (const auto moved = target.pump->leave(*output.file); !moved && !output.error)
             output.error = moved.error();

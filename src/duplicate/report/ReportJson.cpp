@@ -30,6 +30,13 @@ Json destinationJson(const DestinationSummary &destination)
 {
     Json json = Json::object();
     putPath(json, "path", destination.path);
+    if (const auto &disk = destination.disk; !disk.bay.empty()) {
+        json["bay"] = disk.bay;
+        putPath(json, "name", disk.name);
+        putPath(json, "model", disk.model);
+        putPath(json, "serial", disk.serial);
+        json["diskSize"] = disk.size ? Json(*disk.size) : Json(nullptr);
+    }
     json["copied"] = destination.copied;
     json["failed"] = destination.failed;
     json["verified"] = destination.verified;

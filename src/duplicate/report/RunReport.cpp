@@ -37,8 +37,18 @@ void RunReport::begin(const std::string &source, const std::vector<std::string> 
     const std::lock_guard lock(m_mutex);
     m_source = source;
     m_verify = verify;
-    for (const auto &root : destinations)
-        m_destinations.emplace_back(root);
+    for (const auto &root : destinations) {
+        const auto index = m_destinations.size();
+        auto &state = m_destinations.emplace_back(root);
+        if (index < m_destinationDisks.size())
+            state.disk = m_destinationDisks[index];
+    }
+}
+
+void RunReport::describe(std::vector<DestinationDisk> disks)
+{
+    const std::lock_guard lock(m_mutex);
+    m_destinationDisks = std::move(disks);
 }
 
 void RunReport::disk(const DiskEntry &entry)
@@ -181,7 +191,8 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
                                .isSlowest = &tally == slowest(),
                                .durability = state.durability,
                                .notKnownToBeOnDisk = 0,
-                               .reason = {}};
+                               .reason = {},
+                               .disk = state.disk};
     if (state.durability == Durability::NotKnown) {
         // Files that may be in memory only do not count as copied.
         summary.notKnownToBeOnDisk = std::exchange(summary.copied, 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "duplicate/report/BusyTime.h"
 #include "duplicate/report/ReportFile.h"
 #include "duplicate/report/RunSummary.h"
 #include "foundation/Clock.h"
@@ -35,6 +36,7 @@ struct DestinationTally
     std::atomic<std::uint64_t> bytes{0};            ///< bytes written
     std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent writing, including the wait for the disk
     std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
+    BusyTime busy;                                  ///< spent writing, waiting for the disk, and reading back
 };
 
 /// The account of one run. It is kept while the run goes on, and written as "<stamp>-Report.json" at its end.
@@ -53,6 +55,10 @@ public:
 
     /// Notes what the run is about to do. Called once, before any file. `disk` and `note` may come earlier.
     void begin(const std::string &source, const std::vector<std::string> &destinations, bool verify);
+
+    /// Sets the disks of the destinations, in the order of the destinations. Called before `begin`, for a
+    /// run that copies to disks.
+    void describe(std::vector<DestinationDisk> disks);
 
     /// Notes the outcome for a disk as a whole. Noting the same entry again changes nothing. May come before
     /// `begin`.
@@ -134,6 +140,7 @@ private:
         explicit DestinationState(const std::string &root) : tally(root) {}
 
         DestinationTally tally;
+        DestinationDisk disk;
         std::string notOnDiskReason = "the run ended before the final sync";
         VerifiedFrom verifiedFrom = VerifiedFrom::None;
         Durability durability = Durability::NotKnown;
@@ -161,6 +168,7 @@ private:
     bool m_verify = false;
     std::string m_started;
     PhaseTimes m_times;
+    std::vector<DestinationDisk> m_destinationDisks;
     std::vector<DiskEntry> m_disks;
     std::string m_note;
     std::deque<DestinationState> m_destinations; // grows without moving its members

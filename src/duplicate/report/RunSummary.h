@@ -3,6 +3,7 @@
 #include "duplicate/report/DiskEntry.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,18 @@ enum class Durability {
     Memory, ///< the file system has no disk, and the copies are in its memory
 };
 
+/// The disk of a destination. All texts are empty for a destination that is a plain folder.
+struct DestinationDisk
+{
+    std::string bay;  ///< "Slot-A" to "Slot-D"
+    std::string name; ///< the volume's name as the bay showed it, bytes
+    std::string model;
+    std::string serial;
+    std::optional<std::uint64_t> size{}; ///< bytes; nullopt when it is not known
+
+    bool operator==(const DestinationDisk &) const = default;
+};
+
 /// The counts and the state of one destination.
 struct DestinationSummary
 {
@@ -72,6 +85,8 @@ struct DestinationSummary
     Durability durability = Durability::NotKnown;
     std::int64_t notKnownToBeOnDisk = 0; ///< files that would otherwise count as copied
     std::string reason;                  ///< why the copies are not known to be on the disk
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    DestinationDisk disk{};
 };
 
 /// Seconds spent in the phases of a run.

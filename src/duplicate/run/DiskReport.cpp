@@ -52,6 +52,18 @@ void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<Dis
     reportRefusals(report, plan.refusals);
 }
 
+std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations)
+{
+    std::vector<DestinationDisk> disks;
+    for (const auto &destination : destinations) {
+        const auto &size = destination.fingerprint.size;
+        disks.push_back({slotNameOf(destination.bay), destination.name, destination.disk.diskModule,
+                         destination.disk.diskSN,
+                         size && *size > 0 ? std::optional<std::uint64_t>(*size) : std::nullopt});
+    }
+    return disks;
+}
+
 void reportDestinations(RunReport &report, const DestinationPlan &plan, const RunChoice &choice)
 {
     reportRefusals(report, plan.refusals);

@@ -2,6 +2,7 @@
 
 #include "duplicate/disktool/DiskUtil.h"
 #include "duplicate/plan/RunPlan.h"
+#include "duplicate/report/RunSummary.h"
 
 namespace orvana
 {
@@ -15,6 +16,9 @@ PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> 
 /// Puts an erase into the report: the tool's result for each disk of the plan, and the refusals. A disk that
 /// the tool did not reach counts as failed.
 void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results);
+
+/// Returns the disks of the destinations as the report shows them.
+std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations);
 
 /// Puts the bays that get no copy into the report. For a run without any destination, adds a remark that says
 /// so.

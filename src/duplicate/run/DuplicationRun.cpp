@@ -63,6 +63,7 @@ void DuplicationRun::start(RunOrder order)
     m_hasWorkerEnded = true;
     m_erasePlan.reset();
     m_isNotErased.reset();
+    m_destinations.clear();
     m_phase = m_order.choice.erase ? RunPhase::Erasing : RunPhase::Looking;
     m_fileCopy.setBVerifyFiles(m_order.choice.verify);
     m_relay.runStarts();
@@ -199,6 +200,8 @@ void DuplicationRun::CopyFile()
         return;
     if (plan->destinations.empty())
         return end(RunEnding::NoDestination);
+    m_destinations = plan->destinations;
+    m_report->describe(disksOf(m_destinations));
     copyTo({boundToFolders(m_host, {m_order.selection, choice.sourceRoot, plan->roots(), {}, 0}), nullptr});
 }
 

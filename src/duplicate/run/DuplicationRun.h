@@ -143,6 +143,10 @@ public:
     /// True once `start` has been called. Only then call `summary`, `progress` and `problems`.
     bool hasStarted() const { return m_report != nullptr; }
 
+    /// Returns the disks that the run copies to, in the order of its report. Empty before the copy, and for a
+    /// run that copies to folders.
+    const std::vector<PlannedDestination> &destinations() const { return m_destinations; }
+
     FileCopy &fileCopy() { return m_fileCopy; }
     DiskUtil &diskTool() { return m_diskTool; }
 
@@ -176,6 +180,7 @@ private:
     RunOrder m_order;
     std::optional<ErasePlan> m_erasePlan;      ///< while the disk tool is at work
     std::optional<PerBay<bool>> m_isNotErased; ///< set once the run has erased
+    std::vector<PlannedDestination> m_destinations;
     std::shared_ptr<RunReport> m_report;
     std::shared_ptr<RunProblems> m_problems;
     std::optional<RunProgress> m_progress;

@@ -30,35 +30,24 @@ double RunProgress::rateOf(std::size_t destination) const
     return static_cast<double>(bytesOf(destination)) / std::max(elapsed(), 0.001);
 }
 
-std::optional<double> RunProgress::timeFor(double done, double total) const
+RunReading RunProgress::reading() const
 {
-    if (done <= 0)
-        return std::nullopt;
-    return std::max(0.0, elapsed() * (total - done) / done);
+    RunReading reading{.seconds = elapsed(),
+                       .filesStarted = m_report->filesStarted(),
+                       .comparedBytes = m_report->comparedBytes(),
+                       .isSyncing = m_report->isSyncing(),
+                       .destinations = {}};
+    const auto count = m_report->destinationCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto &tally = m_report->destination(i);
+        reading.destinations.push_back({tally.bytes, tally.busy.seconds(), tally.failed});
+    }
+    return reading;
 }
 
-std::optional<double> RunProgress::secondsLeftOf(std::size_t destination) const
+std::string percentText(double fraction)
 {
-    return timeFor(static_cast<double>(bytesOf(destination)), static_cast<double>(m_bytes));
-}
-
-std::uint64_t RunProgress::workDone() const
-{
-    std::uint64_t slowest = m_bytes;
-    for (std::size_t i = 0; i < m_report->destinationCount(); ++i)
-        slowest = std::min(slowest, bytesOf(i));
-    return m_verify ? slowest + m_report->comparedBytes() : slowest;
-}
-
-std::optional<double> RunProgress::secondsLeft() const
-{
-    return timeFor(static_cast<double>(workDone()), static_cast<double>(totalWork()));
-}
-
-std::string percentText(std::uint64_t done, std::uint64_t total)
-{
-    const auto percent = total == 0 ? 100.0 : 100.0 * static_cast<double>(done) / static_cast<double>(total);
-    return std::to_string(static_cast<int>(std::min(percent, 100.0))) + "%";
+    return std::to_string(static_cast<int>(100 * std::clamp(fraction, 0.0, 1.0))) + "%";
 }
 
 std::string durationText(std::optional<double> seconds)

@@ -6,9 +6,29 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvana
 {
+
+/// The counts of a run at one moment.
+struct RunReading
+{
+    struct Destination
+    {
+        std::uint64_t bytes = 0; ///< written
+        double busySeconds = 0;  ///< that its disk has been worked on
+        std::int64_t failed = 0;
+
+        bool operator==(const Destination &) const = default;
+    };
+
+    double seconds = 0; ///< since the run began
+    std::int64_t filesStarted = 0;
+    std::uint64_t comparedBytes = 0; ///< bytes of source files that were compared with their copies
+    bool isSyncing = false;
+    std::vector<Destination> destinations;
+};
 
 /// The progress of a run, computed from what it was to copy and what its report counts by now. Callable from
 /// any thread.
@@ -21,6 +41,9 @@ public:
     std::int64_t filesStarted() const { return m_report->filesStarted(); }
     std::int64_t totalFiles() const { return m_files; }
 
+    /// Returns the counts as they are now.
+    RunReading reading() const;
+
     /// Seconds since the run began.
     double elapsed() const;
 
@@ -31,18 +54,9 @@ public:
     /// Bytes per second since the run began.
     double rateOf(std::size_t destination) const;
 
-    /// Seconds until the destination holds all bytes, at the pace so far. nullopt while nothing is written
-    /// yet.
-    std::optional<double> secondsLeftOf(std::size_t destination) const;
-
-    /// Bytes that the slowest destination holds. With verifying, the bytes read back are added.
-    std::uint64_t workDone() const;
-    std::uint64_t totalWork() const { return m_verify ? 2 * m_bytes : m_bytes; }
-    std::optional<double> secondsLeft() const;
+    bool isVerifying() const { return m_verify; }
 
 private:
-    std::optional<double> timeFor(double done, double total) const;
-
     std::int64_t m_files;
     std::uint64_t m_bytes;
     bool m_verify;
@@ -50,8 +64,8 @@ private:
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
-/// "45%". A total of 0 gives 100%.
-std::string percentText(std::uint64_t done, std::uint64_t total);
+/// "45%" for 0.459. Limited to 0% and 100%.
+std::string percentText(double fraction);
 
 /// "1:02:03", or "2:03" under an hour; "--:--" when unknown.
 std::string durationText(std::optional<double> seconds);

@@ -1,4 +1,5 @@
 #include "duplicate/run/RunFixture.h"
+#include "duplicate/run/RunMonitor.h"
 
 namespace orvana
 {
@@ -127,7 +128,23 @@ TEST_F(DuplicationRunTest, ProgressCountsWhatTheReportCounts)
     EXPECT_EQ(m_run->progress().totalFiles(), 1);
     EXPECT_EQ(m_run->progress().filesStarted(), 1);
     EXPECT_EQ(m_run->progress().bytesOf(0), 120U);
-    EXPECT_EQ(m_run->progress().workDone(), m_run->progress().totalWork());
+    EXPECT_EQ(RunMonitor().look(m_run->progress()).fraction, 1);
+}
+
+TEST_F(DuplicationRunTest, ReportNamesTheDiskOfEachDestination)
+{
+    start();
+    m_run->start(order(false));
+    untilEnded();
+    ASSERT_FALSE(m_summary.destinations.empty());
+    const auto &planned = m_run->destinations().front();
+    const auto &disk = m_summary.destinations.front().disk;
+    EXPECT_EQ(disk.bay, slotNameOf(planned.bay));
+    EXPECT_EQ(disk.name, planned.name);
+    EXPECT_EQ(disk.model, planned.disk.diskModule);
+    EXPECT_EQ(disk.serial, planned.disk.diskSN);
+    EXPECT_FALSE(disk.serial.empty());
+    EXPECT_GT(disk.size.value(), 0U);
 }
 
 TEST_F(DuplicationRunTest, RunIntoFoldersAsksForNoDevices)

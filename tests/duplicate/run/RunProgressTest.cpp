@@ -16,41 +16,30 @@ protected:
     std::shared_ptr<RunReport> m_report = std::make_shared<RunReport>("", "stamp", m_clock);
 };
 
-TEST_F(RunProgressTest, SlowestDestinationIsHowFarTheRunIs)
+TEST_F(RunProgressTest, ReadingHasTheCountsOfEachDestination)
 {
-    const RunProgress progress(3, 1000, false, m_report);
+    const RunProgress progress(3, 1000, true, m_report);
     m_report->destination(0).bytes = 900;
     m_report->destination(1).bytes = 250;
-    EXPECT_EQ(progress.workDone(), 250U);
-    EXPECT_EQ(progress.totalWork(), 1000U);
+    m_report->destination(1).failed = 2;
+    m_report->fileStarted(900);
+    m_report->blockCompared(100);
+    m_report->syncStarts();
+    const auto reading = progress.reading();
+    EXPECT_EQ(reading.destinations, (std::vector<RunReading::Destination>{{900, 0, 0}, {250, 0, 2}}));
+    EXPECT_EQ(reading.filesStarted, 1);
+    EXPECT_EQ(reading.comparedBytes, 100U);
+    EXPECT_TRUE(reading.isSyncing);
     EXPECT_EQ(progress.bytesOf(0), 900U);
     EXPECT_EQ(progress.totalFiles(), 3);
 }
 
-TEST_F(RunProgressTest, BytesReadBackCountLikeBytesWritten)
-{
-    const RunProgress progress(1, 1000, true, m_report);
-    m_report->destination(0).bytes = 400;
-    m_report->destination(1).bytes = 400;
-    m_report->blockCompared(100);
-    EXPECT_EQ(progress.workDone(), 500U);
-    EXPECT_EQ(progress.totalWork(), 2000U);
-}
-
-TEST_F(RunProgressTest, NothingIsSaidOfTheTimeLeftBeforeThereIsAPace)
-{
-    const RunProgress progress(1, 1000, false, m_report);
-    EXPECT_EQ(progress.secondsLeft(), std::nullopt);
-    EXPECT_EQ(progress.secondsLeftOf(0), std::nullopt);
-    m_report->destination(0).bytes = 1000;
-    EXPECT_EQ(progress.secondsLeftOf(0), 0.0);
-}
-
 TEST(RunProgressText, PercentIsWholeAndNeverAboveAHundred)
 {
-    EXPECT_EQ(percentText(0, 0), "100%");
-    EXPECT_EQ(percentText(1, 3), "33%");
-    EXPECT_EQ(percentText(7, 3), "100%");
+    EXPECT_EQ(percentText(0), "0%");
+    EXPECT_EQ(percentText(1.0 / 3), "33%");
+    EXPECT_EQ(percentText(0.9999), "99%");
+    EXPECT_EQ(percentText(7.0 / 3), "100%");
 }
 
 TEST(RunProgressText, DurationHasHoursOnlyWhenThereAreSome)

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "duplicate/run/RunProgress.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvana
+{
+
+/// What a run does at a moment.
+enum class RunStage { Copying, Verifying, CopyingAndVerifying, WritingOut };
+
+/// "copying", "verifying", "copying and verifying" or "writing out".
+const char *nameOf(RunStage stage);
+
+/// How far a destination is. Rates are bytes per second over the last five seconds; bytes that are written
+/// and bytes that are read back count alike.
+struct DestinationStatus
+{
+    std::uint64_t bytes = 0; ///< written
+    std::int64_t failed = 0;
+    double fraction = 0; ///< of its work, 0 to 1
+    double bytesPerSecond = 0;
+    std::optional<double> secondsLeft{}; ///< at the pace of the last half minute; nullopt when nothing moves
+};
+
+struct RunStatus
+{
+    RunStage stage = RunStage::Copying;
+    std::int64_t files = 0; ///< whose copy was started
+    std::int64_t totalFiles = 0;
+    std::uint64_t totalBytes = 0;
+    double seconds = 0;        ///< since the run began
+    double fraction = 0;       ///< of the run's work, 0 to 1
+    double bytesPerSecond = 0; ///< each byte of the source counts once, however many disks get it
+    std::optional<double> secondsLeft;
+    std::vector<DestinationStatus> destinations;
+    /// The destination whose disk the others wait for; nullopt while no disk holds up the others.
+    std::optional<std::size_t> waitingFor;
+};
+
+/// Makes rates and times out of the counts of a run. It remembers the counts of the last half minute, so
+/// there is one monitor for each run and each display. Used by one thread.
+class RunMonitor
+{
+public:
+    /// Looks at the run now. Call it several times a second, and at most ten times.
+    RunStatus look(const RunProgress &progress);
+
+    /// `look` with counts that are given.
+    RunStatus look(RunReading reading, std::int64_t totalFiles, std::uint64_t totalBytes, bool verify);
+
+private:
+    const RunReading &before(double seconds) const;
+    RunStage stage() const;
+    std::optional<std::size_t> waitingFor() const;
+
+    std::deque<RunReading> m_readings;
+    RunStage m_stage = RunStage::Copying;
+};
+
+} // namespace orvana
