@@ -185,8 +185,12 @@ void MainWindow::loadIcons()
 void MainWindow::fitFonts()
 {
     for (auto *label : {static_cast<QWidget *>(CopyRightsLabel), static_cast<QWidget *>(VerLabel),
-                        static_cast<QWidget *>(UIVer), static_cast<QWidget *>(messageText)})
+                        static_cast<QWidget *>(UIVer), static_cast<QWidget *>(messageText),
+                        static_cast<QWidget *>(stageText)})
         label->setFont(fontThatFits(font(), 17));
+    for (auto *label : {static_cast<QWidget *>(totalCaption), static_cast<QWidget *>(fileCaption),
+                        static_cast<QWidget *>(totalText), static_cast<QWidget *>(fileText)})
+        label->setFont(fontThatFits(font(), 15));
 }
 
 void MainWindow::displayDialog(int state, bool)
@@ -224,12 +228,18 @@ void MainWindow::placeViews()
     place(m_noEnclosure, 320, 15, 300, 70);
     place(DiskInfoView, 320, 15, 300, 500);
     place(CopyActionView, 15, 515, 605, 55);
-    placeFromBottom(messageText, 15, 147, 605, 18);
-    placeFromBottom(totalProgress, 15, 131, 605, 13);
-    placeFromBottom(fileProgress, 15, 115, 605, 13);
+    placeFromBottom(messageText, 15, 150, 385, 18);
+    placeFromBottom(stageText, 405, 150, 215, 18);
+    placeFromBottom(totalCaption, 15, 131, 75, 16);
+    placeFromBottom(totalProgress, 95, 133, 305, 12);
+    placeFromBottom(totalText, 405, 131, 215, 16);
+    placeFromBottom(fileCaption, 15, 113, 75, 16);
+    placeFromBottom(fileProgress, 95, 115, 305, 12);
+    placeFromBottom(fileText, 405, 113, 215, 16);
     placeFromBottom(BannerLogo, 15, 40, 605, 70);
     placeFromBottom(UIVer, 475, 15, 115, 17);
-    messageText->setVisible(m_layoutState == 2);
+    for (auto *label : {messageText, stageText})
+        label->setVisible(m_layoutState == 2);
 }
 
 void MainWindow::place(QWidget *view, int x, int fromTop, int width, int height)

@@ -6,6 +6,7 @@
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
 #include "duplicate/run/DuplicationRun.h"
+#include "duplicate/run/RunMonitor.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/PendingUpdate.h"
 #include "log/LogData.h"
@@ -34,10 +35,10 @@ class TBDeviceViewController;
 /// The program's window and its main controller. It owns the workers and the panels, and answers every event.
 /// A `DuplicationRun` does the run itself; this window is its view. The functions are in several files:
 /// start-up and layout in MainWindow.cpp, the choice of enclosure and source in MainWindowSelection.cpp,
-/// events in MainWindowMonitoring.cpp, what a run shows and holds off in MainWindowProgress.cpp, the waits
-/// and questions before a run in MainWindowStart.cpp, the start and the end of a run in
-/// MainWindowRunControl.cpp, the disks of an erase, of an eject and of a mount in MainWindowDisks.cpp, what
-/// to do without an enclosure in MainWindowSetup.cpp.
+/// events in MainWindowMonitoring.cpp, what a run shows and holds off in MainWindowProgress.cpp, the bays,
+/// bars and verdicts of a run in MainWindowRunDisplay.cpp, the waits and questions before a run in
+/// MainWindowStart.cpp, the start and the end of a run in MainWindowRunControl.cpp, the disks of an erase, of
+/// an eject and of a mount in MainWindowDisks.cpp, what to do without an enclosure in MainWindowSetup.cpp.
 ///
 /// Main thread only, unless `RunDisplay`, `RunView` or the comment of a function says otherwise.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunView
@@ -234,6 +235,15 @@ private:
     void restoreIdleControls();
     void showProgress();
     void requestProgress();
+
+    // The run as it goes on
+    void copyStarts(const CopyJob &job) override;
+    void followRun(std::uint64_t run);
+    void showStatus(const RunStatus &status);
+    void showErase();
+    void showVerdicts(const RunSummary &summary);
+    void clearRuns();
+    void showVerdictsOfPresentDisks();
     void holdOffSleepWhileBusy();
     void tellDesktop(const QString &title, const QString &text);
     std::function<void()> logOpener();
@@ -286,6 +296,10 @@ private:
     ChosenEnclosure m_chosen;
     ShownDisks m_shown;
     SourceMemory m_source; // source of the shown tree
+
+    RunMonitor m_monitor;
+    FilePace m_filePace;
+    PerBay<std::optional<DiskFingerprint>> m_judged; // the disks with a verdict beside their bay
 
     std::mutex m_progressMutex;
     ShownProgress m_progress;

@@ -59,6 +59,7 @@ void MainWindow::makeDispatchTable()
     add({ClickEraseBtn}, [this](const auto &) { eraseOptionChanged(); });
     add({FileCopyMessage, FileProgress, TotalProgress, DiskMessage, notification::BackupFinish}, ofTheRun);
     add({EraseDiskFinish}, ofTheRun);
+    add({DiskMessage}, [this](const auto &) { showErase(); });
 }
 
 void MainWindow::rescanSoon()

@@ -72,6 +72,10 @@ void MainWindow::showProgress()
     messageText->setText(isShown ? shownText(shown.message) : QString());
     fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);
     totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
+    for (auto *label : {static_cast<QLabel *>(totalText), totalCaption})
+        label->setHidden(totalProgress->isHidden());
+    for (auto *label : {static_cast<QLabel *>(fileText), fileCaption})
+        label->setHidden(fileProgress->isHidden());
     const bool hasTotal = isShown && shown.total >= 0;
     m_context.host.workspace().showProgress(hasTotal ? std::optional<double>(shown.total) : std::nullopt);
 }

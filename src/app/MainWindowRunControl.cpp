@@ -63,6 +63,7 @@ void MainWindow::StartDuplicate()
     m_action->setTitle(Title::Cancel);
     m_action->StartBtn->setEnabled(!isErase);
     disableSlots(true);
+    clearRuns();
     displayDialog(2, true);
     fileProgress->setKind(ProgressIndicator::Kind::Determinate);
     setTotalProgerss(0.0F);
@@ -137,6 +138,7 @@ void MainWindow::StopDuplicate()
 
 void MainWindow::ended(const RunSummary &summary)
 {
+    showVerdicts(summary);
     switch (summary.ending) {
     case RunEnding::Copied:
         copied(summary);

@@ -254,9 +254,12 @@ void MainWindow::setTargetDiskInfo()
         setRow(slotNameOf(bay), DiskRow());
     m_shown = {};
     const auto *enclosure = isPlaceholderSelected() ? nullptr : selectedEnclosure();
-    if (!enclosure)
+    if (!enclosure) {
+        showVerdictsOfPresentDisks();
         return;
+    }
     m_shown = shownDisks(*enclosure);
+    showVerdictsOfPresentDisks();
     const auto bays = bayRowsOf(*enclosure, user());
     if (bays.hasBootDisk)
         m_diskInfo->setHasBootDisk(*bays.hasBootDisk);

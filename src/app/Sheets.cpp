@@ -1,12 +1,36 @@
 #include "app/Sheets.h"
 
+#include "ui/Contrast.h"
+
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
 #include <utility>
 
 namespace orvana
 {
+
+namespace
+{
+
+/// A message box with an edge of its own: it lies on the window that it belongs to, in the same colour.
+class SheetBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QMessageBox::paintEvent(event);
+        QPainter painter(this);
+        painter.setPen(edgeColor(palette()));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
+
+} // namespace
 
 Sheets::Id Sheets::show(Sheet sheet)
 {
@@ -37,7 +61,7 @@ void Sheets::showNext()
     const auto sheet = std::move(m_waiting.front().sheet);
     m_shown = m_waiting.front().id;
     m_waiting.pop_front();
-    m_box = new QMessageBox(&m_window);
+    m_box = new SheetBox(&m_window);
     m_box->setWindowTitle(m_window.windowTitle());
     m_box->setTextFormat(Qt::PlainText); // names of disks are never markup
     m_box->setText(sheet.message);

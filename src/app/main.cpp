@@ -13,6 +13,7 @@
 #include "platform/posix/CancelRequest.h"
 #include "platform/posix/ProcessStart.h"
 #include "resources/Resources.h"
+#include "ui/EdgeStyle.h"
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -190,6 +191,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvana Plurimo"));
     QApplication::setApplicationVersion(QStringLiteral(PLURIMO_VERSION));
+    orvana::useEdgeStyle();
     QApplication::setDesktopFileName(QStringLiteral("orvana-plurimo"));
     loadResources();
     return runProgram(options);

@@ -14,6 +14,7 @@
 #include "panels/TBDeviceViewController.h"
 #include "platform/hosts/HostFactory.h"
 #include "resources/Resources.h"
+#include "ui/EdgeStyle.h"
 #include "ui/Palettes.h"
 #include "ui/SystemColor.h"
 
@@ -204,6 +205,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     loadResources();
     QApplication::setStyle(QStringLiteral("fusion"));
+    orvana::useEdgeStyle();
     if (QIcon::themeName().isEmpty() || QIcon::themeName() == QStringLiteral("hicolor"))
         QIcon::setThemeName(QStringLiteral("Adwaita"));
     if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {

@@ -2,7 +2,7 @@
 
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
-#include "ui/FittingFont.h"
+#include "panels/BayRunView.h"
 #include "ui/ShownText.h"
 #include "ui/SystemColor.h"
 
@@ -63,8 +63,11 @@ void DiskInfoViewController::collectRows()
          Label_RaidDisk_SlotD,
          Label_OverSize_SlotD},
     }};
-    for (auto &row : m_rows)
+    for (auto &row : m_rows) {
         row.color = &SystemColor::black();
+        if (row.bay)
+            row.run = new BayRunView(tr("bay %1").arg(row.bay->text().back()), this);
+    }
 }
 
 void DiskInfoViewController::awakeFromNib()
@@ -82,42 +85,16 @@ void DiskInfoViewController::awakeFromNib()
     changeLocation();
 }
 
-// The rows have fixed heights, whatever the desktop's font size is.
-void DiskInfoViewController::fitFonts()
-{
-    constexpr double LongerInOtherLanguages = 1.2;
-    for (auto &row : m_rows) {
-        auto name = fontThatFits(font(), row.volume->height() - 6);
-        name.setBold(true); // the volume's name and the bay's name head the row
-        row.volume->setFont(name);
-        for (auto *value : row.values)
-            value->setFont(fontThatFits(font(), value->height()));
-        for (auto *caption : row.captions)
-            caption->setFont(fontThatFits(font(), caption->height(), Label_Capacity_Source->text(),
-                                          caption->width() / LongerInOtherLanguages));
-        for (auto *label : {row.raid, row.overSize}) {
-            if (!label)
-                continue;
-            auto marker = fontThatFits(font(), label->height());
-            marker.setBold(true);
-            label->setFont(marker);
-        }
-        if (row.bay)
-            row.bay->setFont(name);
-    }
-    auto heading = fontThatFits(font(), Label_Destinations->height() - 4);
-    Label_Source->setFont(heading);
-    SourcePopup->setFont(heading);
-    EjectSourceDiskBtn->setFont(heading);
-    EjectTargetDiskBtn->setFont(heading);
-    heading.setBold(true);
-    Label_Destinations->setFont(heading);
-}
-
 DiskInfoViewController::Row *DiskInfoViewController::rowNamed(std::string_view name)
 {
     const auto *found = std::find(RowNames.begin(), RowNames.end(), name);
     return found == RowNames.end() ? nullptr : &m_rows[static_cast<std::size_t>(found - RowNames.begin())];
+}
+
+BayRunView *DiskInfoViewController::runOf(std::string_view row)
+{
+    auto *found = rowNamed(row);
+    return found ? found->run : nullptr;
 }
 
 std::string DiskInfoViewController::nameOf(RowNumber row) const
@@ -173,6 +150,8 @@ void DiskInfoViewController::setDiskInfo(std::string_view row, const std::string
         return;
     to->raid->setHidden(hidden || !isRaidDisk);
     to->isRaidDisk = isRaidDisk;
+    to->volume->setPlaceholderText(hidden ? QString() : tr("(no name)"));
+    showOverSizeMarkers();
 }
 
 void DiskInfoViewController::setTextColor(std::string_view row, const SystemColor &Color)
@@ -189,9 +168,10 @@ void DiskInfoViewController::setTextColor(std::string_view row, const SystemColo
 void DiskInfoViewController::paintRow(const Row &row)
 {
     const auto shade = row.color->shadeFor(palette());
+    // A name that cannot be changed at the moment still says which disk is which, and which is too small.
     const auto paint = [&](QWidget *widget, QPalette::ColorRole role) {
         auto colors = widget->palette();
-        for (const auto group : {QPalette::Active, QPalette::Inactive})
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
             colors.setColor(group, role, shade);
         widget->setPalette(colors);
     };
@@ -210,7 +190,7 @@ void DiskInfoViewController::showOverSizeMarkers()
 {
     for (const auto &row : m_rows) {
         if (row.overSize)
-            row.overSize->setVisible(row.isOverSize && !row.values.front()->isHidden());
+            row.overSize->setVisible(row.isOverSize && !row.isRaidDisk && !row.values.front()->isHidden());
     }
 }
 
@@ -235,35 +215,6 @@ void DiskInfoViewController::hideBayA()
     SlotAVolume->setHidden(m_slotAIsSource);
     Label_Bay_SlotA->setHidden(m_slotAIsSource);
     hiddenSlotAInfo(m_slotAIsSource);
-}
-
-void DiskInfoViewController::placeRow(const Row &row, int base)
-{
-    const int panelHeight = 500; // y counts from the panel's bottom
-    const auto place = [&](QWidget *widget, int x, int y, int width, int height) {
-        widget->setGeometry(x, panelHeight - y - height, width, height);
-    };
-    constexpr std::array above{48, 32, 16, 0}; // model, serial number, available, capacity
-    for (std::size_t i = 0; i < above.size(); ++i) {
-        place(row.captions[i], 0, base + above[i], 60, 15);
-        place(row.values[i], 72, base + above[i], 120, 15);
-    }
-    place(row.volume, 72, base + 70, 120, 22);
-    place(row.bay, 0, base + 70, 66, 22);
-    place(row.raid, 220, base, 60, 15);
-    place(row.overSize, 200, base + 16, 100, 15);
-}
-
-void DiskInfoViewController::changeLocation()
-{
-    constexpr int RowHeight = 94;
-    const int bottom = m_slotAIsSource ? 96 : 2;
-    placeRow(m_rows[SlotDRow], bottom);
-    placeRow(m_rows[SlotCRow], bottom + RowHeight);
-    placeRow(m_rows[SlotBRow], bottom + 2 * RowHeight);
-    if (!m_slotAIsSource)
-        placeRow(m_rows[SlotARow], bottom + 3 * RowHeight);
-    hideBayA();
 }
 
 void DiskInfoViewController::setTargetDiskVolumeEditable(bool editable)

@@ -12,6 +12,7 @@
 namespace orvana
 {
 
+class BayRunView;
 class NotificationCenter;
 class SystemColor;
 
@@ -65,6 +66,9 @@ public:
     /// Places the bay rows. Without bay A, the other bays lie one row higher.
     void changeLocation();
 
+    /// The view of the bay's run; null for the source and for unknown names.
+    BayRunView *runOf(std::string_view row);
+
     void setTargetDiskVolumeEditable(bool editable);
     void DisabledItem(bool disabled);
 
@@ -117,6 +121,7 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     enum RowNumber : std::size_t { SourceRow, SlotARow, SlotBRow, SlotCRow, SlotDRow, RowCount };
@@ -129,6 +134,7 @@ private:
         QLabel *bay = nullptr;                 ///< null for the source, like `raid` and `overSize`
         QLabel *raid = nullptr;
         QLabel *overSize = nullptr;
+        BayRunView *run = nullptr;
         const SystemColor *color = nullptr;
         bool isOverSize = false;
         bool isRaidDisk = false;

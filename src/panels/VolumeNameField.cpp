@@ -59,8 +59,10 @@ void VolumeNameField::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(this);
+    const bool isEmpty = text().isEmpty();
     style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, palette(),
-                          isEnabled(), elided(), QPalette::Text);
+                          isEnabled(), isEmpty ? placeholderText() : elided(),
+                          isEmpty ? QPalette::PlaceholderText : QPalette::Text);
 }
 
 } // namespace orvana

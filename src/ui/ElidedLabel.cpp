@@ -15,6 +15,28 @@ ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent)
     setTextFormat(Qt::PlainText); // a disk's name is never markup
 }
 
+void ElidedLabel::setCaption(const QString &caption)
+{
+    m_caption = caption;
+    tellName();
+}
+
+void ElidedLabel::setText(const QString &text)
+{
+    if (text == this->text())
+        return;
+    QLabel::setText(text);
+    tellName();
+}
+
+// A label without a caption is heard by its text anyway.
+void ElidedLabel::tellName()
+{
+    if (m_caption.isEmpty())
+        return;
+    setAccessibleName(text().isEmpty() ? m_caption : m_caption + QStringLiteral(": ") + text());
+}
+
 QSize ElidedLabel::minimumSizeHint() const
 {
     return {fontMetrics().horizontalAdvance(QChar(0x2026)), QLabel::minimumSizeHint().height()};
@@ -22,7 +44,7 @@ QSize ElidedLabel::minimumSizeHint() const
 
 QString ElidedLabel::shownText() const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+    return fontMetrics().elidedText(text(), m_elideMode, contentsRect().width());
 }
 
 bool ElidedLabel::event(QEvent *event)

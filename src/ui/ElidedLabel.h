@@ -11,9 +11,21 @@ namespace orvana
 class ElidedLabel : public QLabel
 {
     Q_OBJECT
+    Q_PROPERTY(QString caption READ caption WRITE setCaption)
 
 public:
     explicit ElidedLabel(QWidget *parent = nullptr);
+
+    /// Says what the text is: "Model of bay B". A screen reader hears it before the text; it is not shown.
+    QString caption() const { return m_caption; }
+    void setCaption(const QString &caption);
+
+    /// Sets the text as `QLabel::setText` does, and tells it to a screen reader.
+    void setText(const QString &text);
+    void clear() { setText(QString()); }
+
+    /// The place at which a text that is too long is cut; the middle at first.
+    void setElideMode(Qt::TextElideMode mode) { m_elideMode = mode; }
 
     QSize minimumSizeHint() const override;
 
@@ -23,6 +35,12 @@ public:
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    void tellName();
+
+    QString m_caption;
+    Qt::TextElideMode m_elideMode = Qt::ElideMiddle;
 };
 
 } // namespace orvana

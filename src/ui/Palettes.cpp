@@ -3,11 +3,25 @@
 namespace orvana
 {
 
+namespace
+{
+
+// What is disabled must stay readable: the names of disks are, in a run.
+void setDisabledText(QPalette &palette, const QColor &color)
+{
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, color);
+}
+
+} // namespace
+
 QPalette lightPalette()
 {
     QPalette palette(QColor(0xef, 0xef, 0xef));
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb8));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x62, 0x62, 0x62));
+    setDisabledText(palette, QColor(0x62, 0x62, 0x62));
     return palette;
 }
 
@@ -20,9 +34,8 @@ QPalette darkPalette()
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb8));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(0x7f, 0xb6, 0xff));
-    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x94, 0x9a));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x84, 0x8a));
+    palette.setColor(QPalette::PlaceholderText, QColor(0xa6, 0xaa, 0xb0));
+    setDisabledText(palette, QColor(0xa6, 0xaa, 0xb0));
     return palette;
 }
 

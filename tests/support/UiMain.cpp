@@ -1,6 +1,7 @@
 // The main function of the window's tests. Widgets need an application, but no screen.
 
 #include "resources/Resources.h"
+#include "ui/EdgeStyle.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -25,5 +26,6 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     orvana::loadResources();
     QApplication::setStyle(QStringLiteral("fusion")); // the same on every machine
+    orvana::useEdgeStyle();
     return RUN_ALL_TESTS();
 }

@@ -75,6 +75,20 @@ const char *nameOf(RunStage stage)
     return "";
 }
 
+std::optional<double> FilePace::secondsLeft(double percent, double now)
+{
+    const bool isNext = m_lastPercent < 0 || percent < m_lastPercent;
+    m_lastPercent = percent;
+    if (isNext) {
+        m_startPercent = percent;
+        m_startTime = now;
+    }
+    const double time = now - m_startTime;
+    if (time < 1 || percent <= m_startPercent)
+        return std::nullopt;
+    return std::max(0.0, time * (100 - percent) / (percent - m_startPercent));
+}
+
 RunStatus RunMonitor::look(const RunProgress &progress)
 {
     return look(progress.reading(), progress.totalFiles(), progress.totalBytes(), progress.isVerifying());

@@ -44,6 +44,20 @@ struct RunStatus
     std::optional<std::size_t> waitingFor;
 };
 
+/// Tells how long the file in hand takes, from the percent of it that is done. Used by one thread.
+class FilePace
+{
+public:
+    /// Returns the seconds until the file is done. nullopt for a file that has been in hand for less than a
+    /// second. `now` is in seconds.
+    std::optional<double> secondsLeft(double percent, double now);
+
+private:
+    double m_startPercent = 0;
+    double m_startTime = 0;
+    double m_lastPercent = -1;
+};
+
 /// Makes rates and times out of the counts of a run. It remembers the counts of the last half minute, so
 /// there is one monitor for each run and each display. Used by one thread.
 class RunMonitor

@@ -57,6 +57,9 @@ void FileListViewController::FileViewChange(const Notification &note)
 
 void FileListViewController::showRoot(PathObject path)
 {
+    const auto shown = FileSystemItem::repoRoot();
+    if (!path || !shown || *path != *shown)
+        updateItemSizeLabel(SizeLabel::Blank); // the counts of another tree
     m_fileSysItem.setrepoRootPath(std::move(path));
     m_dataSource->reloadData();
 }

@@ -51,10 +51,8 @@ QRect ImageAndTextCell::textFrameForCellFrame(const QRect &cellFrame) const
 void ImageAndTextCell::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    // Styles outline a check box in a darker shade of the window's colour. Nobody sees that on a dark list.
-    const auto base = option->palette.color(QPalette::Base);
-    if (base.lightness() < 128)
-        option->palette.setColor(QPalette::Window, base.lighter(400));
+    if (!index.parent().isValid())
+        option->textElideMode = Qt::ElideLeft; // the end of the root's path is what tells the disk
 }
 
 void ImageAndTextCell::paint(QPainter *painter, const QStyleOptionViewItem &option,

@@ -135,6 +135,17 @@ TEST_F(RunMonitorTest, NothingToCopyIsDone)
     EXPECT_DOUBLE_EQ(m_monitor.look(reading(1, {{0}}), 0, 0, false).fraction, 1);
 }
 
+TEST(FilePace, SaysHowLongALargeFileStillTakes)
+{
+    FilePace pace;
+    EXPECT_EQ(pace.secondsLeft(10, 100), std::nullopt);
+    EXPECT_EQ(pace.secondsLeft(20, 100.5), std::nullopt) << "too early to tell";
+    EXPECT_DOUBLE_EQ(pace.secondsLeft(30, 102).value(), 7);
+    EXPECT_DOUBLE_EQ(pace.secondsLeft(100, 109).value(), 0);
+    EXPECT_EQ(pace.secondsLeft(5, 110), std::nullopt) << "the next file";
+    EXPECT_EQ(pace.secondsLeft(5, 120), std::nullopt) << "nothing moves";
+}
+
 TEST(BusyTime, WorkThatHasNotEndedCounts)
 {
     BusyTime time;

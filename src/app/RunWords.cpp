@@ -1,0 +1,88 @@
+#include "app/RunWords.h"
+
+namespace orvana
+{
+
+QString RunWords::letterOf(const std::string &slot)
+{
+    return QString::fromStdString(slot).last(1);
+}
+
+QString RunWords::nameOf(RunStage stage)
+{
+    switch (stage) {
+    case RunStage::Copying:
+        return tr("Copying");
+    case RunStage::Verifying:
+        return tr("Verifying");
+    case RunStage::CopyingAndVerifying:
+        return tr("Copying and verifying");
+    case RunStage::WritingOut:
+        return tr("Writing out");
+    }
+    return {};
+}
+
+QString RunWords::timeLeft(std::optional<double> seconds)
+{
+    return tr("%1 left").arg(QString::fromStdString(durationText(seconds)));
+}
+
+QString RunWords::failed(std::int64_t count)
+{
+    return tr("%n failed", nullptr, static_cast<int>(count));
+}
+
+QString RunWords::signAndWord(Verdict verdict)
+{
+    const auto with = [&](const QString &word) -> QString {
+        return QString::fromUtf8(signOf(verdict)) + QChar(u' ') + word;
+    };
+    switch (verdict) {
+    case Verdict::Verified:
+        return with(tr("Verified"));
+    case Verdict::Complete:
+        return with(tr("Complete"));
+    case Verdict::Incomplete:
+        return with(tr("Not complete"));
+    case Verdict::Differs:
+        return with(tr("Differs"));
+    case Verdict::NotCompared:
+        return with(tr("Not compared"));
+    case Verdict::NotOnDisk:
+        return with(tr("Not certain"));
+    case Verdict::NotFinished:
+        return with(tr("Not finished"));
+    }
+    return {};
+}
+
+QString RunWords::detailOf(Verdict verdict, const DestinationSummary &destination)
+{
+    const auto number = [](std::int64_t count) { return static_cast<int>(count); };
+    switch (verdict) {
+    case Verdict::Verified:
+        return tr("from the disk");
+    case Verdict::Complete:
+        return destination.verified > 0 ? tr("read from memory") : tr("not verified");
+    case Verdict::Incomplete:
+        return failed(destination.failed);
+    case Verdict::Differs:
+        return tr("%n differ", nullptr, number(destination.mismatched));
+    case Verdict::NotCompared:
+        return tr("%n not compared", nullptr, number(destination.unverified));
+    case Verdict::NotOnDisk:
+        return tr("not known to be on disk");
+    case Verdict::NotFinished:
+        return {};
+    }
+    return {};
+}
+
+QString RunWords::joined(QStringList parts)
+{
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral("  "));
+}
+
+} // namespace orvana

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "duplicate/report/Verdict.h"
+#include "duplicate/run/RunMonitor.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <optional>
+#include <string>
+
+namespace orvana
+{
+
+/// The words of the window for a run that goes on or has ended, in the user's language.
+class RunWords
+{
+    Q_DECLARE_TR_FUNCTIONS(orvana::RunWords)
+
+public:
+    /// "B" for "Slot-B"
+    static QString letterOf(const std::string &slot);
+
+    /// "Copying"
+    static QString nameOf(RunStage stage);
+
+    /// "1:02 left", or "--:-- left" while it is not known
+    static QString timeLeft(std::optional<double> seconds);
+
+    /// "3 failed"
+    static QString failed(std::int64_t count);
+
+    /// "\u2713 Verified"
+    static QString signAndWord(Verdict verdict);
+
+    /// Says what the verdict goes by: "from the disk", "3 failed".
+    static QString detailOf(Verdict verdict, const DestinationSummary &destination);
+
+    /// Returns the parts that are not empty, side by side.
+    static QString joined(QStringList parts);
+};
+
+} // namespace orvana

@@ -1,0 +1,75 @@
+#include "ui/EdgeStyle.h"
+
+#include "ui/Contrast.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace orvana
+{
+
+namespace
+{
+
+void drawEdge(const QStyleOption &option, QPainter &painter, const QRect &rect, qreal radius)
+{
+    auto color = edgeColor(option.palette);
+    if (option.state & QStyle::State_HasFocus)
+        color = option.palette.color(QPalette::Active, QPalette::Highlight);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(color);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.restore();
+}
+
+} // namespace
+
+EdgeStyle::EdgeStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                              const QWidget *widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+        drawEdge(*option, *painter, option->rect, 1);
+        break;
+    case PE_FrameLineEdit:
+    case PE_PanelButtonCommand:
+        drawEdge(*option, *painter, option->rect, 2);
+        break;
+    case PE_Frame:
+        drawEdge(*option, *painter, option->rect, 0);
+        break;
+    default:
+        break;
+    }
+}
+
+void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                            const QWidget *widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_ProgressBarGroove)
+        drawEdge(*option, *painter, option->rect, 1);
+}
+
+void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                   QPainter *painter, const QWidget *widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox)
+        drawEdge(*option, *painter, option->rect, 2);
+}
+
+void useEdgeStyle()
+{
+    if (QApplication::style()->name() == QStringLiteral("fusion"))
+        QApplication::setStyle(new EdgeStyle);
+}
+
+} // namespace orvana
