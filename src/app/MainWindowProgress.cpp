@@ -18,7 +18,9 @@ void MainWindow::showLastReport()
         return;
     if (m_reportWindow)
         m_reportWindow->close();
-    auto *window = new RunReportWindow(reportTable(m_run->summary()), m_run->problems().lines());
+    // The copy thread of a cancelled run may write its report later.
+    auto *window = new RunReportWindow(m_run->summary(), m_run->problems().groups(),
+                                       [report = m_run->sharedReport()] { return report->path(); });
     m_reportWindow = window;
     connect(window, &RunReportWindow::logWanted, this, logOpener());
     connect(this, &QObject::destroyed, window, &QWidget::close);

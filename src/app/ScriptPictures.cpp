@@ -40,11 +40,11 @@ QPixmap grabWithSheet(QWidget &window, QWidget *sheet, int scale)
     return picture;
 }
 
-QWidget *reportWindow()
+RunReportWindow *reportWindow()
 {
     for (auto *widget : QApplication::topLevelWidgets()) {
-        if (qobject_cast<RunReportWindow *>(widget) && widget->isVisible())
-            return widget;
+        if (auto *report = qobject_cast<RunReportWindow *>(widget); report && report->isVisible())
+            return report;
     }
     return nullptr;
 }
@@ -65,6 +65,7 @@ void ScriptRunner::addPictures()
     addStep(QStringLiteral("wait-report"), 0, [](const auto &) {
         return when(reportWindow() != nullptr, QStringLiteral("there is no report"));
     });
+    addStep(QStringLiteral("save-report"), 1, [](const auto &words) { return saveReport(words.first()); });
     addStep(QStringLiteral("show-logs"), 0, [this](const auto &) {
         m_delegate.showLogDataWindows();
         return done();
@@ -73,6 +74,18 @@ void ScriptRunner::addPictures()
         m_delegate.showAbout();
         return done();
     });
+}
+
+// save-report FILE
+ScriptRunner::Result ScriptRunner::saveReport(const QString &file)
+{
+    const auto *report = reportWindow();
+    if (!report)
+        return when(false, QStringLiteral("there is no report"));
+    const bool isSaved = file.endsWith(QStringLiteral(".pdf"))    ? report->certificate().savePdf(file)
+                         : file.endsWith(QStringLiteral(".html")) ? report->certificate().saveHtml(file)
+                                                                  : report->saveTo(file);
+    return isSaved ? done() : failed(QStringLiteral("cannot write the report"));
 }
 
 // grab FILE [SCALE [report|logs|bays]]

@@ -67,6 +67,7 @@ private:
     Result atRow(const QString &path, const std::function<void(const QModelIndex &)> &act);
     Result expectBay(const QStringList &words);
     Result grab(const QStringList &words);
+    static Result saveReport(const QString &file);
     Result moveLever(const QStringList &words);
 
     MainWindow &window() const;

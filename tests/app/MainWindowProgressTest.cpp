@@ -37,7 +37,7 @@ TEST_F(DesktopTest, EndOfARunWithFailuresSaysSo)
     untilSheet("File Copy Completed");
     ASSERT_EQ(notices().size(), 1U);
     EXPECT_TRUE(notices()[0].text.starts_with("1 of 2 destinations holds every file; ")) << notices()[0].text;
-    EXPECT_TRUE(notices()[0].text.ends_with("COPY1: 3 failed.")) << notices()[0].text;
+    EXPECT_TRUE(notices()[0].text.ends_with("; Slot-B (COPY1): 3 failed.")) << notices()[0].text;
 }
 
 TEST_F(DesktopTest, CancelledRunIsNotTold)

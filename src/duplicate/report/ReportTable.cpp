@@ -1,6 +1,7 @@
 #include "duplicate/report/ReportTable.h"
 
 #include "duplicate/report/RunSummary.h"
+#include "duplicate/report/Verdict.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 
@@ -11,27 +12,6 @@ namespace orvana
 
 namespace
 {
-
-std::string rateOf(const DestinationSummary &destination)
-{
-    const double seconds = destination.secondsWriting + destination.secondsSyncing;
-    if (seconds <= 0)
-        return "-";
-    const double rate = static_cast<double>(destination.bytes) / seconds;
-    return sizeText(static_cast<std::uint64_t>(rate)) + "/s";
-}
-
-ReportTable::Row rowOfDestination(const DestinationSummary &destination)
-{
-    return {displayPath(destination.path),
-            std::to_string(destination.copied),
-            std::to_string(destination.failed),
-            std::to_string(destination.verified),
-            std::to_string(destination.mismatched),
-            sizeText(destination.bytes),
-            rateOf(destination),
-            destination.reason};
-}
 
 std::string placeOf(const DiskEntry &disk)
 {
@@ -45,9 +25,73 @@ std::string whyNoPart(const DiskEntry &disk)
     return (failed ? "could not be erased: " : "took no part: ") + disk.reason;
 }
 
-ReportTable::Row rowOfDisk(const DiskEntry &disk)
+std::string resultText(Verdict verdict)
 {
-    return {placeOf(disk), "-", "-", "-", "-", "-", "-", whyNoPart(disk)};
+    return std::string(signOf(verdict)) + " " + wordOf(verdict);
+}
+
+// Returns the name of a destination: of its bay if it is a disk in one, else its path.
+std::string nameOf(const DestinationSummary &destination)
+{
+    const auto &disk = destination.disk;
+    return disk.bay.empty() ? displayPath(destination.path) : disk.bay + " (" + displayPath(disk.name) + ")";
+}
+
+ReportTable::Row rowOf(const DestinationSummary &destination, const RunSummary &run)
+{
+    const auto &disk = destination.disk;
+    const bool isFolder = disk.bay.empty();
+    return {resultText(verdictOf(destination, run)),
+            isFolder ? "-" : disk.bay,
+            displayPath(isFolder ? destination.path : disk.name),
+            isFolder ? "-" : displayPath(disk.model),
+            isFolder ? "-" : displayPath(disk.serial),
+            std::to_string(destination.copied),
+            sizeText(destination.bytes),
+            writeRateOf(destination),
+            verifiedFromText(destination)};
+}
+
+ReportTable::Row rowOf(const DiskEntry &disk)
+{
+    const auto orDash = [](const std::string &text) { return text.empty() ? "-" : displayPath(text); };
+    return {disk.outcome == DiskOutcome::EraseFailed ? "\u2717 not erased" : "\u2013 no part",
+            disk.bay,
+            displayPath(disk.name),
+            orDash(disk.disk.diskModule),
+            orDash(disk.disk.diskSN),
+            "-",
+            "-",
+            "-",
+            "-"};
+}
+
+// Returns what is wrong with a destination, as lines.
+std::vector<std::string> troubleOf(const DestinationSummary &destination, const RunSummary &run,
+                                   const std::vector<ProblemGroup> &problems)
+{
+    std::vector<std::string> lines;
+    if (destination.durability == Durability::NotKnown)
+        lines.push_back(std::to_string(destination.notKnownToBeOnDisk) + " " + destination.reason);
+    for (const auto &group : problems) {
+        if (group.destination != destination.path)
+            continue;
+        const auto more = linesOf(group, run.source);
+        lines.insert(lines.end(), more.begin(), more.end());
+    }
+    return lines;
+}
+
+void addParagraph(std::vector<std::string> &lines, const std::string &heading,
+                  const std::vector<std::string> &content)
+{
+    if (content.empty())
+        return;
+    if (!lines.empty())
+        lines.emplace_back();
+    lines.push_back(heading);
+    for (const auto &line : content)
+        lines.push_back("    " + line);
 }
 
 // Returns the faults of a destination.
@@ -107,7 +151,7 @@ std::string headlineOf(const RunSummary &summary)
         if (isWhole(destination))
             good.push_back(destination);
         else
-            lacks += "; " + displayPath(destination.path) + ": " + lackOf(destination);
+            lacks += "; " + nameOf(destination) + ": " + lackOf(destination);
     }
     auto text = countText(good.size(), summary.destinations.size());
     if (!good.empty())
@@ -123,20 +167,40 @@ std::string headlineOf(const RunSummary &summary)
     return text + ".";
 }
 
-ReportTable reportTable(const RunSummary &summary)
+std::string writeRateOf(const DestinationSummary &destination)
+{
+    const double seconds = destination.secondsWriting + destination.secondsSyncing;
+    if (seconds <= 0)
+        return "-";
+    const double rate = static_cast<double>(destination.bytes) / seconds;
+    return sizeText(static_cast<std::uint64_t>(rate)) + "/s";
+}
+
+std::string verifiedFromText(const DestinationSummary &destination)
+{
+    if (destination.verified + destination.mismatched == 0)
+        return "-";
+    return destination.verifiedFrom == VerifiedFrom::Disk ? "the disk" : "memory";
+}
+
+ReportTable reportTable(const RunSummary &summary, const std::vector<ProblemGroup> &problems)
 {
     ReportTable table;
-    for (const auto &destination : summary.destinations)
-        table.rows.push_back(rowOfDestination(destination));
-    for (const auto &disk : summary.disks) {
-        if (disk.outcome != DiskOutcome::Erased)
-            table.rows.push_back(rowOfDisk(disk));
-    }
     table.headline = headlineOf(summary);
+    for (const auto &destination : summary.destinations) {
+        table.rows.push_back(rowOf(destination, summary));
+        addParagraph(table.lines, nameOf(destination), troubleOf(destination, summary, problems));
+    }
+    for (const auto &disk : summary.disks) {
+        if (disk.outcome == DiskOutcome::Erased)
+            continue;
+        table.rows.push_back(rowOf(disk));
+        addParagraph(table.lines, placeOf(disk), {whyNoPart(disk)});
+    }
     return table;
 }
 
-std::string textOf(const ReportTable &table, const std::vector<std::string> &lines)
+std::string textOf(const ReportTable &table)
 {
     std::string text = table.headline + "\n\n";
     const auto add = [&](const auto &cells) {
@@ -147,8 +211,8 @@ std::string textOf(const ReportTable &table, const std::vector<std::string> &lin
     add(ReportTable::Titles);
     for (const auto &row : table.rows)
         add(row);
-    for (const auto &line : lines)
-        text.append(&line == &lines.front() ? "\n" : "").append(line).append("\n");
+    for (const auto &line : table.lines)
+        text.append(&line == &table.lines.front() ? "\n" : "").append(line).append("\n");
     return text;
 }
 

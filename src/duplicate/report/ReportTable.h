@@ -1,5 +1,7 @@
 #pragma once
 
+#include "duplicate/report/RunProblems.h"
+
 #include <array>
 #include <string>
 #include <vector>
@@ -9,15 +11,17 @@ namespace orvana
 
 struct RunSummary;
 
-/// The result of a run as a table for people: one row for each destination and each disk that took no part.
+/// The result of a run for people: one row for each destination and each disk that took no part, and below
+/// the rows what went wrong.
 struct ReportTable
 {
-    static constexpr std::array Titles{"Destination", "Copied", "Failed", "Verified",
-                                       "Mismatched",  "Bytes",  "Rate",   "Reason"};
+    static constexpr std::array Titles{"Result", "Bay",   "Name", "Model",        "Serial",
+                                       "Files",  "Bytes", "Rate", "Verified from"};
     using Row = std::array<std::string, Titles.size()>;
 
     std::string headline; ///< one sentence on the whole run
     std::vector<Row> rows;
+    std::vector<std::string> lines; ///< what went wrong, a paragraph for each destination and disk
 };
 
 /// Returns one sentence on the whole run. It says which destinations hold every file, how they were verified,
@@ -25,9 +29,15 @@ struct ReportTable
 /// disk; Slot-C (COPY2) took no part: the selection does not fit."
 std::string headlineOf(const RunSummary &summary);
 
-ReportTable reportTable(const RunSummary &summary);
+ReportTable reportTable(const RunSummary &summary, const std::vector<ProblemGroup> &problems);
 
-/// Returns the table as text with tabs between the columns, and `lines` below it.
-std::string textOf(const ReportTable &table, const std::vector<std::string> &lines);
+/// Returns the table as text with tabs between the columns, and the lines below it.
+std::string textOf(const ReportTable &table);
+
+/// Returns the rate at which a destination was written, "41.20 MB/s", or "-" when it is not known.
+std::string writeRateOf(const DestinationSummary &destination);
+
+/// "the disk", "memory", or "-" when the destination was not verified.
+std::string verifiedFromText(const DestinationSummary &destination);
 
 } // namespace orvana

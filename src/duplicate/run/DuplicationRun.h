@@ -130,6 +130,7 @@ public:
 
     /// Returns the account of the current run, or of the last run; null before the first run.
     RunReport *report() { return m_report.get(); }
+    std::shared_ptr<const RunReport> sharedReport() const { return m_report; }
 
     /// Returns the account as a summary, as it is by now. Call only after `start`.
     RunSummary summary() const;
@@ -137,7 +138,7 @@ public:
     /// Returns how far the run is. Call only after `start`.
     const RunProgress &progress() const { return *m_progress; }
 
-    /// Returns the first problems as readable lines. Call only after `start`.
+    /// Returns the problems in groups. Call only after `start`.
     const RunProblems &problems() const { return *m_problems; }
 
     /// True once `start` has been called. Only then call `summary`, `progress` and `problems`.

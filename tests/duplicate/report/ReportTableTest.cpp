@@ -93,19 +93,54 @@ TEST(Headline, NamesDisksThatTookNoPartAndCountsWhatWasLeftOut)
 
 TEST(ReportTable, HasARowForEachDestinationAndEachDiskThatTookNoPart)
 {
-    auto destination = whole("/a");
-    destination.bytes = 4'096;
-    destination.secondsWriting = 1.5;
-    destination.secondsSyncing = 0.5;
-    auto summary = runTo({destination, whole("/b")});
-    summary.disks = {{"Slot-B", "COPY1", {}, DiskOutcome::Erased, {}},
-                     {"Slot-C", "COPY2", {}, DiskOutcome::Refused, "it is the start-up disk"}};
-    const auto table = reportTable(summary);
-    ASSERT_EQ(table.rows.size(), 3U);
-    EXPECT_EQ(table.rows[0], (ReportTable::Row{"/a", "3", "0", "3", "0", "4.00 KB", "2.00 KB/s", ""}));
-    EXPECT_EQ(table.rows[1][6], "-") << "without a time there is no rate";
-    EXPECT_EQ(table.rows[2], (ReportTable::Row{"Slot-C (COPY2)", "-", "-", "-", "-", "-", "-",
-                                               "took no part: it is the start-up disk"}));
+    auto folder = whole("/a");
+    folder.bytes = 4'096;
+    folder.secondsWriting = 1.5;
+    folder.secondsSyncing = 0.5;
+    auto disk = whole("/Volumes/COPY1");
+    disk.disk = {"Slot-B", "COPY1", "Copy HD", "B-2002", 1'000};
+    disk.verified = 0;
+    auto summary = runTo({folder, disk});
+    summary.disks = {
+        {"Slot-B", "COPY1", {}, DiskOutcome::Erased, {}},
+        {"Slot-C", "COPY2", {}, DiskOutcome::Refused, "it is the start-up disk"},
+        {"Slot-D", "COPY3", {"D-4", "HD", "/dev/disk5", "COPY3"}, DiskOutcome::EraseFailed, "busy"}};
+    const auto table = reportTable(summary, {});
+    ASSERT_EQ(table.rows.size(), 4U);
+    EXPECT_EQ(table.rows[0], (ReportTable::Row{"\u2713 verified", "-", "/a", "-", "-", "3", "4.00 KB",
+                                               "2.00 KB/s", "the disk"}));
+    EXPECT_EQ(table.rows[1], (ReportTable::Row{"\u2713 complete", "Slot-B", "COPY1", "Copy HD", "B-2002", "3",
+                                               "0.00 Bytes", "-", "-"}))
+        << "without a time there is no rate";
+    EXPECT_EQ(table.rows[2],
+              (ReportTable::Row{"\u2013 no part", "Slot-C", "COPY2", "-", "-", "-", "-", "-", "-"}));
+    EXPECT_EQ(table.rows[3],
+              (ReportTable::Row{"\u2717 not erased", "Slot-D", "COPY3", "HD", "D-4", "-", "-", "-", "-"}));
+    EXPECT_EQ(table.lines,
+              (std::vector<std::string>{"Slot-C (COPY2)", "    took no part: it is the start-up disk", "",
+                                        "Slot-D (COPY3)", "    could not be erased: busy"}));
+}
+
+TEST(ReportTable, ProblemsStandBelowTheNameOfTheirDisk)
+{
+    auto disk = whole("/Volumes/COPY1");
+    disk.disk = {"Slot-B", "COPY1", "Copy HD", "B-2002", 1'000};
+    disk.failed = 2;
+    auto unsure = whole("/b");
+    unsure.durability = Durability::NotKnown;
+    unsure.notKnownToBeOnDisk = 3;
+    unsure.reason = "not known to be on disk: pulled";
+    auto summary = runTo({disk, unsure});
+    summary.source = "/source";
+    const auto table = reportTable(
+        summary, {{"/Volumes/COPY1", ProblemKind::Failed, "full", 2, {"/source/a", "/source/b"}}});
+    EXPECT_EQ(table.lines,
+              (std::vector<std::string>{"Slot-B (COPY1)", "    2 failed: full", "        a", "        b", "",
+                                        "/b", "    3 not known to be on disk: pulled"}));
+    const auto text = textOf(table);
+    EXPECT_TRUE(text.starts_with("No destination holds every file;")) << text;
+    EXPECT_NE(text.find("\u2717 not complete\tSlot-B\tCOPY1\tCopy HD\tB-2002"), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("/b\n    3 not known to be on disk: pulled\n")) << text;
 }
 
 } // namespace orvana

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "duplicate/report/RunProblems.h"
+#include "duplicate/report/RunSummary.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace orvana
+{
+
+/// The certificates of a run: a page for each disk that says what was copied to it, from where, and what is
+/// known about the copy. A run into folders has one for each folder.
+///
+/// The documents are in English like the run's log and report, so that one can hand them to anybody.
+class Certificate
+{
+public:
+    Certificate(RunSummary summary, std::vector<ProblemGroup> problems);
+
+    /// Returns all pages as one HTML document that needs nothing else. A browser prints a page for each disk.
+    QString html() const;
+
+    /// Write the pages into a file. Return false on failure; the file that was there before is then whole.
+    bool saveHtml(const QString &path) const;
+    bool savePdf(const QString &path) const;
+
+private:
+    QString page(const DestinationSummary &destination) const;
+
+    RunSummary m_summary;
+    std::vector<ProblemGroup> m_problems;
+};
+
+} // namespace orvana
