@@ -8,8 +8,10 @@
 #include "foundation/NotificationCenter.h"
 #include "foundation/SizeText.h"
 #include "foundation/qt/QtMainQueue.h"
+#include "panels/BayRunView.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
+#include "panels/NoEnclosureView.h"
 #include "panels/ProgressBarViewController.h"
 #include "panels/TBDeviceViewController.h"
 #include "platform/hosts/HostFactory.h"
@@ -67,9 +69,16 @@ public:
         picker();
         slotsWithBayAAsSource();
         slotsWithAnotherSource();
+        slotsInARun();
+        slotsAfterARun();
+        refusedSlots();
+        emptySlots();
+        noEnclosure();
         actions();
+        actionsInARun();
         progress();
         fileList();
+        emptyFileList();
         return m_allWritten;
     }
 
@@ -79,9 +88,16 @@ private:
     void picker();
     void slotsWithBayAAsSource();
     void slotsWithAnotherSource();
+    void slotsInARun();
+    void slotsAfterARun();
+    void refusedSlots();
+    void emptySlots();
+    void noEnclosure();
     void actions();
+    void actionsInARun();
     void progress();
     void fileList();
+    void emptyFileList();
 
     platform::Host &m_host;
     QString m_folder;
@@ -160,6 +176,74 @@ void Gallery::slotsWithAnotherSource()
     panel.setTargetDiskVolumeEditable(true);
     panel.changeTargetDiskFocus();
     paint(panel, QStringLiteral("slots-erase"));
+}
+
+void Gallery::slotsInARun()
+{
+    DiskInfoViewController panel(m_center);
+    fillSlots(panel);
+    panel.setTextColor("Slot-C", SystemColor::red());
+    panel.DisabledItem(true);
+    panel.runOf("Slot-B")->showProgress(0.45, QStringLiteral("45%"), QStringLiteral("121 MB/s"),
+                                        QStringLiteral("1:02:03 left"));
+    panel.runOf("Slot-D")->showProgress(0.02, QStringLiteral("3 failed"), QStringLiteral("0 Bytes/s"),
+                                        QStringLiteral("--:-- left"));
+    paint(panel, QStringLiteral("slots-run"));
+}
+
+void Gallery::slotsAfterARun()
+{
+    DiskInfoViewController panel(m_center);
+    fillSlots(panel);
+    panel.runOf("Slot-B")->showVerdict(QStringLiteral("\u2713 Verified"), QStringLiteral("from the disk"));
+    panel.runOf("Slot-C")->showVerdict(QStringLiteral("\u2717 Not complete"), QStringLiteral("3 failed"));
+    panel.runOf("Slot-D")->showVerdict(QStringLiteral("\u2013 No part"),
+                                       QStringLiteral("the selection does not fit"));
+    paint(panel, QStringLiteral("slots-verdicts"));
+}
+
+void Gallery::refusedSlots()
+{
+    DiskInfoViewController panel(m_center);
+    fillSlots(panel);
+    panel.setDiskInfo("Slot-B", "", "Array HD 1000", "B-2002", "931.32 GB", "931.32 GB", false, true);
+    panel.setTextColor("Slot-B", SystemColor::red());
+    paint(panel, QStringLiteral("slots-raid"));
+}
+
+void Gallery::emptySlots()
+{
+    DiskInfoViewController panel(m_center);
+    fillSlots(panel);
+    for (const char *row : {"Slot-B", "Slot-C", "Slot-D"})
+        panel.setDiskInfo(row, "None", "", "", "", "", true, false);
+    paint(panel, QStringLiteral("slots-empty"));
+}
+
+void Gallery::noEnclosure()
+{
+    NoEnclosureView panel;
+    panel.resize(300, 70);
+    paint(panel, QStringLiteral("no-enclosure"));
+}
+
+void Gallery::actionsInARun()
+{
+    CopyActionViewController panel(m_center);
+    panel.resize(605, 55);
+    panel.EraseDiskCheckBox->setChecked(true);
+    panel.EraseDiskCheckBox->setEnabled(false);
+    panel.setTitle(CopyActionViewController::Title::Cancel);
+    paint(panel, QStringLiteral("actions-cancel"));
+}
+
+void Gallery::emptyFileList()
+{
+    FileListViewController panel(m_host, m_center, m_queue);
+    panel.resize(300, 430);
+    panel.showRoot(nullptr);
+    panel.setEnabled(false);
+    paint(panel, QStringLiteral("files-empty"));
 }
 
 void Gallery::actions()

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QLabel;
+
 namespace orvana
 {
 
@@ -30,12 +32,13 @@ public:
     void clear();
 
 private:
-    void fitFonts();
+    void setWord(const QString &word);
 
     ElidedLabel *m_word;
     ProgressIndicator *m_bar;
     ElidedLabel *m_rate;
     ElidedLabel *m_timeLeft;
+    QLabel *m_detail;
 };
 
 } // namespace orvana

@@ -73,6 +73,7 @@ void DiskInfoViewController::collectRows()
 void DiskInfoViewController::awakeFromNib()
 {
     for (auto &row : m_rows) {
+        paintRow(row);
         if (row.raid)
             row.raid->setVisible(false);
     }

@@ -35,6 +35,17 @@ double contrast(const QColor &one, const QColor &other)
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
+QColor focusColor(const QPalette &palette)
+{
+    for (const auto role : {QPalette::Highlight, QPalette::Link}) {
+        const auto color = palette.color(QPalette::Active, role);
+        if (contrast(color, palette.color(QPalette::Active, QPalette::Window)) >= LeastEdgeContrast &&
+            contrast(color, palette.color(QPalette::Active, QPalette::Base)) >= LeastEdgeContrast)
+            return color;
+    }
+    return palette.color(QPalette::Active, QPalette::WindowText);
+}
+
 QColor edgeColor(const QPalette &palette)
 {
     constexpr int Step = 5;

@@ -19,4 +19,8 @@ inline constexpr double LeastEdgeContrast = 3.0;
 /// `LeastEdgeContrast` from the background of windows, fields and buttons.
 QColor edgeColor(const QPalette &palette);
 
+/// Returns the colour of the edge of the control that has the keyboard: the palette's highlight or, where
+/// that does not stand out enough, the colour of its links, or else that of its text.
+QColor focusColor(const QPalette &palette);
+
 } // namespace orvana

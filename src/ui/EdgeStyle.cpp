@@ -14,14 +14,14 @@ namespace
 
 void drawEdge(const QStyleOption &option, QPainter &painter, const QRect &rect, qreal radius)
 {
-    auto color = edgeColor(option.palette);
-    if (option.state & QStyle::State_HasFocus)
-        color = option.palette.color(QPalette::Active, QPalette::Highlight);
+    const bool hasFocus = option.state & QStyle::State_HasFocus;
+    const qreal width = hasFocus ? 2 : 1;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(color);
+    painter.setPen(QPen(hasFocus ? focusColor(option.palette) : edgeColor(option.palette), width));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2), radius,
+                            radius);
     painter.restore();
 }
 

@@ -39,7 +39,7 @@ protected:
     QStringList shown(const char *bay)
     {
         QStringList texts;
-        for (const auto *label : run(bay).findChildren<ElidedLabel *>()) {
+        for (const auto *label : run(bay).findChildren<QLabel *>()) {
             if (label->isVisible() && !label->text().isEmpty())
                 texts += label->text();
         }

@@ -50,6 +50,22 @@ TEST_F(BayRunViewTest, VerdictHasNoBar)
     view.showVerdict(QStringLiteral("\u2717 Differs"), QStringLiteral("2 differ"));
     EXPECT_FALSE(view.findChild<ProgressIndicator *>()->isVisible());
     EXPECT_EQ(heard().first(), QStringLiteral("State of bay B: \u2717 Differs"));
+    EXPECT_EQ(heard().size(), 1);
+    const auto labels = view.findChildren<QLabel *>();
+    const auto *detail = labels.back();
+    EXPECT_EQ(detail->text(), QStringLiteral("2 differ"));
+}
+
+TEST_F(BayRunViewTest, LongWordBecomesSmallerAndALongReasonIsInTheToolTip)
+{
+    const auto reason = QStringLiteral("could not be erased: the disk utility says that the disk is in use");
+    view.showVerdict(QStringLiteral("\u2717 Not complete at all"), reason);
+    const auto *word = view.findChildren<ElidedLabel *>().front();
+    EXPECT_EQ(word->shownText(), word->text());
+    const auto *detail = view.findChildren<QLabel *>().back();
+    EXPECT_TRUE(detail->text().endsWith(QChar(0x2026)));
+    EXPECT_TRUE(detail->toolTip().contains(reason));
+    EXPECT_EQ(detail->accessibleName(), reason);
 }
 
 TEST_F(SlotPanel, RunOfABayKeepsClearOfItsMarkersAndItsValues)

@@ -35,6 +35,12 @@ TEST_P(PaletteContrast, EdgesStandOutFromAllThatIsBesideThem)
     EXPECT_NE(edge, palette.color(QPalette::WindowText)) << "an edge is quieter than a text";
 }
 
+TEST_P(PaletteContrast, FocusStandsOutFromAllThatIsBesideIt)
+{
+    for (const auto role : {QPalette::Window, QPalette::Base})
+        EXPECT_GE(contrast(focusColor(palette), palette.color(role)), LeastEdgeContrast) << role;
+}
+
 TEST_P(PaletteContrast, TextIsReadableAlsoWhenItIsDisabled)
 {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
