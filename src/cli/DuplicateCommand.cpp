@@ -199,7 +199,12 @@ DuplicateCommand::Check DuplicateCommand::checkOnceMore()
 ExitStatus runDuplicate(platform::Host &host, PlainMainQueue &queue, Terminal &terminal,
                         const DuplicateOptions &options)
 {
-    return DuplicateCommand(host, queue, terminal, options).run();
+    const auto whole = withJob(options);
+    if (!whole) {
+        terminal.printError("plurimoctl: " + whole.error().reason);
+        return whole.error().status;
+    }
+    return DuplicateCommand(host, queue, terminal, *whole).run();
 }
 
 } // namespace orvana::cli

@@ -1,6 +1,7 @@
 #include "cli/DuplicatePlan.h"
 
 #include "cli/CopyPlan.h"
+#include "duplicate/job/JobSource.h"
 #include "duplicate/plan/RunPlan.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/Paths.h"
@@ -45,11 +46,18 @@ void useSourceTitled(RunChoice &choice, const std::string &title, const SourcePl
                                            choice.source, choice.names[Bay::A]);
 }
 
-std::optional<Refusal> chooseSource(RunChoice &choice, const std::optional<std::string> &title,
+std::optional<Refusal> chooseSource(RunChoice &choice, const DuplicateOptions &options,
                                     const ORVThunderboltInfo &enclosure, const DeviceScan &scan)
 {
     const auto devices = scan.devices();
     const auto plan = planSources(&enclosure, devices, scan.user());
+    auto title = options.source;
+    if (options.job) {
+        const auto found = titleOfSource(*options.job, devices, plan);
+        if (!found)
+            return Refusal{NotThere, found.error()};
+        title = *found;
+    }
     if (!title)
         useSourceToBeginWith(choice, plan);
     else
@@ -86,6 +94,24 @@ tl::expected<std::vector<std::string>, Refusal> selectBelow(const std::string &r
 
 } // namespace
 
+tl::expected<DuplicateOptions, Refusal> withJob(DuplicateOptions options)
+{
+    if (!options.jobFile)
+        return options;
+    auto job = readJob(*options.jobFile);
+    if (!job)
+        return tl::unexpected(Refusal{WrongUsage, job.error()});
+    options.erase = job->erase;
+    options.verify = job->verify;
+    options.settings = job->settings;
+    for (const auto bay : AllBays) {
+        if (const auto &name = job->names[bay]; name && job->erase)
+            options.names.push_back(slotNameOf(bay).substr(5) + "=" + *name);
+    }
+    options.job = std::move(*job);
+    return options;
+}
+
 tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const DeviceScan &scan,
                                                    const DuplicateOptions &options)
 {
@@ -105,15 +131,18 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
     choice.enclosure = *chosen;
     choice.erase = options.erase;
     choice.verify = options.verify;
+    choice.settings = options.settings;
     choice.shown = shownDisks(**enclosure);
     plan.present = choice.names = volumeNamesOf(**enclosure, scan.user());
-    if (const auto refusal = chooseSource(choice, options.source, **enclosure, scan))
+    if (const auto refusal = chooseSource(choice, options, **enclosure, scan))
         return tl::unexpected(*refusal);
     plan.typed = *typed;
     for (const auto bay : AllBays)
         choice.names[bay] = plan.typed[bay].value_or(choice.names[bay]);
     plan.job.SrcDiskPath = choice.sourceRoot;
-    auto selection = selectBelow(choice.sourceRoot, host, options.selection);
+    auto selection =
+        selectBelow(choice.sourceRoot, host,
+                    options.job ? selectionBelow(*options.job, choice.sourceRoot) : options.selection);
     if (!selection)
         return tl::unexpected(selection.error());
     plan.job.SrcFileArray = std::move(*selection);

@@ -2,6 +2,7 @@
 
 #include "cli/DeviceScan.h"
 #include "duplicate/engine/CopyJob.h"
+#include "duplicate/job/JobFile.h"
 #include "duplicate/plan/SourceDisks.h"
 
 namespace orvana::cli
@@ -17,9 +18,15 @@ struct DuplicateOptions
     std::optional<std::string> logFolder;
     bool erase = false;
     bool verify = false;
+    RunSettings settings;
+    std::optional<std::string> jobFile; ///< instead of source, selection, names, erase, verify and settings
+    std::optional<Job> job;             ///< what `withJob` has read from that file
     bool yes = false;
     bool json = false;
 };
+
+/// Returns the options with what their job file says, if they name one.
+tl::expected<DuplicateOptions, Refusal> withJob(DuplicateOptions options);
 
 /// The duplication as it was planned from the options.
 struct Duplication

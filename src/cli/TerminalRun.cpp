@@ -131,11 +131,19 @@ void TerminalRun::refused(const RunRefusal &refusal)
     m_run.report()->note(words.reason);
 }
 
+void TerminalRun::notEjected(const std::vector<DiskResult> &disks)
+{
+    m_hasFailedEject = true;
+    for (const auto &disk : disks)
+        m_terminal.printError("plurimoctl: " + displayPath(disk.disk.diskPath) +
+                              " could not be ejected: " + disk.reason);
+}
+
 ExitStatus TerminalRun::statusOf(const RunSummary &summary) const
 {
     switch (summary.ending) {
     case RunEnding::Copied:
-        return isAllDone(summary) && summary.isRecorded ? AllDone : SomethingFailed;
+        return isAllDone(summary) && summary.isRecorded && !m_hasFailedEject ? AllDone : SomethingFailed;
     case RunEnding::Cancelled:
         return Cancelled;
     case RunEnding::Refused:

@@ -54,6 +54,7 @@ private:
     void copyStarts(const CopyJob &job) override;
     void problem(const RunProblem &problem) override { m_display->problem(problem); }
     void refused(const RunRefusal &refusal) override;
+    void notEjected(const std::vector<DiskResult> &disks) override;
     void ended(const RunSummary &summary) override;
 
     ExitStatus statusOf(const RunSummary &summary) const;
@@ -70,6 +71,7 @@ private:
     DeviceScan *m_scan = nullptr;
     std::atomic<bool> m_isCancelled{false};
     ExitStatus m_refusalStatus = Refused;
+    bool m_hasFailedEject = false;
     std::optional<ExitStatus> m_status;
     NotificationCenter m_center;
     DuplicationRun m_run;

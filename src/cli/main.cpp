@@ -75,6 +75,15 @@ void describeDuplicate(CLI::App &duplicate, cli::DuplicateOptions &options)
         ->type_name("BAY=NAME")
         ->allow_extra_args(false);
     duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
+    for (const auto &setting : AllRunSettings)
+        duplicate.add_flag(setting.flag, options.settings.*setting.member, setting.help);
+    auto *job =
+        duplicate.add_option("--job", options.jobFile, "Do what this job file says")->type_name("FILE");
+    for (auto *option : duplicate.get_options()) {
+        const auto name = option->get_name();
+        if (option != job && name != "--enclosure" && !option->get_lnames().empty() && name != "--help")
+            job->excludes(option);
+    }
     duplicate.add_flag("--yes", options.yes, "Do not ask");
     duplicate.add_flag("--json", options.json, "Print one JSON object a line");
 }
@@ -164,7 +173,7 @@ void takeLiterally(std::vector<std::string> &texts)
 void takeLiterally(CommandLineOptions &options)
 {
     for (auto *text : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
-                       &options.copy.root, &options.duplicate.source})
+                       &options.copy.root, &options.duplicate.source, &options.duplicate.jobFile})
         takeLiterally(*text);
     for (auto *texts :
          {&options.copy.sources, &options.copy.destinations, &options.duplicate.selection,
@@ -180,7 +189,7 @@ void makeAbsolute(CommandLineOptions &options)
     const auto makePath = [](std::string &path) { path = cli::cleanPath(path); };
     for (auto *path : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
                        &options.copy.logFolder, &options.duplicate.logFolder, &options.disks.logFolder,
-                       &options.logs.logFolder, &options.copy.root}) {
+                       &options.logs.logFolder, &options.copy.root, &options.duplicate.jobFile}) {
         if (*path)
             makePath(**path);
     }

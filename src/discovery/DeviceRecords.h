@@ -22,6 +22,11 @@ public:
     const std::string &devPath() const { return m_devPath; }
     void setDevPath(std::string path) { m_devPath = std::move(path); }
 
+    /// The id that the file system carries, such as its UUID; nullopt when it carries none. A copy of a whole
+    /// disk has the same id.
+    const std::optional<std::string> &volumeId() const { return m_volumeId; }
+    void setVolumeId(std::optional<std::string> id) { m_volumeId = std::move(id); }
+
     /// The mount point; null until a listing has named it.
     const PathObject &mountPoint() const { return m_mountPoint; }
     void setMountPoint(PathObject path) { m_mountPoint = std::move(path); }
@@ -38,6 +43,7 @@ public:
 
 private:
     std::string m_devPath;
+    std::optional<std::string> m_volumeId;
     PathObject m_mountPoint;
     std::optional<std::int64_t> m_capacitySize;
     std::optional<std::int64_t> m_availableSize;

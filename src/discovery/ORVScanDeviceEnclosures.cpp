@@ -54,9 +54,9 @@ void ORVScanDevice::searchPartition(const RegistryEntry &entry, std::size_t tbAr
             disk.setIsRaidFormated(flagOf(*child, "RAID") == true);
             // A member of a RAID set is offered as one volume: the whole disk.
             if (disk.isRaidFormated())
-                disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
+                disk.bsdPathArray().push_back(volumeRecord(*child));
         } else if (isOpen == true && flagOf(*child, "Leaf") == true && isWhole == false) {
-            disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
+            disk.bsdPathArray().push_back(volumeRecord(*child));
         }
         noteOtherPartition(*child, disk);
         searchPartition(*child, tbArrayIndex, hddArrayIndex);

@@ -109,7 +109,7 @@ void ORVScanDevice::searchOtherDiskPartition(const RegistryEntry &entry, std::si
         auto &disk = *m_otherDiskArray[hddArrayIndex];
         if (flagOf(*child, "Open") == true) {
             if (flagOf(*child, "Leaf") == true) {
-                disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
+                disk.bsdPathArray().push_back(volumeRecord(*child));
             } else {
                 disk.setDevPath(devicePathOf(*child));
                 disk.setDiskSize(numberOf(*child, "Size"));
@@ -158,7 +158,7 @@ void ORVScanDevice::searchOtherTBDiskPartition(const RegistryEntry &entry, std::
             disk.setIsUnFormated(textOf(*child, "Content").value_or("").empty());
         }
         if (flagOf(*child, "Open") == true && flagOf(*child, "Leaf") == true)
-            disk.bsdPathArray().push_back(volumeRecord(devicePathOf(*child)));
+            disk.bsdPathArray().push_back(volumeRecord(*child));
         searchOtherTBDiskPartition(*child, tbArrayIndex, hddArrayIndex);
     }
 }

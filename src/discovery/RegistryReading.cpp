@@ -114,10 +114,11 @@ void noteOtherPartition(const RegistryEntry &entry, ORVHddInfo &disk)
         disk.setHasOtherPartitions(true);
 }
 
-std::shared_ptr<ORVBsdInfo> volumeRecord(std::string devPath)
+std::shared_ptr<ORVBsdInfo> volumeRecord(const RegistryEntry &entry)
 {
     auto volume = std::make_shared<ORVBsdInfo>();
-    volume->setDevPath(std::move(devPath));
+    volume->setDevPath(devicePathOf(entry));
+    volume->setVolumeId(textOf(entry, "Volume UUID"));
     return volume;
 }
 

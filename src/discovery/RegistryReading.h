@@ -38,6 +38,6 @@ void readMarks(const platform::RegistryEntry &entry, ORVHddInfo &disk);
 void noteOtherPartition(const platform::RegistryEntry &entry, ORVHddInfo &disk);
 
 /// A new volume record.
-std::shared_ptr<ORVBsdInfo> volumeRecord(std::string devPath);
+std::shared_ptr<ORVBsdInfo> volumeRecord(const platform::RegistryEntry &entry);
 
 } // namespace orvana

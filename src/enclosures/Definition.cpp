@@ -13,7 +13,6 @@ namespace orvana::enclosures
 namespace
 {
 
-constexpr int DeepestNesting = 8;
 constexpr std::size_t LongestName = 64;
 constexpr std::size_t LongestPort = 255;
 constexpr std::uint16_t RootHubVendor = 0x1d6b; // the vendor number of the kernel's own root hubs
@@ -220,18 +219,11 @@ std::string nameOf(const Port &port)
 
 tl::expected<Definition, std::string> readDefinition(const std::string &id, std::string_view text)
 {
-    bool isTooDeep = false;
-    const auto limitDepth = [&](int depth, Json::parse_event_t, const Json &) {
-        isTooDeep = isTooDeep || depth > DeepestNesting;
-        return !isTooDeep;
-    };
-    const auto json = Json::parse(text, limitDepth, false);
-    if (isTooDeep)
-        return tl::unexpected(std::string("is nested too deeply"));
-    if (json.is_discarded())
-        return tl::unexpected(std::string("not JSON"));
+    const auto json = parseJson(text);
+    if (!json)
+        return tl::unexpected(json.error());
     try {
-        return readAll(id, json);
+        return readAll(id, *json);
     } catch (const WrongJsonEntry &entry) {
         return tl::unexpected(displayPath(entry.reason));
     }

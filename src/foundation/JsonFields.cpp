@@ -8,6 +8,22 @@ void rejectEntry(const std::string &where, const std::string &reason)
     throw WrongJsonEntry{(where.empty() ? "/" : where) + ": " + reason};
 }
 
+tl::expected<Json, std::string> parseJson(std::string_view text)
+{
+    constexpr int DeepestNesting = 8;
+    bool isTooDeep = false;
+    const auto limitDepth = [&](int depth, Json::parse_event_t, const Json &) {
+        isTooDeep = isTooDeep || depth > DeepestNesting;
+        return !isTooDeep;
+    };
+    auto json = Json::parse(text, limitDepth, false);
+    if (isTooDeep)
+        return tl::unexpected(std::string("is nested too deeply"));
+    if (json.is_discarded())
+        return tl::unexpected(std::string("not JSON"));
+    return json;
+}
+
 JsonFields::JsonFields(const Json &object, std::string where) : m_object(object), m_where(std::move(where))
 {
     if (!m_object.is_object())

@@ -7,6 +7,8 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <tl/expected.hpp>
 
 namespace orvana
 {
@@ -19,6 +21,10 @@ struct WrongJsonEntry
 
 /// Throws `WrongJsonEntry`. `where` is the JSON pointer of the entry; empty for the whole file.
 [[noreturn]] void rejectEntry(const std::string &where, const std::string &reason);
+
+/// Parses the text of one of our JSON files. Refuses what is not JSON, and what is nested more than eight
+/// levels deep, which our files never are.
+tl::expected<Json, std::string> parseJson(std::string_view text);
 
 /// The members of one JSON object, with checked types. Every known key must be asked for before `end`, which
 /// rejects all other keys, such as a misspelt key. All functions throw `WrongJsonEntry`.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,5 +17,8 @@ void putPath(Json &object, const std::string &key, std::string_view path);
 
 /// Returns the bytes in base64, padded.
 std::string base64(std::string_view bytes);
+
+/// Returns the bytes of a text in base64, or nullopt when the text is not padded base64.
+std::optional<std::string> fromBase64(std::string_view text);
 
 } // namespace orvana

@@ -27,4 +27,12 @@ TEST(PathJson, Base64IsPadded)
     EXPECT_EQ(base64("Many"), "TWFueQ==");
 }
 
+TEST(PathJson, Base64IsReadBackAndNothingElse)
+{
+    for (const char *text : {"", "M", "Ma", "Man", "Many", "\xFF\n"})
+        EXPECT_EQ(fromBase64(base64(text)), text);
+    for (const char *text : {"TQ", "TQ=", "=TQ=", "T===", "TR==", "TW F", "TWFu=", "TQ==TQ==", "!!!!"})
+        EXPECT_EQ(fromBase64(text), std::nullopt) << text;
+}
+
 } // namespace orvana

@@ -224,8 +224,9 @@ std::shared_ptr<RunLocks> FileCopy::locksFor(const CopyJob &job) const
     constexpr std::chrono::milliseconds BetweenTries{20};
     const auto end = std::chrono::steady_clock::now() + PatienceWithOthers;
     for (;;) {
-        auto locks = std::make_shared<RunLocks>(m_host, job.SrcDiskPath, job.DesFileArray);
+        // Looked at before the try: a worker that ends right after a try in vain has freed its locks.
         const bool mayBeFreed = m_workersAtWork > 1 && std::chrono::steady_clock::now() < end;
+        auto locks = std::make_shared<RunLocks>(m_host, job.SrcDiskPath, job.DesFileArray);
         if (locks->hasAll() || !mayBeFreed)
             return locks;
         locks.reset(); // a waiting run holds no locks

@@ -2,6 +2,7 @@
 
 #include "duplicate/disktool/DiskUtilInfo.h"
 #include "duplicate/disktool/VolumeName.h"
+#include "duplicate/plan/RunSettings.h"
 #include "platform/DiskFingerprint.h"
 
 #include <array>
@@ -28,6 +29,8 @@ class PerBay
 public:
     Value &operator[](Bay bay) { return m_values[static_cast<std::size_t>(bay)]; }
     const Value &operator[](Bay bay) const { return m_values[static_cast<std::size_t>(bay)]; }
+
+    bool operator==(const PerBay &) const = default;
 
 private:
     std::array<Value, AllBays.size()> m_values{};
@@ -80,6 +83,7 @@ struct RunChoice
     std::optional<std::uint64_t> selectedBytes;
     bool erase = false;
     bool verify = false;
+    RunSettings settings;
 
     /// True for bay A while the source is the disk in bay A.
     bool isSourceBay(Bay bay) const { return bay == Bay::A && slotAisSource; }

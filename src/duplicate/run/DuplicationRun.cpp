@@ -8,6 +8,7 @@
 #include "log/LogData.h"
 #include "platform/Host.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvana
@@ -297,7 +298,31 @@ void DuplicationRun::end(RunEnding ending)
     if (ending == RunEnding::Copied)
         m_relay.runFinished();
     m_ending = ending;
+    if (ending == RunEnding::Copied && m_order.choice.settings.ejectAtEnd)
+        ejectWholeDisks();
     m_view.ended(summary());
+}
+
+// A disk that lacks something stays, so that one sees it.
+void DuplicationRun::ejectWholeDisks()
+{
+    const auto result = summary();
+    std::vector<DiskUtilInfo> disks;
+    for (std::size_t i = 0; i < std::min(m_destinations.size(), result.destinations.size()); ++i) {
+        if (isWhole(result.destinations[i]))
+            disks.push_back(m_destinations[i].disk);
+    }
+    m_diskTool.setSparedDisks(m_order.choice.sourceDisks);
+    m_diskTool.setDiskArray(std::move(disks));
+    m_diskTool.EjectDisks();
+    m_diskTool.setDiskArray({});
+    std::vector<DiskResult> failed;
+    for (const auto &disk : m_diskTool.results()) {
+        if (!disk.succeeded)
+            failed.push_back(disk);
+    }
+    if (!failed.empty())
+        m_view.notEjected(failed);
 }
 
 RunSummary DuplicationRun::summary() const

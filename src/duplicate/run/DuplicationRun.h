@@ -57,6 +57,9 @@ public:
     /// Called when the run copies nothing, with the reason. `ended` follows.
     virtual void refused(const RunRefusal &refusal) = 0;
 
+    /// Takes the disks that could not be ejected at the end of a run that ejects its disks. `ended` follows.
+    virtual void notEjected(const std::vector<DiskResult> &) {}
+
     /// Called when the run is over: exactly once after each `start`, unless the run object is destroyed
     /// before.
     virtual void ended(const RunSummary &summary) = 0;
@@ -160,6 +163,7 @@ private:
     RunChoice presentChoice(const ScannedDevices &devices) const;
     void copyTo(const FolderJob &job);
     void refuse(const RunRefusal &refusal);
+    void ejectWholeDisks();
     void end(RunEnding ending);
     void later(std::chrono::milliseconds delay, std::function<void()> work);
 

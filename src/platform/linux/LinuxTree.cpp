@@ -298,10 +298,13 @@ private:
                                                    : partition.device->property("ID_PART_ENTRY_TYPE");
         // When an open medium is not a leaf, the scan takes its node for the node of the whole disk. A member
         // of a volume group is neither a volume nor the whole disk, so it is not shown as open.
-        auto &media = scheme.add("IOMedia", "Media@" + std::to_string(partition.number),
-                                 mediaProperties(DiskNames::nameOf(number, partition), false,
-                                                 partition.isLeaf, partition.isOpen && partition.isLeaf,
-                                                 blocks * DeviceBlockBytes, content));
+        auto properties =
+            mediaProperties(DiskNames::nameOf(number, partition), false, partition.isLeaf,
+                            partition.isOpen && partition.isLeaf, blocks * DeviceBlockBytes, content);
+        if (auto id = partition.device->property("ID_FS_UUID"); !id.empty())
+            properties["Volume UUID"] = std::move(id);
+        auto &media =
+            scheme.add("IOMedia", "Media@" + std::to_string(partition.number), std::move(properties));
         if (!partition.isLeaf && partition.holdsRoot)
             media.add("IOMedia", "Media@1",
                       mediaProperties(nameOfRootAbove(number, partition), false, true, true,

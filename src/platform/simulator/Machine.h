@@ -24,6 +24,7 @@ struct Content
 struct Volume
 {
     std::string name;
+    std::string id;         ///< the file system's id; made of place and name unless the file gives one
     bool isStartup = false; ///< mounted at "/", and holds the user's home
     bool isMounted = true;
     std::int64_t capacity = 0; ///< bytes

@@ -41,6 +41,7 @@ Volume readVolume(const Json &json, const std::string &where)
     volume.isStartup = fields.flag("startup", false);
     volume.name = fields.requiredText("name");
     checkName(volume.name, where + "/name");
+    volume.id = fields.text("id").value_or(where + "/" + volume.name);
     volume.capacity = fields.requiredNumber("capacity");
     volume.isMounted = fields.flag("mounted", true);
     fields.list("content", [&](const Json &entry, const std::string &place) {

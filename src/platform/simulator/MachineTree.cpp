@@ -58,6 +58,7 @@ void addMedia(RegistryNode &driver, const Disk &disk, int number)
                     {"Open", volume.isMounted},
                     {"Size", volume.capacity},
                     {"BSD Name", partitionName(number, i)},
+                    {"Volume UUID", volume.id},
                     {"Content", std::string("48465300-0000-11AA-AA11-00306543ECAC")}});
     }
 }

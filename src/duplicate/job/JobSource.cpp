@@ -1,0 +1,93 @@
+#include "duplicate/job/JobSource.h"
+
+#include "foundation/DisplayPath.h"
+#include "foundation/Paths.h"
+
+#include <algorithm>
+#include <set>
+
+namespace orvana
+{
+
+namespace
+{
+
+// Returns the volume that is mounted nearest above the path, or null.
+const ORVBsdInfo *volumeAbove(const ScannedDevices &devices, const std::string &path)
+{
+    const ORVBsdInfo *nearest = nullptr;
+    for (const auto &disk : devices.allDisks()) {
+        for (const auto &volume : disk->bsdPathArray()) {
+            const auto &point = volume->mountPoint();
+            if (point && isAtOrBelow(path, *point) &&
+                (!nearest || point->size() > nearest->mountPoint()->size()))
+                nearest = volume.get();
+        }
+    }
+    return nearest; // a record of the scan, which holds it
+}
+
+bool isVolumeRoot(const ORVBsdInfo &volume, const std::string &path)
+{
+    return *volume.mountPoint() == path;
+}
+
+} // namespace
+
+tl::expected<void, std::string> nameSource(Job &job, const ScannedDevices &devices, const std::string &item,
+                                           const std::string &root)
+{
+    const auto *volume = root.empty() ? nullptr : volumeAbove(devices, root);
+    if (!volume)
+        return tl::unexpected(std::string("the source is on no known volume"));
+    if (!volume->volumeId())
+        return tl::unexpected(displayPath(item) + ": the volume has no id, so a job cannot name it");
+    job.volumeId = *volume->volumeId();
+    job.sourceName = item;
+    job.isHome = !isVolumeRoot(*volume, root);
+    return {};
+}
+
+tl::expected<std::string, std::string> titleOfSource(const Job &job, const ScannedDevices &devices,
+                                                     const SourcePlan &plan)
+{
+    std::set<std::string> titles;
+    std::size_t found = 0;
+    for (const auto &candidate : plan.candidates) {
+        const auto *volume = volumeAbove(devices, candidate.rootPath);
+        if (!volume || volume->volumeId() != job.volumeId ||
+            job.isHome == isVolumeRoot(*volume, candidate.rootPath))
+            continue;
+        titles.insert(candidate.title);
+        ++found;
+    }
+    const auto name = job.sourceName.empty() ? job.volumeId : job.sourceName;
+    if (found == 0)
+        return tl::unexpected(displayPath(name) + ": the source of the job is not there");
+    if (found > 1)
+        return tl::unexpected(displayPath(name) + ": two volumes have the id of the job's source");
+    return *titles.begin();
+}
+
+std::vector<std::string> selectionBelow(const Job &job, const std::string &root)
+{
+    if (job.selection.empty())
+        return {root};
+    std::vector<std::string> paths;
+    for (const auto &path : job.selection)
+        paths.push_back((root == "/" ? root : root + "/") + path);
+    return paths;
+}
+
+std::vector<std::string> selectionOf(const std::vector<std::string> &paths, const std::string &root)
+{
+    std::vector<std::string> selection;
+    for (const auto &path : paths) {
+        if (path == root)
+            return {};
+        selection.push_back(path.substr(root == "/" ? 1 : root.size() + 1));
+    }
+    return selection;
+}
+
+} // namespace orvana
