@@ -49,6 +49,9 @@ void MainMenu::makeFileMenu()
     });
     add(menu, tr("&Logs"), QKeySequence(Qt::CTRL | Qt::Key_L), [this] { m_delegate.showLogDataWindows(); });
     menu->addSeparator();
+    m_openJob = add(menu, tr("&Open job..."), QKeySequence::Open, [this] { m_window.askForJob(false); });
+    m_saveJob = add(menu, tr("&Save job..."), QKeySequence::Save, [this] { m_window.askForJob(true); });
+    menu->addSeparator();
     add(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_window.close(); });
     connect(menu, &QMenu::aboutToShow, this, &MainMenu::update);
 }
@@ -62,6 +65,7 @@ void MainMenu::makeRunMenu()
     menu->addSeparator();
     press(menu, tr("&Verify"), QKeySequence(Qt::CTRL | Qt::Key_Y), actions.VerrifyFileCheckBox);
     press(menu, tr("&Erase Destination Disks"), {}, actions.EraseDiskCheckBox);
+    m_options = add(menu, tr("&Options for this run..."), {}, [this] { m_window.chooseOptions(); });
     menu->addSeparator();
     press(menu, tr("E&ject Source"), QKeySequence(Qt::CTRL | Qt::Key_E), slots.EjectSourceDiskBtn);
     press(menu, tr("Eject &Destinations"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
@@ -94,6 +98,8 @@ void MainMenu::update()
     m_rescan->setEnabled(!m_window.isBusy());
     m_mountDisks->setEnabled(m_window.mayMountDisks());
     m_setUpBays->setEnabled(!m_window.isBusy());
+    for (auto *action : {m_openJob, m_saveJob, m_options})
+        action->setEnabled(m_window.mayUseJobs());
     m_lastReport->setEnabled(m_window.hasReport());
 }
 

@@ -40,6 +40,9 @@ private:
     MainWindow &m_window;
     OrvanaAppDelegate &m_delegate;
     QList<Mirrored> m_mirrored;
+    QAction *m_openJob = nullptr;
+    QAction *m_saveJob = nullptr;
+    QAction *m_options = nullptr;
     QAction *m_rescan = nullptr;
     QAction *m_mountDisks = nullptr;
     QAction *m_setUpBays = nullptr;

@@ -47,6 +47,7 @@ MainWindow::MainWindow(const AppContext &context, QWidget *parent)
     setupUi(this);
     scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     messageText->clear();
+    setAcceptDrops(true);
     setFixedSize(ContentWidth, Heights[0]);
     connect(HelpBtn, &QPushButton::clicked, this, &MainWindow::Help);
 }

@@ -5,6 +5,7 @@
 #include "app/Sheets.h"
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
+#include "duplicate/job/JobFile.h"
 #include "duplicate/run/DuplicationRun.h"
 #include "duplicate/run/RunMonitor.h"
 #include "foundation/NotificationCenter.h"
@@ -38,7 +39,8 @@ class TBDeviceViewController;
 /// events in MainWindowMonitoring.cpp, what a run shows and holds off in MainWindowProgress.cpp, the bays,
 /// bars and verdicts of a run in MainWindowRunDisplay.cpp, the waits and questions before a run in
 /// MainWindowStart.cpp, the start and the end of a run in MainWindowRunControl.cpp, the disks of an erase, of
-/// an eject and of a mount in MainWindowDisks.cpp, what to do without an enclosure in MainWindowSetup.cpp.
+/// an eject and of a mount in MainWindowDisks.cpp, what to do without an enclosure in MainWindowSetup.cpp,
+/// options and job files in MainWindowJobs.cpp.
 ///
 /// Main thread only, unless `RunDisplay`, `RunView` or the comment of a function says otherwise.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunView
@@ -121,6 +123,25 @@ public:
     /// The open sheet of `setUpBays`, or null.
     BaySetupSheet *baySetup() const;
 
+    // Options and jobs
+
+    /// True while the options of the next run may be chosen, and jobs opened and saved.
+    bool mayUseJobs() const;
+
+    /// Opens the sheet with the options of the next run.
+    void chooseOptions();
+    const RunSettings &settings() const { return m_settings; }
+    void setSettings(const RunSettings &settings);
+
+    /// Asks for a file, and opens or saves a job there.
+    void askForJob(bool isToSave);
+
+    /// Takes source, ticks, names and options from a job file. Warns when that is not possible.
+    void openJob(const QString &path);
+
+    /// Writes source, ticks, names and options into a job file. Warns when that is not possible.
+    void saveJob(const QString &path);
+
     // Eject and mount
 
     void EjectTargetDisks();
@@ -162,6 +183,8 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -253,6 +276,11 @@ private:
     void showWhatToDoNext();
     void startDemo();
 
+    // Options and jobs
+    std::optional<std::string> takeOver(const Job &job);
+    tl::expected<Job, std::string> jobNow() const;
+    void notEjected(const std::vector<DiskResult> &disks) override;
+
     // Erase, eject and mount
     void lockChoices(bool locked);
     void eject(tl::expected<EjectPlan, EnclosureRefusal> plan, std::vector<DiskFingerprint> spared,
@@ -295,7 +323,8 @@ private:
     int m_contentHeight = 0;
     ChosenEnclosure m_chosen;
     ShownDisks m_shown;
-    SourceMemory m_source; // source of the shown tree
+    SourceMemory m_source;  // source of the shown tree
+    RunSettings m_settings; // of the next run
 
     RunMonitor m_monitor;
     FilePace m_filePace;

@@ -52,6 +52,7 @@ RunChoice MainWindow::choiceNow() const
     choice.selectedBytes = m_fileList->totalSize();
     choice.erase = m_action->EraseDiskCheckBox->isChecked();
     choice.verify = m_action->verifyFiles();
+    choice.settings = m_settings;
     return choice;
 }
 
@@ -167,6 +168,7 @@ void MainWindow::ended(const RunSummary &summary)
 
 void MainWindow::copied(const RunSummary &summary)
 {
+    setSettings({}); // they were for this run
     m_action->setIsDuplicating(false);
     m_action->setTitle(Title::Start);
     disableSlots(false);

@@ -79,6 +79,21 @@ QString RunWords::detailOf(Verdict verdict, const DestinationSummary &destinatio
     return {};
 }
 
+QString RunWords::sentenceOf(const RunSetting &setting)
+{
+    if (setting.member == &RunSettings::ejectAtEnd)
+        return tr("Eject each disk that holds every file at the end");
+    return QString::fromLatin1(setting.help);
+}
+
+QString RunWords::summaryOf(const RunSettings &settings)
+{
+    QStringList parts;
+    if (settings.ejectAtEnd)
+        parts += tr("Eject at the end");
+    return parts.join(QStringLiteral(", "));
+}
+
 QString RunWords::joined(QStringList parts)
 {
     parts.removeAll(QString());

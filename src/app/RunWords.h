@@ -1,5 +1,6 @@
 #pragma once
 
+#include "duplicate/plan/RunSettings.h"
 #include "duplicate/report/Verdict.h"
 #include "duplicate/run/RunMonitor.h"
 
@@ -35,6 +36,12 @@ public:
 
     /// Says what the verdict goes by: "from the disk", "3 failed".
     static QString detailOf(Verdict verdict, const DestinationSummary &destination);
+
+    /// "Eject each disk that holds every file at the end"
+    static QString sentenceOf(const RunSetting &setting);
+
+    /// The options that are on, in a few words each: "Eject at the end"; empty for none.
+    static QString summaryOf(const RunSettings &settings);
 
     /// Returns the parts that are not empty, side by side.
     static QString joined(QStringList parts);

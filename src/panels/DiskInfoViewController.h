@@ -66,6 +66,12 @@ public:
     /// Places the bay rows. Without bay A, the other bays lie one row higher.
     void changeLocation();
 
+    /// The name fields of bays A to D.
+    std::array<VolumeNameField *, 4> bayNameFields() const
+    {
+        return {SlotAVolume, SlotBVolume, SlotCVolume, SlotDVolume};
+    }
+
     /// The view of the bay's run; null for the source and for unknown names.
     BayRunView *runOf(std::string_view row);
 

@@ -2,7 +2,11 @@
 
 #include "filetree/view/OutlineViewDataSource.h"
 #include "foundation/NotificationNames.h"
+#include "foundation/Paths.h"
 #include "foundation/SizeText.h"
+
+#include <algorithm>
+#include <set>
 
 namespace orvana
 {
@@ -62,6 +66,69 @@ void FileListViewController::showRoot(PathObject path)
         updateItemSizeLabel(SizeLabel::Blank); // the counts of another tree
     m_fileSysItem.setrepoRootPath(std::move(path));
     m_dataSource->reloadData();
+}
+
+std::optional<FileListViewController::RowsDown> FileListViewController::rowsTo(const std::string &path)
+{
+    RowsDown rows;
+    const auto root = FileSystemItem::rootItem();
+    auto *item = root.get();
+    while (item->fullPath() != path) {
+        const auto &children = item->children();
+        const auto next = std::find_if(children.begin(), children.end(), [&](const auto &child) {
+            return isAtOrBelow(path, child->fullPath());
+        });
+        if (next == children.end())
+            return std::nullopt;
+        rows.push_back(static_cast<int>(next - children.begin()));
+        item = next->get();
+    }
+    return rows;
+}
+
+std::optional<std::string> FileListViewController::select(const std::vector<std::string> &paths)
+{
+    std::vector<RowsDown> chosen;
+    for (const auto &path : paths) {
+        auto rows = rowsTo(path);
+        if (!rows)
+            return path;
+        chosen.push_back(std::move(*rows));
+    }
+    tickOnly(chosen);
+    return std::nullopt;
+}
+
+void FileListViewController::tickOnly(const std::vector<RowsDown> &chosen)
+{
+    auto *view = sourceFileListView;
+    const auto root = view->model()->index(0, 0);
+    std::set<FileSystemItem *> opened;
+    OutlineViewDataSource::itemAt(root)->setChecked(FileSystemItem::Off);
+    // A folder above that was chosen as well comes first, and stands for what lies in it.
+    auto inOrder = chosen;
+    std::sort(inOrder.begin(), inOrder.end());
+    const RowsDown *above = nullptr;
+    for (const auto &rows : inOrder) {
+        if (above && rows.size() >= above->size() && std::equal(above->begin(), above->end(), rows.begin()))
+            continue;
+        above = &rows;
+        auto index = root;
+        for (const int row : rows) {
+            auto *item = OutlineViewDataSource::itemAt(index);
+            view->expand(index);
+            if (opened.insert(item).second) {
+                for (const auto &child : item->children())
+                    child->setChecked(FileSystemItem::Off);
+            }
+            item->setChecked(FileSystemItem::Mixed);
+            index = view->model()->index(row, 0, index);
+        }
+        view->collapse(index);
+        OutlineViewDataSource::itemAt(index)->setChecked(FileSystemItem::On);
+    }
+    m_dataSource->reloadData();
+    startCountThread();
 }
 
 std::vector<FileListRow> FileListViewController::rows() const

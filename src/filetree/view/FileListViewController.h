@@ -11,6 +11,8 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace orvana
@@ -48,6 +50,10 @@ public:
     /// root.
     void showRoot(PathObject path);
 
+    /// Ticks these paths and nothing else, and opens the folders above them. Each path is the root's or lies
+    /// below it. Returns the first path that is not in the tree; nothing is changed then.
+    std::optional<std::string> select(const std::vector<std::string> &paths);
+
     /// The visible rows, in the order of the list.
     std::vector<FileListRow> rows() const;
 
@@ -72,8 +78,13 @@ public:
     void updateItemSizeLabel(SizeLabel label);
 
 private:
+    /// The rows from the root's first child down to a path; empty for the root itself.
+    using RowsDown = std::vector<int>;
+
     void awakeFromNib();
     void writeItemSizeLabel();
+    static std::optional<RowsDown> rowsTo(const std::string &path);
+    void tickOnly(const std::vector<RowsDown> &chosen);
 
     NotificationCenter &m_center;
     SelectionCount m_count;
