@@ -2,6 +2,7 @@
 
 #include "app/AppContext.h"
 #include "app/SetupWriter.h"
+#include "app/SharedProgress.h"
 #include "app/Sheets.h"
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
@@ -18,7 +19,6 @@
 #include <QPointer>
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <set>
 #include <vector>
@@ -136,10 +136,8 @@ public:
     /// Asks for a file, and opens or saves a job there.
     void askForJob(bool isToSave);
 
-    /// Takes source, ticks, names and options from a job file. Warns when that is not possible.
+    /// Take source, ticks, names and options from a job file, or write them there. Warn on failure.
     void openJob(const QString &path);
-
-    /// Writes source, ticks, names and options into a job file. Warns when that is not possible.
     void saveJob(const QString &path);
 
     // Eject and mount
@@ -302,13 +300,6 @@ private:
         std::function<void(const Notification &)> action;
     };
 
-    struct ShownProgress
-    {
-        std::string message;
-        float file = -1.0F;
-        float total = -1.0F;
-    };
-
     AppContext m_context;
     std::string m_uiVersion = "Orvana";
     Sheets m_sheets{*this};
@@ -330,8 +321,7 @@ private:
     FilePace m_filePace;
     PerBay<std::optional<DiskFingerprint>> m_judged; // the disks with a verdict beside their bay
 
-    std::mutex m_progressMutex;
-    ShownProgress m_progress;
+    SharedProgress m_progress;
     PendingUpdate m_progressUpdate;
 
     SetupWriter m_setupWriter;

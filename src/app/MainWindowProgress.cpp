@@ -29,28 +29,19 @@ void MainWindow::showLastReport()
 
 void MainWindow::setProgressMsg(const std::string &message)
 {
-    {
-        const std::lock_guard lock(m_progressMutex);
-        m_progress.message = message;
-    }
+    m_progress.change([&](auto &values) { values.message = message; });
     requestProgress();
 }
 
 void MainWindow::setFileProgerss(float percent)
 {
-    {
-        const std::lock_guard lock(m_progressMutex);
-        m_progress.file = percent;
-    }
+    m_progress.change([&](auto &values) { values.file = percent; });
     requestProgress();
 }
 
 void MainWindow::setTotalProgerss(float fraction)
 {
-    {
-        const std::lock_guard lock(m_progressMutex);
-        m_progress.total = fraction;
-    }
+    m_progress.change([&](auto &values) { values.total = fraction; });
     requestProgress();
 }
 
@@ -65,11 +56,7 @@ void MainWindow::requestProgress()
 // The message and the bars belong to a run. In any state but 2 they are not shown.
 void MainWindow::showProgress()
 {
-    ShownProgress shown;
-    {
-        const std::lock_guard lock(m_progressMutex);
-        shown = m_progress;
-    }
+    const auto shown = m_progress.values();
     const bool isShown = m_layoutState == 2;
     messageText->setText(isShown ? shownText(shown.message) : QString());
     fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);

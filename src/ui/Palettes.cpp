@@ -6,7 +6,7 @@ namespace orvana
 namespace
 {
 
-// What is disabled must stay readable: the names of disks are, in a run.
+// A disabled text must stay readable: the names of the disks are disabled in a run.
 void setDisabledText(QPalette &palette, const QColor &color)
 {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})

@@ -5,7 +5,8 @@
 namespace orvana
 {
 
-/// What a run does beyond erasing and verifying. Everything is off unless it was chosen for the run.
+/// The options of a run besides erasing and verifying. All of them are off unless they were chosen for the
+/// run.
 struct RunSettings
 {
     bool ejectAtEnd = false; ///< eject each disk that holds every file

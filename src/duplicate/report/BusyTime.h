@@ -7,9 +7,9 @@
 namespace orvana
 {
 
-/// How long a disk has been worked on. One thread at a time works and counts; any thread may read. A piece of
-/// work that has not ended yet counts with the time that it has taken so far, so a disk that hangs is seen
-/// while it hangs.
+/// Counts the time that a disk has been worked on. One thread at a time works and counts; any thread may
+/// read. The work in hand counts with the time that it has taken so far, so a disk that hangs is seen while
+/// it hangs.
 class BusyTime
 {
 public:

@@ -5,7 +5,7 @@
 namespace orvana
 {
 
-/// What a run has made of a destination, in a word. Never better than what the run knows.
+/// The result of a run for one destination, in a word. It is never better than what the run knows.
 enum class Verdict {
     Verified,    ///< it holds every file, and all of them were read back from the disk
     Complete,    ///< it holds every file; not all of them were read back from the disk

@@ -12,14 +12,14 @@
 namespace orvana
 {
 
-/// What a run does at a moment.
+/// The kind of work that a run does at a moment.
 enum class RunStage { Copying, Verifying, CopyingAndVerifying, WritingOut };
 
 /// "copying", "verifying", "copying and verifying" or "writing out".
 const char *nameOf(RunStage stage);
 
-/// How far a destination is. Rates are bytes per second over the last five seconds; bytes that are written
-/// and bytes that are read back count alike.
+/// The progress of one destination. Rates are bytes per second over the last five seconds; bytes that are
+/// written and bytes that are read back count alike.
 struct DestinationStatus
 {
     std::uint64_t bytes = 0; ///< written

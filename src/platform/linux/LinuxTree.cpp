@@ -293,22 +293,19 @@ private:
 
     static void addPartition(RegistryNode &scheme, const Partition &partition, int number)
     {
-        const auto blocks = std::max(decimalNumber(partition.device->attribute("size")), 0L);
+        const auto size = std::max(decimalNumber(partition.device->attribute("size")), 0L) * DeviceBlockBytes;
         const auto content = partition.number == 0 ? partition.device->property("ID_FS_TYPE")
                                                    : partition.device->property("ID_PART_ENTRY_TYPE");
         // When an open medium is not a leaf, the scan takes its node for the node of the whole disk. A member
         // of a volume group is neither a volume nor the whole disk, so it is not shown as open.
-        auto properties =
-            mediaProperties(DiskNames::nameOf(number, partition), false, partition.isLeaf,
-                            partition.isOpen && partition.isLeaf, blocks * DeviceBlockBytes, content);
-        if (auto id = partition.device->property("ID_FS_UUID"); !id.empty())
-            properties["Volume UUID"] = std::move(id);
-        auto &media =
-            scheme.add("IOMedia", "Media@" + std::to_string(partition.number), std::move(properties));
+        auto properties = mediaProperties(DiskNames::nameOf(number, partition), false, partition.isLeaf,
+                                          partition.isOpen && partition.isLeaf, size, content);
+        setText(properties, "Volume UUID", partition.device->property("ID_FS_UUID"));
+        const auto name = "Media@" + std::to_string(partition.number);
+        auto &media = scheme.add("IOMedia", name, std::move(properties));
         if (!partition.isLeaf && partition.holdsRoot)
             media.add("IOMedia", "Media@1",
-                      mediaProperties(nameOfRootAbove(number, partition), false, true, true,
-                                      blocks * DeviceBlockBytes, {}));
+                      mediaProperties(nameOfRootAbove(number, partition), false, true, true, size, {}));
     }
 
     const DeviceList &m_devices;
