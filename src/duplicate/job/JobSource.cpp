@@ -73,9 +73,11 @@ std::vector<std::string> selectionBelow(const Job &job, const std::string &root)
 {
     if (job.selection.empty())
         return {root};
+    const auto start = root == "/" ? root : root + "/";
     std::vector<std::string> paths;
+    paths.reserve(job.selection.size());
     for (const auto &path : job.selection)
-        paths.push_back((root == "/" ? root : root + "/") + path);
+        paths.push_back(start + path);
     return paths;
 }
 

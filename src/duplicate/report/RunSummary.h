@@ -63,7 +63,7 @@ struct DestinationDisk
     std::string name; ///< the volume's name as the bay showed it, bytes
     std::string model;
     std::string serial;
-    std::optional<std::uint64_t> size{}; ///< bytes; nullopt when it is not known
+    std::optional<std::uint64_t> size; ///< bytes; nullopt when it is not known
 
     bool operator==(const DestinationDisk &) const = default;
 };

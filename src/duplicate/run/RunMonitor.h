@@ -26,7 +26,7 @@ struct DestinationStatus
     std::int64_t failed = 0;
     double fraction = 0; ///< of its work, 0 to 1
     double bytesPerSecond = 0;
-    std::optional<double> secondsLeft{}; ///< at the pace of the last half minute; nullopt when nothing moves
+    std::optional<double> secondsLeft; ///< at the pace of the last half minute; nullopt when nothing moves
 };
 
 struct RunStatus
