@@ -52,6 +52,9 @@ QString meaningOf(Verdict verdict, const DestinationSummary &destination)
     case Verdict::Verified:
         return QStringLiteral("Every file was written, read back from the disk, and equals its source.");
     case Verdict::Complete:
+        if (destination.durability == Durability::Memory)
+            return QStringLiteral(
+                "Every file was written, to a file system that has no disk but only memory.");
         return destination.verified > 0
                    ? QStringLiteral(
                          "Every file was written. Files were read back and equal their sources, but "

@@ -64,7 +64,11 @@ QString RunWords::detailOf(Verdict verdict, const DestinationSummary &destinatio
     case Verdict::Verified:
         return tr("from the disk");
     case Verdict::Complete:
-        return destination.verified > 0 ? tr("read from memory") : tr("not verified");
+        if (destination.durability == Durability::Memory)
+            return tr("in memory only");
+        if (destination.verified == 0)
+            return tr("not verified");
+        return destination.verified < destination.copied ? tr("not all verified") : tr("read from memory");
     case Verdict::Incomplete:
         return failed(destination.failed);
     case Verdict::Differs:

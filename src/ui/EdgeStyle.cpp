@@ -33,21 +33,12 @@ void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
                               const QWidget *widget) const
 {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    switch (element) {
-    case PE_IndicatorCheckBox:
-    case PE_IndicatorItemViewItemCheck:
+    if (element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck)
         drawEdge(*option, *painter, option->rect, 1);
-        break;
-    case PE_FrameLineEdit:
-    case PE_PanelButtonCommand:
+    else if (element == PE_FrameLineEdit || element == PE_PanelButtonCommand)
         drawEdge(*option, *painter, option->rect, 2);
-        break;
-    case PE_Frame:
+    else if (element == PE_Frame)
         drawEdge(*option, *painter, option->rect, 0);
-        break;
-    default:
-        break;
-    }
 }
 
 void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,

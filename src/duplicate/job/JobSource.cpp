@@ -4,7 +4,6 @@
 #include "foundation/Paths.h"
 
 #include <algorithm>
-#include <set>
 
 namespace orvana
 {
@@ -51,22 +50,25 @@ tl::expected<void, std::string> nameSource(Job &job, const ScannedDevices &devic
 tl::expected<std::string, std::string> titleOfSource(const Job &job, const ScannedDevices &devices,
                                                      const SourcePlan &plan)
 {
-    std::set<std::string> titles;
-    std::size_t found = 0;
+    const std::string *title = nullptr;
+    const auto name = job.sourceName.empty() ? job.volumeId : job.sourceName;
     for (const auto &candidate : plan.candidates) {
         const auto *volume = volumeAbove(devices, candidate.rootPath);
         if (!volume || volume->volumeId() != job.volumeId ||
             job.isHome == isVolumeRoot(*volume, candidate.rootPath))
             continue;
-        titles.insert(candidate.title);
-        ++found;
+        if (title)
+            return tl::unexpected(displayPath(name) + ": two volumes have the id of the job's source");
+        title = &candidate.title;
     }
-    const auto name = job.sourceName.empty() ? job.volumeId : job.sourceName;
-    if (found == 0)
+    if (!title)
         return tl::unexpected(displayPath(name) + ": the source of the job is not there");
-    if (found > 1)
-        return tl::unexpected(displayPath(name) + ": two volumes have the id of the job's source");
-    return *titles.begin();
+    // A source is chosen by its title, and of two with one title the wrong one could be taken.
+    const auto ofThisTitle = std::count_if(plan.candidates.begin(), plan.candidates.end(),
+                                           [&](const auto &candidate) { return candidate.title == *title; });
+    if (ofThisTitle > 1)
+        return tl::unexpected(displayPath(*title) + ": another source has the same name; rename one of them");
+    return *title;
 }
 
 std::vector<std::string> selectionBelow(const Job &job, const std::string &root)

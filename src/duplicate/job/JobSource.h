@@ -15,7 +15,7 @@ tl::expected<void, std::string> nameSource(Job &job, const ScannedDevices &devic
                                            const std::string &root);
 
 /// Returns the title of the job's source in the pop-up of `plan`. Returns the reason when the source is not
-/// there, or when two volumes have its id.
+/// there, or when two volumes have its id, or another source its title.
 tl::expected<std::string, std::string> titleOfSource(const Job &job, const ScannedDevices &devices,
                                                      const SourcePlan &plan);
 
