@@ -9,6 +9,7 @@
 #include "platform/Host.h"
 #include "platform/Workspace.h"
 #include "ui/FittingFont.h"
+#include "ui/Mirrored.h"
 #include "ui/ShownText.h"
 #include "version/WebAddress.h"
 
@@ -28,6 +29,7 @@ namespace
 {
 
 constexpr int ContentWidth = 635;
+constexpr int CopyRightsWidth = 292;
 constexpr std::array Heights{200, 685, 740}; // content height for each state
 constexpr std::chrono::milliseconds BetweenProgress{40};
 
@@ -185,10 +187,9 @@ void MainWindow::loadIcons()
 
 void MainWindow::fitFonts()
 {
-    for (auto *label : {static_cast<QWidget *>(CopyRightsLabel), static_cast<QWidget *>(VerLabel),
-                        static_cast<QWidget *>(UIVer), static_cast<QWidget *>(messageText),
-                        static_cast<QWidget *>(stageText)})
+    for (auto *label : {VerLabel, UIVer, messageText, stageText})
         label->setFont(fontThatFits(font(), 17));
+    CopyRightsLabel->setFont(fontThatFits(font(), 17, CopyRightsLabel->text(), CopyRightsWidth));
     for (auto *label : {static_cast<QWidget *>(totalCaption), static_cast<QWidget *>(fileCaption),
                         static_cast<QWidget *>(totalText), static_cast<QWidget *>(fileText)})
         label->setFont(fontThatFits(font(), 15));
@@ -214,7 +215,7 @@ void MainWindow::displayDialog(int state, bool)
 
     if (m_layoutState != 2)
         hiddenPrpgressBar(true);
-    placeFromBottom(CopyRightsLabel, 15, 15, 292, 17);
+    placeFromBottom(CopyRightsLabel, 15, 15, CopyRightsWidth, 17);
     placeFromBottom(VerLabel, 313, 15, 157, 17);
     placeFromBottom(HelpBtn, 597, 10, 25, 25);
 }
@@ -245,12 +246,12 @@ void MainWindow::placeViews()
 
 void MainWindow::place(QWidget *view, int x, int fromTop, int width, int height)
 {
-    view->setGeometry(x, fromTop, width, height);
+    view->setGeometry(mirrored({x, fromTop, width, height}, *content));
 }
 
 void MainWindow::placeFromBottom(QWidget *view, int x, int y, int width, int height)
 {
-    view->setGeometry(x, m_contentHeight - y - height, width, height);
+    place(view, x, m_contentHeight - y - height, width, height);
 }
 
 void MainWindow::hiddenPrpgressBar(bool hidden)

@@ -3,7 +3,7 @@
 #include "panels/CopyActionViewController.h"
 #include "platform/Host.h"
 #include "platform/Workspace.h"
-#include "ui/ShownText.h"
+#include "ui/CoreWords.h"
 
 #include <QCloseEvent>
 #include <QFile>
@@ -58,7 +58,7 @@ void MainWindow::showProgress()
 {
     const auto shown = m_progress.values();
     const bool isShown = m_layoutState == 2;
-    messageText->setText(isShown ? shownText(shown.message) : QString());
+    messageText->setText(isShown ? coreWords(shown.message) : QString());
     fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);
     totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
     for (auto *label : {static_cast<QLabel *>(totalText), totalCaption})

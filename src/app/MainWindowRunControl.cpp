@@ -5,6 +5,7 @@
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
 #include "platform/Host.h"
+#include "ui/CoreWords.h"
 #include "ui/ShownText.h"
 
 namespace orvana
@@ -14,7 +15,7 @@ using Title = CopyActionViewController::Title;
 
 void MainWindow::warn(const std::string &text)
 {
-    m_sheets.show({tr("Warning"), shownText(text)});
+    m_sheets.show({tr("Warning"), coreWords(text)});
 }
 
 // Repeats the checks that selecting the enclosure made, now with the records of all disks.
@@ -111,7 +112,7 @@ void MainWindow::disksLeftOut(const std::vector<DiskRefusal> &refusals)
             news.push_back(refusal);
     }
     if (!news.empty())
-        m_sheets.show({tr("Warning"), QString::fromStdString(textOf(news))});
+        m_sheets.show({tr("Warning"), coreWords(textOf(news))});
 }
 
 void MainWindow::restoreIdleControls()

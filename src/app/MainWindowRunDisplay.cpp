@@ -6,6 +6,7 @@
 #include "panels/BayRunView.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
+#include "ui/CoreWords.h"
 
 #include <algorithm>
 
@@ -118,7 +119,7 @@ void MainWindow::showVerdicts(const RunSummary &summary)
         m_diskInfo->runOf(disk.bay)->showVerdict(disk.outcome == DiskOutcome::EraseFailed
                                                      ? QStringLiteral("\u2717 ") + tr("Not erased")
                                                      : QStringLiteral("\u2013 ") + tr("No part"),
-                                                 QString::fromStdString(disk.reason));
+                                                 coreWords(disk.reason));
         m_judged[*bay] = m_shown[*bay]->fingerprint;
     }
 }

@@ -1,6 +1,7 @@
 // The steps between the click on Start and the run: waits, refusals and questions before any disk is touched.
 
 #include "app/MainWindow.h"
+#include "app/RunWords.h"
 
 #include "filetree/view/FileListViewController.h"
 #include "panels/CopyActionViewController.h"
@@ -194,7 +195,7 @@ void MainWindow::askForErase(const ChosenEnclosure &asked, const std::vector<Dis
     const auto present = enclosure ? volumeNamesOf(*enclosure, user()) : PerBay<std::string>();
     for (std::size_t i = 0; i < contents.size(); ++i) {
         disks.push_back({m_order->erase.disks[i], contents[i]});
-        text += QStringLiteral("\n\n") + shownText(stakeText(disks.back(), present[disks.back().erase.bay]));
+        text += QStringLiteral("\n\n") + RunWords::stake(disks.back(), present[disks.back().erase.bay]);
     }
     if (std::all_of(disks.begin(), disks.end(), [&](const auto &disk) { return isAgreedTo(disk, agreed); })) {
         StartDuplicate();

@@ -1,5 +1,13 @@
 #include "app/RunWords.h"
 
+#include "foundation/SizeText.h"
+#include "ui/CoreWords.h"
+#include "ui/ShownText.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+
 namespace orvana
 {
 
@@ -81,6 +89,36 @@ QString RunWords::detailOf(Verdict verdict, const DestinationSummary &destinatio
         return {};
     }
     return {};
+}
+
+// A count of one has a text of its own, so that English needs no plural forms.
+QString RunWords::content(const DiskContent &content)
+{
+    const auto size = isolated(QString::fromStdString(sizeText(content.usedBytes)));
+    if (content.isBlank)
+        return tr("nothing");
+    if (!content.isKnown)
+        return content.usedBytes > 0 ? tr("%1, and something that is not mounted").arg(size)
+                                     : tr("something that is not mounted, or cannot be read");
+    const auto count = static_cast<int>(std::min<std::uint64_t>(content.files, INT_MAX));
+    const auto files = !content.isCountComplete ? content.files == 1 ? tr("at least 1 file") : tr("at least %n files", nullptr, count)
+                       : content.files == 1     ? tr("1 file")
+                                                : tr("%n files", nullptr, count);
+    return content.usedBytes > 0 ? tr("%1 in %2").arg(size, files) : files;
+}
+
+QString RunWords::stake(const DiskAtStake &disk, const std::string &present)
+{
+    const auto &info = disk.erase.info;
+    const auto shown = [](const std::string &text) { return isolated(shownText(text)); };
+    const auto slot = shown(slotNameOf(disk.erase.bay));
+    const auto serial = info.diskSN.empty() ? tr("unknown") : shown(info.diskSN);
+    const auto held = content(disk.content);
+    if (present == UnformattedDisk || present == NoVolume)
+        return tr("%1: %2, serial number %3, holds %4, will be %5")
+            .arg(slot, shown(info.diskModule), serial, held, shown(info.diskVolume));
+    return tr("%1: %2, serial number %3, now %4, holds %5, will be %6")
+        .arg(slot, shown(info.diskModule), serial, shown(present), held, shown(info.diskVolume));
 }
 
 QString RunWords::sentenceOf(const RunSetting &setting)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "duplicate/plan/RunOrder.h"
 #include "duplicate/plan/RunSettings.h"
 #include "duplicate/report/Verdict.h"
 #include "duplicate/run/RunMonitor.h"
@@ -37,6 +38,10 @@ public:
     /// Says what the verdict goes by: "from the disk", "3 failed".
     static QString detailOf(Verdict verdict, const DestinationSummary &destination);
 
+    /// Says which disk an erase would take what from, as `stakeText` says it in English. `present` is the name
+    /// of the disk's volume.
+    static QString stake(const DiskAtStake &disk, const std::string &present);
+
     /// "Eject each disk that holds every file at the end"
     static QString sentenceOf(const RunSetting &setting);
 
@@ -45,6 +50,9 @@ public:
 
     /// Returns the parts that are not empty, side by side.
     static QString joined(QStringList parts);
+
+private:
+    static QString content(const DiskContent &content);
 };
 
 } // namespace orvana

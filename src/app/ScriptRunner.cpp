@@ -169,7 +169,8 @@ ScriptRunner::Result ScriptRunner::press(const QStringList &words)
     if (!sheet)
         return when(false, QStringLiteral("there is no sheet"));
     for (auto *button : sheet->buttons()) {
-        if (button->text() == words.first()) {
+        // A script names a button in English, whatever language the window speaks.
+        if (button->text() == MainWindow::tr(words.first().toUtf8().constData())) {
             button->click();
             return done();
         }
@@ -251,9 +252,10 @@ void ScriptRunner::addWaits()
         return when(window().layoutState() == words.first().toInt(),
                     QStringLiteral("the window is in state %1").arg(window().layoutState()));
     });
+    // A script names sheets in English, whatever language the window speaks.
     addStep(QStringLiteral("wait-sheet"), 1, [this](const auto &words) {
         const auto *sheet = window().sheets().current();
-        return when(sheet && sheet->text() == words.first(),
+        return when(sheet && sheet->text() == MainWindow::tr(words.first().toUtf8().constData()),
                     sheet ? QStringLiteral("the sheet says \"%1\"").arg(sheet->text())
                           : QStringLiteral("there is no sheet"));
     });

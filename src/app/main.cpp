@@ -7,6 +7,7 @@
 #include "foundation/LiteralWords.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/qt/QtMainQueue.h"
+#include "languages/Languages.h"
 #include "log/LogData.h"
 #include "platform/Account.h"
 #include "platform/hosts/HostOptions.h"
@@ -191,6 +192,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvana Plurimo"));
     QApplication::setApplicationVersion(QStringLiteral(PLURIMO_VERSION));
+    const WindowLanguage language(usersLanguage());
     orvana::useEdgeStyle();
     QApplication::setDesktopFileName(QStringLiteral("orvana-plurimo"));
     loadResources();

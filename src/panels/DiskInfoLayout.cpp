@@ -5,6 +5,7 @@
 #include "ui/Contrast.h"
 #include "ui/ElidedLabel.h"
 #include "ui/FittingFont.h"
+#include "ui/Mirrored.h"
 
 #include <QPainter>
 
@@ -45,8 +46,10 @@ void DiskInfoViewController::fitFonts()
     auto heading = fontThatFits(font(), Label_Destinations->height() - 4);
     Label_Source->setFont(heading);
     SourcePopup->setFont(heading);
-    EjectSourceDiskBtn->setFont(heading);
-    EjectTargetDiskBtn->setFont(heading);
+    constexpr int AroundTheText = 12;
+    for (auto *button : {EjectSourceDiskBtn, EjectTargetDiskBtn})
+        button->setFont(fontThatFits(heading, button->height(), QString(button->text()).remove(QChar(u'&')),
+                                     button->width() - AroundTheText));
     heading.setBold(true);
     Label_Destinations->setFont(heading);
 }
@@ -54,8 +57,8 @@ void DiskInfoViewController::fitFonts()
 void DiskInfoViewController::placeRow(const Row &row, int base)
 {
     // y counts from the panel's bottom
-    const auto place = [](QWidget *widget, int x, int y, int width, int height) {
-        widget->setGeometry(x, PanelHeight - y - height, width, height);
+    const auto place = [this](QWidget *widget, int x, int y, int width, int height) {
+        widget->setGeometry(mirrored({x, PanelHeight - y - height, width, height}, *this));
     };
     constexpr std::array above{48, 32, 16, 0}; // model, serial number, available, capacity
     for (std::size_t i = 0; i < above.size(); ++i) {

@@ -3,6 +3,7 @@
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
 #include "panels/BayRunView.h"
+#include "ui/Mirrored.h"
 #include "ui/ShownText.h"
 #include "ui/SystemColor.h"
 
@@ -24,6 +25,7 @@ DiskInfoViewController::DiskInfoViewController(NotificationCenter &center, QWidg
     : QWidget(parent), m_center(center)
 {
     setupUi(this);
+    mirrorChildren(*this);
     collectRows();
     fitFonts();
     connect(EjectSourceDiskBtn, &QPushButton::clicked, this, &DiskInfoViewController::ejectSoureDisk);

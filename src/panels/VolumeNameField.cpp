@@ -1,10 +1,12 @@
 #include "panels/VolumeNameField.h"
 
+#include "ui/CoreWords.h"
 #include "ui/ShownText.h"
 
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionFrame>
 #include <QToolTip>
 
 namespace orvana
@@ -41,12 +43,12 @@ void VolumeNameField::setEditing(Editing editing)
 
 QString VolumeNameField::elided() const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideMiddle, rect().width());
+    return fontMetrics().elidedText(paintedText(text()), Qt::ElideMiddle, rect().width());
 }
 
 bool VolumeNameField::event(QEvent *event)
 {
-    if (event->type() != QEvent::ToolTip || elided() == text())
+    if (event->type() != QEvent::ToolTip || elided() == paintedText(text()))
         return QLineEdit::event(event);
     QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(text()), this);
     return true;
@@ -54,14 +56,24 @@ bool VolumeNameField::event(QEvent *event)
 
 void VolumeNameField::paintEvent(QPaintEvent *event)
 {
-    if (!isReadOnly()) {
+    // While a name is typed, the field shows the name itself.
+    if (!isReadOnly() && (hasFocus() || paintedText(text()) == text())) {
         QLineEdit::paintEvent(event);
         return;
     }
     QPainter painter(this);
+    auto place = rect();
+    if (!isReadOnly()) {
+        QStyleOptionFrame frame;
+        initStyleOption(&frame);
+        style()->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter, this);
+        constexpr int Margin = 2;
+        place = style()->subElementRect(QStyle::SE_LineEditContents, &frame, this).adjusted(Margin, 0, -Margin, 0);
+    }
     const bool isEmpty = text().isEmpty();
-    style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, palette(),
-                          isEnabled(), isEmpty ? placeholderText() : elided(),
+    const auto alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
+    style()->drawItemText(&painter, place, static_cast<int>(alignment) | Qt::TextSingleLine, palette(), isEnabled(),
+                          isEmpty ? placeholderText() : elided(),
                           isEmpty ? QPalette::PlaceholderText : QPalette::Text);
 }
 

@@ -1,5 +1,6 @@
 #include "ui/ElidedLabel.h"
 
+#include "ui/CoreWords.h"
 #include "ui/ShownText.h"
 
 #include <QHelpEvent>
@@ -60,7 +61,7 @@ void ElidedLabel::paintEvent(QPaintEvent *)
     QPainter painter(this);
     const auto place = QStyle::visualAlignment(layoutDirection(), alignment());
     style()->drawItemText(&painter, contentsRect(), static_cast<int>(place) | Qt::TextSingleLine, palette(),
-                          isEnabled(), shownText(), foregroundRole());
+                          isEnabled(), isolated(shownText()), foregroundRole());
 }
 
 } // namespace orvana

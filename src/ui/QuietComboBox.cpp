@@ -1,16 +1,37 @@
 #include "ui/QuietComboBox.h"
 
+#include "ui/CoreWords.h"
 #include "ui/ShownText.h"
 
 #include <QHelpEvent>
+#include <QStyledItemDelegate>
+#include <QStylePainter>
 #include <QToolTip>
 #include <QWheelEvent>
 
 namespace orvana
 {
 
+namespace
+{
+
+// Paints the items of the open list.
+class TitleDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant &value, const QLocale & /*locale*/) const override
+    {
+        return paintedText(value.toString());
+    }
+};
+
+} // namespace
+
 QuietComboBox::QuietComboBox(QWidget *parent) : QComboBox(parent)
 {
+    setItemDelegate(new TitleDelegate(this));
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(8);
 }
@@ -32,6 +53,16 @@ bool QuietComboBox::event(QEvent *event)
         return QComboBox::event(event);
     QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(currentText()), this);
     return true;
+}
+
+void QuietComboBox::paintEvent(QPaintEvent * /*event*/)
+{
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = paintedText(option.currentText);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 void QuietComboBox::wheelEvent(QWheelEvent *event)

@@ -6,7 +6,8 @@ namespace orvana
 {
 
 /// A combo box that ignores the mouse wheel: scrolling past it must not choose a disk. The selected title is
-/// the tool tip, unless the box has a tool tip of its own.
+/// the tool tip, unless the box has a tool tip of its own. Titles are painted as `paintedText` returns them;
+/// `itemText` always returns the title itself.
 class QuietComboBox : public QComboBox
 {
     Q_OBJECT
@@ -23,6 +24,7 @@ public:
 protected:
     bool event(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace orvana

@@ -1,5 +1,7 @@
 #include "filetree/view/ImageAndTextCell.h"
 
+#include "ui/CoreWords.h"
+
 #include <QPainter>
 #include <QWidget>
 
@@ -53,6 +55,8 @@ void ImageAndTextCell::initStyleOption(QStyleOptionViewItem *option, const QMode
     QStyledItemDelegate::initStyleOption(option, index);
     if (!index.parent().isValid())
         option->textElideMode = Qt::ElideLeft; // the end of the root's path is what tells the disk
+    else
+        option->text = isolated(option->text);
 }
 
 void ImageAndTextCell::paint(QPainter *painter, const QStyleOptionViewItem &option,

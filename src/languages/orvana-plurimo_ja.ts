@@ -1,0 +1,1416 @@
+<?xml version='1.0' encoding='utf-8'?>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>BaySetupSheet</name>
+    <message>
+        <source>Set up bays - Orvana Plurimo</source>
+        <translation>ベイの設定 - Orvana Plurimo</translation>
+    </message>
+    <message>
+        <source>Name of the &amp;enclosure:</source>
+        <translation>エンクロージャの名前(&amp;E):</translation>
+    </message>
+    <message>
+        <source>Name of the enclosure</source>
+        <translation>エンクロージャの名前</translation>
+    </message>
+    <message>
+        <source>for example: Desk dock</source>
+        <translation>例: デスクのドック</translation>
+    </message>
+    <message>
+        <source>Bay A</source>
+        <translation>ベイ A</translation>
+    </message>
+    <message>
+        <source>Bay B</source>
+        <translation>ベイ B</translation>
+    </message>
+    <message>
+        <source>Bay C</source>
+        <translation>ベイ C</translation>
+    </message>
+    <message>
+        <source>Bay D</source>
+        <translation>ベイ D</translation>
+    </message>
+    <message>
+        <source>&amp;No such bay</source>
+        <translation>このベイはない(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The enclosure does not have the bay that is asked for</source>
+        <translation>尋ねられたベイはこのエンクロージャにありません</translation>
+    </message>
+    <message>
+        <source>&amp;Done</source>
+        <translation>完了(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Writes the enclosure</source>
+        <translation>エンクロージャを書き込みます</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>中止(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>CopyActionViewController</name>
+    <message>
+        <source>Options for this run</source>
+        <translation>今回のオプション</translation>
+    </message>
+</context>
+<context>
+    <name>Core</name>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Unformatted</source>
+        <translation>未フォーマット</translation>
+    </message>
+    <message>
+        <source>Select an Orvana Storage Device</source>
+        <translation>Orvana ストレージ機器を選択</translation>
+    </message>
+    <message>
+        <source>Source Disk (Slot-A)</source>
+        <translation>コピー元 (Slot-A)</translation>
+    </message>
+    <message>
+        <source>Destination Disk (Slot-A)</source>
+        <translation>コピー先 (Slot-A)</translation>
+    </message>
+    <message>
+        <source>Destination Disk (Slot-B)</source>
+        <translation>コピー先 (Slot-B)</translation>
+    </message>
+    <message>
+        <source>Destination Disk (Slot-C)</source>
+        <translation>コピー先 (Slot-C)</translation>
+    </message>
+    <message>
+        <source>Destination Disk (Slot-D)</source>
+        <translation>コピー先 (Slot-D)</translation>
+    </message>
+    <message>
+        <source>Duplicating %1</source>
+        <translation>複製中: %1</translation>
+    </message>
+    <message>
+        <source>Verifying File ...</source>
+        <translation>ファイルを検証中...</translation>
+    </message>
+    <message>
+        <source>Verifying File ... Failed</source>
+        <translation>ファイルを検証中... 失敗</translation>
+    </message>
+    <message>
+        <source>Verifying File ... Succeeded</source>
+        <translation>ファイルを検証中... 成功</translation>
+    </message>
+    <message>
+        <source>Erasing the destination disks. The window answers again when it is done.</source>
+        <translation>コピー先を消去しています。終わるまでウィンドウは応答しません。</translation>
+    </message>
+    <message>
+        <source>Eject %1</source>
+        <translation>取り出し: %1</translation>
+    </message>
+    <message>
+        <source>Mount %1</source>
+        <translation>マウント: %1</translation>
+    </message>
+    <message>
+        <source>You must select a Orvana Storage Device first.</source>
+        <translation>先に Orvana ストレージ機器を選んでください。</translation>
+    </message>
+    <message>
+        <source>The selected device is no longer there.</source>
+        <translation>選択した機器が見つかりません。</translation>
+    </message>
+    <message>
+        <source>Another device has taken the place of the selected one.</source>
+        <translation>選択した機器の場所に別の機器があります。</translation>
+    </message>
+    <message>
+        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <translation>起動ディスクとして使われているため、この機器は選べません。</translation>
+    </message>
+    <message>
+        <source>Nothing is selected to be copied, so no disk is erased.</source>
+        <translation>コピーするものが選ばれていないため、ディスクは消去されません。</translation>
+    </message>
+    <message>
+        <source>The source is not there any more, or another disk has taken its place. Nothing was touched. Choose the source again.</source>
+        <translation>コピー元がないか、別のディスクに替わっています。何も変更していません。コピー元を選び直してください。</translation>
+    </message>
+    <message>
+        <source>The source is not there any more, or another disk has taken its place. Nothing was copied; the report says which disks were erased. Choose the source again.</source>
+        <translation>コピー元がないか、別のディスクに替わっています。何もコピーしていません。消去したディスクはレポートにあります。コピー元を選び直してください。</translation>
+    </message>
+    <message>
+        <source>A disk of the run before does not answer. Nothing was erased.</source>
+        <translation>前回の実行のディスクが応答しません。何も消去していません。</translation>
+    </message>
+    <message>
+        <source>The device is not the one that was chosen when the start began. Nothing was touched.</source>
+        <translation>開始時に選んだ機器ではありません。何も変更していません。</translation>
+    </message>
+    <message>
+        <source>The disks are not those that were shown any more. Nothing was touched.</source>
+        <translation>表示されていたディスクではなくなりました。何も変更していません。</translation>
+    </message>
+    <message>
+        <source>it carries the source</source>
+        <translation>コピー元があるディスクです</translation>
+    </message>
+    <message>
+        <source>it cannot be told from a disk of the source</source>
+        <translation>コピー元のディスクと区別できません</translation>
+    </message>
+    <message>
+        <source>it is the start-up disk</source>
+        <translation>起動ディスクです</translation>
+    </message>
+    <message>
+        <source>it belongs to a RAID set</source>
+        <translation>RAID セットの一部です</translation>
+    </message>
+    <message>
+        <source>it has no device node</source>
+        <translation>デバイスノードがありません</translation>
+    </message>
+    <message>
+        <source>another disk claims the same place</source>
+        <translation>別のディスクが同じ場所を主張しています</translation>
+    </message>
+    <message>
+        <source>its volume has no name</source>
+        <translation>ボリュームに名前がありません</translation>
+    </message>
+    <message>
+        <source>its volume is not mounted</source>
+        <translation>ボリュームがマウントされていません</translation>
+    </message>
+    <message>
+        <source>it is not the disk that was shown</source>
+        <translation>表示されていたディスクではありません</translation>
+    </message>
+    <message>
+        <source>its erase did not succeed</source>
+        <translation>消去できませんでした</translation>
+    </message>
+    <message>
+        <source>it no longer holds the volume that was shown</source>
+        <translation>表示されていたボリュームがありません</translation>
+    </message>
+    <message>
+        <source>another run is at work on its volume</source>
+        <translation>別の実行がこのボリュームを使っています</translation>
+    </message>
+    <message>
+        <source>its volume is mounted read-only</source>
+        <translation>ボリュームは読み取り専用でマウントされています</translation>
+    </message>
+    <message>
+        <source>the selection does not fit</source>
+        <translation>入りきりません</translation>
+    </message>
+    <message>
+        <source>a bay before it shows the same name</source>
+        <translation>前のベイに同じ名前があります</translation>
+    </message>
+    <message>
+        <source>the erase was stopped before it</source>
+        <translation>その前に消去が止められました</translation>
+    </message>
+    <message>
+        <source>the disk utility could not be started</source>
+        <translation>ディスクユーティリティを起動できませんでした</translation>
+    </message>
+    <message>
+        <source>a disk needs a name</source>
+        <translation>ディスクには名前が必要です</translation>
+    </message>
+    <message>
+        <source>this cannot be the name of a disk</source>
+        <translation>ディスクの名前にできません</translation>
+    </message>
+    <message>
+        <source>a name cannot hold "/"</source>
+        <translation>名前に「/」は使えません</translation>
+    </message>
+    <message>
+        <source>a name is text on one line</source>
+        <translation>名前は一行の文字列です</translation>
+    </message>
+    <message>
+        <source>this is the name of the source</source>
+        <translation>コピー元の名前です</translation>
+    </message>
+    <message>
+        <source>a name cannot begin or end with a blank, nor hold two in a row</source>
+        <translation>名前の先頭と末尾、または連続した空白は使えません</translation>
+    </message>
+    <message>
+        <source>Not ejected:</source>
+        <translation>取り出せなかったもの:</translation>
+    </message>
+    <message>
+        <source>Choose the enclosure first, and open the job when no run goes on.</source>
+        <translation>先にエンクロージャを選び、実行中でないときにジョブを開いてください。</translation>
+    </message>
+    <message>
+        <source>Nothing is ticked, so there is no job to save.</source>
+        <translation>何も選択されていないため、保存するジョブがありません。</translation>
+    </message>
+    <message>
+        <source>the job could not be written</source>
+        <translation>ジョブを書き込めませんでした</translation>
+    </message>
+    <message>
+        <source>the source of the job is not there</source>
+        <translation>ジョブのコピー元がありません</translation>
+    </message>
+    <message>
+        <source>two volumes have the id of the job's source</source>
+        <translation>ジョブのコピー元と同じ ID のボリュームが二つあります</translation>
+    </message>
+    <message>
+        <source>another source has the same name; rename one of them</source>
+        <translation>同じ名前のコピー元がもう一つあります。どちらかの名前を変えてください</translation>
+    </message>
+    <message>
+        <source>no such file or folder in the source</source>
+        <translation>コピー元にそのファイルやフォルダはありません</translation>
+    </message>
+    <message>
+        <source>The demo cannot be started.</source>
+        <translation>デモを開始できません。</translation>
+    </message>
+    <message>
+        <source>Disks are at work. Bays can be set up when that has ended.</source>
+        <translation>ディスクが動作中です。終わってからベイを設定できます。</translation>
+    </message>
+    <message>
+        <source>an enclosure needs two to four bays</source>
+        <translation>エンクロージャには 2〜4 個のベイが必要です</translation>
+    </message>
+</context>
+<context>
+    <name>DiskInfoViewController</name>
+    <message>
+        <source>So&amp;urce</source>
+        <translation>コピー元(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Source disk</source>
+        <translation>コピー元ディスク</translation>
+    </message>
+    <message>
+        <source>Volume name of source</source>
+        <translation>コピー元のボリューム名</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>機種</translation>
+    </message>
+    <message>
+        <source>Model of source</source>
+        <translation>コピー元の機種</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>製造番号</translation>
+    </message>
+    <message>
+        <source>Serial number of source</source>
+        <translation>コピー元の製造番号</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>空き</translation>
+    </message>
+    <message>
+        <source>Free space of source</source>
+        <translation>コピー元の空き容量</translation>
+    </message>
+    <message>
+        <source>Capacity</source>
+        <translation>容量</translation>
+    </message>
+    <message>
+        <source>Capacity of source</source>
+        <translation>コピー元の容量</translation>
+    </message>
+    <message>
+        <source>Slot-A</source>
+        <translation>Slot-A</translation>
+    </message>
+    <message>
+        <source>Volume name of bay A</source>
+        <translation>ベイ A のボリューム名</translation>
+    </message>
+    <message>
+        <source>Model of bay A</source>
+        <translation>ベイ A の機種</translation>
+    </message>
+    <message>
+        <source>Serial number of bay A</source>
+        <translation>ベイ A の製造番号</translation>
+    </message>
+    <message>
+        <source>Free space of bay A</source>
+        <translation>ベイ A の空き容量</translation>
+    </message>
+    <message>
+        <source>Capacity of bay A</source>
+        <translation>ベイ A の容量</translation>
+    </message>
+    <message>
+        <source>Does not fit</source>
+        <translation>容量不足</translation>
+    </message>
+    <message>
+        <source>Warning for bay A</source>
+        <translation>ベイ A の警告</translation>
+    </message>
+    <message>
+        <source>RAID</source>
+        <translation>RAID</translation>
+    </message>
+    <message>
+        <source>RAID marker of bay A</source>
+        <translation>ベイ A の RAID 表示</translation>
+    </message>
+    <message>
+        <source>Slot-B</source>
+        <translation>Slot-B</translation>
+    </message>
+    <message>
+        <source>Volume name of bay B</source>
+        <translation>ベイ B のボリューム名</translation>
+    </message>
+    <message>
+        <source>Model of bay B</source>
+        <translation>ベイ B の機種</translation>
+    </message>
+    <message>
+        <source>Serial number of bay B</source>
+        <translation>ベイ B の製造番号</translation>
+    </message>
+    <message>
+        <source>Free space of bay B</source>
+        <translation>ベイ B の空き容量</translation>
+    </message>
+    <message>
+        <source>Capacity of bay B</source>
+        <translation>ベイ B の容量</translation>
+    </message>
+    <message>
+        <source>Warning for bay B</source>
+        <translation>ベイ B の警告</translation>
+    </message>
+    <message>
+        <source>RAID marker of bay B</source>
+        <translation>ベイ B の RAID 表示</translation>
+    </message>
+    <message>
+        <source>Slot-C</source>
+        <translation>Slot-C</translation>
+    </message>
+    <message>
+        <source>Volume name of bay C</source>
+        <translation>ベイ C のボリューム名</translation>
+    </message>
+    <message>
+        <source>Model of bay C</source>
+        <translation>ベイ C の機種</translation>
+    </message>
+    <message>
+        <source>Serial number of bay C</source>
+        <translation>ベイ C の製造番号</translation>
+    </message>
+    <message>
+        <source>Free space of bay C</source>
+        <translation>ベイ C の空き容量</translation>
+    </message>
+    <message>
+        <source>Capacity of bay C</source>
+        <translation>ベイ C の容量</translation>
+    </message>
+    <message>
+        <source>Warning for bay C</source>
+        <translation>ベイ C の警告</translation>
+    </message>
+    <message>
+        <source>RAID marker of bay C</source>
+        <translation>ベイ C の RAID 表示</translation>
+    </message>
+    <message>
+        <source>Slot-D</source>
+        <translation>Slot-D</translation>
+    </message>
+    <message>
+        <source>Volume name of bay D</source>
+        <translation>ベイ D のボリューム名</translation>
+    </message>
+    <message>
+        <source>Model of bay D</source>
+        <translation>ベイ D の機種</translation>
+    </message>
+    <message>
+        <source>Serial number of bay D</source>
+        <translation>ベイ D の製造番号</translation>
+    </message>
+    <message>
+        <source>Free space of bay D</source>
+        <translation>ベイ D の空き容量</translation>
+    </message>
+    <message>
+        <source>Capacity of bay D</source>
+        <translation>ベイ D の容量</translation>
+    </message>
+    <message>
+        <source>Warning for bay D</source>
+        <translation>ベイ D の警告</translation>
+    </message>
+    <message>
+        <source>RAID marker of bay D</source>
+        <translation>ベイ D の RAID 表示</translation>
+    </message>
+    <message>
+        <source>E&amp;ject</source>
+        <translation>取り出す(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Eject source disk</source>
+        <translation>コピー元ディスクを取り出す</translation>
+    </message>
+    <message>
+        <source>Eject the source disk</source>
+        <translation>コピー元ディスクを取り出します</translation>
+    </message>
+    <message>
+        <source>Destinations</source>
+        <translation>コピー先</translation>
+    </message>
+    <message>
+        <source>Eject A&amp;ll</source>
+        <translation>すべて取り出す(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Eject destination disks</source>
+        <translation>コピー先ディスクを取り出す</translation>
+    </message>
+    <message>
+        <source>Eject all destination disks</source>
+        <translation>すべてのコピー先ディスクを取り出します</translation>
+    </message>
+</context>
+<context>
+    <name>FileListViewController</name>
+    <message>
+        <source>Files and folders to duplicate</source>
+        <translation>複製するファイルとフォルダ</translation>
+    </message>
+    <message>
+        <source>Ticked files</source>
+        <translation>選択したファイル</translation>
+    </message>
+</context>
+<context>
+    <name>LogDataWindows</name>
+    <message>
+        <source>Run Logs</source>
+        <translation>実行ログ</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>フォルダを開く</translation>
+    </message>
+    <message>
+        <source>Opens the folder of the logs in the file manager</source>
+        <translation>ログのフォルダをファイルマネージャで開きます</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Reads the folder of the logs again</source>
+        <translation>ログのフォルダを読み直します</translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <translation>ログ</translation>
+    </message>
+    <message>
+        <source>The newest log comes first. Backspace or Delete removes the selected one.</source>
+        <translation>新しいログが先頭です。Backspace または Delete で選択したログを削除します。</translation>
+    </message>
+    <message>
+        <source>Find in the log</source>
+        <translation>ログ内を検索</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>前へ</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>前を検索</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>次を検索</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>Text of the log</source>
+        <translation>ログの本文</translation>
+    </message>
+    <message>
+        <source>Delete All Logs</source>
+        <translation>すべてのログを削除</translation>
+    </message>
+    <message>
+        <source>Removes every log in the list and its report at once, without asking.</source>
+        <translation>一覧のすべてのログとレポートを、確認なしですぐに削除します。</translation>
+    </message>
+    <message>
+        <source>Removes every log in the list and its report at once, without asking</source>
+        <translation>一覧のすべてのログとレポートを、確認なしですぐに削除します</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Orvana Plurimo</source>
+        <translation>Orvana Plurimo</translation>
+    </message>
+    <message>
+        <source>Progress message</source>
+        <translation>進行状況のメッセージ</translation>
+    </message>
+    <message>
+        <source>Stage of the run</source>
+        <translation>実行の段階</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>全体</translation>
+    </message>
+    <message>
+        <source>This file</source>
+        <translation>このファイル</translation>
+    </message>
+    <message>
+        <source>The whole run</source>
+        <translation>実行全体</translation>
+    </message>
+    <message>
+        <source>The current file</source>
+        <translation>現在のファイル</translation>
+    </message>
+    <message>
+        <source>Progress of the whole run</source>
+        <translation>実行全体の進み具合</translation>
+    </message>
+    <message>
+        <source>Progress of the current file</source>
+        <translation>現在のファイルの進み具合</translation>
+    </message>
+    <message>
+        <source>?</source>
+        <translation>?</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>How to use Orvana Plurimo</source>
+        <translation>Orvana Plurimo の使い方</translation>
+    </message>
+</context>
+<context>
+    <name>NoEnclosureView</name>
+    <message>
+        <source>No enclosure was found.</source>
+        <translation>エンクロージャが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Set up &amp;bays...</source>
+        <translation>ベイの設定(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>Says which ports of a dock or a case are the bays of an enclosure</source>
+        <translation>ドックのどのポートをベイにするかを決めます</translation>
+    </message>
+    <message>
+        <source>&amp;Try the demo</source>
+        <translation>デモを試す(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Opens a second window on a machine that is simulated</source>
+        <translation>模擬マシンで二つ目のウィンドウを開きます</translation>
+    </message>
+</context>
+<context>
+    <name>Obsidio</name>
+    <message>
+        <source>Orvana Plurimo for Obsidio</source>
+        <translation>Orvana Plurimo for Obsidio</translation>
+    </message>
+    <message>
+        <source>Orvana Plurimo</source>
+        <translation>Orvana Plurimo</translation>
+    </message>
+    <message>
+        <source>?</source>
+        <translation>?</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressBarViewController</name>
+    <message>
+        <source>Status</source>
+        <translation>状態</translation>
+    </message>
+    <message>
+        <source>Progress of the whole run</source>
+        <translation>実行全体の進み具合</translation>
+    </message>
+    <message>
+        <source>Progress of the current file</source>
+        <translation>現在のファイルの進み具合</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportWindow</name>
+    <message>
+        <source>Run Report - Orvana Plurimo</source>
+        <translation>実行レポート - Orvana Plurimo</translation>
+    </message>
+    <message>
+        <source>What each destination got</source>
+        <translation>各コピー先の結果</translation>
+    </message>
+    <message>
+        <source>Files that failed or differ</source>
+        <translation>失敗または不一致のファイル</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save the report file (JSON)</source>
+        <translation>レポートファイル (JSON) を保存します</translation>
+    </message>
+    <message>
+        <source>Save as &amp;PDF</source>
+        <translation>PDF で保存(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Save a certificate for each disk as PDF</source>
+        <translation>ディスクごとの証明書を PDF で保存します</translation>
+    </message>
+    <message>
+        <source>Save as &amp;HTML</source>
+        <translation>HTML で保存(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Save a certificate for each disk as HTML</source>
+        <translation>ディスクごとの証明書を HTML で保存します</translation>
+    </message>
+    <message>
+        <source>Open &amp;log</source>
+        <translation>ログを開く(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Clos&amp;e</source>
+        <translation>閉じる(&amp;E)</translation>
+    </message>
+</context>
+<context>
+    <name>TBDeviceViewController</name>
+    <message>
+        <source>&amp;Not used...</source>
+        <translation>未使用(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>Says why devices that are attached cannot be used</source>
+        <translation>接続された機器が使えない理由を示します</translation>
+    </message>
+    <message>
+        <source>Orvana storage device</source>
+        <translation>Orvana ストレージ機器</translation>
+    </message>
+</context>
+<context>
+    <name>VersionWindow</name>
+    <message>
+        <source>Check for Updates</source>
+        <translation>アップデートを確認</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::BayRunView</name>
+    <message>
+        <source>Run of %1</source>
+        <translation>%1の実行</translation>
+    </message>
+    <message>
+        <source>State of %1</source>
+        <translation>%1の状態</translation>
+    </message>
+    <message>
+        <source>Progress of %1</source>
+        <translation>%1の進み具合</translation>
+    </message>
+    <message>
+        <source>Rate of %1</source>
+        <translation>%1の速度</translation>
+    </message>
+    <message>
+        <source>Time left for %1</source>
+        <translation>%1の残り時間</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::BaySetupSheet</name>
+    <message>
+        <source>no such bay</source>
+        <translation>このベイはない</translation>
+    </message>
+    <message>
+        <source>Put a disk into bay %1. If one is there already, take it out and put it in again.</source>
+        <translation>ベイ %1 にディスクを入れてください。すでに入っている場合は、一度抜いて入れ直してください。</translation>
+    </message>
+    <message>
+        <source>All bays have been asked for. Press Cancel and begin again.</source>
+        <translation>すべてのベイを尋ね終えました。「中止」を押して最初からやり直してください。</translation>
+    </message>
+    <message>
+        <source>All bays have been asked for.</source>
+        <translation>すべてのベイを尋ね終えました。</translation>
+    </message>
+    <message>
+        <source>Type a name for the enclosure.</source>
+        <translation>エンクロージャの名前を入力してください。</translation>
+    </message>
+    <message>
+        <source>Waiting for the permission to write it ...</source>
+        <translation>書き込みの許可を待っています...</translation>
+    </message>
+    <message>
+        <source>Done writes an enclosure with %1 bays.</source>
+        <translation>「完了」で、ベイが %1 個のエンクロージャを書き込みます。</translation>
+    </message>
+    <message>
+        <source>waiting for a disk</source>
+        <translation>ディスク待ち</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::CopyActionViewController</name>
+    <message>
+        <source>&amp;Erase destination disk(s)</source>
+        <translation>コピー先を消去(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Erase destination disk(s)</source>
+        <translation>コピー先を消去</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>検証(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Verify</source>
+        <translation>検証</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>開始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>中止(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>開始</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>中止</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::DiskInfoViewController</name>
+    <message>
+        <source>bay %1</source>
+        <translation>ベイ %1</translation>
+    </message>
+    <message>
+        <source>(no name)</source>
+        <translation>(名前なし)</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::FileListViewController</name>
+    <message>
+        <source>%1 File(s)     Size : %2</source>
+        <translation>%1 ファイル     サイズ: %2</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::LogDataWindows</name>
+    <message>
+        <source>This log is long. Only its end is shown, at most the last 10 MB.</source>
+        <translation>このログは長いため、末尾の最大 10 MB だけを表示しています。</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::MainMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Rescan</source>
+        <translation>再スキャン(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Logs</source>
+        <translation>ログ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Open job...</source>
+        <translation>ジョブを開く(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Save job...</source>
+        <translation>ジョブを保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>実行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>開始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>検証(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Erase Destination Disks</source>
+        <translation>コピー先ディスクを消去(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Options for this run...</source>
+        <translation>今回のオプション(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>E&amp;ject Source</source>
+        <translation>コピー元を取り出す(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Eject &amp;Destinations</source>
+        <translation>コピー先を取り出す(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Mount disks</source>
+        <translation>ディスクをマウント(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Set up &amp;bays...</source>
+        <translation>ベイの設定(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;Last Report</source>
+        <translation>最新のレポート(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;How to Use</source>
+        <translation>使い方(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Check for Updates</source>
+        <translation>アップデートを確認(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;About Orvana Plurimo</source>
+        <translation>Orvana Plurimo について(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::MainWindow</name>
+    <message>
+        <source>Orvana Plurimo, the disk duplicator</source>
+        <translation>Orvana Plurimo、ディスクデュプリケータ</translation>
+    </message>
+    <message>
+        <source>Version : %1</source>
+        <translation>バージョン: %1</translation>
+    </message>
+    <message>
+        <source>for Obsidio</source>
+        <translation>for Obsidio</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <translation>未使用</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Ejected</source>
+        <translation>取り出し完了</translation>
+    </message>
+    <message>
+        <source>These disks can be taken out: %1</source>
+        <translation>次のディスクは取り外せます: %1</translation>
+    </message>
+    <message>
+        <source>Nothing to mount</source>
+        <translation>マウントするものがありません</translation>
+    </message>
+    <message>
+        <source>No disk in a bay has a volume that is not mounted.</source>
+        <translation>ベイのディスクに、マウントされていないボリュームはありません。</translation>
+    </message>
+    <message>
+        <source>%1, serial number %2, was not mounted: %3</source>
+        <translation>%1 (製造番号 %2) はマウントされませんでした: %3</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Save Job</source>
+        <translation>ジョブを保存</translation>
+    </message>
+    <message>
+        <source>Open Job</source>
+        <translation>ジョブを開く</translation>
+    </message>
+    <message>
+        <source>Jobs (*.plurimo)</source>
+        <translation>ジョブ (*.plurimo)</translation>
+    </message>
+    <message>
+        <source>Open log</source>
+        <translation>ログを開く</translation>
+    </message>
+    <message>
+        <source>Disks are being duplicated. If you quit now, the copies are not complete.</source>
+        <translation>複製中です。今終了すると、コピーは未完成になります。</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Go On</source>
+        <translation>続ける</translation>
+    </message>
+    <message>
+        <source>Infomation</source>
+        <translation>お知らせ</translation>
+    </message>
+    <message>
+        <source>You must select a Orvana Storage Device first.</source>
+        <translation>先に Orvana ストレージ機器を選んでください。</translation>
+    </message>
+    <message>
+        <source>File Copy Completed</source>
+        <translation>コピー完了</translation>
+    </message>
+    <message>
+        <source>All files have been copied successfully.</source>
+        <translation>すべてのファイルを正常にコピーしました。</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Duplication finished</source>
+        <translation>複製が終わりました</translation>
+    </message>
+    <message>
+        <source>The device was removed while files were being duplicated to it. The run has ended; its copies are not complete.</source>
+        <translation>複製中に機器が取り外されました。実行は終了し、コピーは未完成です。</translation>
+    </message>
+    <message>
+        <source>Duplication ended</source>
+        <translation>複製が中断しました</translation>
+    </message>
+    <message>
+        <source>The device was removed. The copies are not complete.</source>
+        <translation>機器が取り外されました。コピーは未完成です。</translation>
+    </message>
+    <message>
+        <source>Nothing was duplicated</source>
+        <translation>何も複製されませんでした</translation>
+    </message>
+    <message>
+        <source>There was nothing to copy, or no disk to copy to.</source>
+        <translation>コピーするもの、またはコピー先のディスクがありませんでした。</translation>
+    </message>
+    <message>
+        <source>Waiting for bay %1: %2</source>
+        <translation>ベイ %1 待ち: %2</translation>
+    </message>
+    <message>
+        <source>Erased</source>
+        <translation>消去済み</translation>
+    </message>
+    <message>
+        <source>Not erased</source>
+        <translation>消去できず</translation>
+    </message>
+    <message>
+        <source>Erasing...</source>
+        <translation>消去中...</translation>
+    </message>
+    <message>
+        <source>To be erased</source>
+        <translation>消去予定</translation>
+    </message>
+    <message>
+        <source>Erasing disk %1 of %2: bay %3</source>
+        <translation>ディスクを消去中 (%1/%2): ベイ %3</translation>
+    </message>
+    <message>
+        <source>No part</source>
+        <translation>対象外</translation>
+    </message>
+    <message>
+        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <translation>起動ディスクとして使われているため、この機器は選べません。</translation>
+    </message>
+    <message>
+        <source>This device cannot be selected, because it includes a RAID set.</source>
+        <translation>RAID セットが含まれるため、この機器は選べません。</translation>
+    </message>
+    <message>
+        <source>The selected files are still being counted. The duplication goes on when that is done.</source>
+        <translation>選択したファイルを数えています。終わり次第、複製を続けます。</translation>
+    </message>
+    <message>
+        <source>Insufficient Disk Space</source>
+        <translation>ディスクの空きが不足しています</translation>
+    </message>
+    <message>
+        <source>There is insufficient free disk space on the destination drive(s).</source>
+        <translation>コピー先の空き容量が足りません。</translation>
+    </message>
+    <message>
+        <source>There is insufficient free disk space on the destination drive(s)</source>
+        <translation>次のコピー先の空き容量が足りません:</translation>
+    </message>
+    <message>
+        <source>
+
+Press OK to continue duplicating to the remaining drive(s).</source>
+        <translation>
+
+OK を押すと、残りのドライブへ複製を続けます。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>中止</translation>
+    </message>
+    <message>
+        <source>The destination disks are being looked at.</source>
+        <translation>コピー先ディスクを調べています。</translation>
+    </message>
+    <message>
+        <source>These disks will lose everything they hold:</source>
+        <translation>次のディスクの内容はすべて失われます:</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>One moment</source>
+        <translation>お待ちください</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::Obsidio</name>
+    <message>
+        <source>Copyright © 2026 The Orvana Plurimo developers</source>
+        <translation>Copyright © 2026 Orvana Plurimo 開発者</translation>
+    </message>
+    <message>
+        <source>Version : %1</source>
+        <translation>バージョン: %1</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::OrvanaAppDelegate</name>
+    <message>
+        <source>About Orvana Plurimo</source>
+        <translation>Orvana Plurimo について</translation>
+    </message>
+    <message>
+        <source>Orvana Plurimo %1</source>
+        <translation>Orvana Plurimo %1</translation>
+    </message>
+    <message>
+        <source>Duplicates disks: one read, many writes, verified.</source>
+        <translation>ディスクを複製します: 読み込み一回、書き込み多数、検証つき。</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::RunOptionsSheet</name>
+    <message>
+        <source>Options for this run</source>
+        <translation>今回のオプション</translation>
+    </message>
+    <message>
+        <source>The next run does this as well:</source>
+        <translation>次の実行で追加して行うこと:</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::RunReportWindow</name>
+    <message>
+        <source>Save Report</source>
+        <translation>レポートを保存</translation>
+    </message>
+    <message>
+        <source>Save Certificates as PDF</source>
+        <translation>証明書を PDF で保存</translation>
+    </message>
+    <message>
+        <source>Save Certificates as HTML</source>
+        <translation>証明書を HTML で保存</translation>
+    </message>
+    <message>
+        <source>Saved to %1.</source>
+        <translation>%1 に保存しました。</translation>
+    </message>
+    <message>
+        <source>The report could not be written to %1.</source>
+        <translation>レポートを %1 に書き込めませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::RunWords</name>
+    <message>
+        <source>Copying</source>
+        <translation>コピー中</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>検証中</translation>
+    </message>
+    <message>
+        <source>Copying and verifying</source>
+        <translation>コピーと検証中</translation>
+    </message>
+    <message>
+        <source>Writing out</source>
+        <translation>書き出し中</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>残り %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n 件失敗</numerusform></translation>
+    </message>
+    <message>
+        <source>Verified</source>
+        <translation>検証済み</translation>
+    </message>
+    <message>
+        <source>Complete</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Not complete</source>
+        <translation>不完全</translation>
+    </message>
+    <message>
+        <source>Differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>Not compared</source>
+        <translation>未比較</translation>
+    </message>
+    <message>
+        <source>Not certain</source>
+        <translation>未確定</translation>
+    </message>
+    <message>
+        <source>Not finished</source>
+        <translation>未完了</translation>
+    </message>
+    <message>
+        <source>from the disk</source>
+        <translation>ディスクから</translation>
+    </message>
+    <message>
+        <source>in memory only</source>
+        <translation>メモリ上のみ</translation>
+    </message>
+    <message>
+        <source>not verified</source>
+        <translation>検証なし</translation>
+    </message>
+    <message>
+        <source>not all verified</source>
+        <translation>一部未検証</translation>
+    </message>
+    <message>
+        <source>read from memory</source>
+        <translation>メモリから</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n differ</source>
+        <translation>
+            <numerusform>%n 件不一致</numerusform></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not compared</source>
+        <translation>
+            <numerusform>%n 件未比較</numerusform></translation>
+    </message>
+    <message>
+        <source>not known to be on disk</source>
+        <translation>ディスク上にあるか不明</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>%1, and something that is not mounted</source>
+        <translation>%1 と、マウントされていない内容</translation>
+    </message>
+    <message>
+        <source>something that is not mounted, or cannot be read</source>
+        <translation>マウントされていない、または読めない内容</translation>
+    </message>
+    <message>
+        <source>at least 1 file</source>
+        <translation>1 ファイル以上</translation>
+    </message>
+    <message numerus="yes">
+        <source>at least %n files</source>
+        <translation>
+            <numerusform>%n ファイル以上</numerusform></translation>
+    </message>
+    <message>
+        <source>1 file</source>
+        <translation>1 ファイル</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files</source>
+        <translation>
+            <numerusform>%n ファイル</numerusform></translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%2、%1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>%1: %2, serial number %3, holds %4, will be %5</source>
+        <translation>%1: %2、製造番号 %3、内容: %4、消去後の名前: %5</translation>
+    </message>
+    <message>
+        <source>%1: %2, serial number %3, now %4, holds %5, will be %6</source>
+        <translation>%1: %2、製造番号 %3、現在の名前: %4、内容: %5、消去後の名前: %6</translation>
+    </message>
+    <message>
+        <source>Eject each disk that holds every file at the end</source>
+        <translation>終了時、全ファイルがそろったディスクを取り出す</translation>
+    </message>
+    <message>
+        <source>Eject at the end</source>
+        <translation>終了時に取り出す</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::TBDeviceViewController</name>
+    <message>
+        <source>&amp;Orvana Storage Device :</source>
+        <translation>Orvana ストレージ機器(&amp;O):</translation>
+    </message>
+    <message>
+        <source>&amp;Orvana Storage Device (%1) :</source>
+        <translation>Orvana ストレージ機器(&amp;O) (%1):</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::VersionWindow</name>
+    <message>
+        <source>A new version is available for download at</source>
+        <translation>新しいバージョンは次からダウンロードできます</translation>
+    </message>
+    <message>
+        <source>You are running the most current version of</source>
+        <translation>最新バージョンを使用しています:</translation>
+    </message>
+    <message>
+        <source>Orvana Plurimo</source>
+        <translation>Orvana Plurimo</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,121 @@
+#include "languages/Languages.h"
+
+#include "app/RunWords.h"
+#include "ui/CoreWords.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+namespace orvana
+{
+
+namespace
+{
+
+// The language for these wanted ones, separated by blanks.
+std::string chosen(const char *wanted)
+{
+    return languageFor(QString::fromLatin1(wanted).split(QChar(u' '), Qt::SkipEmptyParts)).toStdString();
+}
+
+std::string verifying()
+{
+    return RunWords::nameOf(RunStage::Verifying).toStdString();
+}
+
+std::string words(const std::string &text)
+{
+    return coreWords(text).toStdString();
+}
+
+TEST(Languages, AreTheseFive)
+{
+    EXPECT_EQ(translatedLanguages().join(QChar(u' ')).toStdString(), "de es fr ja zh_CN");
+}
+
+TEST(Languages, FirstWantedLanguageThatThereIsCounts)
+{
+    EXPECT_EQ(chosen("de-AT de"), "de");
+    EXPECT_EQ(chosen("nl-NL fr-CA de"), "fr");
+    EXPECT_EQ(chosen("nl-NL"), "");
+    EXPECT_EQ(chosen(""), "");
+}
+
+TEST(Languages, WhoWantsEnglishFirstGetsNoOther)
+{
+    EXPECT_EQ(chosen("en-US de-DE"), "");
+    EXPECT_EQ(chosen("C"), "");
+}
+
+TEST(Languages, ChineseIsTheSimplifiedOne)
+{
+    EXPECT_EQ(chosen("zh-Hans-CN zh-CN zh"), "zh_CN");
+    EXPECT_EQ(chosen("zh-Hans-SG"), "zh_CN");
+    EXPECT_EQ(chosen("zh-Hant-TW"), "");
+}
+
+TEST(Languages, TextsAreInTheLanguageWhileItsObjectLives)
+{
+    {
+        const WindowLanguage german(QStringLiteral("de"));
+        EXPECT_EQ(verifying(), "Prüft");
+    }
+    EXPECT_EQ(verifying(), "Verifying");
+}
+
+TEST(Languages, UnknownLanguageIsEnglish)
+{
+    const WindowLanguage unknown(QStringLiteral("tlh"));
+    EXPECT_EQ(verifying(), "Verifying");
+}
+
+TEST(Languages, CountsTakeTheirPluralForm)
+{
+    const WindowLanguage spanish(QStringLiteral("es"));
+    EXPECT_EQ(RunWords::failed(1).toStdString(), "1 fallido");
+    EXPECT_EQ(RunWords::failed(12).toStdString(), "12 fallidos");
+}
+
+TEST(CoreWords, TextWithoutALanguageIsAsItIs)
+{
+    EXPECT_EQ(words("Slot-B (COPY): its volume is not mounted"), "Slot-B (COPY): its volume is not mounted");
+    EXPECT_EQ(words("Duplicating /Volumes/a\nb"), "Duplicating /Volumes/a\nb");
+    EXPECT_EQ(words(""), "");
+}
+
+TEST(CoreWords, ReasonsAreTranslatedLineByLineAndNamesAreNot)
+{
+    const WindowLanguage german(QStringLiteral("de"));
+    EXPECT_EQ(words("Slot-B (its volume is not mounted): its volume is not mounted\nSlot-C: it is odd"),
+              "Slot-B (its volume is not mounted): ihr Volume ist nicht eingehängt\nSlot-C: it is odd");
+    EXPECT_EQ(words("Duplicating /Volumes/None"), "Dupliziert /Volumes/None");
+}
+
+TEST(CoreWords, ControlCharactersOfANameAreNotShown)
+{
+    EXPECT_EQ(words("Duplicating /a\x1b[31m"), "Duplicating /a\\x1B[31m");
+}
+
+TEST(CoreWords, FixedNamesAreTranslatedForPaintingAlone)
+{
+    const WindowLanguage french(QStringLiteral("fr"));
+    EXPECT_EQ(paintedText(QStringLiteral("Unformatted")).toStdString(), "Non formaté");
+    EXPECT_EQ(paintedText(QStringLiteral("Unformatted 2")).toStdString(), "Unformatted 2");
+}
+
+TEST(CoreWords, TextIsIsolatedWhereTheOtherDirectionIsNear)
+{
+    const auto size = QStringLiteral("1.82 TB");
+    EXPECT_EQ(isolated(size), size);
+    const QString hebrew(QChar(0x05D0));
+    EXPECT_EQ(isolated(hebrew), QChar(0x2068) + hebrew + QChar(0x2069));
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(isolated(size), QChar(0x2068) + size + QChar(0x2069));
+    EXPECT_TRUE(isolated(QString()).isEmpty());
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+} // namespace
+
+} // namespace orvana
