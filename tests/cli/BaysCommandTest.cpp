@@ -4,6 +4,7 @@
 #include "cli/MachineFixture.h"
 #include "platform/posix/PosixCommandLauncher.h"
 
+#include <atomic>
 #include <thread>
 
 namespace orvana::cli
@@ -32,20 +33,35 @@ protected:
         return result.status.value_or(-1);
     }
 
-    /// Learns with the real program, while the disks are put in one after the other.
-    int learn(const Files &words, const Files &disks)
+    /// Something that the user does once the program has printed a text.
+    struct Step
+    {
+        std::string after;
+        std::string disk; ///< put in then
+    };
+
+    /// Learns with the real program, while the user puts in the disks.
+    int learn(const Files &words, const std::vector<Step> &steps)
     {
         program({"devices"}); // makes the machine
+        Files all{"-c", R"(output=$1; shift; exec "$0" "$@" >"$output" 2>&1)", PLURIMOCTL,
+                  m_tree.path("output")};
+        all.insert(all.end(), words.begin(), words.end());
+        all.insert(all.end(), {"--simulator", m_tree.path("machine.json")});
+        m_tree.file("output", "");
+        std::atomic<bool> hasEnded = false;
         std::thread user([&] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(1200));
-            for (const auto &disk : disks) {
-                move("attach", disk);
-                std::this_thread::sleep_for(std::chrono::milliseconds(700));
+            for (const auto &step : steps) {
+                while (!hasEnded && m_tree.read("output").find(step.after) == std::string::npos)
+                    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+                move("attach", step.disk);
             }
         });
-        const int status = both(words);
+        const auto result = platform::posix::PosixCommandLauncher().run("/bin/sh", all);
+        hasEnded = true;
         user.join();
-        return status;
+        m_out = m_tree.read("output");
+        return result.status.value_or(-1);
     }
 
     Json definitions() const
@@ -56,7 +72,8 @@ protected:
 
 TEST_F(BaysCommand, LearnWritesTheDefinitionOfWhatWasPutIn)
 {
-    EXPECT_EQ(learn({"bays", "learn", "Desk dock", "--bays", "2"}, {"dock/1/1", "usb/1", "dock/1/3"}),
+    EXPECT_EQ(learn({"bays", "learn", "Desk dock", "--bays", "2"},
+                    {{"bay A.", "dock/1/1"}, {"bay B.", "dock/1/3"}}),
               AllDone)
         << m_out;
     ASSERT_EQ(definitions().size(), 1U);
