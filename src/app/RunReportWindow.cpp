@@ -32,8 +32,8 @@ RunReportWindow::RunReportWindow(const RunSummary &summary, const std::vector<Pr
     const auto report = reportTable(summary, groups);
     m_text = QString::fromStdString(textOf(report));
     setupUi(this);
-    for (auto *shown : {static_cast<QWidget *>(headline), static_cast<QWidget *>(table),
-                        static_cast<QWidget *>(problems)})
+    for (auto *shown :
+         {static_cast<QWidget *>(headline), static_cast<QWidget *>(table), static_cast<QWidget *>(problems)})
         shown->setLayoutDirection(Qt::LeftToRight); // the report is in English in every language
     setAttribute(Qt::WA_DeleteOnClose);
     headline->setText(QString::fromStdString(report.headline));

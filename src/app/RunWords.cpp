@@ -101,8 +101,9 @@ QString RunWords::content(const DiskContent &content)
         return content.usedBytes > 0 ? tr("%1, and something that is not mounted").arg(size)
                                      : tr("something that is not mounted, or cannot be read");
     const auto count = static_cast<int>(std::min<std::uint64_t>(content.files, INT_MAX));
-    const auto files = !content.isCountComplete ? content.files == 1 ? tr("at least 1 file") : tr("at least %n files", nullptr, count)
-                       : content.files == 1     ? tr("1 file")
+    const auto files = !content.isCountComplete ? content.files == 1 ? tr("at least 1 file")
+                                                                     : tr("at least %n files", nullptr, count)
+                       : content.files == 1 ? tr("1 file")
                                                 : tr("%n files", nullptr, count);
     return content.usedBytes > 0 ? tr("%1 in %2").arg(size, files) : files;
 }

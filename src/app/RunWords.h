@@ -38,8 +38,8 @@ public:
     /// Says what the verdict goes by: "from the disk", "3 failed".
     static QString detailOf(Verdict verdict, const DestinationSummary &destination);
 
-    /// Says which disk an erase would take what from, as `stakeText` says it in English. `present` is the name
-    /// of the disk's volume.
+    /// Says which disk an erase would take what from, as `stakeText` says it in English. `present` is the
+    /// name of the disk's volume.
     static QString stake(const DiskAtStake &disk, const std::string &present);
 
     /// "Eject each disk that holds every file at the end"

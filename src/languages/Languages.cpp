@@ -63,7 +63,8 @@ WindowLanguage::WindowLanguage(const QString &language)
     if (language.isEmpty() || !m_window.load(Start + language, Folder))
         return;
     // Where Qt's own texts are not installed, they stay English.
-    if (m_toolkit.load(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (m_toolkit.load(QStringLiteral("qtbase_") + language,
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&m_toolkit);
     QCoreApplication::installTranslator(&m_window);
 }

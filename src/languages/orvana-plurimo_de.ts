@@ -1,4 +1,5 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
     <name>BaySetupSheet</name>
@@ -137,7 +138,7 @@
         <translation>Ein anderes Gerät ist an die Stelle des gewählten getreten.</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>Dieses Gerät kann nicht gewählt werden, weil es als Startdisk dient.</translation>
     </message>
     <message>
@@ -241,7 +242,7 @@
         <translation>so kann eine Disk nicht heißen</translation>
     </message>
     <message>
-        <source>a name cannot hold "/"</source>
+        <source>a name cannot hold &quot;/&quot;</source>
         <translation>ein Name kann kein „/“ enthalten</translation>
     </message>
     <message>
@@ -277,7 +278,7 @@
         <translation>die Quelle des Auftrags ist nicht da</translation>
     </message>
     <message>
-        <source>two volumes have the id of the job's source</source>
+        <source>two volumes have the id of the job&apos;s source</source>
         <translation>zwei Volumes haben die Kennung der Quelle des Auftrags</translation>
     </message>
     <message>
@@ -1131,7 +1132,7 @@
         <translation>Nicht dabei</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>Dieses Gerät kann nicht gewählt werden, weil es als Startdisk dient.</translation>
     </message>
     <message>
@@ -1268,7 +1269,9 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message numerus="yes">
         <source>%n failed</source>
         <translation>
-            <numerusform>%n fehlgeschlagen</numerusform><numerusform>%n fehlgeschlagen</numerusform></translation>
+            <numerusform>%n fehlgeschlagen</numerusform>
+            <numerusform>%n fehlgeschlagen</numerusform>
+        </translation>
     </message>
     <message>
         <source>Verified</source>
@@ -1321,12 +1324,16 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message numerus="yes">
         <source>%n differ</source>
         <translation>
-            <numerusform>%n weicht ab</numerusform><numerusform>%n weichen ab</numerusform></translation>
+            <numerusform>%n weicht ab</numerusform>
+            <numerusform>%n weichen ab</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n not compared</source>
         <translation>
-            <numerusform>%n nicht verglichen</numerusform><numerusform>%n nicht verglichen</numerusform></translation>
+            <numerusform>%n nicht verglichen</numerusform>
+            <numerusform>%n nicht verglichen</numerusform>
+        </translation>
     </message>
     <message>
         <source>not known to be on disk</source>
@@ -1351,7 +1358,9 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message numerus="yes">
         <source>at least %n files</source>
         <translation>
-            <numerusform>mindestens %n Datei</numerusform><numerusform>mindestens %n Dateien</numerusform></translation>
+            <numerusform>mindestens %n Datei</numerusform>
+            <numerusform>mindestens %n Dateien</numerusform>
+        </translation>
     </message>
     <message>
         <source>1 file</source>
@@ -1360,7 +1369,9 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message numerus="yes">
         <source>%n files</source>
         <translation>
-            <numerusform>%n Datei</numerusform><numerusform>%n Dateien</numerusform></translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>%n Dateien</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 in %2</source>

@@ -1,4 +1,5 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
     <name>BaySetupSheet</name>
@@ -137,7 +138,7 @@
         <translation>Otro dispositivo ha ocupado el lugar del elegido.</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>Este dispositivo no se puede elegir porque es el disco de arranque.</translation>
     </message>
     <message>
@@ -241,7 +242,7 @@
         <translation>un disco no puede llamarse así</translation>
     </message>
     <message>
-        <source>a name cannot hold "/"</source>
+        <source>a name cannot hold &quot;/&quot;</source>
         <translation>un nombre no puede contener «/»</translation>
     </message>
     <message>
@@ -277,7 +278,7 @@
         <translation>el origen del trabajo no está</translation>
     </message>
     <message>
-        <source>two volumes have the id of the job's source</source>
+        <source>two volumes have the id of the job&apos;s source</source>
         <translation>dos volúmenes tienen el identificador del origen del trabajo</translation>
     </message>
     <message>
@@ -1131,7 +1132,7 @@
         <translation>Excluido</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>Este dispositivo no se puede elegir porque es el disco de arranque.</translation>
     </message>
     <message>
@@ -1268,7 +1269,9 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message numerus="yes">
         <source>%n failed</source>
         <translation>
-            <numerusform>%n fallido</numerusform><numerusform>%n fallidos</numerusform></translation>
+            <numerusform>%n fallido</numerusform>
+            <numerusform>%n fallidos</numerusform>
+        </translation>
     </message>
     <message>
         <source>Verified</source>
@@ -1321,12 +1324,16 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message numerus="yes">
         <source>%n differ</source>
         <translation>
-            <numerusform>%n difiere</numerusform><numerusform>%n difieren</numerusform></translation>
+            <numerusform>%n difiere</numerusform>
+            <numerusform>%n difieren</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n not compared</source>
         <translation>
-            <numerusform>%n sin comparar</numerusform><numerusform>%n sin comparar</numerusform></translation>
+            <numerusform>%n sin comparar</numerusform>
+            <numerusform>%n sin comparar</numerusform>
+        </translation>
     </message>
     <message>
         <source>not known to be on disk</source>
@@ -1351,7 +1358,9 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message numerus="yes">
         <source>at least %n files</source>
         <translation>
-            <numerusform>al menos %n archivo</numerusform><numerusform>al menos %n archivos</numerusform></translation>
+            <numerusform>al menos %n archivo</numerusform>
+            <numerusform>al menos %n archivos</numerusform>
+        </translation>
     </message>
     <message>
         <source>1 file</source>
@@ -1360,7 +1369,9 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message numerus="yes">
         <source>%n files</source>
         <translation>
-            <numerusform>%n archivo</numerusform><numerusform>%n archivos</numerusform></translation>
+            <numerusform>%n archivo</numerusform>
+            <numerusform>%n archivos</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 in %2</source>

@@ -1,4 +1,5 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
     <name>BaySetupSheet</name>
@@ -137,7 +138,7 @@
         <translation>Un autre appareil a pris la place de celui choisi.</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>Cet appareil ne peut pas être choisi : il sert de disque de démarrage.</translation>
     </message>
     <message>
@@ -241,7 +242,7 @@
         <translation>un disque ne peut pas porter ce nom</translation>
     </message>
     <message>
-        <source>a name cannot hold "/"</source>
+        <source>a name cannot hold &quot;/&quot;</source>
         <translation>un nom ne peut pas contenir « / »</translation>
     </message>
     <message>
@@ -277,7 +278,7 @@
         <translation>la source de la tâche n’est pas là</translation>
     </message>
     <message>
-        <source>two volumes have the id of the job's source</source>
+        <source>two volumes have the id of the job&apos;s source</source>
         <translation>deux volumes ont l’identifiant de la source de la tâche</translation>
     </message>
     <message>
@@ -1131,7 +1132,7 @@
         <translation>Exclu</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>Cet appareil ne peut pas être choisi : il sert de disque de démarrage.</translation>
     </message>
     <message>
@@ -1268,7 +1269,9 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message numerus="yes">
         <source>%n failed</source>
         <translation>
-            <numerusform>%n échec</numerusform><numerusform>%n échecs</numerusform></translation>
+            <numerusform>%n échec</numerusform>
+            <numerusform>%n échecs</numerusform>
+        </translation>
     </message>
     <message>
         <source>Verified</source>
@@ -1321,12 +1324,16 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message numerus="yes">
         <source>%n differ</source>
         <translation>
-            <numerusform>%n diffère</numerusform><numerusform>%n diffèrent</numerusform></translation>
+            <numerusform>%n diffère</numerusform>
+            <numerusform>%n diffèrent</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n not compared</source>
         <translation>
-            <numerusform>%n non comparé</numerusform><numerusform>%n non comparés</numerusform></translation>
+            <numerusform>%n non comparé</numerusform>
+            <numerusform>%n non comparés</numerusform>
+        </translation>
     </message>
     <message>
         <source>not known to be on disk</source>
@@ -1351,7 +1358,9 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message numerus="yes">
         <source>at least %n files</source>
         <translation>
-            <numerusform>au moins %n fichier</numerusform><numerusform>au moins %n fichiers</numerusform></translation>
+            <numerusform>au moins %n fichier</numerusform>
+            <numerusform>au moins %n fichiers</numerusform>
+        </translation>
     </message>
     <message>
         <source>1 file</source>
@@ -1360,7 +1369,9 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message numerus="yes">
         <source>%n files</source>
         <translation>
-            <numerusform>%n fichier</numerusform><numerusform>%n fichiers</numerusform></translation>
+            <numerusform>%n fichier</numerusform>
+            <numerusform>%n fichiers</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 in %2</source>

@@ -1,4 +1,5 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
     <name>BaySetupSheet</name>
@@ -137,7 +138,7 @@
         <translation>選択した機器の場所に別の機器があります。</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>起動ディスクとして使われているため、この機器は選べません。</translation>
     </message>
     <message>
@@ -241,7 +242,7 @@
         <translation>ディスクの名前にできません</translation>
     </message>
     <message>
-        <source>a name cannot hold "/"</source>
+        <source>a name cannot hold &quot;/&quot;</source>
         <translation>名前に「/」は使えません</translation>
     </message>
     <message>
@@ -277,7 +278,7 @@
         <translation>ジョブのコピー元がありません</translation>
     </message>
     <message>
-        <source>two volumes have the id of the job's source</source>
+        <source>two volumes have the id of the job&apos;s source</source>
         <translation>ジョブのコピー元と同じ ID のボリュームが二つあります</translation>
     </message>
     <message>
@@ -1131,7 +1132,7 @@
         <translation>対象外</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>起動ディスクとして使われているため、この機器は選べません。</translation>
     </message>
     <message>
@@ -1268,7 +1269,8 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message numerus="yes">
         <source>%n failed</source>
         <translation>
-            <numerusform>%n 件失敗</numerusform></translation>
+            <numerusform>%n 件失敗</numerusform>
+        </translation>
     </message>
     <message>
         <source>Verified</source>
@@ -1276,7 +1278,7 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     </message>
     <message>
         <source>Complete</source>
-        <translation>完了</translation>
+        <translation>完全</translation>
     </message>
     <message>
         <source>Not complete</source>
@@ -1321,12 +1323,14 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message numerus="yes">
         <source>%n differ</source>
         <translation>
-            <numerusform>%n 件不一致</numerusform></translation>
+            <numerusform>%n 件不一致</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n not compared</source>
         <translation>
-            <numerusform>%n 件未比較</numerusform></translation>
+            <numerusform>%n 件未比較</numerusform>
+        </translation>
     </message>
     <message>
         <source>not known to be on disk</source>
@@ -1351,7 +1355,8 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message numerus="yes">
         <source>at least %n files</source>
         <translation>
-            <numerusform>%n ファイル以上</numerusform></translation>
+            <numerusform>%n ファイル以上</numerusform>
+        </translation>
     </message>
     <message>
         <source>1 file</source>
@@ -1360,7 +1365,8 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message numerus="yes">
         <source>%n files</source>
         <translation>
-            <numerusform>%n ファイル</numerusform></translation>
+            <numerusform>%n ファイル</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 in %2</source>

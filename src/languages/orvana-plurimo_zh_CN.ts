@@ -1,4 +1,5 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
     <name>BaySetupSheet</name>
@@ -137,7 +138,7 @@
         <translation>另一台设备占用了所选设备的位置。</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>此设备用作启动盘，无法选择。</translation>
     </message>
     <message>
@@ -241,7 +242,7 @@
         <translation>这不能作为磁盘名称</translation>
     </message>
     <message>
-        <source>a name cannot hold "/"</source>
+        <source>a name cannot hold &quot;/&quot;</source>
         <translation>名称不能包含“/”</translation>
     </message>
     <message>
@@ -277,7 +278,7 @@
         <translation>任务的源不存在</translation>
     </message>
     <message>
-        <source>two volumes have the id of the job's source</source>
+        <source>two volumes have the id of the job&apos;s source</source>
         <translation>有两个卷具有任务源的标识</translation>
     </message>
     <message>
@@ -1131,7 +1132,7 @@
         <translation>未参与</translation>
     </message>
     <message>
-        <source>This device cannot be selected when it's used as a startup disk.</source>
+        <source>This device cannot be selected when it&apos;s used as a startup disk.</source>
         <translation>此设备用作启动盘，无法选择。</translation>
     </message>
     <message>
@@ -1268,7 +1269,8 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message numerus="yes">
         <source>%n failed</source>
         <translation>
-            <numerusform>%n 个失败</numerusform></translation>
+            <numerusform>%n 个失败</numerusform>
+        </translation>
     </message>
     <message>
         <source>Verified</source>
@@ -1321,12 +1323,14 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message numerus="yes">
         <source>%n differ</source>
         <translation>
-            <numerusform>%n 个不一致</numerusform></translation>
+            <numerusform>%n 个不一致</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n not compared</source>
         <translation>
-            <numerusform>%n 个未比较</numerusform></translation>
+            <numerusform>%n 个未比较</numerusform>
+        </translation>
     </message>
     <message>
         <source>not known to be on disk</source>
@@ -1351,7 +1355,8 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message numerus="yes">
         <source>at least %n files</source>
         <translation>
-            <numerusform>至少 %n 个文件</numerusform></translation>
+            <numerusform>至少 %n 个文件</numerusform>
+        </translation>
     </message>
     <message>
         <source>1 file</source>
@@ -1360,7 +1365,8 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message numerus="yes">
         <source>%n files</source>
         <translation>
-            <numerusform>%n 个文件</numerusform></translation>
+            <numerusform>%n 个文件</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 in %2</source>

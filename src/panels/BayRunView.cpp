@@ -6,6 +6,7 @@
 #include "ui/ShownText.h"
 
 #include <QLabel>
+#include <QStyle>
 
 namespace orvana
 {
@@ -37,7 +38,8 @@ BayRunView::BayRunView(const QString &bay, QWidget *parent)
     m_detail->setFont(m_rate->font());
     m_detail->setTextFormat(Qt::PlainText);
     m_detail->setWordWrap(true);
-    m_detail->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_detail->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
+                           Qt::AlignTop);
     clear();
 }
 

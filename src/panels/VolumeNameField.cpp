@@ -68,12 +68,14 @@ void VolumeNameField::paintEvent(QPaintEvent *event)
         initStyleOption(&frame);
         style()->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter, this);
         constexpr int Margin = 2;
-        place = style()->subElementRect(QStyle::SE_LineEditContents, &frame, this).adjusted(Margin, 0, -Margin, 0);
+        place = style()
+                    ->subElementRect(QStyle::SE_LineEditContents, &frame, this)
+                    .adjusted(Margin, 0, -Margin, 0);
     }
     const bool isEmpty = text().isEmpty();
     const auto alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
-    style()->drawItemText(&painter, place, static_cast<int>(alignment) | Qt::TextSingleLine, palette(), isEnabled(),
-                          isEmpty ? placeholderText() : elided(),
+    style()->drawItemText(&painter, place, static_cast<int>(alignment) | Qt::TextSingleLine, palette(),
+                          isEnabled(), isEmpty ? placeholderText() : elided(),
                           isEmpty ? QPalette::PlaceholderText : QPalette::Text);
 }
 

@@ -45,12 +45,15 @@ constexpr std::array Texts{
     QT_TRANSLATE_NOOP("Core", "Another device has taken the place of the selected one."),
     QT_TRANSLATE_NOOP("Core", "This device cannot be selected when it's used as a startup disk."),
     QT_TRANSLATE_NOOP("Core", "Nothing is selected to be copied, so no disk is erased."),
-    QT_TRANSLATE_NOOP("Core", "The source is not there any more, or another disk has taken its place. Nothing was "
-                              "touched. Choose the source again."),
-    QT_TRANSLATE_NOOP("Core", "The source is not there any more, or another disk has taken its place. Nothing was "
-                              "copied; the report says which disks were erased. Choose the source again."),
+    QT_TRANSLATE_NOOP("Core",
+                      "The source is not there any more, or another disk has taken its place. Nothing was "
+                      "touched. Choose the source again."),
+    QT_TRANSLATE_NOOP("Core",
+                      "The source is not there any more, or another disk has taken its place. Nothing was "
+                      "copied; the report says which disks were erased. Choose the source again."),
     QT_TRANSLATE_NOOP("Core", "A disk of the run before does not answer. Nothing was erased."),
-    QT_TRANSLATE_NOOP("Core", "The device is not the one that was chosen when the start began. Nothing was touched."),
+    QT_TRANSLATE_NOOP("Core",
+                      "The device is not the one that was chosen when the start began. Nothing was touched."),
     QT_TRANSLATE_NOOP("Core", "The disks are not those that were shown any more. Nothing was touched."),
     // why a disk takes no part
     QT_TRANSLATE_NOOP("Core", "it carries the source"),

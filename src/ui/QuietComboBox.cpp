@@ -4,8 +4,8 @@
 #include "ui/ShownText.h"
 
 #include <QHelpEvent>
-#include <QStyledItemDelegate>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <QWheelEvent>
 

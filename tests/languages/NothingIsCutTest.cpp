@@ -1,5 +1,5 @@
-// In each language, and in a made-up language whose texts are 30 % longer than the English ones, every text of
-// the window fits into its place.
+// In each language, and in a made-up language whose texts are 30 % longer than the English ones, every text
+// of the window fits into its place.
 
 #include "app/BaySetupSheet.h"
 #include "app/RunOptionsSheet.h"
@@ -34,7 +34,8 @@ class LongerTexts : public QTranslator
 public:
     bool isEmpty() const override { return false; }
 
-    QString translate(const char *context, const char *text, const char * /*meaning*/, int /*n*/) const override
+    QString translate(const char *context, const char *text, const char * /*meaning*/,
+                      int /*n*/) const override
     {
         const auto english = QString::fromUtf8(text);
         if (english.size() < 2 || QByteArrayView(context).startsWith('Q'))
@@ -83,7 +84,8 @@ private:
         } else if (label.wordWrap()) {
             EXPECT_LE(label.heightForWidth(label.width()), label.height()) << name;
         } else if (!label.text().isEmpty()) {
-            EXPECT_LE(label.fontMetrics().horizontalAdvance(QString(label.text()).remove(u'&')), label.width())
+            EXPECT_LE(label.fontMetrics().horizontalAdvance(QString(label.text()).remove(u'&')),
+                      label.width())
                 << name;
         }
     }
@@ -116,7 +118,8 @@ TEST_P(NothingIsCut, WithAnEnclosure)
     for (auto *field : window().findChildren<VolumeNameField *>()) {
         const auto painted = paintedText(field->text());
         if (field->isVisible()) {
-            EXPECT_LE(field->fontMetrics().horizontalAdvance(painted), field->width()) << painted.toStdString();
+            EXPECT_LE(field->fontMetrics().horizontalAdvance(painted), field->width())
+                << painted.toStdString();
         }
     }
 }

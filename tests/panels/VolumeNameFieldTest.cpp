@@ -1,5 +1,7 @@
 #include "panels/VolumeNameField.h"
 
+#include "languages/Languages.h"
+
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
@@ -25,6 +27,22 @@ TEST(VolumeNameField, TakesNoKeysWhileItIsALabel)
     QTest::keyClicks(&field, QStringLiteral("x"));
     EXPECT_EQ(field.bytes(), "COPY1");
     EXPECT_EQ(field.focusPolicy(), Qt::NoFocus);
+}
+
+TEST(VolumeNameField, FixedNameIsPaintedInTheUsersLanguageAndReadAsItIs)
+{
+    const auto pictureOf = [](const std::string &name, VolumeNameField::Editing editing) {
+        VolumeNameField field;
+        field.resize(200, 22);
+        field.setEditing(editing);
+        field.setBytes(name);
+        EXPECT_EQ(field.bytes(), name);
+        return field.grab().toImage();
+    };
+    const WindowLanguage german(QStringLiteral("de"));
+    using Editing = VolumeNameField::Editing;
+    EXPECT_EQ(pictureOf("Unformatted", Editing::Forbidden), pictureOf("Unformatiert", Editing::Forbidden));
+    EXPECT_NE(pictureOf("Unformatted", Editing::Allowed), pictureOf("Untitled", Editing::Allowed));
 }
 
 } // namespace orvana

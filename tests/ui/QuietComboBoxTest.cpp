@@ -1,5 +1,7 @@
 #include "ui/QuietComboBox.h"
 
+#include "languages/Languages.h"
+
 #include <QApplication>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -27,6 +29,22 @@ TEST(QuietComboBox, SelectedTitleIsTheBytesThatWereGiven)
     box.setCurrentIndex(0);
     EXPECT_EQ(box.selectedTitle(), "x\xFF\n");
     EXPECT_EQ(box.currentText(), QStringLiteral("x\\xFF\\x0A"));
+}
+
+// A combo box in another language paints other words, and still answers with its own.
+TEST(QuietComboBox, TitleIsPaintedInTheUsersLanguageAndReadAsItIs)
+{
+    const auto pictureOf = [](const std::string &title) {
+        QuietComboBox box;
+        box.resize(300, 30);
+        box.addTitle(title);
+        EXPECT_EQ(box.selectedTitle(), title);
+        EXPECT_EQ(box.currentText().toStdString(), title);
+        return box.grab().toImage();
+    };
+    const WindowLanguage french(QStringLiteral("fr"));
+    EXPECT_EQ(pictureOf("None"), pictureOf("Aucun"));
+    EXPECT_NE(pictureOf("None"), pictureOf("Nona"));
 }
 
 } // namespace orvana

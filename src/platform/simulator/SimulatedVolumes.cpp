@@ -62,20 +62,6 @@ void fill(const std::string &folder, const Content &content)
     }
 }
 
-std::uint64_t bytesBelow(const std::string &folder)
-{
-    std::uint64_t bytes = 0;
-    std::error_code error;
-    for (fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error),
-         end;
-         !error && entry != end; entry.increment(error)) {
-        std::error_code gone;
-        if (entry->is_regular_file(gone) && !entry->is_symlink(gone))
-            bytes += entry->file_size(gone);
-    }
-    return bytes;
-}
-
 // True for the label itself, and for the label with a number after it.
 bool isNameFor(const std::string &folder, const std::string &label)
 {
@@ -161,6 +147,7 @@ void SimulatedVolumes::prepare(const Machine &machine, const Volume &volume)
         fs::create_directories(folder + "/Documents");
     for (const auto &content : volume.content)
         fill(folder, content);
+    m_used.forgetAll();
 }
 
 // An image's path is relative to the folder of the machine's file.
@@ -191,6 +178,7 @@ void SimulatedVolumes::mount(const Disk &disk, const Volume &volume)
     }
     std::ofstream(m_root + "/Mounted/" + key) << name << '\n';
     m_mounted[key] = name;
+    m_used.forgetAll();
 }
 
 void SimulatedVolumes::unmount(const Disk &disk, const Volume &volume)
@@ -204,6 +192,7 @@ void SimulatedVolumes::unmount(const Disk &disk, const Volume &volume)
         fs::rename(folder, m_root + "/Store/" + key, error);
     fs::remove(m_root + "/Mounted/" + key, error);
     m_mounted.erase(key);
+    m_used.forgetAll();
 }
 
 void SimulatedVolumes::agreeWith(const Machine &machine)
@@ -239,6 +228,7 @@ void SimulatedVolumes::remove(const Disk &disk, const Volume &volume)
     fs::remove_all(placeOf(volume));
     fs::remove(m_root + "/Mounted/" + keyOf(volume));
     m_mounted.erase(keyOf(volume));
+    m_used.forgetAll();
 }
 
 std::optional<std::string> SimulatedVolumes::mountPoint(const Volume &volume) const
@@ -258,7 +248,7 @@ SimulatedVolumes::Space SimulatedVolumes::space(const Machine &machine, const Di
         if (!error)
             return {static_cast<std::int64_t>(info.capacity), static_cast<std::int64_t>(info.available)};
     }
-    const auto used = bytesBelow(volume.isStartup ? homeFolder(machine.login) : placeOf(volume));
+    const auto used = m_used.of(volume.isStartup ? homeFolder(machine.login) : placeOf(volume));
     return {volume.capacity, std::max<std::int64_t>(0, volume.capacity - static_cast<std::int64_t>(used))};
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/simulator/ImageDisk.h"
 #include "platform/simulator/MachineTree.h"
+#include "platform/simulator/UsedSpace.h"
 
 #include <map>
 #include <optional>
@@ -52,6 +53,7 @@ private:
     void prepare(const Machine &machine, const Volume &volume);
 
     std::string m_root;
+    mutable UsedSpace m_used;
     std::map<std::string, std::string> m_mounted; // name of the folder under Volumes, by the volume's key
 };
 
