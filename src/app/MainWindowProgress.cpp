@@ -58,7 +58,7 @@ void MainWindow::showProgress()
 {
     const auto shown = m_progress.values();
     const bool isShown = m_layoutState == 2;
-    messageText->setText(isShown ? coreWords(shown.message) : QString());
+    messageText->setText(isShown ? runMessage(shown.message) : QString());
     fileProgress->showValue(isShown ? shown.file : ProgressIndicator::Hidden);
     totalProgress->showValue(isShown ? shown.total : ProgressIndicator::Hidden);
     for (auto *label : {static_cast<QLabel *>(totalText), totalCaption})

@@ -91,7 +91,6 @@ QString RunWords::detailOf(Verdict verdict, const DestinationSummary &destinatio
     return {};
 }
 
-// A count of one has a text of its own, so that English needs no plural forms.
 QString RunWords::content(const DiskContent &content)
 {
     const auto size = isolated(QString::fromStdString(sizeText(content.usedBytes)));
@@ -100,12 +99,18 @@ QString RunWords::content(const DiskContent &content)
     if (!content.isKnown)
         return content.usedBytes > 0 ? tr("%1, and something that is not mounted").arg(size)
                                      : tr("something that is not mounted, or cannot be read");
-    const auto count = static_cast<int>(std::min<std::uint64_t>(content.files, INT_MAX));
-    const auto files = !content.isCountComplete ? content.files == 1 ? tr("at least 1 file")
-                                                                     : tr("at least %n files", nullptr, count)
-                       : content.files == 1 ? tr("1 file")
-                                                : tr("%n files", nullptr, count);
+    const auto files = filesIn(content);
     return content.usedBytes > 0 ? tr("%1 in %2").arg(size, files) : files;
+}
+
+// A count of one has a text of its own, so that English needs no plural forms.
+QString RunWords::filesIn(const DiskContent &content)
+{
+    const bool isOne = content.files == 1;
+    const auto count = static_cast<int>(std::min<std::uint64_t>(content.files, INT_MAX));
+    if (content.isCountComplete)
+        return isOne ? tr("1 file") : tr("%n files", nullptr, count);
+    return isOne ? tr("at least 1 file") : tr("at least %n files", nullptr, count);
 }
 
 QString RunWords::stake(const DiskAtStake &disk, const std::string &present)

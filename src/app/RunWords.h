@@ -53,6 +53,7 @@ public:
 
 private:
     static QString content(const DiskContent &content);
+    static QString filesIn(const DiskContent &content);
 };
 
 } // namespace orvana

@@ -666,7 +666,7 @@
     </message>
     <message>
         <source>&amp;Try the demo</source>
-        <translation>&amp;Demo ansehen</translation>
+        <translation>De&amp;mo ansehen</translation>
     </message>
     <message>
         <source>Opens a second window on a machine that is simulated</source>
@@ -846,7 +846,7 @@
     <name>orvana::CopyActionViewController</name>
     <message>
         <source>&amp;Erase destination disk(s)</source>
-        <translation>Zieldisk(s) &amp;löschen</translation>
+        <translation>&amp;Zieldisk(s) löschen</translation>
     </message>
     <message>
         <source>Erase destination disk(s)</source>
@@ -930,7 +930,7 @@
     </message>
     <message>
         <source>&amp;Run</source>
-        <translation>&amp;Lauf</translation>
+        <translation>Lau&amp;f</translation>
     </message>
     <message>
         <source>&amp;Start</source>

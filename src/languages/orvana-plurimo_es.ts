@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Name of the &amp;enclosure:</source>
-        <translation>Nombre de la &amp;caja:</translation>
+        <translation>Nombre de la ca&amp;ja:</translation>
     </message>
     <message>
         <source>Name of the enclosure</source>
@@ -306,7 +306,7 @@
     <name>DiskInfoViewController</name>
     <message>
         <source>So&amp;urce</source>
-        <translation>&amp;Origen</translation>
+        <translation>Ori&amp;gen</translation>
     </message>
     <message>
         <source>Source disk</source>
@@ -658,7 +658,7 @@
     </message>
     <message>
         <source>Set up &amp;bays...</source>
-        <translation>Configurar &amp;bahías...</translation>
+        <translation>Configurar ba&amp;hías...</translation>
     </message>
     <message>
         <source>Says which ports of a dock or a case are the bays of an enclosure</source>
@@ -962,7 +962,7 @@
     </message>
     <message>
         <source>Set up &amp;bays...</source>
-        <translation>Configurar &amp;bahías...</translation>
+        <translation>Configurar ba&amp;hías...</translation>
     </message>
     <message>
         <source>&amp;Last Report</source>

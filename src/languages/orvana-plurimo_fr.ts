@@ -53,7 +53,7 @@
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation>&amp;Annuler</translation>
+        <translation>A&amp;nnuler</translation>
     </message>
 </context>
 <context>
@@ -666,7 +666,7 @@
     </message>
     <message>
         <source>&amp;Try the demo</source>
-        <translation>&amp;Essayer la démo</translation>
+        <translation>Essa&amp;yer la démo</translation>
     </message>
     <message>
         <source>Opens a second window on a machine that is simulated</source>
@@ -866,7 +866,7 @@
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation>&amp;Annuler</translation>
+        <translation>A&amp;nnuler</translation>
     </message>
     <message>
         <source>Start</source>
@@ -930,7 +930,7 @@
     </message>
     <message>
         <source>&amp;Run</source>
-        <translation>&amp;Duplication</translation>
+        <translation>Du&amp;plication</translation>
     </message>
     <message>
         <source>&amp;Start</source>
@@ -954,7 +954,7 @@
     </message>
     <message>
         <source>Eject &amp;Destinations</source>
-        <translation>Éjecter les &amp;destinations</translation>
+        <translation>Éjecter les dest&amp;inations</translation>
     </message>
     <message>
         <source>&amp;Mount disks</source>

@@ -112,26 +112,13 @@ std::optional<QString> exactly(const QString &text)
     return translated(text.toLatin1().constData());
 }
 
-std::optional<QString> withAnyEnd(const QString &text)
-{
-    for (const char *listed : Texts) {
-        const auto start = QString::fromLatin1(listed);
-        if (start.endsWith(QStringLiteral("%1")) && text.startsWith(start.chopped(2)))
-            return translated(listed).arg(isolated(text.mid(start.size() - 2)));
-    }
-    return std::nullopt;
-}
-
 QString lineInWords(const QString &line)
 {
     if (const auto whole = exactly(line))
         return *whole;
     const auto reason = line.lastIndexOf(QStringLiteral(": "));
-    if (reason >= 0) {
-        if (const auto words = exactly(line.mid(reason + 2)))
-            return isolated(line.left(reason)) + QStringLiteral(": ") + *words;
-    }
-    return withAnyEnd(line).value_or(isolated(line));
+    const auto words = reason < 0 ? std::nullopt : exactly(line.mid(reason + 2));
+    return words ? isolated(line.left(reason)) + QStringLiteral(": ") + *words : isolated(line);
 }
 
 } // namespace
@@ -143,6 +130,17 @@ QString coreWords(const std::string &text)
     for (std::string line; std::getline(source, line);)
         lines += lineInWords(shownText(line));
     return lines.join(QChar(u'\n'));
+}
+
+QString runMessage(const std::string &message)
+{
+    const auto shown = shownText(message);
+    for (const char *listed : Texts) {
+        const auto start = QString::fromLatin1(listed);
+        if (start.endsWith(QStringLiteral("%1")) && shown.startsWith(start.chopped(2)))
+            return translated(listed).arg(isolated(shown.mid(start.size() - 2)));
+    }
+    return paintedText(shown);
 }
 
 QString paintedText(const QString &text)

@@ -14,6 +14,10 @@ namespace orvana
 /// is not mounted". A line that is not listed in CoreWords.cpp stays English.
 QString coreWords(const std::string &text);
 
+/// Returns a message of a run, such as "Duplicating /Volumes/Master/File", in the user's language, safe to
+/// show. The path is never translated, whatever it reads like.
+QString runMessage(const std::string &message);
+
 /// Returns a text as it is painted: a fixed word such as "Unformatted" in the user's language, any other text
 /// isolated from the direction of the text around it. Only for painting. A field's own text never changes,
 /// because the program reads it back.

@@ -80,7 +80,7 @@ TEST(Languages, CountsTakeTheirPluralForm)
 TEST(CoreWords, TextWithoutALanguageIsAsItIs)
 {
     EXPECT_EQ(words("Slot-B (COPY): its volume is not mounted"), "Slot-B (COPY): its volume is not mounted");
-    EXPECT_EQ(words("Duplicating /Volumes/a\nb"), "Duplicating /Volumes/a\nb");
+    EXPECT_EQ(words("one\ntwo"), "one\ntwo");
     EXPECT_EQ(words(""), "");
 }
 
@@ -89,12 +89,22 @@ TEST(CoreWords, ReasonsAreTranslatedLineByLineAndNamesAreNot)
     const WindowLanguage german(QStringLiteral("de"));
     EXPECT_EQ(words("Slot-B (its volume is not mounted): its volume is not mounted\nSlot-C: it is odd"),
               "Slot-B (its volume is not mounted): ihr Volume ist nicht eingehängt\nSlot-C: it is odd");
-    EXPECT_EQ(words("Duplicating /Volumes/None"), "Dupliziert /Volumes/None");
 }
 
 TEST(CoreWords, ControlCharactersOfANameAreNotShown)
 {
-    EXPECT_EQ(words("Duplicating /a\x1b[31m"), "Duplicating /a\\x1B[31m");
+    EXPECT_EQ(words("Slot-B (a\x1b[31m)"), "Slot-B (a\\x1B[31m)");
+    EXPECT_EQ(runMessage("Duplicating /a\nb\x1b[31m").toStdString(), "Duplicating /a\\x0Ab\\x1B[31m");
+}
+
+TEST(CoreWords, PathOfAMessageIsNeverTranslated)
+{
+    const WindowLanguage german(QStringLiteral("de"));
+    EXPECT_EQ(runMessage("Duplicating /Volumes/A: it carries the source").toStdString(),
+              "Dupliziert /Volumes/A: it carries the source");
+    EXPECT_EQ(runMessage("Verifying File ... Failed").toStdString(), "Datei wird geprüft ... fehlgeschlagen");
+    EXPECT_EQ(words("Mount Rainier: its volume is not mounted"),
+              "Mount Rainier: ihr Volume ist nicht eingehängt");
 }
 
 TEST(CoreWords, FixedNamesAreTranslatedForPaintingAlone)
