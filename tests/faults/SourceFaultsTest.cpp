@@ -79,10 +79,11 @@ TEST_P(SourceFault, PipeSocketAndDeviceInTheSourceAreSourcesThatCannotBeOpened)
 TEST_P(SourceFault, SourceGrowsWhileItIsRead)
 {
     sourceFile("grows", patternOf(6 * MiB));
-    m_faults = [this](TestHost &host) { host.faults().volume(m_a).delayMilliseconds = 30; };
+    const auto more = patternOf(2 * MiB, 2); // made before: it must be there before the old end is read
+    m_faults = [this](TestHost &host) { host.faults().volume(m_a).delayMilliseconds = 100; };
     start({"grows"}, {m_a, m_b});
     ASSERT_TRUE(waitForSize(m_a + "/grows", 2 * MiB));
-    std::ofstream(source("grows"), std::ios::app) << patternOf(2 * MiB, 2);
+    std::ofstream(source("grows"), std::ios::app) << more;
     EXPECT_EQ(wait(), 1);
     EXPECT_EQ(report()["problems"][0]["kind"], "sourceChanged");
     EXPECT_EQ(report()["destinations"][0]["copied"], 0);

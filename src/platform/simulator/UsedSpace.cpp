@@ -86,6 +86,7 @@ private:
             return 0;
         const int place = descriptor.release();
         std::uint64_t bytes = 0;
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): the listing belongs to this call alone.
         while (const auto *entry = ::readdir(folder.get())) {
             const std::string_view name = entry->d_name;
             struct stat info{};
