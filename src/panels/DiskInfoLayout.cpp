@@ -47,9 +47,12 @@ void DiskInfoViewController::fitFonts()
     Label_Source->setFont(heading);
     SourcePopup->setFont(heading);
     constexpr int AroundTheText = 12;
+    auto onButtons = heading; // the same on both
     for (auto *button : {EjectSourceDiskBtn, EjectTargetDiskBtn})
-        button->setFont(fontThatFits(heading, button->height(), QString(button->text()).remove(QChar(u'&')),
-                                     button->width() - AroundTheText));
+        onButtons = fontThatFits(onButtons, button->height(), QString(button->text()).remove(QChar(u'&')),
+                                 button->width() - AroundTheText);
+    for (auto *button : {EjectSourceDiskBtn, EjectTargetDiskBtn})
+        button->setFont(onButtons);
     heading.setBold(true);
     Label_Destinations->setFont(heading);
 }
