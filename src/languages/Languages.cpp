@@ -62,7 +62,7 @@ WindowLanguage::WindowLanguage(const QString &language)
     initialise();
     if (language.isEmpty() || !m_window.load(Start + language, Folder))
         return;
-    // Where Qt's own texts are not installed, they stay English.
+    // Qt's own texts stay English where their translations are not installed.
     if (m_toolkit.load(QStringLiteral("qtbase_") + language,
                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&m_toolkit);

@@ -56,7 +56,7 @@ bool VolumeNameField::event(QEvent *event)
 
 void VolumeNameField::paintEvent(QPaintEvent *event)
 {
-    // While a name is typed, the field shows the name itself.
+    // The field shows the name itself while the user types.
     if (!isReadOnly() && (hasFocus() || paintedText(text()) == text())) {
         QLineEdit::paintEvent(event);
         return;

@@ -63,7 +63,8 @@ std::optional<std::string> pathBelow(std::string path)
     return path;
 }
 
-// Digits that only one format has that many of, and for the others what the caller expects.
+// Returns the expected format if the digits can be of it, otherwise the format that alone has that many
+// digits.
 std::optional<DigestFormat> formatOf(std::string_view digits, std::optional<DigestFormat> expected)
 {
     if (expected && isDigest(*expected, digits))
