@@ -65,6 +65,12 @@ public:
     {
         return m_real.finishFolder(path, like);
     }
+    Expected<void> rename(std::string_view from, std::string_view to,
+                          platform::Existing existing) const override
+    {
+        return m_real.rename(from, to, existing);
+    }
+    Expected<void> remove(std::string_view path) const override { return m_real.remove(path); }
     Expected<void> syncVolume() override { return m_real.syncVolume(); }
     platform::VolumeTraits traits() const override { return m_real.traits(); }
     Expected<std::uint64_t> freeBytes() const override { return m_real.freeBytes(); }

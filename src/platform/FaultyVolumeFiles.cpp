@@ -188,6 +188,20 @@ public:
         return m_real.finishFolder(path, like);
     }
 
+    Expected<void> rename(std::string_view from, std::string_view to, Existing existing) const override
+    {
+        if (const int code = refusal(to, Access::Write); code != 0)
+            return failure(code);
+        return m_real.rename(from, to, existing);
+    }
+
+    Expected<void> remove(std::string_view path) const override
+    {
+        if (const int code = refusal(path, Access::Write); code != 0)
+            return failure(code);
+        return m_real.remove(path);
+    }
+
     Expected<void> syncVolume() override
     {
         const auto *faults = faultsAt("");

@@ -48,6 +48,7 @@ inline constexpr std::uint32_t OwnerRights = 0700;
 enum class Links { Follow, DoNotFollow };
 enum class Want { Basics, HiddenExtension };
 enum class Access { Read, Write };
+enum class Existing { Keep, Replace };
 
 /// Names of a folder's entries, in the order of the file system, kept in one block of memory.
 class NameList
@@ -162,6 +163,13 @@ public:
 
     /// Removes the extra permissions that `makeFolder` gave to the owner.
     virtual Expected<void> finishFolder(std::string_view path, const Attributes &like) const = 0;
+
+    /// Gives the entry `from` the name `to`, in one step as far as the file system can. With Existing::Keep
+    /// gives Exists when any entry has the name `to`. A link itself is renamed, not what it leads to.
+    virtual Expected<void> rename(std::string_view from, std::string_view to, Existing existing) const = 0;
+
+    /// Removes a file, a link or an empty folder.
+    virtual Expected<void> remove(std::string_view path) const = 0;
 
     /// Waits until the whole file system of the folder is on the disk. Reports once an error that occurred
     /// since the folder was opened.

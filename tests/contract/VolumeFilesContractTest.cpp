@@ -210,6 +210,40 @@ TYPED_TEST(VolumeFilesContract, HiddenExtensionIsReadAndGiven)
     EXPECT_FALSE(volume->attributes("plain", Links::DoNotFollow, Want::HiddenExtension)->hiddenExtension);
 }
 
+TYPED_TEST(VolumeFilesContract, RenamesAndKeepsOrReplacesWhatHasTheName)
+{
+    const auto volume = this->volume();
+    this->m_tree.file("volume/new", "new");
+    this->m_tree.file("volume/old", "old");
+    EXPECT_EQ(this->problemOf(volume->rename("new", "old", Existing::Keep)), FileProblem::Exists);
+    EXPECT_EQ(test::contentOf(this->m_tree.path("volume/old")), "old");
+    ASSERT_TRUE(volume->rename("new", "old", Existing::Replace));
+    EXPECT_EQ(test::contentOf(this->m_tree.path("volume/old")), "new");
+    ASSERT_TRUE(volume->rename("old", "free", Existing::Keep));
+    EXPECT_EQ(test::contentOf(this->m_tree.path("volume/free")), "new");
+    EXPECT_EQ(this->problemOf(volume->rename("missing", "name", Existing::Keep)), FileProblem::NotFound);
+    // Nothing is moved out of the volume, nor into it.
+    this->m_tree.file("outside", "outside");
+    EXPECT_EQ(this->problemOf(volume->rename("../outside", "inside", Existing::Keep)),
+              FileProblem::LeadsOutOfVolume);
+    EXPECT_EQ(this->problemOf(volume->rename("free", "../taken", Existing::Keep)),
+              FileProblem::LeadsOutOfVolume);
+}
+
+TYPED_TEST(VolumeFilesContract, RemovesFilesLinksAndEmptyFolders)
+{
+    const auto volume = this->volume();
+    this->m_tree.file("volume/folder/file", "content");
+    std::filesystem::create_symlink("folder", this->m_tree.path("volume/link"));
+    EXPECT_FALSE(volume->remove("folder"));
+    EXPECT_TRUE(volume->remove("link"));
+    EXPECT_TRUE(volume->remove("folder/file"));
+    EXPECT_TRUE(volume->remove("folder"));
+    EXPECT_EQ(this->problemOf(volume->remove("folder")), FileProblem::NotFound);
+    this->m_tree.file("outside", "outside");
+    EXPECT_EQ(this->problemOf(volume->remove("../outside")), FileProblem::LeadsOutOfVolume);
+}
+
 TYPED_TEST(VolumeFilesContract, FreeBytesAndTraitsAreKnown)
 {
     const auto volume = this->volume();

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/magic.h>
@@ -211,6 +212,44 @@ Expected<void> PosixFolder::finishFolder(std::string_view path, const Attributes
     // This only removes permissions that `makeFolder` added. The file system may have refused others, so none
     // is set again.
     if (::fstat(opened->number(), &status) != 0 || ::fchmod(opened->number(), status.st_mode & mode) != 0)
+        return failure(errno);
+    return {};
+}
+
+Expected<void> PosixFolder::rename(std::string_view from, std::string_view to, Existing existing) const
+{
+    const auto source = openHolder(m_number, from, m_reach);
+    if (!source)
+        return tl::unexpected(source.error());
+    const auto target = openHolder(m_number, to, m_reach);
+    if (!target)
+        return tl::unexpected(target.error());
+    const char *const oldName = source->name.c_str();
+    const char *const newName = target->name.c_str();
+    if (existing == Existing::Keep) {
+        if (::renameat2(source->at, oldName, target->at, newName, RENAME_NOREPLACE) == 0)
+            return {};
+        // Some file systems cannot refuse by themselves.
+        if (errno != EINVAL && errno != ENOSYS)
+            return failure(errno);
+        if (basicsAt(target->at, target->name, Links::DoNotFollow))
+            return failure(FileProblem::Exists);
+    }
+    if (::renameat(source->at, oldName, target->at, newName) != 0)
+        return failure(errno);
+    return {};
+}
+
+Expected<void> PosixFolder::remove(std::string_view path) const
+{
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    if (::unlinkat(entry->at, entry->name.c_str(), 0) == 0)
+        return {};
+    if (errno != EISDIR && errno != EPERM)
+        return failure(errno);
+    if (::unlinkat(entry->at, entry->name.c_str(), AT_REMOVEDIR) != 0)
         return failure(errno);
     return {};
 }

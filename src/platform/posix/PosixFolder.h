@@ -26,6 +26,8 @@ public:
     Expected<std::unique_ptr<File>> createFile(std::string_view path, const Attributes &like) const override;
     Expected<void> makeFolder(std::string_view path, const Attributes &like) const override;
     Expected<void> finishFolder(std::string_view path, const Attributes &like) const override;
+    Expected<void> rename(std::string_view from, std::string_view to, Existing existing) const override;
+    Expected<void> remove(std::string_view path) const override;
     Expected<void> syncVolume() override;
     VolumeTraits traits() const override;
     Expected<std::uint64_t> freeBytes() const override;

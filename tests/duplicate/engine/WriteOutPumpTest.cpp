@@ -62,6 +62,11 @@ struct SyncedVolume final : platform::Folder
     {
         return platform::failure(5);
     }
+    platform::Expected<void> rename(std::string_view, std::string_view, platform::Existing) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<void> remove(std::string_view) const override { return platform::failure(5); }
     platform::VolumeTraits traits() const override { return {}; }
     platform::Expected<std::uint64_t> freeBytes() const override { return 0; }
 
