@@ -74,6 +74,7 @@ void MainMenu::makeRunMenu()
     menu->addSeparator();
     m_setUpBays = add(menu, tr("Set up &bays..."), {}, [this] { m_window.setUpBays(); });
     menu->addSeparator();
+    add(menu, tr("Verify dis&ks..."), {}, [this] { m_delegate.showVerifyWindow(); });
     m_lastReport = add(menu, tr("&Last Report"), QKeySequence(Qt::CTRL | Qt::Key_R),
                        [this] { m_window.showLastReport(); });
     connect(menu, &QMenu::aboutToShow, this, &MainMenu::update);

@@ -2,8 +2,10 @@
 
 #include "app/MainMenu.h"
 #include "app/MainWindow.h"
+#include "app/VerifyWindow.h"
 #include "foundation/NotificationCenter.h"
 #include "log/view/LogDataWindows.h"
+#include "platform/Host.h"
 #include "version/view/VersionWindow.h"
 
 #include <QApplication>
@@ -64,6 +66,22 @@ void OrvanaAppDelegate::showLogDataWindows()
     window.show();
     window.raise();
     window.activateWindow();
+}
+
+// The disks are those of the moment, so a window that is already open keeps its own.
+void OrvanaAppDelegate::showVerifyWindow()
+{
+    if (!m_verifyWindow) {
+        std::vector<BayVolume> disks;
+        for (const auto &enclosure : scannedDevices(mainWindow().ScanDevice()).tbArray) {
+            for (auto &volume : volumesInBays(*enclosure))
+                disks.push_back(std::move(volume));
+        }
+        m_verifyWindow = new VerifyWindow(m_context.host.volumeFiles(), m_context.logFolder, disks);
+    }
+    m_verifyWindow->show();
+    m_verifyWindow->raise();
+    m_verifyWindow->activateWindow();
 }
 
 void OrvanaAppDelegate::checkForUpdats()

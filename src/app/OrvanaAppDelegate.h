@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
 #include <string>
@@ -13,6 +14,7 @@ namespace orvana
 class LogDataWindows;
 class MainMenu;
 class MainWindow;
+class VerifyWindow;
 class VersionWindow;
 
 /// Owns the program's windows. Each window is made when it is first needed. Main thread only.
@@ -37,6 +39,7 @@ public:
 
     // The actions of the menu.
     void showLogDataWindows();
+    void showVerifyWindow();
     void checkForUpdats();
     void howToUse();
     void showAbout();
@@ -55,6 +58,7 @@ private:
     std::unique_ptr<MainWindow> m_mainWindow;
     std::unique_ptr<LogDataWindows> m_logDataWindow;
     std::unique_ptr<VersionWindow> m_versionWindow;
+    QPointer<VerifyWindow> m_verifyWindow;
 };
 
 } // namespace orvana

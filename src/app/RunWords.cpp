@@ -11,6 +11,16 @@
 namespace orvana
 {
 
+namespace
+{
+
+bool isManifest(const ListedRunSetting &setting)
+{
+    return std::string_view(setting.key) == "manifest";
+}
+
+} // namespace
+
 QString RunWords::letterOf(const std::string &slot)
 {
     return QString::fromStdString(slot).last(1);
@@ -134,11 +144,29 @@ QString RunWords::sentenceOf(const RunSetting &setting)
     return QString::fromLatin1(setting.help);
 }
 
+QString RunWords::titleOf(const ListedRunSetting &setting)
+{
+    return isManifest(setting) ? tr("&Manifest on each copy:") : tr("&Digest of each file:");
+}
+
+QString RunWords::valueOf(const ListedRunSetting &setting, const std::string &value)
+{
+    if (value.empty())
+        return tr("None");
+    if (!isManifest(setting))
+        return QString::fromStdString(value);
+    return value == "mhl" ? tr("ASC MHL history") : tr("Checksum file");
+}
+
 QString RunWords::summaryOf(const RunSettings &settings)
 {
     QStringList parts;
     if (settings.ejectAtEnd)
         parts += tr("Eject at the end");
+    for (const auto &setting : AllListedRunSettings) {
+        if (const auto value = setting.get(settings); !value.empty())
+            parts += valueOf(setting, value);
+    }
     return parts.join(QStringLiteral(", "));
 }
 

@@ -45,6 +45,12 @@ public:
     /// "Eject each disk that holds every file at the end"
     static QString sentenceOf(const RunSetting &setting);
 
+    /// "&Manifest on each copy:"
+    static QString titleOf(const ListedRunSetting &setting);
+
+    /// "ASC MHL history"; of an empty value: "None"
+    static QString valueOf(const ListedRunSetting &setting, const std::string &value);
+
     /// The options that are on, in a few words each: "Eject at the end"; empty for none.
     static QString summaryOf(const RunSettings &settings);
 

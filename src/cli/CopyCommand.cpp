@@ -48,6 +48,8 @@ ExitStatus runCopy(platform::Host &host, Terminal &terminal, const CopyOptions &
         terminal.printError("plurimoctl: " + refusal.reason);
         return refusal.status;
     };
+    if (const auto conflict = conflictIn(options.settings))
+        return refuse({WrongUsage, *conflict});
     const auto planned = planCopy(host, options);
     if (!planned)
         return refuse(planned.error());
@@ -66,6 +68,7 @@ ExitStatus runCopy(platform::Host &host, Terminal &terminal, const CopyOptions &
     order.totalBytes = census.bytes;
     order.choice.sourceRoot = folders.job.SrcDiskPath;
     order.choice.verify = options.verify;
+    order.choice.settings = options.settings;
     order.folders = std::move(folders);
     return run.run(std::move(order), nullptr);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/engine/CopyJob.h"
+#include "duplicate/plan/RunSettings.h"
 #include "foundation/Refusal.h"
 
 #include <optional>
@@ -24,6 +25,7 @@ struct CopyOptions
     std::optional<std::string> root;
     std::optional<std::string> logFolder;
     bool verify = false;
+    RunSettings settings; ///< only those of `AllListedRunSettings`
     bool json = false;
 };
 

@@ -62,7 +62,7 @@ public:
             m_terminal.showBlock("");
         const auto summary = report.summary();
         for (std::size_t i = 0; i < summary.destinations.size(); ++i)
-            m_terminal.print(textOf(summary.destinations[i], progress.rateOf(i)));
+            printDestination(summary.destinations[i], progress.rateOf(i));
         if (status != Cancelled && !summary.destinations.empty())
             m_terminal.print(headlineOf(summary));
         m_terminal.print((status == Cancelled ? "Cancelled after " : "Ended after ") +
@@ -101,6 +101,14 @@ private:
                               ? "bay " + m_bays[index].substr(m_bays[index].size() - 1) + " (" + root + ")"
                               : root;
         return line + ".  Waiting for " + name + ": " + rateText(status.destinations[index].bytesPerSecond);
+    }
+
+    void printDestination(const DestinationSummary &destination, double rate)
+    {
+        m_terminal.print(textOf(destination, rate));
+        for (const auto &manifest : destination.manifests)
+            m_terminal.print("    " + displayPath(manifest.path) + ": " + std::to_string(manifest.files) +
+                             " file(s), " + manifest.digestName + " " + manifest.digest);
     }
 
     static std::string textOf(const DestinationSummary &destination, double rate)

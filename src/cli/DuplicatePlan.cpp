@@ -117,6 +117,8 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
 {
     Duplication plan;
     auto &choice = plan.choice;
+    if (const auto conflict = conflictIn(options.settings))
+        return tl::unexpected(Refusal{WrongUsage, *conflict});
     const auto typed = parseNames(options.names);
     if (!typed)
         return tl::unexpected(typed.error());

@@ -6,6 +6,7 @@
 #include "cli/LogsCommand.h"
 #include "cli/SimulatorCommand.h"
 #include "cli/Terminal.h"
+#include "cli/VerifyCommand.h"
 #include "foundation/LiteralWords.h"
 #include "foundation/PlainMainQueue.h"
 #include "platform/Host.h"
@@ -36,6 +37,7 @@ struct CommandLineOptions
     cli::DiskOptions disks;
     cli::LogsOptions logs;
     cli::SimulatorOptions simulator;
+    cli::VerifyCommandOptions verify;
 };
 
 // Describes the options that every command has.
@@ -44,6 +46,16 @@ void describeCommon(CLI::App &command, CommandLineOptions &options)
     platform::describeHost(command, options.machine);
     command.add_option("--log-dir", options.logFolder, "Folder for log and report instead of ~/Documents")
         ->type_name("FOLDER");
+}
+
+void describeListedSettings(CLI::App &command, RunSettings &settings)
+{
+    for (const auto &setting : AllListedRunSettings)
+        command
+            .add_option_function<std::string>(
+                setting.flag, [&](const std::string &value) { setting.set(settings, value); }, setting.help)
+            ->type_name(setting.typeName)
+            ->check(CLI::IsMember(setting.values()));
 }
 
 void describeCopy(CLI::App &copy, cli::CopyOptions &options)
@@ -56,6 +68,7 @@ void describeCopy(CLI::App &copy, cli::CopyOptions &options)
                     "Folder whose layout is kept; by default the one that holds all sources")
         ->type_name("FOLDER");
     copy.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
+    describeListedSettings(copy, options.settings);
     copy.add_flag("--json", options.json, "Print one JSON object a line");
 }
 
@@ -77,6 +90,7 @@ void describeDuplicate(CLI::App &duplicate, cli::DuplicateOptions &options)
     duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
     for (const auto &setting : AllRunSettings)
         duplicate.add_flag(setting.flag, options.settings.*setting.member, setting.help);
+    describeListedSettings(duplicate, options.settings);
     auto *job =
         duplicate.add_option("--job", options.jobFile, "Do what this job file says")->type_name("FILE");
     for (auto *option : duplicate.get_options()) {
@@ -141,6 +155,22 @@ void describeLogs(CLI::App &logs, cli::LogsOptions &options)
     logs.add_flag("--json", options.json, "With list: print JSON");
 }
 
+void describeVerify(CLI::App &verify, cli::VerifyCommandOptions &options)
+{
+    verify.add_option("FOLDER", options.folders, "Disks or folders to verify, side by side")
+        ->type_name("FOLDER...");
+    verify.add_option("--enclosure", options.enclosure,
+                      "Number of the enclosure whose disks to verify, as \"devices\" counts them");
+    verify.add_option("--bay", options.bays, "Bay from A to D; by default B, C and D")
+        ->type_name("BAY")
+        ->allow_extra_args(false);
+    verify.add_option("--manifest", options.manifest, "List of files to use instead of those on the disks")
+        ->type_name("FILE");
+    verify.add_flag("--record", options.record,
+                    "Append the result to the history on each disk, as its next generation");
+    verify.add_flag("--json", options.json, "Print one JSON object a line");
+}
+
 void describeSimulator(CLI::App &simulator, cli::SimulatorOptions &options)
 {
     simulator.add_option("LEVER", options.lever, "attach, detach, mount, unmount, rename or show")
@@ -172,12 +202,13 @@ void takeLiterally(std::vector<std::string> &texts)
 // Restores every text as the user typed it.
 void takeLiterally(CommandLineOptions &options)
 {
-    for (auto *text : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
-                       &options.copy.root, &options.duplicate.source, &options.duplicate.jobFile})
+    for (auto *text :
+         {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder, &options.copy.root,
+          &options.duplicate.source, &options.duplicate.jobFile, &options.verify.manifest})
         takeLiterally(*text);
-    for (auto *texts :
-         {&options.copy.sources, &options.copy.destinations, &options.duplicate.selection,
-          &options.duplicate.names, &options.disks.bays, &options.disks.names, &options.logs.names})
+    for (auto *texts : {&options.copy.sources, &options.copy.destinations, &options.duplicate.selection,
+                        &options.duplicate.names, &options.disks.bays, &options.disks.names,
+                        &options.logs.names, &options.verify.folders, &options.verify.bays})
         takeLiterally(*texts);
     for (auto *text : {&options.simulator.target, &options.simulator.newName, &options.bays.name})
         takeLiterally(*text);
@@ -189,11 +220,12 @@ void makeAbsolute(CommandLineOptions &options)
     const auto makePath = [](std::string &path) { path = cli::cleanPath(path); };
     for (auto *path : {&options.machine.simulatorFile, &options.machine.demoFolder, &options.logFolder,
                        &options.copy.logFolder, &options.duplicate.logFolder, &options.disks.logFolder,
-                       &options.logs.logFolder, &options.copy.root, &options.duplicate.jobFile}) {
+                       &options.logs.logFolder, &options.verify.logFolder, &options.copy.root,
+                       &options.duplicate.jobFile, &options.verify.manifest}) {
         if (*path)
             makePath(**path);
     }
-    for (auto *paths : {&options.copy.sources, &options.copy.destinations})
+    for (auto *paths : {&options.copy.sources, &options.copy.destinations, &options.verify.folders})
         std::for_each(paths->begin(), paths->end(), makePath);
     if (options.bays.action == "check" && !options.bays.name.empty())
         makePath(options.bays.name);
@@ -204,7 +236,8 @@ ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, co
     PlainMainQueue queue;
     const bool watches =
         command == "devices" ? options.devices.watch : command != "copy" && command != "logs";
-    const bool writesLog = command != "devices" && command != "logs" && command != "bays";
+    const bool writesLog =
+        command != "devices" && command != "logs" && command != "bays" && command != "verify";
     if (const auto refusal = writesLog ? platform::makeLogFolder(options.logFolder) : std::nullopt) {
         terminal.printError("plurimoctl: " + refusal->reason);
         return refusal->status;
@@ -224,6 +257,8 @@ ExitStatus onHost(const CommandLineOptions &options, cli::Terminal &terminal, co
         return cli::runMount(**host, queue, terminal, options.disks);
     if (command == "eject")
         return cli::runEject(**host, queue, terminal, options.disks);
+    if (command == "verify")
+        return cli::runVerify(**host, queue, terminal, options.verify);
     if (command == "bays")
         return cli::runBays((*host)->enclosureSetup(), queue, terminal, options.bays);
     if (command == "logs")
@@ -255,6 +290,8 @@ int runMain(int argc, char **argv)
     auto *erase = app.add_subcommand("erase", "Give the disks in an enclosure's bays a new file system");
     auto *eject = app.add_subcommand("eject", "Eject the disks in an enclosure's bays");
     auto *mount = app.add_subcommand("mount", "Mount what is in an enclosure's bays and not mounted");
+    auto *verify =
+        app.add_subcommand("verify", "Compare disks with the lists of their files, without the source");
     auto *bays = app.add_subcommand("bays", "Set up enclosures: which ports are the bays");
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
     auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
@@ -262,13 +299,14 @@ int runMain(int argc, char **argv)
     describeCopy(*copy, options.copy);
     describeDuplicate(*duplicate, options.duplicate);
     describeErase(*erase, options.disks);
+    describeVerify(*verify, options.verify);
     describeDisks(*eject, options.disks);
     describeMount(*mount, options.disks);
     describeBays(*bays, options.bays);
     describeDevices(*devices, options.devices);
     describeLogs(*logs, options.logs);
     describeSimulator(*simulator, options.simulator);
-    for (auto *command : {copy, duplicate, erase, eject, mount, bays, devices, logs, simulator})
+    for (auto *command : {copy, duplicate, erase, eject, mount, verify, bays, devices, logs, simulator})
         describeCommon(*command, options);
     try {
         auto typed = shelteredWords(argc, argv);
@@ -284,7 +322,7 @@ int runMain(int argc, char **argv)
     }
     takeLiterally(options);
     options.copy.logFolder = options.duplicate.logFolder = options.disks.logFolder = options.logFolder;
-    options.logs.logFolder = options.logFolder;
+    options.logs.logFolder = options.verify.logFolder = options.logFolder;
     makeAbsolute(options);
     platform::posix::enterEmptyFolder();
     auto terminal = cli::Terminal::ofProcess();

@@ -80,6 +80,9 @@ constexpr std::array Texts{
     QT_TRANSLATE_NOOP("Core", "a name is text on one line"),
     QT_TRANSLATE_NOOP("Core", "this is the name of the source"),
     QT_TRANSLATE_NOOP("Core", "a name cannot begin or end with a blank, nor hold two in a row"),
+    // options that do not go together
+    QT_TRANSLATE_NOOP("Core", "an ASC MHL manifest cannot hold sha256 digests"),
+    QT_TRANSLATE_NOOP("Core", "a checksum file cannot hold c4 digests"),
     // jobs, ejecting, setting up
     QT_TRANSLATE_NOOP("Core", "Not ejected:"),
     QT_TRANSLATE_NOOP("Core", "Choose the enclosure first, and open the job when no run goes on."),

@@ -76,6 +76,8 @@ void BlockSamples::compareOne(RunContext &run, const Sample &sample, Told &told)
             return;
         told.insert({target.index, sample.source});
         --target.tally.verified;
+        if (auto *evidence = run.evidence())
+            evidence->withdraw(run.targets(), target, copy);
         if (there)
             run.report().mismatched(target.index, sample.source, sample.offset, 1);
         else

@@ -95,6 +95,8 @@ void FileComparer::openCopies(const std::string &source, const OutArray &copies)
         auto opened = target.destination.openFile(path, Access::Read);
         if (opened) {
             copy.file = std::move(*opened);
+            if (const auto *evidence = m_run.evidence())
+                copy.digest.emplace(evidence->format());
             if (!copy.block)
                 copy.block = std::make_unique_for_overwrite<std::byte[]>(BlockSize);
         } else if (target.isCopied) {
@@ -183,6 +185,8 @@ void FileComparer::compareBlock(Target &target, std::span<const std::byte> block
     const auto count = copy.file->read({copy.block.get(), BlockSize}, offset);
     if (!count)
         copy.error = count.error();
+    else if (copy.digest)
+        copy.digest->add({reinterpret_cast<const char *>(copy.block.get()), *count});
     copy.differsHere =
         !count || *count != block.size() || std::memcmp(copy.block.get(), block.data(), block.size()) != 0;
 }
@@ -242,6 +246,12 @@ void FileComparer::noteChangedSource(const std::string &source)
     }
 }
 
+void FileComparer::noteVerified(Target &target)
+{
+    target.isVerified = true;
+    ++target.tally.verified;
+}
+
 void FileComparer::noteResults(const std::string &source)
 {
     auto &report = m_run.report();
@@ -258,8 +268,11 @@ void FileComparer::noteResults(const std::string &source)
                               "The source cannot be read: " + copy.sourceError->reason());
         else if (copy.differences > 0)
             report.mismatched(target.index, source, copy.firstOffset, copy.differences);
+        else if (copy.digest && copy.digest->text() != m_run.evidence()->digest())
+            report.unverified(target.index, source,
+                              "What was read back has another digest than what was copied");
         else
-            ++target.tally.verified;
+            noteVerified(target);
     }
 }
 

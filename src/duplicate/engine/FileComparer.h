@@ -43,6 +43,7 @@ private:
     void tellUnreadableSource(const platform::FileError &error);
     bool isSourceChanged(const platform::File &from) const;
     void noteChangedSource(const std::string &source);
+    static void noteVerified(Target &target);
     void noteResults(const std::string &source);
 
     RunContext &m_run;

@@ -141,6 +141,7 @@ void FileCopy::start(CopyTask task)
     setJob(std::move(task.job));
     m_nextReport = std::move(task.report);
     m_nextLocks = std::move(task.locks);
+    m_nextEvidence = std::move(task.evidence);
     startCopyThread();
 }
 
@@ -180,10 +181,8 @@ void FileCopy::startCopyThread()
 {
     stopCopyThread();
     const auto run = ++m_currentRun;
-    m_thread = std::make_unique<WorkerThread>([this, run, job = presentJob(),
-                                               report = std::exchange(m_nextReport, nullptr),
-                                               locks = std::exchange(m_nextLocks, nullptr)]() mutable {
-        runJob(job, run, report, std::move(locks));
+    m_thread = std::make_unique<WorkerThread>([this, run, job = presentJob(), means = takeMeans()]() mutable {
+        runJob(job, run, std::move(means));
     });
 }
 
@@ -213,8 +212,13 @@ bool FileCopy::waitForEnd(std::chrono::milliseconds limit) const
 
 void FileCopy::StartBackup()
 {
-    runJob(presentJob(), m_currentRun, std::exchange(m_nextReport, nullptr),
-           std::exchange(m_nextLocks, nullptr));
+    runJob(presentJob(), m_currentRun, takeMeans());
+}
+
+FileCopy::Means FileCopy::takeMeans()
+{
+    return {std::exchange(m_nextReport, nullptr), std::exchange(m_nextLocks, nullptr),
+            std::exchange(m_nextEvidence, std::nullopt)};
 }
 
 // A cancelled worker may hang in a write that reaches the disk much later. Until this worker has ended, no
@@ -235,10 +239,10 @@ std::shared_ptr<RunLocks> FileCopy::locksFor(const CopyJob &job) const
     }
 }
 
-void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr<RunReport> report,
-                      std::shared_ptr<RunLocks> locks)
+void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, Means means)
 {
     const AtWork atWork(m_workersAtWork);
+    auto &report = means.report;
     const auto isCurrent = [this, run] { return m_currentRun == run; };
     insistOn([&] {
         if (!report)
@@ -246,7 +250,7 @@ void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr
     });
     try {
         report->begin(job.job.SrcDiskPath, job.job.DesFileArray, m_verifyFiles);
-        copyAll(job.job, isCurrent, report, std::move(locks));
+        copyAll(job.job, isCurrent, means);
     } catch (const std::exception &error) {
         insistOn([&] { noteEarlyEnd(job.job, *report, error); });
     }
@@ -261,11 +265,11 @@ void FileCopy::runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr
     insistOn([&] { m_center.post(notification::BackupFinish); });
 }
 
-void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,
-                       const std::shared_ptr<RunReport> &report, std::shared_ptr<RunLocks> locks)
+void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurrent, Means means)
 {
+    auto &locks = means.locks;
     // Made before the run waits for the disks: a slow disk must not cost a cancelled run its report.
-    ReportOnCancel reportOnCancel(*report);
+    ReportOnCancel reportOnCancel(*means.report);
     if (!locks)
         locks = locksFor(job);
     RunContext context({.host = m_host,
@@ -273,7 +277,8 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
                         .isCurrent = isCurrent,
                         .verifyFiles = [this] { return m_verifyFiles.load(); },
                         .includeHidden = m_hiddenFiles,
-                        .report = report},
+                        .report = means.report,
+                        .evidence = std::move(means.evidence)},
                        job);
     context.keepTo(std::move(locks));
     TreeWalk walk(context);

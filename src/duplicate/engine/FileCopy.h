@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/engine/CopyJob.h"
+#include "duplicate/engine/RunEvidence.h"
 #include "foundation/WorkerThread.h"
 
 #include <atomic>
@@ -32,6 +33,7 @@ struct CopyTask
     /// The locks under which the run works. If null, the run takes its own. A destination that another run
     /// holds gets no files.
     std::shared_ptr<RunLocks> locks;
+    std::optional<EvidenceOrder> evidence{}; ///< what the run digests, and what manifests it writes
 };
 
 /// Returns the job, bound to the folders that its destinations are now. A destination that is another folder
@@ -126,11 +128,18 @@ private:
     };
 
     NumberedJob presentJob() const;
-    void runJob(const NumberedJob &job, std::uint64_t run, std::shared_ptr<RunReport> report,
-                std::shared_ptr<RunLocks> locks);
+    /// The parts of a task besides its job.
+    struct Means
+    {
+        std::shared_ptr<RunReport> report;
+        std::shared_ptr<RunLocks> locks;
+        std::optional<EvidenceOrder> evidence;
+    };
+
+    Means takeMeans();
+    void runJob(const NumberedJob &job, std::uint64_t run, Means means);
     std::shared_ptr<RunLocks> locksFor(const CopyJob &job) const;
-    void copyAll(const CopyJob &job, const std::function<bool()> &isCurrent,
-                 const std::shared_ptr<RunReport> &report, std::shared_ptr<RunLocks> locks);
+    void copyAll(const CopyJob &job, const std::function<bool()> &isCurrent, Means means);
     void setJob(CopyJob job);
     void cleanAfter(std::uint64_t job);
     Foreground &foreground();
@@ -142,6 +151,7 @@ private:
     std::atomic<std::uint64_t> m_currentRun{0};
     std::shared_ptr<RunReport> m_nextReport;
     std::shared_ptr<RunLocks> m_nextLocks;
+    std::optional<EvidenceOrder> m_nextEvidence;
     std::atomic<int> m_workersAtWork{0}; ///< cancelled workers included
 
     mutable std::mutex m_jobMutex;

@@ -44,13 +44,30 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
     if (!from) {
         systemLog("Open of " + displayPath(source) + " for reading failed");
         failForAll(source, copies, from.error());
+        noteEvidence(copies, false);
         return -1;
     }
     copyContent(**from, source, copies, like);
     closeOutputs(source);
-    if (m_run.setup().verifyFiles())
+    if (auto *evidence = m_run.evidence())
+        evidence->endFile();
+    const bool isVerified = m_run.setup().verifyFiles();
+    if (isVerified)
         m_comparer.compare(source, copies);
+    noteEvidence(copies, isVerified);
     return 1;
+}
+
+void FileDuplicator::noteEvidence(const OutArray &copies, bool isVerified)
+{
+    if (auto *evidence = m_run.evidence())
+        evidence->noteFile(m_run.targets(), copies, m_run.sourceInHand(), isVerified);
+}
+
+// The work on one block has a piece for each destination, and one for the digest of the source.
+std::size_t FileDuplicator::piecesOfABlock()
+{
+    return m_run.targets().size() + (m_run.evidence() ? 1 : 0);
 }
 
 void FileDuplicator::createParents(const OutArray &copies, const Attributes &like)
@@ -139,6 +156,11 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)
 {
     const Workers::Work work = [&](std::size_t index) {
+        if (index == m_run.targets().size()) {
+            if (wholeFile)
+                m_run.evidence()->add(*wholeFile);
+            return;
+        }
         auto &target = m_run.target(index);
         target.output = {};
         if (index >= copies.size() || !copies[index])
@@ -150,7 +172,7 @@ void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like,
             writeTo(target, *wholeFile, 0);
         closeOutput(target);
     };
-    m_run.workers().share(work, m_run.targets().size(), m_run.helpers());
+    m_run.workers().share(work, piecesOfABlock(), m_run.helpers());
 }
 
 void FileDuplicator::openOutput(Target &target, const std::string &copy, const Attributes &like)
@@ -192,8 +214,8 @@ void FileDuplicator::openExisting(Target &target, const std::string &copy)
         output.file = std::move(*file);
         return;
     }
-    output.isDoneBefore = owner == WrittenFiles::Owner::SameSource;
-    if (output.isDoneBefore)
+    target.isDoneBefore = owner == WrittenFiles::Owner::SameSource;
+    if (target.isDoneBefore)
         return; // the first copy made the file read-only, and is whole
     // A link to nowhere is not an existing file. It counts as a file that could not be created.
     output.existed = file.error().problem != FileProblem::NotFound;
@@ -203,9 +225,14 @@ void FileDuplicator::openExisting(Target &target, const std::string &copy)
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,
                                                         int spare)
 {
-    const Workers::Work work = [&](std::size_t index) { writeTo(m_run.target(index), block, offset); };
+    const Workers::Work work = [&](std::size_t index) {
+        if (index == m_run.targets().size())
+            m_run.evidence()->add(block);
+        else
+            writeTo(m_run.target(index), block, offset);
+    };
     Expected<std::size_t> ahead;
-    m_run.workers().doBeside(work, m_run.targets().size(), m_run.targets().size(),
+    m_run.workers().doBeside(work, piecesOfABlock(), piecesOfABlock(),
                              [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
     return ahead;
 }

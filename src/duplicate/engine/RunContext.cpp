@@ -35,9 +35,12 @@ RunContext::RunContext(RunSetup setup, CopyJob job)
             target.destination.expect(m_job.expectedRoots[i]);
         target.startPump();
     }
+    if (m_setup.evidence)
+        m_evidence.emplace(*m_setup.evidence, m_job, m_sources, report());
 
     const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
-    m_helpers = std::min(processors, std::max<std::size_t>(1, m_targets.size())) - 1;
+    const auto pieces = m_targets.size() + (m_evidence ? 1 : 0);
+    m_helpers = std::min(processors, std::max<std::size_t>(1, pieces)) - 1;
 }
 
 void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
@@ -54,8 +57,15 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
 Workers &RunContext::workers()
 {
     if (!m_workers)
-        m_workers = std::make_unique<Workers>(m_targets.size());
+        m_workers = std::make_unique<Workers>(m_targets.size() + (m_evidence ? 1 : 0));
     return *m_workers;
+}
+
+void RunContext::leaveOut(const std::string &item, const char *rule)
+{
+    report().leftOut(item, rule);
+    if (m_evidence)
+        m_evidence->noteLeftOut(item);
 }
 
 std::span<std::byte> RunContext::block(int which)
@@ -115,7 +125,11 @@ void RunContext::startFile()
     for (auto &target : m_targets) {
         target.hasFailed = false;
         target.isCopied = false;
+        target.isVerified = false;
+        target.isDoneBefore = false;
     }
+    if (m_evidence)
+        m_evidence->startFile();
 }
 
 void RunContext::takeBack(Target &target, const std::string &source, const platform::FileError &error)
@@ -132,17 +146,18 @@ void RunContext::fileFailed(Target &target, const std::string &source, const std
     report().failed(target.index, source, reason, kind);
 }
 
-void RunContext::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
+// Returns true when the data is where it should be.
+bool RunContext::noteSync(Target &target, const WriteOutPump::Outcome &outcome)
 {
     target.tally.syncNanoseconds = outcome.nanoseconds;
     if (outcome.result)
-        noteEnd(target);
-    else
-        report().notOnDisk(target.index, outcome.result.error().reason());
+        return noteEnd(target);
+    report().notOnDisk(target.index, outcome.result.error().reason());
+    return false;
 }
 
 // The data was synced. It counts only if it is still in the place where the user looks for it.
-void RunContext::noteEnd(Target &target)
+bool RunContext::noteEnd(Target &target)
 {
     const auto index = target.index;
     const auto moved = target.destination.movedFolder(m_sources);
@@ -152,6 +167,17 @@ void RunContext::noteEnd(Target &target)
         report().inMemory(index);
     else
         report().onDisk(index);
+    return !moved;
+}
+
+// The manifests come last, when all they speak of is on the disks.
+void RunContext::writeManifests(const std::vector<std::size_t> &targets)
+{
+    if (!m_evidence || !m_evidence->wantsManifests())
+        return;
+    m_evidence->finish();
+    const Workers::Work work = [&](std::size_t piece) { m_evidence->writeManifests(target(targets[piece])); };
+    workers().share(work, targets.size(), targets.size());
 }
 
 void RunContext::finishDestinations()
@@ -164,20 +190,25 @@ void RunContext::finishDestinations()
         if (target.pump)
             target.pump->startFinalSync();
     }
+    std::vector<std::size_t> onDisk;
     for (auto &target : m_targets) {
         auto &destination = target.destination;
+        bool isOnDisk = false;
         if (target.pump) {
             const auto outcome = target.pump->waitForFinalSync(WorkerThread::currentToken());
             WorkerThread::exitIfCancelled();
-            noteSync(target, *outcome);
+            isOnDisk = noteSync(target, *outcome);
         } else if (destination.isOpen()) {
-            noteSync(target, {destination.volume()->syncVolume(), 0});
+            isOnDisk = noteSync(target, {destination.volume()->syncVolume(), 0});
         } else {
             report().notOnDisk(target.index, destination.openError().reason());
         }
+        if (isOnDisk)
+            onDisk.push_back(target.index);
     }
     for (auto &target : m_targets)
         target.pump.reset();
+    writeManifests(onDisk);
     for (auto &target : m_targets)
         target.destination.close();
     const auto end = std::chrono::steady_clock::now();

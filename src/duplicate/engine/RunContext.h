@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/engine/CopyJob.h"
+#include "duplicate/engine/RunEvidence.h"
 #include "duplicate/engine/SourceFiles.h"
 #include "duplicate/engine/Target.h"
 #include "duplicate/engine/Workers.h"
@@ -33,6 +34,8 @@ struct RunSetup
     std::function<bool()> verifyFiles; ///< called for each file
     bool includeHidden = false;
     std::shared_ptr<RunReport> report; ///< never null; its `begin` was called
+    /// What evidence the run leaves; nullopt for none.
+    std::optional<EvidenceOrder> evidence{};
 };
 
 /// The state that the parts of one run share. Used by its copy thread only.
@@ -65,7 +68,13 @@ public:
         }
     }
 
-    /// One worker for each destination, made at the first call.
+    /// The evidence of the run; null if it leaves none.
+    RunEvidence *evidence() { return m_evidence ? &*m_evidence : nullptr; }
+
+    /// Notes that a rule left the item out.
+    void leaveOut(const std::string &item, const char *rule);
+
+    /// One worker for each destination, and one for the digest, made at the first call.
     Workers &workers();
 
     /// How many workers to use for work that seldom waits for a disk. Together with the copy thread there is
@@ -111,8 +120,9 @@ public:
     void addVerifyTime(std::chrono::nanoseconds time) { m_verifyTime += time; }
 
 private:
-    void noteEnd(Target &target);
-    void noteSync(Target &target, const WriteOutPump::Outcome &outcome);
+    bool noteEnd(Target &target);
+    bool noteSync(Target &target, const WriteOutPump::Outcome &outcome);
+    void writeManifests(const std::vector<std::size_t> &targets);
     void post(const char *name, const char *key, Notification::Value value) const;
 
     std::shared_ptr<RunLocks> m_locks; // the first member, so that the locks end after everything else
@@ -123,6 +133,7 @@ private:
     std::int64_t m_indexOfBackup = 0;
     std::deque<Target> m_targets; // a deque, because the targets must stay where they are
     std::optional<platform::Attributes> m_sourceInHand;
+    std::optional<RunEvidence> m_evidence;
     std::unique_ptr<Workers> m_workers;
     std::size_t m_helpers = 0;
     std::unique_ptr<std::byte[]> m_blocks[2];

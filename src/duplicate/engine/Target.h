@@ -3,6 +3,7 @@
 #include "duplicate/engine/Destination.h"
 #include "duplicate/engine/WriteOutPump.h"
 #include "duplicate/engine/WrittenFiles.h"
+#include "duplicate/evidence/Digest.h"
 #include "duplicate/report/RunReport.h"
 
 #include <cstddef>
@@ -21,7 +22,6 @@ struct WrittenCopy
     std::optional<platform::FileError> error; ///< the first error; nothing more is written after it
     bool existed = false;                     ///< the file was there; if `file` is null, opening it failed
     std::optional<std::uint64_t> tail;        ///< bytes of an older file after the copy's end
-    bool isDoneBefore = false;                ///< the same source was copied there earlier in this run
     std::string otherName;                    ///< with SameFile: the other name of the file there
     bool isClosed = false;
     bool isTold = false; ///< the error was reported
@@ -32,6 +32,7 @@ struct ComparedCopy
 {
     std::unique_ptr<platform::File> file; ///< null when the copy is not compared, or no longer
     std::unique_ptr<std::byte[]> block;   ///< BlockSize bytes; kept from file to file
+    std::optional<Digest> digest;         ///< of what was read back, if the run makes digests
     bool differsHere = false;             ///< in the current block
     std::optional<platform::FileError> error;
     std::optional<platform::FileError> sourceError;
@@ -62,6 +63,8 @@ struct Target
 
     // The file in hand.
     bool isCopied = false;                          ///< it counts as copied
+    bool isVerified = false;                        ///< it was read back and equals its source
+    bool isDoneBefore = false;                      ///< its source was copied there earlier in this run
     bool hasFailed = false;                         ///< the report says that it failed
     std::optional<platform::FileError> parentError; ///< its folder could not be made
     WrittenCopy output;

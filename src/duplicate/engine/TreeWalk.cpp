@@ -101,15 +101,20 @@ public:
     /// Enters the present entry, a folder. It becomes the folder in hand.
     void enter(const Attributes &like, std::size_t nameLength)
     {
+        auto *evidence = m_walk.m_run.evidence();
+        auto kept = evidence ? evidence->keepForeignHistories(m_walk.m_run.targets(), m_source, m_copies)
+                             : KeptCopies();
         auto made = m_walk.makeFolders(m_source, m_copies, like);
-        m_levels.push_back({NameList(), std::move(made), like, nameLength});
+        m_levels.push_back({NameList(), std::move(made), like, nameLength, std::move(kept)});
         m_levels.back().names = m_walk.listOf(m_source, m_copies);
     }
 
     void leave()
     {
-        const auto &level = m_levels.back();
+        auto &level = m_levels.back();
         m_walk.finishFolders(m_copies, level.made, level.like);
+        for (auto &[index, copy] : level.kept)
+            m_copies[index] = std::move(copy);
         // The name of the first folder was not appended to the paths.
         if (m_levels.size() > 1)
             cut(level.nameLength);
@@ -117,12 +122,16 @@ public:
     }
 
 private:
+    /// Destinations that get no copy of the folder and of what is in it, and the paths that these would have.
+    using KeptCopies = std::vector<std::pair<std::size_t, std::string>>;
+
     struct Level
     {
         NameList names;
         std::vector<bool> made;
         Attributes like;
         std::size_t nameLength;
+        KeptCopies kept;
     };
 
     TreeWalk &m_walk;
@@ -187,7 +196,7 @@ void TreeWalk::copySelected(const std::string &item)
     const auto copies = copiesOf(item);
     const bool isLink = attributes.type == FileType::SymbolicLink;
     if (isLink && liesInDestination(item)) {
-        m_run.report().leftOut(item, LeadsIntoDestination);
+        m_run.leaveOut(item, LeadsIntoDestination);
         return;
     }
     const auto target = isLink ? followed(item) : read ? std::optional(*read) : std::nullopt;
@@ -215,7 +224,7 @@ void TreeWalk::copyListedEntries(const std::string &folder, const OutArray &copi
         const std::string name(names.takeNext());
         // Entries are tested by their bare name, so a link directly in a ticked folder is not left out.
         if (const auto verdict = m_rules.examine(name); verdict.skip) {
-            m_run.report().leftOut(std::string(folder).append("/").append(name), verdict.rule);
+            m_run.leaveOut(std::string(folder).append("/").append(name), verdict.rule);
             continue;
         }
         OutArray entryCopies = copies;
@@ -240,7 +249,7 @@ int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const 
     if (!target || target->type != FileType::Folder)
         return m_duplicator.copy(source, copies, attributes);
     if (isLink ? liesInDestination(source) : isDestination(*target))
-        m_run.report().leftOut(source, LeadsIntoDestination);
+        m_run.leaveOut(source, LeadsIntoDestination);
     else
         copyTree(source, copies, attributes);
     return 1;
@@ -266,7 +275,7 @@ void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
     const auto attributes = verdict.attributes.value_or(Attributes());
     const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
     if (verdict.skip || (isFolder && isDestination(attributes))) {
-        m_run.report().leftOut(stack.source(), verdict.skip ? verdict.rule : LeadsIntoDestination);
+        m_run.leaveOut(stack.source(), verdict.skip ? verdict.rule : LeadsIntoDestination);
     } else if (!isFolder) {
         m_duplicator.copy(stack.source(), stack.copies(), attributes);
     } else {
@@ -286,6 +295,7 @@ NameList TreeWalk::listOf(const std::string &folder, const OutArray &copies)
     m_run.forEachCopy(copies, [&](const Target &target, const std::string &) {
         m_run.report().failed(target.index, folder, reason);
     });
+    noteFolder(copies, Attributes(), std::vector(copies.size(), CopyState::Bad));
     return names ? std::move(*names) : NameList();
 }
 
@@ -293,10 +303,12 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
                                         const Attributes &like)
 {
     std::vector<bool> made(copies.size(), false);
+    std::vector states(copies.size(), CopyState::Bad);
     m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
         const auto created = target.destination.createFolder(copy, like);
         if (created) {
             made[target.index] = *created != Destination::Made::Existed;
+            states[target.index] = *created == Destination::Made::New ? CopyState::New : CopyState::Good;
             return;
         }
         // An existing file in the folder's place is left alone. Only the report mentions it, not the system
@@ -306,7 +318,21 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
         m_run.report().failed(target.index, source,
                               "The folder cannot be created: " + created.error().reason());
     });
+    noteFolder(copies, like, states);
     return made;
+}
+
+void TreeWalk::noteFolder(const OutArray &copies, const Attributes &like,
+                          const std::vector<CopyState> &states)
+{
+    auto *evidence = m_run.evidence();
+    if (!evidence)
+        return;
+    std::string letters(m_run.targets().size(), static_cast<char>(CopyState::NotMade));
+    m_run.forEachCopy(copies, [&](const Target &target, const std::string &) {
+        letters[target.index] = static_cast<char>(states[target.index]);
+    });
+    evidence->noteFolder(m_run.targets(), copies, like, letters);
 }
 
 void TreeWalk::finishFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)

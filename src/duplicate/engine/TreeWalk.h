@@ -3,6 +3,7 @@
 #include "duplicate/engine/FileComparer.h"
 #include "duplicate/engine/FileDuplicator.h"
 #include "duplicate/engine/SkipRules.h"
+#include "duplicate/evidence/EvidenceLog.h"
 
 #include <optional>
 #include <string>
@@ -45,6 +46,8 @@ private:
     platform::NameList listOf(const std::string &folder, const OutArray &copies);
     std::vector<bool> makeFolders(const std::string &source, const OutArray &copies,
                                   const platform::Attributes &like);
+    void noteFolder(const OutArray &copies, const platform::Attributes &like,
+                    const std::vector<CopyState> &states);
     void finishFolders(const OutArray &copies, const std::vector<bool> &made,
                        const platform::Attributes &like);
     std::optional<platform::Attributes> followed(const std::string &path) const;

@@ -47,6 +47,29 @@ std::string c4Text(std::span<const unsigned char> bytes)
     return std::string(C4Start) + digits;
 }
 
+// The reverse of `c4Text`.
+std::string bytesOfC4(std::string_view text)
+{
+    constexpr std::size_t Size = 64; // bytes of SHA-512
+    std::string number(Size, '\0');
+    for (const char letter : text.substr(C4Start.size())) {
+        auto carry = static_cast<unsigned>(Base58.find(letter));
+        for (auto byte = number.rbegin(); byte != number.rend(); ++byte) { // times 58, and the digit
+            carry += static_cast<unsigned char>(*byte) * 58U;
+            *byte = static_cast<char>(carry & 255U);
+            carry >>= 8U;
+        }
+    }
+    return number;
+}
+
+unsigned valueOf(char digit)
+{
+    if (digit <= '9')
+        return static_cast<unsigned>(digit - '0');
+    return static_cast<unsigned>((digit | ' ') - 'a') + 10U;
+}
+
 struct Named
 {
     DigestFormat format;
@@ -78,6 +101,16 @@ struct FreeWith
 };
 
 } // namespace
+
+std::string bytesOfDigest(DigestFormat format, std::string_view text)
+{
+    if (format == DigestFormat::C4)
+        return bytesOfC4(text);
+    std::string bytes;
+    for (std::size_t i = 0; i + 1 < text.size(); i += 2)
+        bytes += static_cast<char>(valueOf(text[i]) << 4U | valueOf(text[i + 1]));
+    return bytes;
+}
 
 class Digest::Maker
 {

@@ -38,6 +38,9 @@ std::size_t lengthOf(DigestFormat format);
 /// upper case from lower case.
 bool isDigest(DigestFormat format, std::string_view text);
 
+/// Returns the bytes that the digest's text stands for: 16 for md5. The text must be a digest of the format.
+std::string bytesOfDigest(DigestFormat format, std::string_view text);
+
 /// Makes one digest out of blocks. Movable; not thread-safe. Throws std::bad_alloc when there is no memory,
 /// and std::runtime_error when the system's library does not offer the format, as a system in FIPS mode does
 /// for md5.

@@ -65,6 +65,16 @@ RunSettings readSettings(const Json &json, const std::string &where)
     JsonFields fields(json, where);
     for (const auto &setting : AllRunSettings)
         settings.*setting.member = fields.flag(setting.key, false);
+    for (const auto &setting : AllListedRunSettings) {
+        const auto value = fields.text(setting.key);
+        if (!value)
+            continue;
+        setting.set(settings, *value);
+        if (setting.get(settings) != *value)
+            rejectEntry(where + "/" + setting.key, "is \"" + *value + "\", which this program does not know");
+    }
+    if (const auto conflict = conflictIn(settings))
+        rejectEntry(where, *conflict);
     fields.end();
     return settings;
 }
@@ -134,6 +144,10 @@ std::string textOf(const Job &job)
     for (const auto &setting : AllRunSettings) {
         if (job.settings.*setting.member)
             json["options"][setting.key] = true;
+    }
+    for (const auto &setting : AllListedRunSettings) {
+        if (const auto value = setting.get(job.settings); !value.empty())
+            json["options"][setting.key] = value;
     }
     if (job.wanted)
         json["wanted"] = *job.wanted;

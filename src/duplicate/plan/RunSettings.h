@@ -1,6 +1,13 @@
 #pragma once
 
+#include "duplicate/evidence/Digest.h"
+#include "duplicate/evidence/ManifestWriter.h"
+
 #include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace orvana
 {
@@ -9,7 +16,10 @@ namespace orvana
 /// run.
 struct RunSettings
 {
-    bool ejectAtEnd = false; ///< eject each disk that holds every file
+    bool ejectAtEnd = false;                    ///< eject each disk that holds every file
+    ManifestKind manifest = ManifestKind::None; ///< what list of its files each copy gets
+    /// The format of the digests. Without it none are made, or, for manifests, those of `EvidenceOrder`.
+    std::optional<DigestFormat> digest;
 
     bool operator==(const RunSettings &) const = default;
 };
@@ -28,5 +38,22 @@ inline constexpr std::array AllRunSettings{
     RunSetting{&RunSettings::ejectAtEnd, "ejectAtEnd", "--eject",
                "Eject each disk that holds every file at the end"},
 };
+
+/// One option of `RunSettings` with a choice of values, which are words in all places.
+struct ListedRunSetting
+{
+    const char *key;      ///< in job files: "manifest"
+    const char *flag;     ///< on the command line: "--manifest"
+    const char *typeName; ///< what the command line calls its value: "KIND"
+    const char *help;     ///< a sentence without its stop, in English
+    std::vector<std::string> (*values)();
+    std::string (*get)(const RunSettings &settings); ///< empty for none
+    void (*set)(RunSettings &settings, std::string_view value);
+};
+
+extern const std::array<ListedRunSetting, 2> AllListedRunSettings;
+
+/// Returns why the settings do not go together: "an ASC MHL manifest cannot hold sha256 digests".
+std::optional<std::string> conflictIn(const RunSettings &settings);
 
 } // namespace orvana

@@ -103,6 +103,22 @@ ShownDisks shownDisks(const ORVThunderboltInfo &enclosure)
     return shown;
 }
 
+std::vector<BayVolume> volumesInBays(const ORVThunderboltInfo &enclosure)
+{
+    std::vector<BayVolume> volumes;
+    for (const auto bay : AllBays) {
+        for (const auto &disk : enclosure.hddArray()) {
+            if (bayOfDisk(*disk) != bay)
+                continue;
+            for (const auto &volume : disk->bsdPathArray()) {
+                if (const auto root = volume->mountPoint(); root && !root->empty())
+                    volumes.push_back({bay, *root});
+            }
+        }
+    }
+    return volumes;
+}
+
 std::uint64_t bytesOfBlocks(const std::optional<std::int64_t> &blocks)
 {
     return static_cast<std::uint64_t>(std::max<std::int64_t>(0, blocks.value_or(0)) * DeviceBlockBytes);

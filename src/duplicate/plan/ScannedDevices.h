@@ -68,6 +68,16 @@ DiskUtilInfo diskUtilInfo(const ORVHddInfo &disk, const std::string &volume);
 /// counts.
 ShownDisks shownDisks(const ORVThunderboltInfo &enclosure);
 
+/// A mounted volume of a disk in a bay.
+struct BayVolume
+{
+    Bay bay = Bay::A;
+    std::string root; ///< mount point
+};
+
+/// Returns the mounted volumes in the bays of the enclosure, in the order of the bays.
+std::vector<BayVolume> volumesInBays(const ORVThunderboltInfo &enclosure);
+
 /// Returns the bytes of a count of 512-byte blocks, or 0 if there is no count.
 std::uint64_t bytesOfBlocks(const std::optional<std::int64_t> &blocks);
 

@@ -26,6 +26,19 @@ Json onDiskJson(Durability durability)
     return durability == Durability::Memory ? Json("memory") : Json(durability == Durability::OnDisk);
 }
 
+Json manifestsJson(const DestinationSummary &destination)
+{
+    Json list = Json::array();
+    for (const auto &manifest : destination.manifests) {
+        Json json = Json::object();
+        putPath(json, "path", manifest.path);
+        json["files"] = manifest.files;
+        json[manifest.digestName] = manifest.digest;
+        list.push_back(std::move(json));
+    }
+    return list;
+}
+
 Json destinationJson(const DestinationSummary &destination)
 {
     Json json = Json::object();
@@ -46,6 +59,10 @@ Json destinationJson(const DestinationSummary &destination)
     json["secondsWriting"] = destination.secondsWriting;
     json["secondsSyncing"] = destination.secondsSyncing;
     json["verifiedFrom"] = nameOf(destination.verifiedFrom);
+    if (!destination.manifests.empty() || destination.evidenceFailures > 0)
+        json["manifests"] = manifestsJson(destination);
+    if (destination.notInManifest > 0)
+        json["notInManifest"] = destination.notInManifest;
     json["slowest"] = destination.isSlowest;
     json["onDisk"] = onDiskJson(destination.durability);
     if (destination.durability == Durability::NotKnown) {

@@ -26,6 +26,12 @@ const char *wordsFor(ProblemKind kind)
         return "differ";
     case ProblemKind::Unverified:
         return "could not be compared";
+    case ProblemKind::NotInManifest:
+        return "not in a manifest";
+    case ProblemKind::NoManifest:
+        return "without a manifest";
+    case ProblemKind::NotAsInHistory:
+        return "not as in the source's history";
     }
     return "";
 }

@@ -115,6 +115,19 @@ void RunReport::unverified(std::size_t index, std::string_view file, std::string
     addProblem({ProblemKind::Unverified, std::string(file), tally.root, std::string(reason)});
 }
 
+void RunReport::evidence(std::size_t index, std::string_view file, std::string_view reason, ProblemKind kind)
+{
+    auto &tally = destination(index);
+    ++(kind == ProblemKind::NotInManifest ? tally.notInManifest : tally.evidenceFailures);
+    addProblem({kind, std::string(file), tally.root, std::string(reason)});
+}
+
+void RunReport::manifest(std::size_t index, const ManifestSummary &manifest)
+{
+    const std::lock_guard lock(m_mutex);
+    m_destinations.at(index).manifests.push_back(manifest);
+}
+
 void RunReport::verifiedFrom(std::size_t index, VerifiedFrom from)
 {
     const std::lock_guard lock(m_mutex);
@@ -192,7 +205,10 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
                                .durability = state.durability,
                                .notKnownToBeOnDisk = 0,
                                .reason = {},
-                               .disk = state.disk};
+                               .disk = state.disk,
+                               .manifests = state.manifests,
+                               .notInManifest = tally.notInManifest,
+                               .evidenceFailures = tally.evidenceFailures};
     if (state.durability == Durability::NotKnown) {
         // Files that may be in memory only do not count as copied.
         summary.notKnownToBeOnDisk = std::exchange(summary.copied, 0);

@@ -33,6 +33,8 @@ struct DestinationTally
     std::atomic<std::int64_t> verified{0};          ///< copies that were read back and equal their source
     std::atomic<std::int64_t> mismatched{0};        ///< copies that were read back and differ
     std::atomic<std::int64_t> unverified{0};        ///< copies that could not be compared
+    std::atomic<std::int64_t> notInManifest{0};     ///< files on the disk that no manifest lists
+    std::atomic<std::int64_t> evidenceFailures{0};  ///< missing manifests, files not as in the history
     std::atomic<std::uint64_t> bytes{0};            ///< bytes written
     std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent writing, including the wait for the disk
     std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
@@ -85,6 +87,14 @@ public:
 
     /// Notes that the copy of `file` could not be compared, for `reason`.
     void unverified(std::size_t index, std::string_view file, std::string_view reason);
+
+    /// Notes that `file` is on the destination but in no manifest there, that a folder has no manifest, or
+    /// that the source's history says something else of the file: kinds NotInManifest, NoManifest,
+    /// NotAsInHistory.
+    void evidence(std::size_t index, std::string_view file, std::string_view reason, ProblemKind kind);
+
+    /// Notes a manifest that is on the disk.
+    void manifest(std::size_t index, const ManifestSummary &manifest);
 
     /// Notes whether reading back showed the content of the disk, or only of memory. Once `Cache` was noted,
     /// it stays.
@@ -141,6 +151,7 @@ private:
 
         DestinationTally tally;
         DestinationDisk disk;
+        std::vector<ManifestSummary> manifests;
         std::string notOnDiskReason = "the run ended before the final sync";
         VerifiedFrom verifiedFrom = VerifiedFrom::None;
         Durability durability = Durability::NotKnown;

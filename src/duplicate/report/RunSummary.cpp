@@ -20,7 +20,7 @@ bool isFailure(const DiskEntry &entry)
 bool isWhole(const DestinationSummary &destination)
 {
     return destination.durability != Durability::NotKnown && destination.failed == 0 &&
-           destination.mismatched == 0 && destination.unverified == 0;
+           destination.mismatched == 0 && destination.unverified == 0 && destination.evidenceFailures == 0;
 }
 
 const char *nameOf(ProblemKind kind)
@@ -38,6 +38,12 @@ const char *nameOf(ProblemKind kind)
         return "mismatched";
     case ProblemKind::Unverified:
         return "unverified";
+    case ProblemKind::NotInManifest:
+        return "notInManifest";
+    case ProblemKind::NoManifest:
+        return "noManifest";
+    case ProblemKind::NotAsInHistory:
+        return "notAsInHistory";
     }
     return "";
 }

@@ -24,12 +24,15 @@ enum class RunEnding {
 
 /// The kind of problem that a file on a destination has.
 enum class ProblemKind {
-    Failed,        ///< it could not be brought to the destination
-    KeptTail,      ///< the copy holds bytes of an older, longer file behind its end
-    SourceChanged, ///< the source was written to meanwhile
-    SameFile,      ///< its name leads to the copy of another file
-    Mismatched,    ///< the copy was read back and differs
-    Unverified,    ///< the copy could not be compared
+    Failed,         ///< it could not be brought to the destination
+    KeptTail,       ///< the copy holds bytes of an older, longer file behind its end
+    SourceChanged,  ///< the source was written to meanwhile
+    SameFile,       ///< its name leads to the copy of another file
+    Mismatched,     ///< the copy was read back and differs
+    Unverified,     ///< the copy could not be compared
+    NotInManifest,  ///< it is on the destination as it should be, but in no manifest there
+    NoManifest,     ///< the folder was to get a manifest, and has none
+    NotAsInHistory, ///< the source's own history says something else of the file
 };
 
 /// The name of a kind in reports: "keptTail".
@@ -68,6 +71,17 @@ struct DestinationDisk
     bool operator==(const DestinationDisk &) const = default;
 };
 
+/// A manifest that a run wrote to a destination.
+struct ManifestSummary
+{
+    std::string path;       ///< below the destination's root, bytes
+    std::string digestName; ///< "c4" or "sha256"
+    std::string digest;     ///< of the manifest itself
+    std::int64_t files = 0; ///< in it
+
+    bool operator==(const ManifestSummary &) const = default;
+};
+
 /// The counts and the state of one destination.
 struct DestinationSummary
 {
@@ -87,6 +101,9 @@ struct DestinationSummary
     std::string reason;                  ///< why the copies are not known to be on the disk
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     DestinationDisk disk{};
+    std::vector<ManifestSummary> manifests{};
+    std::int64_t notInManifest = 0;    ///< files on the disk that no manifest lists, as far as the run knows
+    std::int64_t evidenceFailures = 0; ///< missing manifests, and files that are not as in the history
 };
 
 /// Seconds spent in the phases of a run.
@@ -117,7 +134,8 @@ struct RunSummary
     bool isRecorded = false;              ///< log and report are written and complete
 };
 
-/// True when every file is on the destination and nothing differed, as far as the run came.
+/// True when every file is on the destination, nothing differed, and no manifest is missing, as far as the
+/// run came.
 bool isWhole(const DestinationSummary &destination);
 
 /// True when every file is on every destination and nothing differed, as far as the run came, and no disk

@@ -2,6 +2,7 @@
 
 #include "duplicate/report/RunReport.h"
 #include "duplicate/run/DiskReport.h"
+#include "duplicate/run/EvidenceChoice.h"
 #include "foundation/Clock.h"
 #include "foundation/MainQueue.h"
 #include "foundation/NotificationNames.h"
@@ -210,6 +211,7 @@ void DuplicationRun::copyTo(const FolderJob &job)
 {
     auto task = CopyTask{job.job, m_report, job.locks};
     task.job.totalFiles = m_order.totalFiles;
+    task.evidence = evidenceOf(m_order, task.job, m_destinations, m_log, m_clock);
     m_relay.jobHandedOver(task.job.SrcDiskPath, task.job.DesFileArray);
     const auto run = m_number.load();
     m_view.copyStarts(task.job);

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "duplicate/evidence/EvidenceLog.h"
+#include "duplicate/evidence/History.h"
+#include "duplicate/evidence/ManifestFile.h"
+#include "duplicate/evidence/MhlXml.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace orvana
+{
+
+/// Returns the machine's own name, as text.
+std::string nameOfMachine();
+
+/// What is the same in all manifests of one copy.
+struct ManifestStyle
+{
+    DigestFormat format = DigestFormat::Xxh128;
+    std::int64_t started = 0; ///< of the run, seconds since 1970
+    std::string host;
+    std::string comment; ///< UTF-8; may be empty
+    std::string process; ///< "transfer" or "in-place"
+    std::string programVersion;
+    std::string rootName;         ///< of the volume, for the names of manifests in its root
+    std::string folderForSorting; ///< for files without a name
+    std::string stationFolder;    ///< gets a copy of each manifest; empty for none
+};
+
+/// What a reader of the manifests should know besides.
+struct EvidenceRemark
+{
+    enum class Kind {
+        NotListed,      ///< the file is on the disk, but not in the manifest
+        NoManifest,     ///< the folder gets no manifest at all
+        NotAsInHistory, ///< the file differs from what earlier generations say, or is missing
+    };
+
+    Kind kind = Kind::NotListed;
+    std::string path; ///< of a file or folder, below the volume
+    std::string text; ///< the reason
+};
+
+using EvidenceListener = std::function<void(const EvidenceRemark &)>;
+
+/// Appends one generation to the history of one folder, or begins its history.
+///
+/// Nothing of it has its final name before it is on the disk: first the manifest, then the chain. So a cut at
+/// any moment leaves the history as it was, or with a whole new generation.
+class HistoryWriter
+{
+public:
+    /// Reads the history, if there is one, and opens a manifest for the folder `root` of the volume. The
+    /// error says why the folder gets no generation. `volume` must outlive the writer.
+    static tl::expected<std::unique_ptr<HistoryWriter>, std::string>
+    open(platform::Folder &volume, const std::string &root, const ManifestStyle &style,
+         const std::optional<FolderDigest> &digest, const std::vector<std::string> &skipped,
+         EvidenceListener tell);
+
+    /// Removes what has no final name yet.
+    ~HistoryWriter();
+    HistoryWriter(const HistoryWriter &) = delete;
+    HistoryWriter &operator=(const HistoryWriter &) = delete;
+
+    const std::string &root() const { return m_root; }
+
+    /// Adds a file, in order of the paths, which are those below the volume.
+    void file(const EvidenceEntry &file);
+
+    void folder(const std::string &path, std::int64_t modified, const std::optional<FolderDigest> &digest);
+
+    /// Refers to a manifest of a history that lies below this one. Its path is one below the volume.
+    void refer(const MhlReference &manifest);
+
+    struct Committed
+    {
+        MhlReference manifest; ///< its path is one below the volume
+        std::uint64_t files = 0;
+    };
+
+    /// Finishes the manifest and brings it to the disk, and then the chain. The error says what failed.
+    tl::expected<Committed, std::string> commit();
+
+private:
+    HistoryWriter(platform::Folder &volume, std::string root, const ManifestStyle &style,
+                  EvidenceListener tell);
+
+    tl::expected<void, std::string> readOldGenerations();
+    tl::expected<void, std::string> openManifest();
+    void start(const std::optional<FolderDigest> &digest, const std::vector<std::string> &skipped);
+    void writeEntry(const std::string &xml);
+    DigestAction actionFor(const EvidenceEntry &file, const std::string &path);
+    void passKnownFilesBefore(const std::string &path);
+    platform::Expected<void> putInPlace(const MhlReference &manifest);
+    platform::Expected<void> writeChain(const std::string &path, const MhlReference &manifest);
+    std::string pathOf(std::string_view inRoot) const;
+    std::string manifestName() const;
+
+    platform::Folder &m_volume;
+    const std::string m_root;
+    const ManifestStyle &m_style;
+    EvidenceListener m_tell;
+    std::optional<History> m_old;
+    KnownFiles m_known;
+    std::optional<KnownFiles::Reader> m_knownReader;
+    std::string m_name; // file name of the manifest
+    std::string
+        m_unfinished; // what has no final name yet: a manifest, or the whole folder; empty for nothing
+    std::optional<ManifestFile> m_manifest;
+    std::vector<MhlReference> m_references;
+    bool m_hasEntries = false;
+    std::uint64_t m_files = 0;
+};
+
+} // namespace orvana

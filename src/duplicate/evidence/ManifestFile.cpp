@@ -1,0 +1,77 @@
+#include "duplicate/evidence/ManifestFile.h"
+
+#include "foundation/DisplayPath.h"
+#include "foundation/SystemLog.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <span>
+#include <system_error>
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr std::size_t WriteAtOnce = 64UL * 1024;
+constexpr std::uint32_t EverybodyMayRead = 0644;
+
+} // namespace
+
+platform::Expected<ManifestFile> ManifestFile::create(const platform::Folder &folder, const std::string &path,
+                                                      const std::string &stationCopy, DigestFormat own)
+{
+    auto file = folder.createFile(path, {.permissions = EverybodyMayRead});
+    if (!file)
+        return tl::unexpected(file.error());
+    ManifestFile manifest(std::move(*file), own);
+    if (!stationCopy.empty())
+        manifest.openStationCopy(stationCopy);
+    return manifest;
+}
+
+void ManifestFile::openStationCopy(const std::string &path)
+{
+    std::error_code ignored;
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
+    m_station.reset(std::fopen(path.c_str(), "wxe"));
+    if (!m_station)
+        systemLog("The station's copy of a manifest cannot be written: " + displayPath(path) + ": " +
+                  std::generic_category().message(errno));
+}
+
+void ManifestFile::write(std::string_view text)
+{
+    m_buffer += text;
+    if (m_buffer.size() >= WriteAtOnce)
+        flush();
+}
+
+void ManifestFile::flush()
+{
+    m_digest.add(m_buffer);
+    if (m_station)
+        std::fwrite(m_buffer.data(), 1, m_buffer.size(), m_station.get());
+    if (m_result)
+        m_result = m_file->write(std::as_bytes(std::span(m_buffer)), m_offset);
+    m_offset += m_buffer.size();
+    m_buffer.clear();
+}
+
+platform::Expected<std::string> ManifestFile::close()
+{
+    flush();
+    const auto synced = m_file->sync();
+    const auto closed = m_file->close();
+    for (const auto &step : {m_result, synced, closed}) {
+        if (!step)
+            return tl::unexpected(step.error());
+    }
+    if (m_station && std::fflush(m_station.get()) != 0)
+        systemLog("The station's copy of a manifest is not whole: " + std::generic_category().message(errno));
+    m_station.reset();
+    return m_digest.text();
+}
+
+} // namespace orvana

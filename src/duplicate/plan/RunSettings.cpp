@@ -1,0 +1,81 @@
+#include "duplicate/plan/RunSettings.h"
+
+#include "duplicate/evidence/MhlXml.h"
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr std::string_view Mhl = "mhl";
+constexpr std::string_view Sums = "sums";
+
+std::vector<std::string> manifestKinds()
+{
+    return {std::string(Mhl), std::string(Sums)};
+}
+
+std::string manifestOf(const RunSettings &settings)
+{
+    switch (settings.manifest) {
+    case ManifestKind::None:
+        return {};
+    case ManifestKind::Mhl:
+        return std::string(Mhl);
+    case ManifestKind::Sums:
+        return std::string(Sums);
+    }
+    return {};
+}
+
+void setManifest(RunSettings &settings, std::string_view value)
+{
+    settings.manifest = value == Mhl    ? ManifestKind::Mhl
+                        : value == Sums ? ManifestKind::Sums
+                                        : ManifestKind::None;
+}
+
+std::vector<std::string> digestFormats()
+{
+    std::vector<std::string> names;
+    for (const auto format : AllDigestFormats)
+        names.emplace_back(nameOf(format));
+    return names;
+}
+
+std::string digestOf(const RunSettings &settings)
+{
+    return settings.digest ? std::string(nameOf(*settings.digest)) : std::string();
+}
+
+void setDigest(RunSettings &settings, std::string_view value)
+{
+    settings.digest = digestFormatNamed(value);
+}
+
+} // namespace
+
+const std::array<ListedRunSetting, 2> AllListedRunSettings{
+    ListedRunSetting{"manifest", "--manifest", "KIND",
+                     "Leave a list of the files with their digests on each copy: an ASC MHL history, or a "
+                     "checksum file",
+                     manifestKinds, manifestOf, setManifest},
+    ListedRunSetting{"digest", "--digest", "FORMAT",
+                     "Make a digest of each file while it is copied, and compare it when verifying",
+                     digestFormats, digestOf, setDigest},
+};
+
+std::optional<std::string> conflictIn(const RunSettings &settings)
+{
+    if (!settings.digest)
+        return std::nullopt;
+    const std::string name(nameOf(*settings.digest));
+    if (settings.manifest == ManifestKind::Mhl && !canBeInMhl(*settings.digest))
+        return "an ASC MHL manifest cannot hold " + name + " digests";
+    if (settings.manifest == ManifestKind::Sums && !canBeInSums(*settings.digest))
+        return "a checksum file cannot hold " + name + " digests";
+    return std::nullopt;
+}
+
+} // namespace orvana
