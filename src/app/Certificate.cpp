@@ -109,6 +109,8 @@ QString Certificate::page(const DestinationSummary &destination) const
                                            : QStringLiteral("none"));
     text += row("Differ", counted(destination.mismatched));
     text += row("Failed", counted(destination.failed));
+    for (const auto &manifest : manifestLines(destination))
+        text += row("Manifest", QString::fromStdString(manifest).toHtmlEscaped());
     text += row("Left out by rule", counted(m_summary.leftOut));
     text += row("Began", timeOf(m_summary.started));
     text += row("Ended", timeOf(m_summary.ended));

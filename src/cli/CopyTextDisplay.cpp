@@ -106,9 +106,8 @@ private:
     void printDestination(const DestinationSummary &destination, double rate)
     {
         m_terminal.print(textOf(destination, rate));
-        for (const auto &manifest : destination.manifests)
-            m_terminal.print("    " + displayPath(manifest.path) + ": " + std::to_string(manifest.files) +
-                             " file(s), " + manifest.digestName + " " + manifest.digest);
+        for (const auto &line : manifestLines(destination))
+            m_terminal.print("    " + line);
     }
 
     static std::string textOf(const DestinationSummary &destination, double rate)

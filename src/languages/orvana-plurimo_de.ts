@@ -301,6 +301,14 @@
         <source>an enclosure needs two to four bays</source>
         <translation>ein Gehäuse braucht zwei bis vier Schächte</translation>
     </message>
+    <message>
+        <source>an ASC MHL manifest cannot hold sha256 digests</source>
+        <translation>ein ASC-MHL-Manifest kann keine sha256-Prüfsummen enthalten</translation>
+    </message>
+    <message>
+        <source>a checksum file cannot hold c4 digests</source>
+        <translation>eine Prüfsummendatei kann keine c4-Prüfsummen enthalten</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -984,6 +992,10 @@
         <source>&amp;About Orvana Plurimo</source>
         <translation>&amp;Über Orvana Plurimo</translation>
     </message>
+    <message>
+        <source>Verify dis&amp;ks...</source>
+        <translation>&amp;Disks prüfen...</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1397,6 +1409,26 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
         <source>Eject at the end</source>
         <translation>Am Ende auswerfen</translation>
     </message>
+    <message>
+        <source>&amp;Manifest on each copy:</source>
+        <translation>&amp;Manifest auf jeder Kopie:</translation>
+    </message>
+    <message>
+        <source>&amp;Digest of each file:</source>
+        <translation>&amp;Prüfsumme jeder Datei:</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>ASC MHL history</source>
+        <translation>ASC-MHL-Historie</translation>
+    </message>
+    <message>
+        <source>Checksum file</source>
+        <translation>Prüfsummendatei</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>
@@ -1407,6 +1439,89 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message>
         <source>&amp;Orvana Storage Device (%1) :</source>
         <translation>&amp;Orvana-Speichergerät (%1):</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::VerifyWindow</name>
+    <message>
+        <source>&amp;Record the result on the disks</source>
+        <translation>Ergebnis auf den Disks &amp;festhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Add folder...</source>
+        <translation>Ordner &amp;hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Verify Disks</source>
+        <translation>Disks prüfen</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Was gefunden wurde</translation>
+    </message>
+    <message>
+        <source>Appends the result to the history on each disk, as its next generation.</source>
+        <translation>Fügt das Ergebnis der Historie auf jeder Disk als nächste Generation an.</translation>
+    </message>
+    <message>
+        <source>Each ticked disk is read in full and compared with the list of files on it. The source is not needed.</source>
+        <translation>Jede angekreuzte Disk wird ganz gelesen und mit der Dateiliste auf ihr verglichen. Die Quelle wird nicht gebraucht.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>Disk</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Gelesen</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Urteil</translation>
+    </message>
+    <message>
+        <source>Disks</source>
+        <translation>Disks</translation>
+    </message>
+    <message>
+        <source>Add a Folder to Verify</source>
+        <translation>Ordner zum Prüfen hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>&amp;Prüfen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>There is no list of files</source>
+        <translation>Keine Dateiliste vorhanden</translation>
+    </message>
+    <message>
+        <source>Not verified</source>
+        <translation>Nicht geprüft</translation>
+    </message>
+    <message>
+        <source>Whole</source>
+        <translation>Vollständig</translation>
+    </message>
+    <message>
+        <source>Not whole</source>
+        <translation>Nicht vollständig</translation>
     </message>
 </context>
 <context>

@@ -301,6 +301,14 @@
         <source>an enclosure needs two to four bays</source>
         <translation>una caja necesita de dos a cuatro bahías</translation>
     </message>
+    <message>
+        <source>an ASC MHL manifest cannot hold sha256 digests</source>
+        <translation>un manifiesto ASC MHL no puede contener sumas sha256</translation>
+    </message>
+    <message>
+        <source>a checksum file cannot hold c4 digests</source>
+        <translation>un archivo de sumas no puede contener sumas c4</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -984,6 +992,10 @@
         <source>&amp;About Orvana Plurimo</source>
         <translation>&amp;Acerca de Orvana Plurimo</translation>
     </message>
+    <message>
+        <source>Verify dis&amp;ks...</source>
+        <translation>Verificar dis&amp;cos...</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1397,6 +1409,26 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
         <source>Eject at the end</source>
         <translation>Expulsar al final</translation>
     </message>
+    <message>
+        <source>&amp;Manifest on each copy:</source>
+        <translation>&amp;Manifiesto en cada copia:</translation>
+    </message>
+    <message>
+        <source>&amp;Digest of each file:</source>
+        <translation>&amp;Suma de cada archivo:</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
+    </message>
+    <message>
+        <source>ASC MHL history</source>
+        <translation>Historial ASC MHL</translation>
+    </message>
+    <message>
+        <source>Checksum file</source>
+        <translation>Archivo de sumas</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>
@@ -1407,6 +1439,89 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message>
         <source>&amp;Orvana Storage Device (%1) :</source>
         <translation>Dispositivo &amp;Orvana (%1):</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::VerifyWindow</name>
+    <message>
+        <source>&amp;Record the result on the disks</source>
+        <translation>&amp;Registrar el resultado en los discos</translation>
+    </message>
+    <message>
+        <source>&amp;Add folder...</source>
+        <translation>&amp;Añadir carpeta...</translation>
+    </message>
+    <message>
+        <source>Verify Disks</source>
+        <translation>Verificar discos</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Lo que se encontró</translation>
+    </message>
+    <message>
+        <source>Appends the result to the history on each disk, as its next generation.</source>
+        <translation>Añade el resultado al historial de cada disco, como su siguiente generación.</translation>
+    </message>
+    <message>
+        <source>Each ticked disk is read in full and compared with the list of files on it. The source is not needed.</source>
+        <translation>Cada disco marcado se lee por completo y se compara con la lista de archivos que contiene. No se necesita el origen.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>Disco</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Leído</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Veredicto</translation>
+    </message>
+    <message>
+        <source>Disks</source>
+        <translation>Discos</translation>
+    </message>
+    <message>
+        <source>Add a Folder to Verify</source>
+        <translation>Añadir una carpeta para verificar</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Detener</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>&amp;Verificar</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Detenido</translation>
+    </message>
+    <message>
+        <source>There is no list of files</source>
+        <translation>No hay lista de archivos</translation>
+    </message>
+    <message>
+        <source>Not verified</source>
+        <translation>No verificado</translation>
+    </message>
+    <message>
+        <source>Whole</source>
+        <translation>Íntegro</translation>
+    </message>
+    <message>
+        <source>Not whole</source>
+        <translation>No íntegro</translation>
     </message>
 </context>
 <context>

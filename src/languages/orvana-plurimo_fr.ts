@@ -301,6 +301,14 @@
         <source>an enclosure needs two to four bays</source>
         <translation>un boîtier a besoin de deux à quatre baies</translation>
     </message>
+    <message>
+        <source>an ASC MHL manifest cannot hold sha256 digests</source>
+        <translation>un manifeste ASC MHL ne peut pas contenir de sommes sha256</translation>
+    </message>
+    <message>
+        <source>a checksum file cannot hold c4 digests</source>
+        <translation>un fichier de sommes ne peut pas contenir de sommes c4</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -984,6 +992,10 @@
         <source>&amp;About Orvana Plurimo</source>
         <translation>À &amp;propos d’Orvana Plurimo</translation>
     </message>
+    <message>
+        <source>Verify dis&amp;ks...</source>
+        <translation>Vérifier les dis&amp;ques...</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1397,6 +1409,26 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
         <source>Eject at the end</source>
         <translation>Éjecter à la fin</translation>
     </message>
+    <message>
+        <source>&amp;Manifest on each copy:</source>
+        <translation>&amp;Manifeste sur chaque copie :</translation>
+    </message>
+    <message>
+        <source>&amp;Digest of each file:</source>
+        <translation>&amp;Somme de chaque fichier :</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucun</translation>
+    </message>
+    <message>
+        <source>ASC MHL history</source>
+        <translation>Historique ASC MHL</translation>
+    </message>
+    <message>
+        <source>Checksum file</source>
+        <translation>Fichier de sommes</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>
@@ -1407,6 +1439,89 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message>
         <source>&amp;Orvana Storage Device (%1) :</source>
         <translation>Appareil de stockage &amp;Orvana (%1) :</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::VerifyWindow</name>
+    <message>
+        <source>&amp;Record the result on the disks</source>
+        <translation>Enregist&amp;rer le résultat sur les disques</translation>
+    </message>
+    <message>
+        <source>&amp;Add folder...</source>
+        <translation>&amp;Ajouter un dossier...</translation>
+    </message>
+    <message>
+        <source>Verify Disks</source>
+        <translation>Vérifier les disques</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Ce qui a été trouvé</translation>
+    </message>
+    <message>
+        <source>Appends the result to the history on each disk, as its next generation.</source>
+        <translation>Ajoute le résultat à l&apos;historique de chaque disque, comme génération suivante.</translation>
+    </message>
+    <message>
+        <source>Each ticked disk is read in full and compared with the list of files on it. The source is not needed.</source>
+        <translation>Chaque disque coché est lu en entier et comparé à la liste de fichiers qu&apos;il contient. La source n&apos;est pas nécessaire.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>Disque</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lu</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Verdict</translation>
+    </message>
+    <message>
+        <source>Disks</source>
+        <translation>Disques</translation>
+    </message>
+    <message>
+        <source>Add a Folder to Verify</source>
+        <translation>Ajouter un dossier à vérifier</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>Arrê&amp;ter</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>&amp;Vérifier</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Arrêté</translation>
+    </message>
+    <message>
+        <source>There is no list of files</source>
+        <translation>Aucune liste de fichiers</translation>
+    </message>
+    <message>
+        <source>Not verified</source>
+        <translation>Non vérifié</translation>
+    </message>
+    <message>
+        <source>Whole</source>
+        <translation>Intact</translation>
+    </message>
+    <message>
+        <source>Not whole</source>
+        <translation>Pas intact</translation>
     </message>
 </context>
 <context>

@@ -301,6 +301,14 @@
         <source>an enclosure needs two to four bays</source>
         <translation>エンクロージャには 2〜4 個のベイが必要です</translation>
     </message>
+    <message>
+        <source>an ASC MHL manifest cannot hold sha256 digests</source>
+        <translation>ASC MHLマニフェストにsha256のダイジェストは入れられません</translation>
+    </message>
+    <message>
+        <source>a checksum file cannot hold c4 digests</source>
+        <translation>チェックサムファイルにc4のダイジェストは入れられません</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -984,6 +992,10 @@
         <source>&amp;About Orvana Plurimo</source>
         <translation>Orvana Plurimo について(&amp;A)</translation>
     </message>
+    <message>
+        <source>Verify dis&amp;ks...</source>
+        <translation>ディスクを検証(&amp;K)...</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1392,6 +1404,26 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
         <source>Eject at the end</source>
         <translation>終了時に取り出す</translation>
     </message>
+    <message>
+        <source>&amp;Manifest on each copy:</source>
+        <translation>各コピーのマニフェスト(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Digest of each file:</source>
+        <translation>各ファイルのダイジェスト(&amp;D):</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>ASC MHL history</source>
+        <translation>ASC MHL履歴</translation>
+    </message>
+    <message>
+        <source>Checksum file</source>
+        <translation>チェックサムファイル</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>
@@ -1402,6 +1434,89 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message>
         <source>&amp;Orvana Storage Device (%1) :</source>
         <translation>Orvana ストレージ機器(&amp;O) (%1):</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::VerifyWindow</name>
+    <message>
+        <source>&amp;Record the result on the disks</source>
+        <translation>結果をディスクに記録(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Add folder...</source>
+        <translation>フォルダを追加(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Verify Disks</source>
+        <translation>ディスクの検証</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>見つかったこと</translation>
+    </message>
+    <message>
+        <source>Appends the result to the history on each disk, as its next generation.</source>
+        <translation>結果を各ディスクの履歴に次の世代として追加します。</translation>
+    </message>
+    <message>
+        <source>Each ticked disk is read in full and compared with the list of files on it. The source is not needed.</source>
+        <translation>チェックした各ディスクをすべて読み取り、そのディスク上のファイル一覧と比べます。コピー元は必要ありません。</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>ディスク</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>読み取り</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>判定</translation>
+    </message>
+    <message>
+        <source>Disks</source>
+        <translation>ディスク</translation>
+    </message>
+    <message>
+        <source>Add a Folder to Verify</source>
+        <translation>検証するフォルダを追加</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>検証(&amp;V)</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2中%1</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>停止しました</translation>
+    </message>
+    <message>
+        <source>There is no list of files</source>
+        <translation>ファイル一覧がありません</translation>
+    </message>
+    <message>
+        <source>Not verified</source>
+        <translation>検証できません</translation>
+    </message>
+    <message>
+        <source>Whole</source>
+        <translation>完全</translation>
+    </message>
+    <message>
+        <source>Not whole</source>
+        <translation>不完全</translation>
     </message>
 </context>
 <context>

@@ -301,6 +301,14 @@
         <source>an enclosure needs two to four bays</source>
         <translation>硬盘盒需要两到四个盘位</translation>
     </message>
+    <message>
+        <source>an ASC MHL manifest cannot hold sha256 digests</source>
+        <translation>ASC MHL 清单不能包含 sha256 摘要</translation>
+    </message>
+    <message>
+        <source>a checksum file cannot hold c4 digests</source>
+        <translation>校验和文件不能包含 c4 摘要</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -984,6 +992,10 @@
         <source>&amp;About Orvana Plurimo</source>
         <translation>关于 Orvana Plurimo(&amp;A)</translation>
     </message>
+    <message>
+        <source>Verify dis&amp;ks...</source>
+        <translation>校验磁盘(&amp;K)...</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1392,6 +1404,26 @@ Press OK to continue duplicating to the remaining drive(s).</source>
         <source>Eject at the end</source>
         <translation>结束时弹出</translation>
     </message>
+    <message>
+        <source>&amp;Manifest on each copy:</source>
+        <translation>每份副本上的清单(&amp;M)：</translation>
+    </message>
+    <message>
+        <source>&amp;Digest of each file:</source>
+        <translation>每个文件的摘要(&amp;D)：</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>ASC MHL history</source>
+        <translation>ASC MHL 历史记录</translation>
+    </message>
+    <message>
+        <source>Checksum file</source>
+        <translation>校验和文件</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>
@@ -1402,6 +1434,89 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message>
         <source>&amp;Orvana Storage Device (%1) :</source>
         <translation>Orvana 存储设备(&amp;O) (%1)：</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::VerifyWindow</name>
+    <message>
+        <source>&amp;Record the result on the disks</source>
+        <translation>将结果记录到磁盘上(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Add folder...</source>
+        <translation>添加文件夹(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Verify Disks</source>
+        <translation>校验磁盘</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>发现的问题</translation>
+    </message>
+    <message>
+        <source>Appends the result to the history on each disk, as its next generation.</source>
+        <translation>将结果作为下一代追加到每个磁盘的历史记录。</translation>
+    </message>
+    <message>
+        <source>Each ticked disk is read in full and compared with the list of files on it. The source is not needed.</source>
+        <translation>勾选的每个磁盘都会被完整读取，并与其上的文件列表比较。不需要源盘。</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>磁盘</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>已读取</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>结论</translation>
+    </message>
+    <message>
+        <source>Disks</source>
+        <translation>磁盘</translation>
+    </message>
+    <message>
+        <source>Add a Folder to Verify</source>
+        <translation>添加要校验的文件夹</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>校验(&amp;V)</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>There is no list of files</source>
+        <translation>没有文件列表</translation>
+    </message>
+    <message>
+        <source>Not verified</source>
+        <translation>未校验</translation>
+    </message>
+    <message>
+        <source>Whole</source>
+        <translation>完整</translation>
+    </message>
+    <message>
+        <source>Not whole</source>
+        <translation>不完整</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include "ui/ElidedLabel.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QFile>
@@ -228,6 +229,34 @@ TEST_F(JobsTest, OptionsAreChosenInASheetShownBesideTheBoxesAndHoldForOneRun)
     EXPECT_FALSE(isMounted("COPY2"));
     EXPECT_TRUE(isMounted("Master"));
     EXPECT_EQ(actions().optionsText->text(), QString()) << "they were for this run";
+}
+
+TEST_F(JobsTest, ManifestIsChosenInTheSheetAndLiesOnEachCopyAfterwards)
+{
+    startWithEnclosure();
+    window().chooseOptions();
+    auto *sheet = window().findChild<RunOptionsSheet *>();
+    const auto lists = sheet->findChildren<QComboBox *>();
+    ASSERT_EQ(static_cast<std::size_t>(lists.size()), AllListedRunSettings.size());
+    auto *accept = sheet->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+    lists[0]->setCurrentIndex(lists[0]->findData(QStringLiteral("mhl")));
+    lists[1]->setCurrentIndex(lists[1]->findData(QStringLiteral("sha256")));
+    EXPECT_FALSE(accept->isEnabled()) << "such a manifest cannot hold sha256";
+    lists[1]->setCurrentIndex(lists[1]->findData(QStringLiteral("md5")));
+    EXPECT_TRUE(accept->isEnabled());
+    accept->click();
+    EXPECT_EQ(actions().optionsText->text(), QStringLiteral("ASC MHL history, md5"));
+    pressStart();
+    untilSheet("File Copy Completed");
+    EXPECT_EQ(window().settings(), RunSettings());
+    ASSERT_EQ(report()["destinations"].size(), 2U);
+    for (const auto &destination : report()["destinations"]) {
+        const auto &manifests = destination["manifests"];
+        ASSERT_FALSE(manifests.empty()) << destination.dump();
+        EXPECT_TRUE(test::pathExists(destination["path"].get<std::string>() + "/" +
+                                     manifests[0]["path"].get<std::string>()));
+        EXPECT_TRUE(manifests[0]["c4"].get<std::string>().starts_with("c4"));
+    }
 }
 
 TEST_F(JobsTest, CancelledOptionsChangeNothing)

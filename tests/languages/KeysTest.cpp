@@ -3,7 +3,9 @@
 #include "app/BaySetupSheet.h"
 #include "app/MainMenu.h"
 #include "app/OrvanaAppDelegate.h"
+#include "app/RunOptionsSheet.h"
 #include "app/RunReportWindow.h"
+#include "app/VerifyWindow.h"
 #include "app/WindowFixture.h"
 #include "languages/Languages.h"
 
@@ -82,6 +84,10 @@ TEST_P(Keys, OfTheReportAndTheBaySetupMeanOneThing)
 {
     const RunReportWindow report({}, {}, [] { return std::string(); });
     expectUnique(textsOf(report));
+    const VerifyWindow verify(context().host.volumeFiles(), m_tree.path("logs"), {});
+    expectUnique(textsOf(verify));
+    const RunOptionsSheet options({}, [](const auto &) {}, nullptr);
+    expectUnique(textsOf(options));
     m_machine["enclosures"] = Json::array();
     start();
     window().setUpBays();

@@ -3,6 +3,7 @@
 
 #include "app/BaySetupSheet.h"
 #include "app/RunOptionsSheet.h"
+#include "app/VerifyWindow.h"
 #include "app/WindowFixture.h"
 #include "languages/Languages.h"
 #include "log/view/LogDataWindows.h"
@@ -162,10 +163,12 @@ TEST_P(NothingIsCut, InTheOtherWindows)
     RunOptionsSheet options({}, [](const auto &) {}, &window());
     LogDataWindows logs(context().host, m_tree.path("logs"));
     VersionWindow version(context().host, "0.1.0");
+    VerifyWindow verify(context().host.volumeFiles(), m_tree.path("logs"), {});
     window().setUpBays();
     ASSERT_TRUE(window().baySetup());
-    for (QWidget *other : {static_cast<QWidget *>(&options), static_cast<QWidget *>(&logs),
-                           static_cast<QWidget *>(&version), static_cast<QWidget *>(window().baySetup())}) {
+    for (QWidget *other :
+         {static_cast<QWidget *>(&options), static_cast<QWidget *>(&logs), static_cast<QWidget *>(&version),
+          static_cast<QWidget *>(&verify), static_cast<QWidget *>(window().baySetup())}) {
         other->show();
         pass(std::chrono::milliseconds(10));
         look(*other);

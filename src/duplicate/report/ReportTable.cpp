@@ -66,13 +66,15 @@ ReportTable::Row rowOf(const DiskEntry &disk)
             "-"};
 }
 
-// Returns what is wrong with a destination, as lines.
-std::vector<std::string> troubleOf(const DestinationSummary &destination, const RunSummary &run,
+// Returns what is to be said of a destination besides its row, as lines: its manifests, and what is wrong.
+std::vector<std::string> detailsOf(const DestinationSummary &destination, const RunSummary &run,
                                    const std::vector<ProblemGroup> &problems)
 {
     std::vector<std::string> lines;
     if (destination.durability == Durability::NotKnown)
         lines.push_back(std::to_string(destination.notKnownToBeOnDisk) + " " + destination.reason);
+    for (const auto &manifest : manifestLines(destination))
+        lines.push_back("manifest " + manifest);
     for (const auto &group : problems) {
         if (group.destination != destination.path)
             continue;
@@ -107,6 +109,7 @@ std::string lackOf(const DestinationSummary &destination)
     add(destination.failed, " failed");
     add(destination.mismatched, " differ");
     add(destination.unverified, " could not be compared");
+    add(destination.evidenceFailures, " with trouble in the manifest");
     return text;
 }
 
@@ -189,7 +192,7 @@ ReportTable reportTable(const RunSummary &summary, const std::vector<ProblemGrou
     table.headline = headlineOf(summary);
     for (const auto &destination : summary.destinations) {
         table.rows.push_back(rowOf(destination, summary));
-        addParagraph(table.lines, nameOf(destination), troubleOf(destination, summary, problems));
+        addParagraph(table.lines, nameOf(destination), detailsOf(destination, summary, problems));
     }
     for (const auto &disk : summary.disks) {
         if (disk.outcome == DiskOutcome::Erased)

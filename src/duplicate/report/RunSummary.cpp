@@ -74,6 +74,15 @@ std::vector<std::string> notOnDiskLines(const RunSummary &summary)
     return lines;
 }
 
+std::vector<std::string> manifestLines(const DestinationSummary &destination)
+{
+    std::vector<std::string> lines;
+    for (const auto &manifest : destination.manifests)
+        lines.push_back(displayPath(manifest.path) + ": " + std::to_string(manifest.files) + " file(s), " +
+                        manifest.digestName + " " + manifest.digest);
+    return lines;
+}
+
 std::string problemText(const RunProblem &problem)
 {
     const auto what =
