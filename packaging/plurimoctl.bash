@@ -4,7 +4,7 @@ _plurimoctl() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if [ "$COMP_CWORD" = 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject mount bays devices logs simulator --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject mount verify bays devices logs simulator --help --version" -- "$word")
         return
     fi
     case $before in
@@ -18,6 +18,19 @@ _plurimoctl() {
         mapfile -t COMPREPLY < <(compgen -f -- "$word")
         return
         ;;
+    --manifest)
+        if [ "$command" = verify ]; then
+            compopt -o filenames 2>/dev/null
+            mapfile -t COMPREPLY < <(compgen -f -- "$word")
+        else
+            mapfile -t COMPREPLY < <(compgen -W "mhl sums" -- "$word")
+        fi
+        return
+        ;;
+    --digest)
+        mapfile -t COMPREPLY < <(compgen -W "xxh128 xxh64 xxh3 md5 sha1 c4 sha256" -- "$word")
+        return
+        ;;
     --bay)
         mapfile -t COMPREPLY < <(compgen -W "A B C D" -- "$word")
         return
@@ -25,18 +38,19 @@ _plurimoctl() {
     esac
     local options="--simulator --demo --demo-folder --log-dir --help"
     case $command in
-    copy) options+=" --to --root --verify --json" ;;
-    duplicate) options+=" --enclosure --source --select --erase --name --verify --yes --json" ;;
+    copy) options+=" --to --root --verify --manifest --digest --json" ;;
+    duplicate) options+=" --enclosure --source --select --erase --name --verify --eject --manifest --digest --job --yes --json" ;;
     erase) options+=" --enclosure --bay --name --yes" ;;
     eject) options+=" --enclosure --bay --yes" ;;
     mount) options+=" --enclosure --bay" ;;
+    verify) options+=" --enclosure --bay --manifest --record --json" ;;
     bays) options+=" list learn check forget --bays --json" ;;
     devices) options+=" --json --watch" ;;
     logs) options+=" list show delete clear --yes --json" ;;
     simulator) options+=" attach detach mount unmount rename show" ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
-    if [ "$command" = copy ] && [[ $word != -* ]]; then
+    if [[ $command = copy || $command = verify ]] && [[ $word != -* ]]; then
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -f -- "$word")
     fi

@@ -84,12 +84,12 @@ TEST_P(Keys, OfTheReportAndTheBaySetupMeanOneThing)
 {
     const RunReportWindow report({}, {}, [] { return std::string(); });
     expectUnique(textsOf(report));
+    m_machine["enclosures"] = Json::array();
+    start();
     const VerifyWindow verify(context().host.volumeFiles(), m_tree.path("logs"), {});
     expectUnique(textsOf(verify));
     const RunOptionsSheet options({}, [](const auto &) {}, nullptr);
     expectUnique(textsOf(options));
-    m_machine["enclosures"] = Json::array();
-    start();
     window().setUpBays();
     ASSERT_TRUE(window().baySetup());
     expectUnique(textsOf(*window().baySetup()));

@@ -1,0 +1,149 @@
+"""Manifests on disks whose plug is pulled: cuts.py FOLDER
+
+A guest copies with manifests onto disks with ext4, FAT and exFAT, again and again. At random moments the machine is
+stopped, and the disks are taken as they are then: what the guest still had in memory is lost. No history on them may
+be one that a checker calls broken. A history that is being copied from a source counts once all of it has come.
+FOLDER is where tools/test-vm puts kernel, memory disk and system disk; SNAPSHOTS is the number of moments (20)."""
+
+import os
+import random
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "evidence"))
+
+import history
+from machine import MEBIBYTE, Machine
+
+FILE_SYSTEMS = {"B": ["mkfs.ext4", "-q", "-F"], "C": ["mkfs.vfat", "-F", "32"], "D": ["mkfs.exfat"]}
+BROKEN = {history.MANIFEST_CHANGED, history.NO_CHAIN, history.MANIFEST_MISSING}
+SIZE = 64  # MiB
+
+PREPARE = """
+for module in vfat exfat nls_cp437 nls_ascii nls_utf8; do modprobe $module; done
+echo 5 >/proc/sys/vm/dirty_writeback_centisecs; echo 5 >/proc/sys/vm/dirty_expire_centisecs
+for bay in B C D; do mkdir -p /mnt/$bay; mount $(readlink -f /dev/disk/by-id/ata-*SN$bay) /mnt/$bay || exit 1; done
+mkdir -p /tmp/source/new0/Clips /tmp/source/old0 /tmp/first
+for i in 1 2 3 4; do head -c 30000 /dev/urandom >/tmp/source/new0/Clips/$i; cp /tmp/source/new0/Clips/$i /tmp/source/old0; done
+plurimoctl copy --root /tmp/source /tmp/source/old0 --to /tmp/first --manifest mhl --log-dir /tmp/logs &&
+rm -r /tmp/source/old0 && mv /tmp/first/old0 /tmp/source/old0
+"""
+
+COPY_FOR_EVER = """
+i=0; while mv /tmp/source/new$i /tmp/source/new$((i+1)) && mv /tmp/source/old$i /tmp/source/old$((i+1)); do
+i=$((i+1)); plurimoctl copy --root /tmp/source /tmp/source/new$i /tmp/source/old$i --to /mnt/B --to /mnt/C --to /mnt/D
+--manifest mhl --log-dir /tmp/logs || exit 1; echo $i >/tmp/runs; done
+"""
+
+
+class FormattedDisks(Machine):
+    """Four disks as always; those in bays B, C and D have a file system each."""
+
+    def devices(self):
+        words = super().devices()
+        for bay, command in FILE_SYSTEMS.items():
+            subprocess.run([*command, f"{self.folder}/disk{bay}"], check=True, stdout=subprocess.DEVNULL)
+        return words
+
+
+def order(machine, script):
+    return machine.run(" ".join(script.split("\n")).replace("do  ", "do ").strip())
+
+
+def mounted(bay, image, place):
+    """What is on the image, and the command that lets go of it."""
+    if bay == "C":
+        subprocess.run(["mcopy", "-s", "-n", "-i", image, "::*", place], check=False, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL)
+        return lambda: None
+    loop = subprocess.run(["losetup", "-f", "--show", image], check=True, stdout=subprocess.PIPE,
+                          text=True).stdout.strip()
+    program = ["mount.exfat-fuse"] if bay == "D" else ["mount", "-t", "ext4"]
+    subprocess.run([*program, loop, place], check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def end():
+        subprocess.run(["umount", place], check=True)
+        subprocess.run(["losetup", "-d", loop], check=True)
+    return end
+
+
+def judge(folder):
+    if "MHL_REFERENCE" not in os.environ:
+        return history.check(folder)
+    code = "from ascmhl.cli.ascmhl_debug import mhldebugtool_cli as main; main()"
+    return subprocess.run([sys.executable, "-c", code, "verify", folder], check=False, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL,
+                          env={**os.environ, "PYTHONPATH": os.environ["MHL_REFERENCE"]}).returncode
+
+
+def has_whole_history_of_source(folder, size_of_chain):
+    """The second generation is renamed into its place after all of the source has come, the first lies there in
+    parts until then."""
+    names = os.listdir(os.path.join(folder, "ascmhl"))
+    chain = os.path.join(folder, "ascmhl", "ascmhl_chain.xml")
+    return any(name.startswith("0002_") for name in names) and os.path.getsize(chain) >= size_of_chain
+
+
+def is_cut(folder):
+    """True when the plug was pulled between the first byte of a manifest and the last name."""
+    names = os.listdir(folder) if os.path.isdir(folder) else []
+    inside = os.listdir(os.path.join(folder, "ascmhl")) if "ascmhl" in names else []
+    return any(name.endswith(".part") for name in names + inside)
+
+
+def check(bay, image, answers):
+    place = tempfile.mkdtemp(prefix="cut-")
+    end = mounted(bay, image, place)
+    try:
+        for name in sorted(os.listdir(place)):
+            folder = os.path.join(place, name)
+            if is_cut(folder):
+                answers[bay]["cut"] = answers[bay].get("cut", 0) + 1
+            if not os.path.isdir(os.path.join(folder, "ascmhl")):
+                continue
+            if name.startswith("old") and not has_whole_history_of_source(folder, 200):
+                continue
+            number = judge(folder)
+            answers[bay][number] = answers[bay].get(number, 0) + 1
+            assert number not in BROKEN, f"{FILE_SYSTEMS[bay][0]}, {name}: {number}: " \
+                f"{os.listdir(os.path.join(folder, 'ascmhl'))}"
+    finally:
+        end()
+        shutil.rmtree(place)
+
+
+def main():
+    folder = os.path.abspath(sys.argv[1])
+    kernel = next(os.path.join(folder, "kernel/boot", name) for name in os.listdir(folder + "/kernel/boot")
+                  if name.startswith("vmlinuz"))
+    count = int(os.environ.get("SNAPSHOTS", "20"))
+    answers = {bay: {} for bay in FILE_SYSTEMS}
+    chance = random.Random(11)
+    with tempfile.TemporaryDirectory(prefix="cuts-") as place:
+        machine = FormattedDisks(place, kernel, f"{folder}/memory.gz", f"{folder}/system", SIZE)
+        try:
+            order(machine, PREPARE.replace("\n", "; ").replace("&&; ", "&& ").strip("; "))
+            machine.run("(" + " ".join(COPY_FOR_EVER.split("\n")).strip() + ") >/tmp/copying 2>&1 &")
+            for number in range(count):
+                time.sleep(chance.uniform(0.1, 3))
+                machine.ask_control("stop")
+                for bay in FILE_SYSTEMS:
+                    shutil.copyfile(f"{place}/disk{bay}", f"{place}/cut{bay}")
+                machine.ask_control("cont")
+                for bay in FILE_SYSTEMS:
+                    check(bay, f"{place}/cut{bay}", answers)
+                print(f"  {number + 1} moments, {machine.run('cat /tmp/runs 2>/dev/null || echo 0')} runs", flush=True)
+        finally:
+            machine.end()
+    for bay, command in FILE_SYSTEMS.items():
+        cuts = answers[bay].pop("cut", 0)
+        print(f"{command[0]}: {cuts} cut while a history was written; " +
+              ", ".join(f"{times} times {number}" for number, times in sorted(answers[bay].items())))
+    assert all(answers.values()), "the disks held no history"
+
+
+if __name__ == "__main__":
+    main()
