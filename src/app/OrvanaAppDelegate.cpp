@@ -68,6 +68,11 @@ void OrvanaAppDelegate::showLogDataWindows()
     window.activateWindow();
 }
 
+VerifyWindow *OrvanaAppDelegate::verifyWindow() const
+{
+    return m_verifyWindow;
+}
+
 // The disks are those of the moment, so a window that is already open keeps its own.
 void OrvanaAppDelegate::showVerifyWindow()
 {

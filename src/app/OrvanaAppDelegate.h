@@ -35,6 +35,9 @@ public:
 
     MainWindow &mainWindow();
     LogDataWindows &logDataWindow();
+
+    /// The open window of `showVerifyWindow`, or null.
+    VerifyWindow *verifyWindow() const;
     VersionWindow &versionWindow();
 
     // The actions of the menu.

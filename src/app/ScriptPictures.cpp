@@ -5,6 +5,7 @@
 #include "app/OrvanaAppDelegate.h"
 #include "app/RunReportWindow.h"
 #include "app/ScriptRunner.h"
+#include "app/VerifyWindow.h"
 #include "log/view/LogDataWindows.h"
 #include "ui/Palettes.h"
 
@@ -70,6 +71,21 @@ void ScriptRunner::addPictures()
         m_delegate.showLogDataWindows();
         return done();
     });
+    addStep(QStringLiteral("verify-disks"), 0, [this](const auto &) {
+        m_delegate.showVerifyWindow();
+        m_delegate.verifyWindow()->start();
+        return done();
+    });
+    addStep(QStringLiteral("wait-verified"), 0, [this](const auto &) {
+        const auto *verify = m_delegate.verifyWindow();
+        return when(verify && !verify->isUnderWay(), QStringLiteral("the disks are not verified yet"));
+    });
+    addStep(QStringLiteral("expect-verified"), 1, [this](const auto &words) {
+        const auto *verify = m_delegate.verifyWindow();
+        return verify && verify->findings().contains(words.first())
+                   ? done()
+                   : failed(verify ? verify->findings() : QStringLiteral("nothing was verified"));
+    });
     addStep(QStringLiteral("show-about"), 0, [this](const auto &) {
         m_delegate.showAbout();
         return done();
@@ -88,7 +104,7 @@ ScriptRunner::Result ScriptRunner::saveReport(const QString &file)
     return isSaved ? done() : failed(QStringLiteral("cannot write the report"));
 }
 
-// grab FILE [SCALE [report|logs|bays]]
+// grab FILE [SCALE [report|logs|verify|bays]]
 ScriptRunner::Result ScriptRunner::grab(const QStringList &words)
 {
     const int scale = words.size() > 1 ? words[1].toInt() / 100 : 1;
@@ -100,6 +116,8 @@ ScriptRunner::Result ScriptRunner::grab(const QStringList &words)
         picture = grabAt(*reportWindow(), scale);
     else if (what == QStringLiteral("logs"))
         picture = grabAt(m_delegate.logDataWindow(), scale);
+    else if (what == QStringLiteral("verify") && m_delegate.verifyWindow())
+        picture = grabAt(*m_delegate.verifyWindow(), scale);
     else if (what == QStringLiteral("bays") && window().baySetup())
         picture = grabAt(*window().baySetup(), scale);
     else if (what.isEmpty())

@@ -100,6 +100,18 @@ void ScriptRunner::end(const QString &reason)
 
 void ScriptRunner::addChoices()
 {
+    addStep(QStringLiteral("option"), 2, [this](const auto &words) {
+        auto settings = window().settings();
+        const auto value = words[1].toStdString();
+        for (const auto &setting : AllListedRunSettings) {
+            if (words[0] != QString::fromLatin1(setting.key))
+                continue;
+            setting.set(settings, value);
+            window().setSettings(settings);
+            return setting.get(settings) == value ? done() : failed(QStringLiteral("no such value"));
+        }
+        return failed(QStringLiteral("no such option"));
+    });
     addStep(QStringLiteral("select-enclosure"), 1, [this](const auto &w) { return chooseEnclosure(w); });
     addStep(QStringLiteral("select-source"), 1, [this](const auto &w) { return chooseSource(w); });
     addStep(QStringLiteral("click"), 1, [this](const auto &w) { return click(w); });

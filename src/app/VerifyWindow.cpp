@@ -2,7 +2,6 @@
 
 #include "app/RunWords.h"
 #include "duplicate/evidence/VerdictText.h"
-#include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 #include "ui/CoreWords.h"
 #include "ui/ShownText.h"
@@ -97,15 +96,22 @@ void VerifyWindow::makeTable()
     header->setSectionResizeMode(VerdictColumn, QHeaderView::ResizeToContents);
 }
 
+// The name of a disk in a bay; the path of a folder.
+QString VerifyWindow::nameOf(const Row &row)
+{
+    return isolated(shownText(row.bay.empty() ? row.root : row.root.substr(row.root.rfind('/') + 1)));
+}
+
 void VerifyWindow::addRow(const Row &row)
 {
     const int at = m_table->rowCount();
     m_table->insertRow(at);
-    const auto place = isolated(shownText(row.root));
     auto *disk = new QTableWidgetItem(
-        row.bay.empty() ? place : RunWords::letterOf(row.bay) + QStringLiteral(":  ") + place);
+        row.bay.empty() ? nameOf(row) : RunWords::letterOf(row.bay) + QStringLiteral(":  ") + nameOf(row));
+    disk->setToolTip(isolated(shownText(row.root)));
     disk->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-    disk->setCheckState(Qt::Checked);
+    // What is in bay A is the source as a rule.
+    disk->setCheckState(row.bay == slotNameOf(Bay::A) ? Qt::Unchecked : Qt::Checked);
     m_rows.push_back(row);
     m_table->setItem(at, DiskColumn, disk);
     m_table->setItem(at, ReadColumn, new QTableWidgetItem);
@@ -145,6 +151,7 @@ void VerifyWindow::start()
     if (isUnderWay())
         return;
     std::vector<std::string> roots;
+    QStringList names;
     m_rowsAtWork.clear();
     for (int row = 0; row < m_table->rowCount(); ++row) {
         m_table->item(row, VerdictColumn)->setText(QString());
@@ -152,6 +159,7 @@ void VerifyWindow::start()
         if (m_table->item(row, DiskColumn)->checkState() != Qt::Checked)
             continue;
         roots.push_back(m_rows[static_cast<std::size_t>(row)].root);
+        names.push_back(nameOf(m_rows[static_cast<std::size_t>(row)]));
         m_rowsAtWork.push_back(row);
     }
     m_findings->clear();
@@ -166,15 +174,21 @@ void VerifyWindow::start()
     m_verification = std::make_unique<Verification>(
         m_files, roots, options,
         Verification::Listener{.finding =
-                                   [this, roots](std::size_t disk, const Finding &finding) {
+                                   [this, names](std::size_t disk, const Finding &finding) {
                                        const std::lock_guard lock(m_mutex);
                                        if (m_told[disk]++ < MostFindings)
-                                           m_newLines += QString::fromStdString(displayPath(roots[disk]) +
-                                                                                ": " + textOf(finding));
+                                           m_newLines += names[static_cast<qsizetype>(disk)] +
+                                                         QStringLiteral(": ") +
+                                                         QString::fromStdString(textOf(finding));
                                    },
                                .ended = [](std::size_t) {}});
     m_timer.start();
     updateButtons();
+}
+
+QString VerifyWindow::findings() const
+{
+    return m_findings->toPlainText();
 }
 
 void VerifyWindow::cancel()
@@ -243,9 +257,9 @@ void VerifyWindow::showVerdict(int row, std::size_t disk)
     const auto &verdict = m_verification->verdict(disk);
     m_table->item(row, VerdictColumn)->setText(wordFor(verdict));
     m_findings->show();
-    const auto root = displayPath(m_verification->root(disk));
+    const auto name = nameOf(m_rows[static_cast<std::size_t>(row)]);
     for (const auto &line : linesOf(verdict))
-        m_findings->appendPlainText(QString::fromStdString(root + ": " + line));
+        m_findings->appendPlainText(name + QStringLiteral(": ") + QString::fromStdString(line));
 }
 
 } // namespace orvana

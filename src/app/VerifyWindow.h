@@ -20,9 +20,9 @@ class QTableWidget;
 namespace orvana
 {
 
-/// Verifies disks against the lists on them, long after the run: a row with a tick for each disk in a bay and
-/// for each folder that the user adds, and below the rows what was found. Deletes itself when it is closed.
-/// Main thread only.
+/// Verifies disks against the lists on them, long after the run: a row for each disk in a bay, ticked except
+/// in bay A, and for each folder that the user adds, and below the rows what was found. Deletes itself when
+/// it is closed. Main thread only.
 class VerifyWindow : public QWidget
 {
     Q_OBJECT
@@ -40,6 +40,9 @@ public:
     /// Starts to verify the ticked rows. Does nothing while it is under way.
     void start();
     void cancel();
+    /// What was found so far, as the window shows it below the rows.
+    QString findings() const;
+
     bool isUnderWay() const { return m_verification != nullptr; }
 
 private:
@@ -49,6 +52,7 @@ private:
         std::string bay;
     };
 
+    static QString nameOf(const Row &row);
     void addRow(const Row &row);
     void makeTable();
     void askForFolder();

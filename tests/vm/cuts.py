@@ -126,6 +126,8 @@ def main():
         machine = FormattedDisks(place, kernel, f"{folder}/memory.gz", f"{folder}/system", SIZE)
         try:
             order(machine, PREPARE.replace("\n", "; ").replace("&&; ", "&& ").strip("; "))
+            for bay in FILE_SYSTEMS:
+                machine.limit_writes(bay, 1)  # so that most of the time something is on its way to the disk
             machine.run("(" + " ".join(COPY_FOR_EVER.split("\n")).strip() + ") >/tmp/copying 2>&1 &")
             for number in range(count):
                 time.sleep(chance.uniform(0.1, 3))
