@@ -3,7 +3,7 @@
 A guest copies with manifests onto disks with ext4, FAT and exFAT, again and again. At random moments the machine is
 stopped, and the disks are taken as they are then: what the guest still had in memory is lost. No history on them may
 be one that a checker calls broken. A history that is being copied from a source counts once all of it has come.
-FOLDER is where tools/test-vm puts kernel, memory disk and system disk; SNAPSHOTS is the number of moments (20)."""
+FOLDER is where tools/test-vm puts kernel, memory disk and system disk; SNAPSHOTS is the number of moments (60)."""
 
 import os
 import random
@@ -22,19 +22,20 @@ FILE_SYSTEMS = {"B": ["mkfs.ext4", "-q", "-F"], "C": ["mkfs.vfat", "-F", "32"], 
 BROKEN = {history.MANIFEST_CHANGED, history.NO_CHAIN, history.MANIFEST_MISSING}
 SIZE = 64  # MiB
 
+# Each run writes many histories, so that most moments fall into the writing of one.
 PREPARE = """
 for module in vfat exfat nls_cp437 nls_ascii nls_utf8; do modprobe $module; done
 echo 5 >/proc/sys/vm/dirty_writeback_centisecs; echo 5 >/proc/sys/vm/dirty_expire_centisecs
 for bay in B C D; do mkdir -p /mnt/$bay; mount $(readlink -f /dev/disk/by-id/ata-*SN$bay) /mnt/$bay || exit 1; done
-mkdir -p /tmp/source/new0/Clips /tmp/source/old0 /tmp/first
-for i in 1 2 3 4; do head -c 30000 /dev/urandom >/tmp/source/new0/Clips/$i; cp /tmp/source/new0/Clips/$i /tmp/source/old0; done
-plurimoctl copy --root /tmp/source /tmp/source/old0 --to /tmp/first --manifest mhl --log-dir /tmp/logs &&
-rm -r /tmp/source/old0 && mv /tmp/first/old0 /tmp/source/old0
+mkdir -p /tmp/source/0 /tmp/first/0
+for roll in 1 2 3 4 5 6 7 8 9; do for kind in new old; do mkdir -p /tmp/source/0/$kind$roll; echo $kind $roll >/tmp/source/0/$kind$roll/file; done; done
+plurimoctl copy --root /tmp/source /tmp/source/0/old* --to /tmp/first --manifest mhl --log-dir /tmp/logs &&
+rm -r /tmp/source/0/old* && mv /tmp/first/0/old* /tmp/source/0/
 """
 
 COPY_FOR_EVER = """
-i=0; while mv /tmp/source/new$i /tmp/source/new$((i+1)) && mv /tmp/source/old$i /tmp/source/old$((i+1)); do
-i=$((i+1)); plurimoctl copy --root /tmp/source /tmp/source/new$i /tmp/source/old$i --to /mnt/B --to /mnt/C --to /mnt/D
+i=0; while mv /tmp/source/$i /tmp/source/$((i+1)); do
+i=$((i+1)); plurimoctl copy --root /tmp/source /tmp/source/$i/* --to /mnt/B --to /mnt/C --to /mnt/D
 --manifest mhl --log-dir /tmp/logs || exit 1; echo $i >/tmp/runs; done
 """
 
@@ -98,17 +99,19 @@ def check(bay, image, answers):
     place = tempfile.mkdtemp(prefix="cut-")
     end = mounted(bay, image, place)
     try:
-        for name in sorted(os.listdir(place)):
-            folder = os.path.join(place, name)
+        # What older runs left was checked at earlier moments.
+        newest = sorted((name for name in os.listdir(place) if name.isdigit()), key=int)[-2:]
+        for folder in (os.path.join(place, run, name) for run in newest
+                       for name in sorted(os.listdir(os.path.join(place, run)))):
             if is_cut(folder):
                 answers[bay]["cut"] = answers[bay].get("cut", 0) + 1
             if not os.path.isdir(os.path.join(folder, "ascmhl")):
                 continue
-            if name.startswith("old") and not has_whole_history_of_source(folder, 200):
+            if os.path.basename(folder).startswith("old") and not has_whole_history_of_source(folder, 200):
                 continue
             number = judge(folder)
             answers[bay][number] = answers[bay].get(number, 0) + 1
-            assert number not in BROKEN, f"{FILE_SYSTEMS[bay][0]}, {name}: {number}: " \
+            assert number not in BROKEN, f"{FILE_SYSTEMS[bay][0]}, {folder}: {number}: " \
                 f"{os.listdir(os.path.join(folder, 'ascmhl'))}"
     finally:
         end()
@@ -119,7 +122,7 @@ def main():
     folder = os.path.abspath(sys.argv[1])
     kernel = next(os.path.join(folder, "kernel/boot", name) for name in os.listdir(folder + "/kernel/boot")
                   if name.startswith("vmlinuz"))
-    count = int(os.environ.get("SNAPSHOTS", "20"))
+    count = int(os.environ.get("SNAPSHOTS", "60"))
     answers = {bay: {} for bay in FILE_SYSTEMS}
     chance = random.Random(11)
     with tempfile.TemporaryDirectory(prefix="cuts-") as place:
@@ -130,7 +133,7 @@ def main():
                 machine.limit_writes(bay, 1)  # so that most of the time something is on its way to the disk
             machine.run("(" + " ".join(COPY_FOR_EVER.split("\n")).strip() + ") >/tmp/copying 2>&1 &")
             for number in range(count):
-                time.sleep(chance.uniform(0.1, 3))
+                time.sleep(chance.uniform(0.05, 0.6))
                 machine.ask_control("stop")
                 for bay in FILE_SYSTEMS:
                     shutil.copyfile(f"{place}/disk{bay}", f"{place}/cut{bay}")
