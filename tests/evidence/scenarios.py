@@ -524,6 +524,76 @@ def kills_leave_no_broken_history(count):
     print('  answers of the judge: ' + ', '.join(f'{count} times {number}' for number, count in sorted(answers.items())))
 
 
+MACHINE = """{"login": "anna", "enclosures": [{"name": "Four Bay", "uid": 1, "bays": [
+  {"bay": "A", "model": "Master", "serial": "A-1", "size": 100000000, "volumes": [{"name": "Master",
+    "capacity": 90000000, "content": [{"path": "Footage", "bytes": 60000, "files": 6}]}]},
+  {"bay": "B", "model": "Copy", "serial": "B-2", "size": 100000000, "volumes": [{"name": "COPY1", "capacity": 90000000}]},
+  {"bay": "C", "model": "Copy", "serial": "C-3", "size": 100000000, "volumes": [{"name": "COPY2", "capacity": 90000000}]},
+  {"bay": "D", "model": "Copy", "serial": "D-4", "size": 100000000, "volumes": [{"name": "COPY3", "capacity": 90000000}]}
+]}]}"""
+
+
+def disks_in_bays_are_erased_listed_and_verified():
+    with Place() as place:
+        write(place.path('machine.json'), MACHINE.encode())
+        machine = ['--simulator', place.path('machine.json'), '--log-dir', place.path('logs')]
+        run([PROGRAM, 'verify', '--enclosure', '1', *machine], 4)
+        run([PROGRAM, 'duplicate', '--erase', '--verify', '--manifest', 'mhl', '--yes', *machine])
+        output = run([PROGRAM, 'verify', '--enclosure', '1', *machine])
+        expect(output.count('whole: 6 file(s)'), 3, output)
+        # An erased volume has its history in its root, and the comment says which disk it is.
+        roots = [line.split(': whole')[0].split(' ', 1)[1] for line in output.splitlines() if ': whole' in line]
+        for root, bay, serial in zip(roots, 'BCD', ('B-2', 'C-3', 'D-4')):
+            comment = read(only_manifest(root)).decode()
+            assert f'Slot-{bay}' in comment and serial in comment and 'A-1' in comment, comment
+            expect(judge(root), history.WHOLE, root)
+            expect(judge_folders(root), history.WHOLE, root)
+        folder, _, names = next(step for step in os.walk(os.path.join(roots[1], 'Footage')) if step[2])
+        append(os.path.join(folder, names[0]), b'x')
+        output = run([PROGRAM, 'verify', '--enclosure', '1', *machine], 1)
+        expect(output.count('NOT whole'), 1, output)
+        run([PROGRAM, 'verify', '--enclosure', '1', '--bay', 'B', '--bay', 'D', *machine])
+        run([PROGRAM, 'verify', '--enclosure', '1', '--bay', 'A', *machine], 4)
+
+
+def flipped_bytes_on_the_medium_are_found():
+    if os.geteuid() != 0:
+        print('skipped: a volume of its own needs root')
+        sys.exit(77)
+    with Place() as place:
+        write(place.card('large'), os.urandom(3_000_000))
+        write(place.card('small'), b'needle in the haystack')
+        image = place.path('image')
+        with open(image, 'wb') as file:
+            file.truncate(64_000_000)
+        run(['mkfs.ext4', '-q', '-F', image])
+        disk = place.path('disk')
+        os.mkdir(disk)
+
+        def mounted(work, *options):
+            run(['mount', '-o', ','.join(['loop', *options]), image, disk])
+            try:
+                return work()
+            finally:
+                run(['umount', disk])
+
+        copy = [PROGRAM, 'copy', '--log-dir', place.path('logs'), '--root', place.path('source'), place.card(), '--to',
+                disk, '--manifest', 'mhl']
+        mounted(lambda: run(copy))
+        content = bytearray(read(image))
+        place_of_byte = content.index(b'needle in the haystack')
+        content[place_of_byte] ^= 1
+        large = content.index(read(place.card('large'))[1_500_000:1_500_512])
+        content[large + 100] ^= 0x80
+        write(image, content)
+        status, account = mounted(lambda: place.verify(folder=disk))
+        expect((status, account['changed'], account['whole']), (1, 2, 0), 'two flipped bits')
+        expect(mounted(lambda: judge(disk + '/CARD')), history.CHANGED, 'two flipped bits')
+        # A read-only disk is read, and is told where the result was to be recorded.
+        status, account = mounted(lambda: place.verify('--record', folder=disk), 'ro')
+        expect((status, account['lists'][0]['notRecorded']), (1, 'the volume is read-only'), 'read-only')
+
+
 def whole_history(place, folder):
     """True once the source's own history is on the copy, byte for byte: until then it is a copy cut short."""
     names = os.listdir(place.card('ascmhl'))
@@ -538,7 +608,8 @@ SCENARIOS = {function.__name__: function for function in (
     every_format_is_accepted, digests_of_folders_on_random_trees, verdicts_are_the_same, generations_go_on,
     nested_histories_are_referred_to, foreign_history_is_kept, names_that_no_manifest_can_carry_are_told,
     only_files_that_count_as_done_are_listed, options_that_do_not_go_together_are_refused,
-    bad_manifests_are_told_with_their_line, checksum_files_go_both_ways, list_from_elsewhere_and_stations_copy, others_histories_are_accepted)}
+    bad_manifests_are_told_with_their_line, checksum_files_go_both_ways, list_from_elsewhere_and_stations_copy, disks_in_bays_are_erased_listed_and_verified,
+    flipped_bytes_on_the_medium_are_found, others_histories_are_accepted)}
 SCENARIOS['kills_leave_no_broken_history'] = lambda: kills_leave_no_broken_history(
     int(os.environ.get('KILLS', '60')))
 

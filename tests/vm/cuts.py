@@ -22,13 +22,15 @@ FILE_SYSTEMS = {"B": ["mkfs.ext4", "-q", "-F"], "C": ["mkfs.vfat", "-F", "32"], 
 BROKEN = {history.MANIFEST_CHANGED, history.NO_CHAIN, history.MANIFEST_MISSING}
 SIZE = 64  # MiB
 
-# Each run writes many histories, so that most moments fall into the writing of one.
+# Long names make long manifests, which take a while to the disk.
 PREPARE = """
 for module in vfat exfat nls_cp437 nls_ascii nls_utf8; do modprobe $module; done
 echo 5 >/proc/sys/vm/dirty_writeback_centisecs; echo 5 >/proc/sys/vm/dirty_expire_centisecs
 for bay in B C D; do mkdir -p /mnt/$bay; mount $(readlink -f /dev/disk/by-id/ata-*SN$bay) /mnt/$bay || exit 1; done
 mkdir -p /tmp/source/0 /tmp/first/0
-for roll in 1 2 3 4 5 6 7 8 9; do for kind in new old; do mkdir -p /tmp/source/0/$kind$roll; echo $kind $roll >/tmp/source/0/$kind$roll/file; done; done
+long=$(head -c 200 /dev/zero | tr '\\0' x)
+for roll in 1 2; do for kind in new old; do mkdir -p /tmp/source/0/$kind$roll
+for file in $(seq 60); do echo $file >/tmp/source/0/$kind$roll/$long$file; done; done; done
 plurimoctl copy --root /tmp/source /tmp/source/0/old* --to /tmp/first --manifest mhl --log-dir /tmp/logs &&
 rm -r /tmp/source/0/old* && mv /tmp/first/0/old* /tmp/source/0/
 """
