@@ -64,12 +64,6 @@ void FileDuplicator::noteEvidence(const OutArray &copies, bool isVerified)
         evidence->noteFile(m_run.targets(), copies, m_run.sourceInHand(), isVerified);
 }
 
-// The work on one block has a piece for each destination, and one for the digest of the source.
-std::size_t FileDuplicator::piecesOfABlock()
-{
-    return m_run.targets().size() + (m_run.evidence() ? 1 : 0);
-}
-
 void FileDuplicator::createParents(const OutArray &copies, const Attributes &like)
 {
     for (auto &target : m_run.targets())
@@ -155,24 +149,18 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)
 {
-    const Workers::Work work = [&](std::size_t index) {
-        if (index == m_run.targets().size()) {
-            if (wholeFile)
-                m_run.evidence()->add(*wholeFile);
-            return;
-        }
-        auto &target = m_run.target(index);
+    const auto work = [&](Target &target) {
         target.output = {};
-        if (index >= copies.size() || !copies[index])
+        if (target.index >= copies.size() || !copies[target.index])
             return;
-        openOutput(target, *copies[index], like);
+        openOutput(target, *copies[target.index], like);
         if (!wholeFile)
             return;
         if (!wholeFile->empty())
             writeTo(target, *wholeFile, 0);
         closeOutput(target);
     };
-    m_run.workers().share(work, piecesOfABlock(), m_run.helpers());
+    m_run.shareBlock(wholeFile ? *wholeFile : Block(), work);
 }
 
 void FileDuplicator::openOutput(Target &target, const std::string &copy, const Attributes &like)
@@ -225,15 +213,10 @@ void FileDuplicator::openExisting(Target &target, const std::string &copy)
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,
                                                         int spare)
 {
-    const Workers::Work work = [&](std::size_t index) {
-        if (index == m_run.targets().size())
-            m_run.evidence()->add(block);
-        else
-            writeTo(m_run.target(index), block, offset);
-    };
     Expected<std::size_t> ahead;
-    m_run.workers().doBeside(work, piecesOfABlock(), piecesOfABlock(),
-                             [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
+    m_run.shareBlockBeside(
+        block, [&](Target &target) { writeTo(target, block, offset); },
+        [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
     return ahead;
 }
 

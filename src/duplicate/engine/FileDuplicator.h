@@ -34,7 +34,6 @@ private:
 
     void createParents(const OutArray &copies, const platform::Attributes &like);
     void noteEvidence(const OutArray &copies, bool isVerified);
-    std::size_t piecesOfABlock();
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
     void copyContent(platform::File &from, const std::string &source, const OutArray &copies,
                      const platform::Attributes &like);

@@ -39,8 +39,7 @@ RunContext::RunContext(RunSetup setup, CopyJob job)
         m_evidence.emplace(*m_setup.evidence, m_job, m_sources, report());
 
     const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
-    const auto pieces = m_targets.size() + (m_evidence ? 1 : 0);
-    m_helpers = std::min(processors, std::max<std::size_t>(1, pieces)) - 1;
+    m_helpers = std::min(processors, std::max<std::size_t>(1, piecesOfABlock())) - 1;
 }
 
 void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
@@ -57,8 +56,30 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
 Workers &RunContext::workers()
 {
     if (!m_workers)
-        m_workers = std::make_unique<Workers>(m_targets.size() + (m_evidence ? 1 : 0));
+        m_workers = std::make_unique<Workers>(piecesOfABlock());
     return *m_workers;
+}
+
+// The last piece is the digest.
+void RunContext::doPiece(std::size_t piece, std::span<const std::byte> block,
+                         const std::function<void(Target &)> &work)
+{
+    if (piece < m_targets.size())
+        work(m_targets[piece]);
+    else
+        m_evidence->add(block);
+}
+
+void RunContext::shareBlock(std::span<const std::byte> block, const std::function<void(Target &)> &work)
+{
+    workers().share([&](std::size_t piece) { doPiece(piece, block, work); }, piecesOfABlock(), m_helpers);
+}
+
+void RunContext::shareBlockBeside(std::span<const std::byte> block, const std::function<void(Target &)> &work,
+                                  const std::function<void()> &meanwhile)
+{
+    workers().doBeside([&](std::size_t piece) { doPiece(piece, block, work); }, piecesOfABlock(),
+                       piecesOfABlock(), meanwhile);
 }
 
 void RunContext::leaveOut(const std::string &item, const char *rule)

@@ -77,6 +77,14 @@ public:
     /// One worker for each destination, and one for the digest, made at the first call.
     Workers &workers();
 
+    /// Does `work` for each target, and digests `block` if the run makes digests. The caller and the workers
+    /// share the pieces.
+    void shareBlock(std::span<const std::byte> block, const std::function<void(Target &)> &work);
+
+    /// As `shareBlock`, but the workers do all of it while the caller runs `meanwhile`.
+    void shareBlockBeside(std::span<const std::byte> block, const std::function<void(Target &)> &work,
+                          const std::function<void()> &meanwhile);
+
     /// How many workers to use for work that seldom waits for a disk. Together with the copy thread there is
     /// at most one for each destination and one for each processor.
     std::size_t helpers() const { return m_helpers; }
@@ -120,6 +128,9 @@ public:
     void addVerifyTime(std::chrono::nanoseconds time) { m_verifyTime += time; }
 
 private:
+    std::size_t piecesOfABlock() const { return m_targets.size() + (m_evidence ? 1 : 0); }
+    void doPiece(std::size_t piece, std::span<const std::byte> block,
+                 const std::function<void(Target &)> &work);
     bool noteEnd(Target &target);
     bool noteSync(Target &target, const WriteOutPump::Outcome &outcome);
     void writeManifests(const std::vector<std::size_t> &targets);

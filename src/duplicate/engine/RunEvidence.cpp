@@ -1,6 +1,7 @@
 #include "duplicate/engine/RunEvidence.h"
 
 #include "duplicate/engine/Target.h"
+#include "duplicate/evidence/History.h"
 #include "duplicate/evidence/SortKey.h"
 #include "duplicate/report/RunReport.h"
 #include "foundation/DisplayPath.h"

@@ -220,12 +220,12 @@ bool isNameOfSums(std::string_view name)
     return formatIn(name).has_value() && !name.starts_with('.');
 }
 
-tl::expected<std::vector<DiskList>, ListError> findLists(const Folder &disk)
+tl::expected<std::vector<DiskList>, ListError> findLists(const Folder &disk, const std::stop_token &token)
 {
     std::vector<DiskList> lists;
     // A list instead of a recursion: a tree may be deeper than the stack allows.
     std::vector<std::string> waiting{std::string()};
-    while (!waiting.empty()) {
+    while (!waiting.empty() && !token.stop_requested()) {
         const auto folder = std::move(waiting.back());
         waiting.pop_back();
         auto entries = entriesOf(disk, folder);

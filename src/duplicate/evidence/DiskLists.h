@@ -3,6 +3,7 @@
 #include "duplicate/evidence/History.h"
 
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <tl/expected.hpp>
 #include <vector>
@@ -38,8 +39,9 @@ struct ListError
 
 /// Finds the lists of a disk: that of its root, else those of the outermost folders that have one. A folder
 /// with a history is not searched for checksum files. Where several checksum files could be meant, that is an
-/// error.
-tl::expected<std::vector<DiskList>, ListError> findLists(const platform::Folder &disk);
+/// error. Returns what it has found so far when `token` is stopped.
+tl::expected<std::vector<DiskList>, ListError> findLists(const platform::Folder &disk,
+                                                         const std::stop_token &token);
 
 /// Returns the given file as the list of a disk's root.
 DiskList listFromFile(const std::string &path);

@@ -3,7 +3,6 @@
 #include "duplicate/evidence/SortKey.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstring>
 #include <span>
 #include <utility>
@@ -47,39 +46,7 @@ const IgnorePatterns &usualPatterns()
     return patterns;
 }
 
-std::int64_t now()
-{
-    using namespace std::chrono;
-    return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
-}
-
 } // namespace
-
-const char *nameOf(FileFinding finding)
-{
-    switch (finding) {
-    case FileFinding::Whole:
-        return "whole";
-    case FileFinding::Changed:
-        return "changed";
-    case FileFinding::Missing:
-        return "missing";
-    case FileFinding::New:
-        return "new";
-    case FileFinding::Unreadable:
-        return "unreadable";
-    }
-    return "";
-}
-
-bool DiskVerdict::isWhole() const
-{
-    const bool areListsGood = std::all_of(lists.begin(), lists.end(), [](const VerifiedList &verified) {
-        return verified.error.empty() && verified.station != StationCopy::Differs;
-    });
-    return !lists.empty() && areListsGood && error.empty() && !isCancelled && changed == 0 && missing == 0 &&
-           added == 0 && unreadable == 0;
-}
 
 DiskVerification::DiskVerification(platform::VolumeFiles &files, std::string root,
                                    const VerifyOptions &options, VerifyProgress &progress,
@@ -117,10 +84,10 @@ DiskVerdict DiskVerification::verify(const std::stop_token &token)
         verified.list = std::move(list);
         m_verdict.lists.push_back(std::move(verified));
     }
-    if (m_verdict.lists.empty())
+    if (isCancelled() || m_verdict.lists.empty())
         return m_verdict;
     if (m_options.record)
-        m_log.emplace(m_options.folderForSorting);
+        m_record.emplace(m_options.folderForSorting);
     KnownFiles known(m_options.folderForSorting);
     DiskSort found(m_options.folderForSorting, Budget);
     readLists(known);
@@ -129,8 +96,9 @@ DiskVerdict DiskVerification::verify(const std::stop_token &token)
         m_verdict.error = "the station has no room to keep the names of the files";
     if (m_verdict.error.empty() && !isCancelled())
         compare(found, known);
-    if (m_options.record && m_verdict.error.empty() && !isCancelled())
-        record();
+    if (m_record && m_verdict.error.empty() && !isCancelled())
+        m_record->append(*m_disk, std::string(nameIn(m_root)), m_options.started,
+                         m_format.value_or(DigestFormat::Xxh128), m_verdict.lists);
     return m_verdict;
 }
 
@@ -138,7 +106,7 @@ std::vector<DiskList> DiskVerification::listsToUse()
 {
     if (m_options.manifest)
         return {listFromFile(*m_options.manifest)};
-    auto lists = findLists(*m_disk);
+    auto lists = findLists(*m_disk, m_token);
     if (lists)
         return std::move(*lists);
     m_verdict.error = lists.error().text();
@@ -179,8 +147,8 @@ void DiskVerification::walk(DiskSort &found, KnownFiles &known)
         if (!m_verdict.lists[i].error.empty())
             continue;
         const auto &folder = m_verdict.lists[i].list.folder;
-        if (m_log)
-            remember({folder, true, 0, 0}, m_format.value_or(DigestFormat::Xxh128), {});
+        if (m_record)
+            m_record->addFolder(folder, 0);
         // A list instead of a recursion: a tree may be deeper than the stack allows.
         std::vector<std::string> waiting{folder};
         while (!waiting.empty() && !isCancelled()) {
@@ -217,8 +185,8 @@ void DiskVerification::addEntry(DiskSort &found, KnownFiles &known, std::size_t 
     const auto &list = m_verdict.lists[index].list;
     if (isFolder && list.kind == ListKind::History && nameIn(path) == HistoryFolder) {
         const auto holder = path.substr(0, path.size() - std::min(path.size(), HistoryFolder.size() + 1));
-        if (m_log)
-            remember({path, true, 0, 0}, m_format.value_or(DigestFormat::Xxh128), {});
+        if (m_record)
+            m_record->addFolder(path, 0);
         if (holder == list.folder)
             return;
         if (const auto error = readNestedHistory(*m_disk, holder, known); error && m_verdict.error.empty())
@@ -296,8 +264,8 @@ void DiskVerification::compareEntry(const Entry &entry, const KnownFile *known)
     if (entry.isFolder) {
         if (known && !known->isFolder)
             note(FileFinding::Changed, entry.path);
-        else if (m_log)
-            remember(entry, m_format.value_or(DigestFormat::Xxh128), {});
+        else if (m_record)
+            m_record->addFolder(entry.path, entry.modified);
         return;
     }
     if (!expected) {
@@ -309,7 +277,7 @@ void DiskVerification::compareEntry(const Entry &entry, const KnownFile *known)
             }))
             return;
         note(known && known->isFolder ? FileFinding::Changed : FileFinding::New, entry.path);
-        if (!m_log)
+        if (!m_record)
             return;
     }
     const auto format = expected ? expected->format : m_format.value_or(DigestFormat::Xxh128);
@@ -322,7 +290,8 @@ void DiskVerification::compareEntry(const Entry &entry, const KnownFile *known)
     }
     if (expected)
         note(*digest == expected->text ? FileFinding::Whole : FileFinding::Changed, entry.path);
-    remember(entry, format, *digest);
+    if (m_record)
+        m_record->addFile(entry.path, entry.size, entry.modified, format, *digest);
 }
 
 // The disk reads the next block while this one is digested.
@@ -371,74 +340,6 @@ void DiskVerification::note(FileFinding finding, const std::string &path, std::s
     ++m_progress.files;
     if (finding != FileFinding::Whole)
         m_tell({finding, path, std::move(reason)});
-}
-
-void DiskVerification::remember(const Entry &entry, DigestFormat format, const std::string &digest)
-{
-    if (!m_log)
-        return;
-    m_log->add({.path = entry.path,
-                .isFolder = entry.isFolder,
-                .size = entry.size,
-                .modified = entry.modified,
-                .digested = now(),
-                .format = format,
-                .digest = digest,
-                .states = std::string(1, static_cast<char>(CopyState::Good))});
-}
-
-void DiskVerification::record()
-{
-    const bool isReadOnly = m_disk->traits().isReadOnly;
-    std::vector<std::string> folders;
-    for (auto &verified : m_verdict.lists) {
-        if (verified.list.kind != ListKind::History)
-            verified.notRecorded = "only a history has generations";
-        else if (isReadOnly)
-            verified.notRecorded = "the volume is read-only";
-        else if (!verified.error.empty())
-            verified.notRecorded = verified.error;
-        else
-            folders.push_back(verified.list.folder);
-    }
-    if (!folders.empty())
-        recordHistories(folders);
-}
-
-void DiskVerification::recordHistories(const std::vector<std::string> &folders)
-{
-    const auto listOf = [this](const auto &isMeant) {
-        const auto found = std::find_if(m_verdict.lists.begin(), m_verdict.lists.end(), isMeant);
-        return found == m_verdict.lists.end() ? nullptr : &*found;
-    };
-    ManifestOrder order;
-    order.kind = ManifestKind::Mhl;
-    order.scopes = folders;
-    order.style.format = m_format.value_or(DigestFormat::Xxh128);
-    order.style.started = m_options.started;
-    order.style.host = nameOfMachine();
-    order.style.comment = "Verified.";
-    order.style.process = "in-place";
-    order.style.programVersion = PLURIMO_VERSION;
-    order.style.rootName = nameIn(m_root);
-    order.style.folderForSorting = m_options.folderForSorting;
-    const bool isKept = m_log->finish();
-    const auto tell = [&](const EvidenceRemark &remark) {
-        auto *list = listOf([&](const VerifiedList &one) { return one.list.folder == remark.path; });
-        if (list && remark.kind == EvidenceRemark::Kind::NoManifest)
-            list->notRecorded = remark.text;
-    };
-    const auto written =
-        isKept ? writeManifests(*m_disk, *m_log, 0, order, tell) : std::vector<WrittenManifest>();
-    for (const auto &manifest : written) {
-        auto *list = listOf([&](const VerifiedList &one) {
-            const auto inFolder = joined(one.list.folder, HistoryFolder) + "/";
-            return manifest.path.starts_with(inFolder) &&
-                   manifest.path.find('/', inFolder.size()) == std::string::npos;
-        });
-        if (list)
-            list->recorded = manifest.path;
-    }
 }
 
 } // namespace orvana

@@ -8,7 +8,6 @@
 #include <array>
 #include <cstdio>
 #include <span>
-#include <unistd.h>
 #include <utility>
 
 namespace orvana
@@ -45,12 +44,6 @@ void removeAll(platform::Folder &volume, const std::string &path)
 }
 
 } // namespace
-
-std::string nameOfMachine()
-{
-    std::array<char, 256> name{};
-    return ::gethostname(name.data(), name.size() - 1) == 0 ? displayPath(name.data()) : std::string();
-}
 
 HistoryWriter::HistoryWriter(platform::Folder &volume, std::string root, const ManifestStyle &style,
                              EvidenceListener tell)

@@ -1,9 +1,10 @@
 #include "duplicate/evidence/ManifestWriter.h"
 
-#include "duplicate/evidence/ChecksumLine.h"
 #include "duplicate/evidence/EvidenceWalk.h"
+#include "duplicate/evidence/HistoryWriter.h"
 #include "duplicate/evidence/IgnorePatterns.h"
 #include "duplicate/evidence/SortKey.h"
+#include "duplicate/evidence/SumsWriter.h"
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
@@ -244,78 +245,6 @@ std::vector<WrittenManifest> writeHistories(platform::Folder &volume, const Evid
     return std::move(second.written);
 }
 
-/// Writes one checksum file.
-class SumsWriter
-{
-public:
-    SumsWriter(platform::Folder &volume, const std::string &scope, const ManifestOrder &order)
-        : m_volume(volume), m_scope(scope), m_style(order.style)
-    {
-        auto name = scope.empty() ? m_style.rootName : std::string(nameIn(scope));
-        m_name = (name.empty() ? std::string("files") : name) + "_" + mhlStamp(m_style.started) + "." +
-                 std::string(nameOf(m_style.format));
-    }
-
-    tl::expected<WrittenManifest, std::string> write(const EvidenceLog &log, std::size_t copy,
-                                                     const EvidenceListener &tell)
-    {
-        const auto unfinished = joined(m_scope, m_name).append(Unfinished);
-        (void)m_volume.remove(unfinished); // of a run that was cut
-        const auto station =
-            m_style.stationFolder.empty() ? std::string() : m_style.stationFolder + "/" + m_name;
-        auto file = ManifestFile::create(m_volume, unfinished, station, DigestFormat::Sha256);
-        if (!file)
-            return tl::unexpected("the checksum file cannot be written: " + file.error().reason());
-        WrittenManifest written{joined(m_scope, m_name), DigestFormat::Sha256, {}, 0};
-        const bool isWhole = writeLines(*file, log, copy, tell, written.files);
-        const auto digest = file->close();
-        if (digest && isWhole)
-            written.digest = *digest;
-        auto put = digest ? putInPlace(unfinished, written.path) : tl::unexpected(digest.error());
-        if (!put || !isWhole) {
-            (void)m_volume.remove(unfinished);
-            return tl::unexpected(isWhole ? "the checksum file cannot be brought to the disk: " +
-                                                put.error().reason()
-                                          : "what was digested cannot be read again");
-        }
-        return written;
-    }
-
-private:
-    bool writeLines(ManifestFile &file, const EvidenceLog &log, std::size_t copy,
-                    const EvidenceListener &tell, std::uint64_t &files) const
-    {
-        EvidenceLog::Reader reader(log, copy);
-        while (reader.next()) {
-            const auto &entry = reader.entry();
-            if (entry.isFolder || reader.state() == CopyState::Bad || !isWithin(entry.path, m_scope))
-                continue;
-            const auto line =
-                textOf({entry.format, entry.digest, std::string(pathWithin(entry.path, m_scope))});
-            if (line)
-                file.write(*line + "\n");
-            else
-                tell({EvidenceRemark::Kind::NotListed, entry.path, "the format cannot hold its name"});
-            files += line ? 1U : 0U;
-        }
-        return !reader.hasFailed();
-    }
-
-    // As for histories, the name is given only once the content is on the disk.
-    platform::Expected<void> putInPlace(const std::string &unfinished, const std::string &path)
-    {
-        auto done = m_volume.syncVolume();
-        if (done)
-            done = m_volume.rename(unfinished, path, platform::Existing::Keep);
-        return done ? m_volume.syncVolume() : done;
-    }
-
-    platform::Folder &m_volume;
-    const std::string &m_scope;
-    const ManifestStyle &m_style;
-    std::string m_name;
-};
-
 } // namespace
 
 std::vector<std::string> outermost(std::vector<std::string> folders)
@@ -331,11 +260,6 @@ std::vector<std::string> outermost(std::vector<std::string> folders)
     return kept;
 }
 
-bool canBeInSums(DigestFormat format)
-{
-    return format != DigestFormat::C4;
-}
-
 std::vector<WrittenManifest> writeManifests(platform::Folder &volume, const EvidenceLog &log,
                                             std::size_t copy, const ManifestOrder &order,
                                             const EvidenceListener &tell)
@@ -346,7 +270,7 @@ std::vector<WrittenManifest> writeManifests(platform::Folder &volume, const Evid
     if (order.kind == ManifestKind::None)
         return written;
     for (const auto &scope : order.scopes) {
-        auto manifest = SumsWriter(volume, scope, order).write(log, copy, tell);
+        auto manifest = writeSums(volume, log, copy, scope, order.style, tell);
         if (manifest)
             written.push_back(std::move(*manifest));
         else

@@ -1,6 +1,7 @@
 #include "duplicate/plan/RunSettings.h"
 
 #include "duplicate/evidence/MhlXml.h"
+#include "duplicate/evidence/SumsWriter.h"
 
 namespace orvana
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "duplicate/evidence/Digest.h"
-#include "duplicate/evidence/ManifestWriter.h"
+#include "duplicate/evidence/Manifest.h"
 
 #include <array>
 #include <optional>

@@ -148,8 +148,8 @@ std::vector<std::string> diskLines(const RunSummary &summary);
 /// Returns a readable line for each destination whose data is not known to be on its disk.
 std::vector<std::string> notOnDiskLines(const RunSummary &summary);
 
-/// Returns a readable line for each manifest of the destination: "CARD/ascmhl/0001_CARD_...mhl: 12 file(s), c4
-/// c44of...".
+/// Returns a readable line for each manifest of the destination: its path, the number of its files, and its
+/// own digest.
 std::vector<std::string> manifestLines(const DestinationSummary &destination);
 
 /// Returns a problem as one readable line: "failed: /source/file -> /destination: no space".
