@@ -245,7 +245,6 @@ QString VerifyWindow::wordFor(const DiskVerdict &verdict)
 void VerifyWindow::end()
 {
     m_timer.stop();
-    m_verification->wait();
     for (std::size_t disk = 0; disk < m_rowsAtWork.size(); ++disk)
         showVerdict(m_rowsAtWork[disk], disk);
     m_verification.reset();

@@ -31,7 +31,7 @@ public:
     /// `logFolder` has this machine's copies of manifests.
     VerifyWindow(platform::VolumeFiles &files, std::string logFolder, const std::vector<BayVolume> &disks);
 
-    /// Cancels and waits.
+    /// Cancels. A disk that does not answer is left behind.
     ~VerifyWindow() override;
 
     /// Adds a row for the folder, ticked.

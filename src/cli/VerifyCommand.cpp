@@ -277,7 +277,6 @@ ExitStatus runVerify(platform::Host &host, PlainMainQueue &queue, Terminal &term
         display->progress(verification, *disks);
         std::this_thread::sleep_for(BetweenUpdates);
     }
-    verification.wait();
     if (terminal.isScreen())
         terminal.showBlock("");
     for (std::size_t i = 0; i < disks->size(); ++i)

@@ -524,6 +524,180 @@ def kills_leave_no_broken_history(count):
     print('  answers of the judge: ' + ', '.join(f'{count} times {number}' for number, count in sorted(answers.items())))
 
 
+def nothing_that_is_not_ours_is_removed():
+    with Place() as place:
+        # A link, a folder and a file of the user's stand where a history would be begun.
+        place.small_card()
+        os.makedirs(place.path('copy', 'CARD'))
+        os.makedirs(place.path('other', 'CARD', 'ascmhl.part'))
+        write(place.path('copy', 'Masters', 'film'), b'precious')
+        os.symlink('../Masters', place.path('copy', 'CARD', 'ascmhl.part'))
+        write(place.path('other', 'CARD', 'ascmhl.part', 'notes.txt'), b'mine')
+        output = place.duplicate('--manifest', 'mhl', status=1)
+        expect(output.count('noManifest'), 2, output)
+        expect(read(place.path('copy', 'Masters', 'film')), b'precious', 'behind the link')
+        expect(read(place.path('other', 'CARD', 'ascmhl.part', 'notes.txt')), b'mine', 'in the folder')
+    with Place() as place:
+        # The source itself holds what a cut run has left: it is copied, and not taken for ours.
+        place.small_card()
+        write(place.card('ascmhl.part', '0001_CARD_2020-01-01_000000Z.mhl'), b'half')
+        output = place.duplicate('--manifest', 'mhl', status=1)
+        assert 'noManifest' in output, output
+        expect(read(place.path('copy', 'CARD', 'ascmhl.part', '0001_CARD_2020-01-01_000000Z.mhl')), b'half', 'a copy')
+    with Place() as place:
+        # What is left of ours goes, whatever the time in its name.
+        place.small_card()
+        write(place.path('copy', 'CARD', 'CARD_2020-01-01_000000Z.md5.part'), b'half')
+        write(place.path('copy', 'CARD', 'notes.part'), b'mine')
+        place.duplicate('--manifest', 'sums', '--digest', 'md5')
+        assert not os.path.exists(place.path('copy', 'CARD', 'CARD_2020-01-01_000000Z.md5.part'))
+        assert os.path.exists(place.path('copy', 'CARD', 'notes.part'))
+
+
+def what_a_pattern_leaves_out_is_not_listed():
+    with Place() as place:
+        place.small_card()
+        place.duplicate('--manifest', 'mhl')
+        folder = place.path('copy', 'CARD')
+        manifest = only_manifest(folder)
+        changed = read(manifest).replace(b'<pattern>.DS_Store</pattern>',
+                                         b'<pattern>.DS_Store</pattern><pattern>*.tmp</pattern>')
+        write(manifest, changed)
+        chain = os.path.join(folder, 'ascmhl', 'ascmhl_chain.xml')
+        text = read(chain).decode()
+        begin = text.index('<c4>') + 4
+        write(chain, (text[:begin] + history.digest_of('c4', changed) + text[begin + 90:]).encode())
+        shutil.rmtree(place.path('logs'))  # with this machine's copy of the manifest that was changed
+        os.mkdir(place.path('logs'))
+        shutil.rmtree(place.card())
+        shutil.move(folder, place.card())
+        shutil.rmtree(place.path('other', 'CARD'))
+        write(place.card('Clips', 'x.tmp'), b'1')
+        time.sleep(1.1)
+        output = place.duplicate('--manifest', 'mhl')
+        expect(output.count('a pattern of its history leaves it out'), 2, output)
+        newest = os.path.join(folder, 'ascmhl', manifests(folder)[1])
+        assert b'x.tmp' not in read(newest) and b'*.tmp' in read(newest)
+        # Our own checker knows the usual patterns only.
+        if REFERENCE:
+            expect((judge(folder), judge_folders(folder)), (history.WHOLE, history.WHOLE), 'with the pattern')
+        expect(place.verify()[0], 0, 'with the pattern')
+
+
+def bad_name_above_the_files_is_told():
+    with Place() as place:
+        write(os.path.join(os.fsencode(place.path('source')), b'b\xff', b'Clips', b'A.mov'), b'abcde')
+        write(place.path('source', 'good', 'B.mov'), b'xyz')
+        write(place.path('machine.json'), MACHINE.replace('"path": "Footage", "bytes": 60000, "files": 6',
+                                                          '"path": "Footage/x", "bytes": 5').encode())
+        machine = ['--simulator', place.path('machine.json'), '--log-dir', place.path('logs')]
+        run([PROGRAM, 'devices', *machine])
+        volume = place.path('machine.json.volumes', 'Volumes', 'Master')
+        write(os.path.join(os.fsencode(volume), b'b\xff', b'Clips', b'A.mov'), b'abcde')
+        output = subprocess.run([PROGRAM, 'duplicate', '--erase', '--manifest', 'mhl', '--yes', *machine, '--select',
+                                 os.path.join(os.fsencode('.'), b'b\xff', b'Clips'), '--select', 'Footage'],
+                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False).stdout
+        expect(output.count(b'notInManifest'), 3, output)
+        root = place.path('machine.json.volumes', 'Volumes', 'COPY1')
+        expect(history.check(root), history.NEW, 'files that no manifest can hold')
+        assert place.verify(folder=root)[1]['new'] == 1
+
+
+def every_list_of_a_disk_is_read():
+    with Place() as place:
+        for name in ('DAY1', 'DAY2'):
+            write(place.card(name, 'CLIPS', 'A.mov'), name.encode())
+        run([PROGRAM, 'copy', '--log-dir', place.path('logs'), '--root', place.path('source'),
+             place.card('DAY1', 'CLIPS'), place.card('DAY2', 'CLIPS'), '--to', place.path('copy'), '--manifest', 'mhl'])
+        # Two manifests of one name: each has its copy on this machine.
+        status, disk = place.verify()
+        expect((status, [entry['stationCopy'] for entry in disk['lists']]), (0, ['agrees', 'agrees']), 'both')
+        # One of the lists is broken: the other one is verified, and nothing of it is called missing.
+        write(place.path('copy', 'CARD', 'DAY2', 'CLIPS', 'ascmhl', 'ascmhl_chain.xml'), b'<broken')
+        status, disk = place.verify()
+        expect((status, disk['whole'], disk['missing'], disk['new']), (1, 1, 0, 0), 'one list is broken')
+        assert sum('error' in entry for entry in disk['lists']) == 1, disk
+    with Place() as place:
+        # A line that is wrong makes the whole list useless, not the files before it missing.
+        write(place.card('A.mov'), b'abcde')
+        for wrong in ('a//b', 'a/', './a/../b', 'a/./b'):
+            text = ('<hashlist version="2.0" xmlns="urn:ASC:MHL:v2.0"><hashes>'
+                    '<hash><path>A.mov</path><md5>ab56b4d92b40713acc5af89985d4b786</md5></hash>'
+                    f'<hash><path>{wrong}</path><md5>ab56b4d92b40713acc5af89985d4b786</md5></hash>'
+                    '</hashes></hashlist>')
+            write(place.path('list.mhl'), text.encode())
+            status, disk = place.verify('--manifest', place.path('list.mhl'), folder=place.card())
+            expect((status, disk['missing'], disk['whole']), (1, 0, 0), wrong)
+            assert 'does not lie below' in disk['lists'][0]['error'], disk
+    with Place() as place:
+        # An older manifest is held against this machine's copies, too.
+        place.small_card()
+        place.duplicate('--manifest', 'mhl')
+        folder = place.path('copy', 'CARD')
+        time.sleep(1.1)
+        expect(place.verify('--record')[0], 0, 'recorded')
+        expect(place.verify()[1]['lists'][0]['stationCopy'], 'agrees', 'the recorded generation')
+        forged = read(only_manifest(folder)).replace(history.digest_of('xxh128', b'hello').encode(),
+                                                     history.digest_of('xxh128', b'HELLO').encode())
+        write(folder + '/S.txt', b'HELLO')
+        chain = os.path.join(folder, 'ascmhl', 'ascmhl_chain.xml')
+        write(chain, read(chain).replace(history.digest_of('c4', read(only_manifest(folder))).encode(),
+                                         history.digest_of('c4', forged).encode()))
+        write(only_manifest(folder), forged)
+        status, disk = place.verify()
+        expect((status, disk['lists'][0]['stationCopy']), (1, 'differs'), 'a forged first generation')
+
+
+def checksum_files_and_histories_side_by_side():
+    with Place() as place:
+        place.small_card()
+        place.duplicate('--manifest', 'mhl')
+        shutil.rmtree(place.card())
+        shutil.move(place.path('copy', 'CARD'), place.card())
+        shutil.rmtree(place.path('other', 'CARD'))
+        time.sleep(1.1)
+        # The checksum file lies in a folder that has a history: the history is what counts.
+        place.duplicate('--manifest', 'sums', '--digest', 'md5')
+        expect(place.verify()[0], 0, 'beside a history')
+        folder = place.path('copy', 'CARD')
+        run(['md5sum', '-c', next(name for name in os.listdir(folder) if name.endswith('.md5'))], cwd=folder)
+    with Place() as place:
+        place.small_card()
+        run([PROGRAM, 'copy', '--log-dir', place.path('logs'), '--root', place.card(), place.card('Clips'), '--to',
+             place.path('other'), '--manifest', 'mhl'])
+        shutil.rmtree(place.card('Clips'))
+        shutil.move(place.path('other', 'Clips'), place.card('Clips'))
+        time.sleep(1.1)
+        # The checksum file lists a history that lies deeper, as content.
+        place.duplicate('--manifest', 'sums', '--digest', 'md5')
+        expect(place.verify()[0], 0, 'above a history')
+        os.unlink(place.path('copy', 'CARD', 'Clips', 'ascmhl', 'ascmhl_chain.xml'))
+        expect(place.verify()[1]['missing'], 1, 'a chain that is gone')
+
+
+def run_after_a_cut_goes_on():
+    with Place() as place:
+        place.small_card()
+        place.duplicate('--manifest', 'mhl')
+        folder = place.path('copy', 'CARD')
+        shutil.rmtree(place.card())
+        shutil.move(folder, place.card())
+        shutil.rmtree(place.path('other', 'CARD'))
+        time.sleep(1.1)
+        place.duplicate('--manifest', 'mhl')
+        # As if the run had been cut between the manifest and the chain.
+        shutil.copy(place.card('ascmhl', 'ascmhl_chain.xml'), folder + '/ascmhl/ascmhl_chain.xml')
+        write(folder + '/ascmhl/0002_CARD_2020-01-01_000000Z.mhl.part', b'half')
+        expect(judge(folder), history.WHOLE, 'a manifest that the chain does not name')
+        expect(place.verify()[0], 0, 'a manifest that the chain does not name')
+        shutil.rmtree(place.path('other', 'CARD'))
+        time.sleep(1.1)
+        place.duplicate('--manifest', 'mhl')
+        expect(len(manifests(folder)), 2, 'the unfinished manifest was taken back')
+        assert not any(name.endswith('.part') for name in os.listdir(folder + '/ascmhl'))
+        expect(judge(folder), history.WHOLE, 'after the next run')
+
+
 MACHINE = """{"login": "anna", "enclosures": [{"name": "Four Bay", "uid": 1, "bays": [
   {"bay": "A", "model": "Master", "serial": "A-1", "size": 100000000, "volumes": [{"name": "Master",
     "capacity": 90000000, "content": [{"path": "Footage", "bytes": 60000, "files": 6}]}]},
@@ -609,6 +783,8 @@ SCENARIOS = {function.__name__: function for function in (
     nested_histories_are_referred_to, foreign_history_is_kept, names_that_no_manifest_can_carry_are_told,
     only_files_that_count_as_done_are_listed, options_that_do_not_go_together_are_refused,
     bad_manifests_are_told_with_their_line, checksum_files_go_both_ways, list_from_elsewhere_and_stations_copy, disks_in_bays_are_erased_listed_and_verified,
+    nothing_that_is_not_ours_is_removed, what_a_pattern_leaves_out_is_not_listed, bad_name_above_the_files_is_told,
+    every_list_of_a_disk_is_read, checksum_files_and_histories_side_by_side, run_after_a_cut_goes_on,
     flipped_bytes_on_the_medium_are_found, others_histories_are_accepted)}
 SCENARIOS['kills_leave_no_broken_history'] = lambda: kills_leave_no_broken_history(
     int(os.environ.get('KILLS', '60')))

@@ -77,18 +77,15 @@ std::string placeOf(const std::deque<Target> &targets, const OutArray &copies)
 bool isBeginningOf(const platform::Folder &volume, const std::string &place, const platform::Folder &sources,
                    const std::string &source)
 {
-    auto names = volume.list(place);
-    if (!names || names->error())
+    const auto file = volume.openFile(joined(place, ChainName), platform::Access::Read);
+    const auto chain = file ? readChain(**file) : tl::unexpected(ManifestError());
+    if (!chain)
         return false;
-    while (!names->empty()) {
-        const std::string name(names->takeNext());
-        if (!generationOf(name))
-            continue;
-        const auto theirs = digestOfFile(sources, joined(source, name), DigestFormat::C4);
-        if (!theirs || digestOfFile(volume, joined(place, name), DigestFormat::C4) != *theirs)
-            return false;
-    }
-    return true;
+    // A manifest that the chain does not name is what a run that was cut has left.
+    return std::all_of(chain->begin(), chain->end(), [&](const MhlReference &generation) {
+        const auto theirs = digestOfFile(sources, joined(source, generation.path), DigestFormat::C4);
+        return theirs && digestOfFile(volume, joined(place, generation.path), DigestFormat::C4) == *theirs;
+    });
 }
 
 } // namespace

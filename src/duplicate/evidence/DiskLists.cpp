@@ -46,19 +46,6 @@ std::optional<DigestFormat> formatIn(std::string_view name)
     return std::nullopt;
 }
 
-// Our own checksum files are called after the folder and the time of the run.
-bool isOurs(std::string_view name)
-{
-    constexpr std::string_view Shape = "_0000-00-00_000000Z";
-    const auto end = name.rfind('.');
-    if (end == std::string_view::npos || end < Shape.size())
-        return false;
-    const auto stamp = name.substr(end - Shape.size(), Shape.size());
-    return std::equal(stamp.begin(), stamp.end(), Shape.begin(), [](char letter, char shape) {
-        return shape == '0' ? letter >= '0' && letter <= '9' : letter == shape;
-    });
-}
-
 std::string stampOf(const std::string &name)
 {
     constexpr std::size_t StampSize = 18;
@@ -73,15 +60,24 @@ struct Entries
     std::vector<std::string> folders;
 };
 
-Entries entriesOf(const Folder &disk, const std::string &folder)
+// A folder that cannot be read may have a list, so it is an error.
+tl::expected<Entries, ListError> entriesOf(const Folder &disk, const std::string &folder)
 {
     Entries entries;
+    const auto cannotBeRead = [](const std::string &path, const platform::FileError &error) {
+        return tl::unexpected(ListError{path, {0, "cannot be read: " + error.reason()}});
+    };
     auto names = disk.list(folder);
-    while (names && !names->empty()) {
+    const auto error = names ? names->error() : std::optional(names.error());
+    if (error)
+        return cannotBeRead(folder, *error);
+    while (!names->empty()) {
         std::string name(names->takeNext());
         const auto there = disk.attributes(joined(folder, name), Links::DoNotFollow, Want::Basics);
+        if (!there && there.error().problem == platform::FileProblem::NotFound)
+            continue; // it has gone meanwhile
         if (!there)
-            continue;
+            return cannotBeRead(joined(folder, name), there.error());
         if (there->type == FileType::Folder && name == HistoryFolder)
             entries.hasHistory = true;
         else if (there->type == FileType::Folder)
@@ -99,7 +95,7 @@ tl::expected<std::optional<DiskList>, ListError> sumsOf(const std::string &folde
 {
     std::optional<std::string> newest;
     for (const auto &name : names) {
-        if (isOurs(name) && (!newest || stampOf(*newest) < stampOf(name)))
+        if (isNameOfOurSums(name) && (!newest || stampOf(*newest) < stampOf(name)))
             newest = name;
     }
     if (!newest && names.size() > 1)
@@ -176,14 +172,16 @@ std::optional<ListError> readOneHistory(const Folder &disk, const std::string &f
         list->file = joined(folder, joined(HistoryFolder, newest.name));
         list->digest = newest.c4;
         list->ignored = history->ignored();
+        list->manifests = history->chain;
     }
     // What a history refers to must be there: nothing else would notice that it was taken away.
     for (const auto &reference : history->generations.back().facts.references) {
         const auto path = joined(folder, reference.path);
-        if (!disk.attributes(path, Links::Follow, Want::Basics))
-            return ListError{
-                path,
-                {0, "is missing, but " + displayPath(history->generations.back().name) + " refers to it"}};
+        const auto c4 = digestOfFile(disk, path, DigestFormat::C4);
+        if (!c4 || *c4 != reference.c4)
+            return ListError{path,
+                             {0, (c4 ? "was changed: " : "is missing, but ") +
+                                     displayPath(history->generations.back().name) + " refers to it"}};
     }
     return std::nullopt;
 }
@@ -205,6 +203,7 @@ std::optional<ListError> readFile(const Folder &files, DiskList &list, KnownFile
     }
     if (const auto digest = digestOfFile(files, list.file, DigestFormat::C4))
         list.digest = *digest;
+    list.manifests = {{std::string(nameIn(list.file)), list.digest}};
     return std::nullopt;
 }
 
@@ -213,6 +212,20 @@ std::optional<ListError> readFile(const Folder &files, DiskList &list, KnownFile
 std::string ListError::text() const
 {
     return displayPath(file) + ": " + detail.text();
+}
+
+// Our own checksum files are called after the folder and the time of the run.
+bool isNameOfOurSums(std::string_view name)
+{
+    constexpr std::string_view Shape = "_0000-00-00_000000Z";
+    const auto end = name.rfind('.');
+    if (end == std::string_view::npos || end < Shape.size())
+        return false;
+    const auto stamp = name.substr(end - Shape.size(), Shape.size());
+    return formatIn(name) &&
+           std::equal(stamp.begin(), stamp.end(), Shape.begin(), [](char letter, char shape) {
+               return shape == '0' ? letter >= '0' && letter <= '9' : letter == shape;
+           });
 }
 
 bool isNameOfSums(std::string_view name)
@@ -228,7 +241,10 @@ tl::expected<std::vector<DiskList>, ListError> findLists(const Folder &disk, con
     while (!waiting.empty() && !token.stop_requested()) {
         const auto folder = std::move(waiting.back());
         waiting.pop_back();
-        auto entries = entriesOf(disk, folder);
+        auto read = entriesOf(disk, folder);
+        if (!read)
+            return tl::unexpected(read.error());
+        auto &entries = *read;
         if (entries.hasHistory) {
             lists.push_back({});
             lists.back().folder = folder;

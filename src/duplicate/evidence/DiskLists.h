@@ -24,7 +24,8 @@ struct DiskList
     std::string folder; ///< below the disk's root; empty for the root itself
     std::string file;   ///< the newest manifest, or the checksum file; below the disk's root if it lies there
     std::string digest; ///< c4 of that file
-    std::vector<std::string> ignored; ///< patterns, below `folder`
+    std::vector<MhlReference> manifests; ///< all files that the list consists of, and their c4
+    std::vector<std::string> ignored;    ///< patterns, below `folder`
 };
 
 /// Why a list is of no use. `file` is below the disk's root.
@@ -54,6 +55,9 @@ std::optional<ListError> readList(const platform::Folder &disk, const platform::
 /// Reads a history that lies within that of another folder into `known`.
 std::optional<ListError> readNestedHistory(const platform::Folder &disk, const std::string &folder,
                                            KnownFiles &known);
+
+/// True for the names of checksum files that this program gives: "CARD_2026-11-23_020132Z.md5".
+bool isNameOfOurSums(std::string_view name);
 
 /// True for the names that programs give to checksum files: "SHA256SUMS", "card.md5".
 bool isNameOfSums(std::string_view name);

@@ -3,7 +3,7 @@
 #include "duplicate/evidence/SortKey.h"
 
 #include <algorithm>
-#include <cstring>
+#include <deque>
 #include <span>
 #include <utility>
 
@@ -22,31 +22,27 @@ namespace
 {
 
 constexpr std::size_t ReadAtOnce = 1UL << 20U;
-constexpr std::size_t Budget = 4UL * 1024 * 1024;
 constexpr std::int64_t NanosecondsOfASecond = 1'000'000'000;
 constexpr std::string_view LostAndFound = "lost+found"; // of ext file systems, in their root
 
-// What a walk keeps of an entry besides its path.
-struct Facts
-{
-    std::uint64_t size;
-    std::int64_t modified;
-    bool isFolder;
-};
-
-std::string recordOf(const std::string &path, const Facts &facts)
-{
-    auto record = sortKey(path);
-    return record.append(reinterpret_cast<const char *>(&facts), sizeof facts);
-}
-
-const IgnorePatterns &usualPatterns()
-{
-    static const IgnorePatterns patterns;
-    return patterns;
-}
-
 } // namespace
+
+/// One list, and all that is known of its folder.
+struct DiskVerification::ListWork
+{
+    ListWork(VerifiedList &list, const std::string &folderForSorting)
+        : verified(list), known(folderForSorting), found(folderForSorting), record(folderForSorting)
+    {
+    }
+
+    VerifiedList &verified;
+    KnownFiles known;
+    FoundEntries found;
+    VerificationRecord record; // of what was read
+    IgnorePatterns patterns;
+    std::optional<DigestFormat> format; // of the first digest in the list, for files that are new
+    std::vector<std::string> unreadableFolders;
+};
 
 DiskVerification::DiskVerification(platform::VolumeFiles &files, std::string root,
                                    const VerifyOptions &options, VerifyProgress &progress,
@@ -84,22 +80,45 @@ DiskVerdict DiskVerification::verify(const std::stop_token &token)
         verified.list = std::move(list);
         m_verdict.lists.push_back(std::move(verified));
     }
-    if (isCancelled() || m_verdict.lists.empty())
-        return m_verdict;
-    if (m_options.record)
-        m_record.emplace(m_options.folderForSorting);
-    KnownFiles known(m_options.folderForSorting);
-    DiskSort found(m_options.folderForSorting, Budget);
-    readLists(known);
-    walk(found, known);
-    if (!found.finish() || !known.finish())
-        m_verdict.error = "the station has no room to keep the names of the files";
-    if (m_verdict.error.empty() && !isCancelled())
-        compare(found, known);
-    if (m_record && m_verdict.error.empty() && !isCancelled())
-        m_record->append(*m_disk, std::string(nameIn(m_root)), m_options.started,
-                         m_format.value_or(DigestFormat::Xxh128), m_verdict.lists);
+    // All is counted before anything is compared, so that the progress knows its end.
+    std::deque<ListWork> works;
+    for (auto &verified : m_verdict.lists) {
+        auto &work = works.emplace_back(verified, m_options.folderForSorting);
+        if (!isCancelled())
+            prepare(work);
+    }
+    for (auto &work : works) {
+        if (work.verified.error.empty() && !isCancelled())
+            compare(work);
+    }
+    for (auto &work : works) {
+        if (m_options.record && !isCancelled())
+            work.record.append(*m_disk, std::string(nameIn(m_root)), m_options.started,
+                               work.format.value_or(DigestFormat::Xxh128), work.verified);
+    }
+    (void)isCancelled();
     return m_verdict;
+}
+
+// Reads the list, and collects all that lies in its folder.
+void DiskVerification::prepare(ListWork &work)
+{
+    auto &verified = work.verified;
+    if (const auto error = readList(*m_disk, m_files.workingFolder(), verified.list, work.known)) {
+        verified.error = error->text();
+        return;
+    }
+    verified.station = stationCopyOf(verified.list);
+    work.patterns = IgnorePatterns(verified.list.ignored);
+    KnownFiles::Reader reader(work.known);
+    while (reader && !work.format) {
+        if (const auto *digest = reader.file().toCheckWith())
+            work.format = digest->format;
+        reader.next();
+    }
+    walk(work);
+    if (verified.error.empty() && (!work.found.finish() || !work.known.finish()))
+        verified.error = "the station has no room to keep the names of the files";
 }
 
 std::vector<DiskList> DiskVerification::listsToUse()
@@ -113,174 +132,153 @@ std::vector<DiskList> DiskVerification::listsToUse()
     return {};
 }
 
-void DiskVerification::readLists(KnownFiles &known)
-{
-    for (auto &verified : m_verdict.lists) {
-        if (const auto error = readList(*m_disk, m_files.workingFolder(), verified.list, known))
-            verified.error = error->text();
-        else
-            verified.station = stationCopyOf(verified.list);
-        m_patterns.emplace_back(verified.list.ignored);
-    }
-    KnownFiles::Reader reader(known);
-    while (reader && !m_format) {
-        if (const auto *digest = reader.file().toCheckWith())
-            m_format = digest->format;
-        reader.next();
-    }
-}
-
+// Every file that the list consists of is held against the copies of the same name.
 StationCopy DiskVerification::stationCopyOf(const DiskList &list) const
 {
-    const auto &copies = m_options.station->named(std::string(nameIn(list.file)));
-    const bool agrees = std::any_of(copies.begin(), copies.end(), [&](const std::string &copy) {
-        const auto digest = digestOfFile(m_files.workingFolder(), copy, DigestFormat::C4);
-        return digest && *digest == list.digest;
-    });
-    return copies.empty() ? StationCopy::Unknown : agrees ? StationCopy::Agrees : StationCopy::Differs;
+    bool areAllKnown = true;
+    for (const auto &manifest : list.manifests) {
+        const auto &copies = m_options.station->named(std::string(nameIn(manifest.path)));
+        const bool agrees = std::any_of(copies.begin(), copies.end(), [&](const std::string &copy) {
+            const auto digest = digestOfFile(m_files.workingFolder(), copy, DigestFormat::C4);
+            return digest && *digest == manifest.c4;
+        });
+        if (!copies.empty() && !agrees)
+            return StationCopy::Differs;
+        areAllKnown = areAllKnown && agrees;
+    }
+    return areAllKnown ? StationCopy::Agrees : StationCopy::Unknown;
 }
 
-// Collects everything below the folders of the lists. A list that is of no use says nothing of its folder.
-void DiskVerification::walk(DiskSort &found, KnownFiles &known)
+// Collects everything below the folder of the list.
+void DiskVerification::walk(ListWork &work)
 {
-    for (std::size_t i = 0; i < m_verdict.lists.size(); ++i) {
-        if (!m_verdict.lists[i].error.empty())
-            continue;
-        const auto &folder = m_verdict.lists[i].list.folder;
-        if (m_record)
-            m_record->addFolder(folder, 0);
-        // A list instead of a recursion: a tree may be deeper than the stack allows.
-        std::vector<std::string> waiting{folder};
-        while (!waiting.empty() && !isCancelled()) {
-            const auto here = std::move(waiting.back());
-            waiting.pop_back();
-            auto names = m_disk->list(here);
-            const auto error = names ? names->error() : std::optional(names.error());
-            if (error) {
-                m_unreadableFolders.push_back(here);
-                note(FileFinding::Unreadable, here, error->reason());
-            }
-            while (names && !names->empty())
-                addEntry(found, known, i, joined(here, names->takeNext()), waiting);
+    const auto &folder = work.verified.list.folder;
+    remember(work, folder, 0);
+    // A list instead of a recursion: a tree may be deeper than the stack allows.
+    std::vector<std::string> waiting{folder};
+    while (!waiting.empty() && !isCancelled()) {
+        const auto here = std::move(waiting.back());
+        waiting.pop_back();
+        auto names = m_disk->list(here);
+        const auto error = names ? names->error() : std::optional(names.error());
+        if (error) {
+            work.unreadableFolders.push_back(here);
+            note(FileFinding::Unreadable, here, error->reason());
         }
+        while (names && !names->empty() && !isCancelled())
+            addEntry(work, joined(here, names->takeNext()), waiting);
     }
 }
 
-bool DiskVerification::isPassedOver(std::size_t index, const std::string &path, bool isFolder) const
+void DiskVerification::remember(ListWork &work, const std::string &folder, std::int64_t modified) const
 {
-    const auto &list = m_verdict.lists[index].list;
-    if (path == list.file || path == LostAndFound)
-        return true;
-    // A checksum file may list anything, so only what is no content of its folder is passed over.
-    if (list.kind == ListKind::Sums)
-        return nameIn(path) == HistoryFolder && isFolder;
-    return m_patterns[index].matches(pathWithin(path, list.folder), isFolder);
+    if (m_options.record)
+        work.record.addFolder(folder, modified);
 }
 
-void DiskVerification::addEntry(DiskSort &found, KnownFiles &known, std::size_t index,
-                                const std::string &path, std::vector<std::string> &waiting)
+bool DiskVerification::isPassedOver(const ListWork &work, const std::string &path, bool isFolder)
+{
+    const auto &list = work.verified.list;
+    // A checksum file may list anything.
+    return path == list.file || path == LostAndFound ||
+           (list.kind != ListKind::Sums && work.patterns.matches(pathWithin(path, list.folder), isFolder));
+}
+
+void DiskVerification::addEntry(ListWork &work, const std::string &path, std::vector<std::string> &waiting)
 {
     const auto own = m_disk->attributes(path, Links::DoNotFollow, Want::Basics);
     const bool isFolder = own && own->type == FileType::Folder;
-    const auto &list = m_verdict.lists[index].list;
+    const auto &list = work.verified.list;
     if (isFolder && list.kind == ListKind::History && nameIn(path) == HistoryFolder) {
         const auto holder = path.substr(0, path.size() - std::min(path.size(), HistoryFolder.size() + 1));
-        if (m_record)
-            m_record->addFolder(path, 0);
+        remember(work, path, 0);
         if (holder == list.folder)
             return;
-        if (const auto error = readNestedHistory(*m_disk, holder, known); error && m_verdict.error.empty())
-            m_verdict.error = error->text();
+        if (const auto error = readNestedHistory(*m_disk, holder, work.known);
+            error && work.verified.error.empty())
+            work.verified.error = error->text();
         return;
     }
-    if (isPassedOver(index, path, isFolder))
+    if (isPassedOver(work, path, isFolder))
         return;
     // A link to a file counts as the file that it leads to.
     const auto there = m_disk->attributes(path, Links::Follow, Want::Basics);
     const std::uint64_t size = there && there->type == FileType::Regular ? there->size : 0;
     const std::int64_t modified = own ? own->modified / NanosecondsOfASecond : 0;
-    found.add(recordOf(path, {size, modified, isFolder}));
+    work.found.add({path, isFolder, size, modified});
     if (isFolder)
         waiting.push_back(path);
     else
         m_progress.totalBytes += size;
 }
 
-void DiskVerification::compare(const DiskSort &found, const KnownFiles &known)
+void DiskVerification::compare(ListWork &work)
 {
     m_block.resize(ReadAtOnce);
-    KnownFiles::Reader list(known);
-    DiskSort::Cursor disk(found);
+    KnownFiles::Reader list(work.known);
+    FoundEntries::Reader disk(work.found);
     while ((disk || list) && !isCancelled()) {
-        Entry entry;
-        std::string key;
-        if (disk) {
-            auto record = disk.record();
-            entry.path = takeSortKey(record);
-            Facts facts{};
-            std::memcpy(&facts, record.data(), sizeof facts);
-            entry.isFolder = facts.isFolder;
-            entry.size = facts.size;
-            entry.modified = facts.modified;
-            key = sortKey(entry.path);
-        }
+        const auto found = disk ? sortKey(disk.entry().path) : std::string();
         const auto listed = list ? sortKey(list.file().path) : std::string();
-        if (list && (!disk || listed < key)) {
-            noteMissing(list.file());
+        if (list && (!disk || listed < found)) {
+            noteMissing(work, list.file());
             list.next();
             continue;
         }
-        const bool isListed = list && listed == key;
-        compareEntry(entry, isListed ? &list.file() : nullptr);
+        const bool isListed = list && listed == found;
+        compareEntry(work, disk.entry(), isListed ? &list.file() : nullptr);
         if (isListed)
             list.next();
         disk.next();
     }
     if (list.hasFailed() || disk.hasFailed())
-        m_verdict.error = "what was kept of the names of the files cannot be read again";
+        work.verified.error = "what was kept of the names of the files cannot be read again";
 }
 
-void DiskVerification::noteMissing(const KnownFile &known)
+void DiskVerification::noteMissing(const ListWork &work, const KnownFile &known)
 {
     const auto &path = known.path;
-    const bool isBelowUnreadable =
-        std::any_of(m_unreadableFolders.begin(), m_unreadableFolders.end(),
-                    [&](const std::string &folder) { return isWithin(path, folder); });
-    if (known.isMoved)
+    if (known.isMoved || isPassedOver(work, path, known.isFolder))
         return;
-    for (std::size_t i = 0; i < m_verdict.lists.size(); ++i) {
-        if (isWithin(path, m_verdict.lists[i].list.folder) && isPassedOver(i, path, known.isFolder))
-            return;
-    }
+    const bool isBelowUnreadable =
+        std::any_of(work.unreadableFolders.begin(), work.unreadableFolders.end(),
+                    [&](const std::string &folder) { return isWithin(path, folder); });
     if (isBelowUnreadable)
         note(FileFinding::Unreadable, path, "its folder cannot be read");
     else
         note(FileFinding::Missing, path);
 }
 
-void DiskVerification::compareEntry(const Entry &entry, const KnownFile *known)
+// True for what is no content although no list has it: other checksum files beside the list, and, where a
+// checksum file is the list, histories.
+bool DiskVerification::isNoContent(const ListWork &work, const std::string &path)
+{
+    static const IgnorePatterns usual;
+    const auto &list = work.verified.list;
+    const bool isBesideList = joined(list.folder, nameIn(path)) == path;
+    const bool isSums =
+        list.kind == ListKind::Sums ? isNameOfSums(nameIn(path)) : isNameOfOurSums(nameIn(path));
+    return (isSums && isBesideList) || usual.matches(path, false);
+}
+
+void DiskVerification::compareEntry(ListWork &work, const FoundEntry &entry, const KnownFile *known)
 {
     const auto *expected = known && !known->isFolder ? known->toCheckWith() : nullptr;
     if (entry.isFolder) {
         if (known && !known->isFolder)
             note(FileFinding::Changed, entry.path);
-        else if (m_record)
-            m_record->addFolder(entry.path, entry.modified);
+        else
+            remember(work, entry.path, entry.modified);
         return;
     }
     if (!expected) {
-        // Checksum files beside the one that is used, and what no history lists, are no content.
-        if (usualPatterns().matches(nameIn(entry.path), false) ||
-            std::any_of(m_verdict.lists.begin(), m_verdict.lists.end(), [&](const VerifiedList &verified) {
-                return verified.list.kind == ListKind::Sums && isNameOfSums(nameIn(entry.path)) &&
-                       joined(verified.list.folder, nameIn(entry.path)) == entry.path;
-            }))
+        if (isNoContent(work, entry.path))
             return;
         note(known && known->isFolder ? FileFinding::Changed : FileFinding::New, entry.path);
-        if (!m_record)
+        if (!m_options.record)
             return;
     }
-    const auto format = expected ? expected->format : m_format.value_or(DigestFormat::Xxh128);
+    const auto format = expected ? expected->format : work.format.value_or(DigestFormat::Xxh128);
     const auto digest = digestOf(entry.path, format);
     if (m_verdict.isCancelled)
         return;
@@ -290,8 +288,8 @@ void DiskVerification::compareEntry(const Entry &entry, const KnownFile *known)
     }
     if (expected)
         note(*digest == expected->text ? FileFinding::Whole : FileFinding::Changed, entry.path);
-    if (m_record)
-        m_record->addFile(entry.path, entry.size, entry.modified, format, *digest);
+    if (m_options.record)
+        work.record.addFile(entry.path, entry.size, entry.modified, format, *digest);
 }
 
 // The disk reads the next block while this one is digested.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/evidence/DiskVerdict.h"
+#include "duplicate/evidence/FoundEntries.h"
 #include "duplicate/evidence/IgnorePatterns.h"
 #include "duplicate/evidence/StationCopies.h"
 #include "duplicate/evidence/VerificationRecord.h"
@@ -46,25 +47,19 @@ public:
     DiskVerdict verify(const std::stop_token &token);
 
 private:
-    /// An entry of the disk.
-    struct Entry
-    {
-        std::string path;
-        bool isFolder = false;
-        std::uint64_t size = 0;
-        std::int64_t modified = 0; ///< seconds since 1970
-    };
+    struct ListWork;
 
     std::vector<DiskList> listsToUse();
-    void readLists(KnownFiles &known);
+    void prepare(ListWork &work);
     StationCopy stationCopyOf(const DiskList &list) const;
-    void walk(DiskSort &found, KnownFiles &known);
-    void addEntry(DiskSort &found, KnownFiles &known, std::size_t index, const std::string &path,
-                  std::vector<std::string> &waiting);
-    bool isPassedOver(std::size_t index, const std::string &path, bool isFolder) const;
-    void compare(const DiskSort &found, const KnownFiles &known);
-    void compareEntry(const Entry &entry, const KnownFile *known);
-    void noteMissing(const KnownFile &known);
+    void walk(ListWork &work);
+    void addEntry(ListWork &work, const std::string &path, std::vector<std::string> &waiting);
+    void remember(ListWork &work, const std::string &folder, std::int64_t modified) const;
+    static bool isPassedOver(const ListWork &work, const std::string &path, bool isFolder);
+    static bool isNoContent(const ListWork &work, const std::string &path);
+    void compare(ListWork &work);
+    void compareEntry(ListWork &work, const FoundEntry &entry, const KnownFile *known);
+    void noteMissing(const ListWork &work, const KnownFile &known);
     platform::Expected<std::string> digestOf(const std::string &path, DigestFormat format);
     void note(FileFinding finding, const std::string &path, std::string reason = {});
     bool isCancelled();
@@ -77,10 +72,6 @@ private:
     std::unique_ptr<platform::Folder> m_disk;
     std::stop_token m_token;
     DiskVerdict m_verdict;
-    std::vector<IgnorePatterns> m_patterns; // of the lists, in their order
-    std::vector<std::string> m_unreadableFolders;
-    std::optional<VerificationRecord> m_record;
-    std::optional<DigestFormat> m_format; // of the first digest in the lists, for files that are new
     std::vector<std::byte> m_block;
 };
 

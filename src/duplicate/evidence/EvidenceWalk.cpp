@@ -1,6 +1,5 @@
 #include "duplicate/evidence/EvidenceWalk.h"
 
-#include "duplicate/evidence/IgnorePatterns.h"
 #include "duplicate/evidence/MhlXml.h"
 #include "duplicate/evidence/SortKey.h"
 
@@ -19,6 +18,19 @@ std::string holderOf(const std::string &path)
     return slash == std::string::npos ? std::string() : path.substr(0, slash);
 }
 
+// Returns the path of the first name below the scope that a history cannot hold; nullopt if there is none.
+// The folders above an entry may have no entry of their own.
+std::optional<std::string> outermostBadName(const std::string &path, const std::string &scope)
+{
+    for (auto end = path.find('/', scope.empty() ? 0 : scope.size() + 1);; end = path.find('/', end + 1)) {
+        const auto part = path.substr(0, end);
+        if (part.size() > scope.size() && !canBeInMhl(nameIn(part)))
+            return part;
+        if (end == std::string::npos)
+            return std::nullopt;
+    }
+}
+
 } // namespace
 
 EvidenceWalk::EvidenceWalk(std::vector<std::string> scopes, DigestFormat format, std::string folderForSorting,
@@ -33,9 +45,11 @@ bool EvidenceWalk::walk(const EvidenceLog &log, std::size_t copy)
     EvidenceLog::Reader reader(log, copy);
     while (reader.next())
         visit(reader.entry(), reader.state());
+    if (reader.hasFailed())
+        return false; // what is open stays unfinished
     while (!m_levels.empty())
         leave();
-    return !reader.hasFailed();
+    return true;
 }
 
 const std::string *EvidenceWalk::scopeOf(const std::string &path) const
@@ -47,24 +61,23 @@ const std::string *EvidenceWalk::scopeOf(const std::string &path) const
 
 void EvidenceWalk::visit(const EvidenceEntry &entry, CopyState state)
 {
-    static const IgnorePatterns ignored;
     const auto &path = entry.path;
     const auto *scope = scopeOf(path);
     if (!scope || (m_passedOver && isWithin(path, *m_passedOver)))
         return;
     m_passedOver.reset();
     leaveUntil(path);
-    const bool isScope = path == *scope;
-    if (!isScope)
-        enterParents(holderOf(path), *scope);
-    if (!isScope && ignored.matches(nameIn(path), entry.isFolder)) {
+    const auto bad = outermostBadName(path, *scope);
+    if (path != *scope)
+        enterParents(holderOf(bad.value_or(path)), *scope);
+    if (bad) {
+        m_passedOver = bad;
+        m_levels.back().isWhole = false;
+        return m_visitor.cannotBeListed(*bad, "its name is not UTF-8, or holds a control character");
+    }
+    if (path != *scope && m_visitor.isIgnored(path, entry.isFolder)) {
         m_passedOver = path;
         return;
-    }
-    if (!isScope && !canBeInMhl(nameIn(path))) {
-        m_passedOver = path;
-        m_levels.back().isWhole = false;
-        return m_visitor.cannotBeListed(path, "its name is not UTF-8, or holds a control character");
     }
     if (state == CopyState::Bad && !m_levels.empty())
         m_levels.back().isWhole = false;

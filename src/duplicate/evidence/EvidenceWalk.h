@@ -23,6 +23,9 @@ public:
     /// A file that counts as done.
     virtual void file(const EvidenceEntry &file) = 0;
 
+    /// True if the history around the file or folder leaves it out. Nothing below it is visited then.
+    virtual bool isIgnored(const std::string &path, bool isFolder) = 0;
+
     /// A file or folder that cannot be in a history, for `reason`. Nothing below it is visited.
     virtual void cannotBeListed(const std::string &path, const std::string &reason) = 0;
 

@@ -31,11 +31,14 @@ Failure failed(HistoryProblem problem, std::string file, ManifestError detail = 
     return Failure(HistoryError{problem, std::move(file), std::move(detail)});
 }
 
-std::vector<std::string> manifestsIn(const Folder &volume, const std::string &folder)
+platform::Expected<std::vector<std::string>> manifestsIn(const Folder &volume, const std::string &folder)
 {
     std::vector<std::string> found;
     auto names = volume.list(folder);
-    while (names && !names->empty()) {
+    const auto error = names ? names->error() : std::optional(names.error());
+    if (error)
+        return tl::unexpected(*error);
+    while (!names->empty()) {
         std::string name(names->takeNext());
         if (generationOf(name))
             found.push_back(std::move(name));
@@ -148,7 +151,7 @@ void KnownFiles::Reader::next()
         const auto kind = static_cast<Kind>(record[NumberSize]);
         m_file.isFolder = kind == Kind::FolderEntry || (m_file.isFolder && kind == Kind::Moved);
         m_file.isMoved = kind == Kind::Moved;
-        for (record.remove_prefix(NumberSize + 1); !record.empty();) {
+        for (record.remove_prefix(NumberSize + 1); record.size() > 2;) {
             ManifestDigest digest;
             digest.format = static_cast<DigestFormat>(record[0]);
             digest.action = static_cast<DigestAction>(record[1]);
@@ -226,12 +229,19 @@ tl::expected<History, HistoryError> readHistory(const Folder &volume, const std:
         return Failure(*error);
     History history;
     history.chain = std::move(*chain);
-    for (const auto &name : manifestsIn(volume, folder)) {
-        auto generation = readGeneration(volume, root, name, known);
+    const auto names = manifestsIn(volume, folder);
+    if (!names)
+        return failed(HistoryProblem::BadManifest, std::string(HistoryFolder),
+                      {0, "cannot be read: " + names.error().reason()});
+    KnownFiles unused((std::string()));
+    for (const auto &name : *names) {
+        const bool isInChain = std::any_of(history.chain.begin(), history.chain.end(),
+                                           [&](const auto &named) { return named.path == name; });
+        // What the chain does not name is unfinished, or not of this history. It says nothing of the files.
+        auto generation = readGeneration(volume, root, name, isInChain ? known : unused);
         if (!generation)
             return Failure(generation.error());
-        generation->isInChain = std::any_of(history.chain.begin(), history.chain.end(),
-                                            [&](const auto &named) { return named.path == name; });
+        generation->isInChain = isInChain;
         history.generations.push_back(std::move(*generation));
     }
     if (!known.finish())

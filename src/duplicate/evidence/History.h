@@ -99,9 +99,9 @@ struct HistoryError
 struct Generation
 {
     int number = 0;
-    std::string name; ///< file name of the manifest
-    std::string c4;   ///< of the manifest as it is
-    bool isInChain = false;
+    std::string name;       ///< file name of the manifest
+    std::string c4;         ///< of the manifest as it is
+    bool isInChain = false; ///< else it says nothing of the files
     ManifestFacts facts;
 };
 

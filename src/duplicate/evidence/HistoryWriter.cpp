@@ -1,6 +1,7 @@
 #include "duplicate/evidence/HistoryWriter.h"
 
 #include "duplicate/evidence/IgnorePatterns.h"
+#include "duplicate/evidence/Leftovers.h"
 #include "duplicate/evidence/SortKey.h"
 #include "foundation/DisplayPath.h"
 
@@ -20,9 +21,6 @@ using platform::FileProblem;
 namespace
 {
 
-// Checkers read every file that ends with ".mhl", and every folder called "ascmhl".
-constexpr std::string_view Unfinished = ".part";
-
 // A volume may take 255 bytes of a name. This leaves room for number, date and endings.
 constexpr std::size_t LongestFolderName = 180;
 
@@ -33,14 +31,6 @@ using Failure = tl::unexpected<std::string>;
 std::string sentence(std::string_view what, const platform::FileError &error)
 {
     return std::string(what) + ": " + error.reason();
-}
-
-void removeAll(platform::Folder &volume, const std::string &path)
-{
-    auto names = volume.list(path);
-    while (names && !names->empty())
-        (void)volume.remove(joined(path, names->takeNext()));
-    (void)volume.remove(path);
 }
 
 } // namespace
@@ -54,9 +44,15 @@ HistoryWriter::HistoryWriter(platform::Folder &volume, std::string root, const M
 
 HistoryWriter::~HistoryWriter()
 {
+    if (m_manifest && !m_isCommitted)
+        m_manifest->removeStationCopy();
     m_manifest.reset();
-    if (!m_unfinished.empty())
-        removeAll(m_volume, m_unfinished);
+    if (m_unfinished.empty())
+        return;
+    if (m_old)
+        (void)m_volume.remove(m_unfinished);
+    else
+        removeUnfinishedHistory(m_volume, m_unfinished);
 }
 
 std::string HistoryWriter::pathOf(std::string_view inRoot) const
@@ -66,29 +62,35 @@ std::string HistoryWriter::pathOf(std::string_view inRoot) const
 
 tl::expected<std::unique_ptr<HistoryWriter>, std::string>
 HistoryWriter::open(platform::Folder &volume, const std::string &root, const ManifestStyle &style,
-                    const std::optional<FolderDigest> &digest, const std::vector<std::string> &skipped,
-                    EvidenceListener tell)
+                    const Start &start, EvidenceListener tell)
 {
     std::unique_ptr<HistoryWriter> writer(new HistoryWriter(volume, root, style, std::move(tell)));
-    if (const auto read = writer->readOldGenerations(); !read)
+    if (const auto read = writer->readOldGenerations(start.copied); !read)
         return Failure(read.error());
     if (const auto opened = writer->openManifest(); !opened)
         return Failure(opened.error());
-    writer->start(digest, skipped);
+    writer->start(start.digest, start.skipped);
     return writer;
 }
 
-tl::expected<void, std::string> HistoryWriter::readOldGenerations()
+// A run was cut before it wrote the chain. Its manifest is of no use without.
+tl::expected<void, std::string> HistoryWriter::takeBack(const Generation &unfinished,
+                                                        const std::set<std::string> &copied)
+{
+    if (unfinished.facts.tool != ProgramName || copied.contains(unfinished.name))
+        return Failure("its history has a manifest that its chain does not name: " +
+                       displayPath(unfinished.name));
+    if (const auto removed = m_volume.remove(joined(pathOf(HistoryFolder), unfinished.name)); !removed)
+        return Failure(sentence("an unfinished manifest cannot be removed", removed.error()));
+    return {};
+}
+
+tl::expected<void, std::string> HistoryWriter::readOldGenerations(const std::set<std::string> &copied)
 {
     auto old = readHistory(m_volume, m_root, m_known);
     if (old && !old->generations.back().isInChain) {
-        // A run was cut before it wrote the chain. Its manifest is of no use without.
-        const auto &last = old->generations.back();
-        if (last.facts.tool != ProgramName)
-            return Failure("its history has a manifest that its chain does not name: " +
-                           displayPath(last.name));
-        if (const auto removed = m_volume.remove(joined(pathOf(HistoryFolder), last.name)); !removed)
-            return Failure(sentence("an unfinished manifest cannot be removed", removed.error()));
+        if (const auto taken = takeBack(old->generations.back(), copied); !taken)
+            return taken;
         m_known = KnownFiles(m_style.folderForSorting);
         old = readHistory(m_volume, m_root, m_known);
     }
@@ -119,23 +121,29 @@ std::string HistoryWriter::manifestName() const
            mhlStamp(m_style.started) + ".mhl";
 }
 
+tl::expected<void, std::string> HistoryWriter::makeHistoryFolder()
+{
+    const auto folder = pathOf(HistoryFolder).append(UnfinishedEnd);
+    removeUnfinishedHistory(m_volume, folder); // of a run that was cut
+    const auto made = m_volume.makeFolder(folder, {.permissions = EverybodyMayRead});
+    if (!made)
+        return Failure(sentence("the folder " + std::string(HistoryFolder).append(UnfinishedEnd) +
+                                    " for its history cannot be made",
+                                made.error()));
+    m_unfinished = folder;
+    return {};
+}
+
 tl::expected<void, std::string> HistoryWriter::openManifest()
 {
     m_name = manifestName();
-    auto folder = pathOf(HistoryFolder);
     if (m_old) {
-        m_unfinished = joined(folder, m_name).append(Unfinished);
-    } else {
-        m_unfinished = folder.append(Unfinished);
-        removeAll(m_volume, m_unfinished); // of a run that was cut
-        const auto made = m_volume.makeFolder(m_unfinished, {.permissions = EverybodyMayRead});
-        if (!made) {
-            m_unfinished.clear();
-            return Failure(sentence("the folder of its history cannot be made", made.error()));
-        }
+        removeLeftovers(m_volume, pathOf(HistoryFolder)); // of a run that was cut
+        m_unfinished = joined(pathOf(HistoryFolder), m_name).append(UnfinishedEnd);
+    } else if (const auto made = makeHistoryFolder(); !made) {
+        return made;
     }
     const auto path = m_old ? m_unfinished : joined(m_unfinished, m_name);
-    (void)m_volume.remove(path); // of a run that was cut
     const auto copy = m_style.stationFolder.empty() ? std::string() : m_style.stationFolder + "/" + m_name;
     auto manifest = ManifestFile::create(m_volume, path, copy, DigestFormat::C4);
     if (!manifest)
@@ -190,6 +198,9 @@ DigestAction HistoryWriter::actionFor(const EvidenceEntry &file, const std::stri
     const auto known = m_knownReader->file();
     m_knownReader->next();
     const auto *digest = known.inFormat(file.format);
+    if (!digest && !known.digests.empty())
+        m_tell({EvidenceRemark::Kind::NotAsInHistory, file.path,
+                "it cannot be compared: its history has digests of another format only"});
     if (!digest)
         return DigestAction::Original;
     if (digest->text == file.digest)
@@ -225,11 +236,12 @@ void HistoryWriter::refer(const MhlReference &manifest)
 tl::expected<HistoryWriter::Committed, std::string> HistoryWriter::commit()
 {
     passKnownFilesBefore({});
+    if (m_knownReader && m_knownReader->hasFailed())
+        return Failure("what was read of its history cannot be read again");
     if (m_hasEntries)
         m_manifest->write(MhlEntriesEnd);
     m_manifest->write(mhlEnd(m_references));
     const auto c4 = m_manifest->close();
-    m_manifest.reset();
     if (!c4)
         return Failure(sentence("the manifest cannot be written", c4.error()));
     const MhlReference manifest{m_name, *c4};
@@ -241,6 +253,7 @@ tl::expected<HistoryWriter::Committed, std::string> HistoryWriter::commit()
         return Failure(sentence("the manifest cannot be read back", readBack.error()));
     if (*readBack != *c4)
         return Failure("the manifest reads back differently than it was written");
+    m_isCommitted = true;
     return Committed{{path, *c4}, m_files};
 }
 
@@ -265,8 +278,7 @@ Expected<void> HistoryWriter::putInPlace(const MhlReference &manifest)
     if (!done)
         return done;
     const auto chain = joined(folder, ChainName);
-    m_unfinished = std::string(chain).append(Unfinished);
-    (void)m_volume.remove(m_unfinished); // of a run that was cut
+    m_unfinished = std::string(chain).append(UnfinishedEnd);
     done = m_volume.syncVolume();
     if (done)
         done = writeChain(m_unfinished, manifest);

@@ -8,7 +8,9 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace orvana
 {
@@ -20,11 +22,18 @@ namespace orvana
 class HistoryWriter
 {
 public:
+    /// What is known of the folder before the manifest begins.
+    struct Start
+    {
+        std::optional<FolderDigest> digest;
+        std::vector<std::string> skipped; ///< what a rule left out, paths below the volume
+        std::set<std::string> copied;     ///< manifests that came with the copy: not to be taken back
+    };
+
     /// Reads the history, if there is one, and opens a manifest for the folder `root` of the volume. The
     /// error says why the folder gets no generation. `volume` must outlive the writer.
     static tl::expected<std::unique_ptr<HistoryWriter>, std::string>
-    open(platform::Folder &volume, const std::string &root, const ManifestStyle &style,
-         const std::optional<FolderDigest> &digest, const std::vector<std::string> &skipped,
+    open(platform::Folder &volume, const std::string &root, const ManifestStyle &style, const Start &start,
          EvidenceListener tell);
 
     /// Removes what has no final name yet.
@@ -55,7 +64,10 @@ private:
     HistoryWriter(platform::Folder &volume, std::string root, const ManifestStyle &style,
                   EvidenceListener tell);
 
-    tl::expected<void, std::string> readOldGenerations();
+    tl::expected<void, std::string> readOldGenerations(const std::set<std::string> &copied);
+    tl::expected<void, std::string> takeBack(const Generation &unfinished,
+                                             const std::set<std::string> &copied);
+    tl::expected<void, std::string> makeHistoryFolder();
     tl::expected<void, std::string> openManifest();
     void start(const std::optional<FolderDigest> &digest, const std::vector<std::string> &skipped);
     void writeEntry(const std::string &xml);
@@ -79,6 +91,7 @@ private:
     std::optional<ManifestFile> m_manifest;
     std::vector<MhlReference> m_references;
     bool m_hasEntries = false;
+    bool m_isCommitted = false;
     std::uint64_t m_files = 0;
 };
 

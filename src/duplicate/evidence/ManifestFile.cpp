@@ -31,14 +31,31 @@ platform::Expected<ManifestFile> ManifestFile::create(const platform::Folder &fo
     return manifest;
 }
 
+// Several manifests of one run may have the same name, so each gets a folder in which the name is free.
 void ManifestFile::openStationCopy(const std::string &path)
 {
-    std::error_code ignored;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
-    m_station.reset(std::fopen(path.c_str(), "wxe"));
+    namespace fs = std::filesystem;
+    constexpr int MostFolders = 10'000;
+    const fs::path wanted(path);
+    for (int number = 1; !m_station && number < MostFolders; ++number) {
+        const auto folder = wanted.parent_path().string() + (number > 1 ? "-" + std::to_string(number) : "");
+        std::error_code ignored;
+        fs::create_directories(folder, ignored);
+        m_stationPath = (fs::path(folder) / wanted.filename()).string();
+        m_station.reset(std::fopen(m_stationPath.c_str(), "wxe"));
+        if (!m_station && errno != EEXIST)
+            break;
+    }
     if (!m_station)
-        systemLog("The station's copy of a manifest cannot be written: " + displayPath(path) + ": " +
+        systemLog("The station's copy of a manifest cannot be written: " + displayPath(m_stationPath) + ": " +
                   std::generic_category().message(errno));
+}
+
+void ManifestFile::removeStationCopy()
+{
+    std::error_code ignored;
+    if (!m_stationPath.empty())
+        std::filesystem::remove(m_stationPath, ignored);
 }
 
 void ManifestFile::write(std::string_view text)

@@ -28,6 +28,9 @@ public:
     /// Writes what is left and closes the file. Returns the digest of the whole file. To be called once.
     platform::Expected<std::string> close();
 
+    /// Removes the station's copy, because the manifest itself did not get into its place.
+    void removeStationCopy();
+
 private:
     struct CloseFile
     {
@@ -43,6 +46,7 @@ private:
 
     std::unique_ptr<platform::File> m_file;
     std::unique_ptr<std::FILE, CloseFile> m_station;
+    std::string m_stationPath;
     Digest m_digest;
     std::string m_buffer;
     std::uint64_t m_offset = 0;

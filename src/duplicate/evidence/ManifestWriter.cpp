@@ -3,6 +3,7 @@
 #include "duplicate/evidence/EvidenceWalk.h"
 #include "duplicate/evidence/HistoryWriter.h"
 #include "duplicate/evidence/IgnorePatterns.h"
+#include "duplicate/evidence/Leftovers.h"
 #include "duplicate/evidence/SortKey.h"
 #include "duplicate/evidence/SumsWriter.h"
 #include "foundation/DisplayPath.h"
@@ -18,7 +19,6 @@ namespace orvana
 namespace
 {
 
-constexpr std::string_view Unfinished = ".part";
 constexpr const char *LostAndFound = "lost+found"; // of ext file systems, in their root
 
 EvidenceRemark withoutManifest(const std::string &folder, const std::string &reason)
@@ -31,7 +31,26 @@ bool isThere(const platform::Folder &volume, const std::string &path)
     return volume.attributes(path, platform::Links::DoNotFollow, platform::Want::Basics).has_value();
 }
 
-// The folders whose "ascmhl" came with the copy.
+std::string unfinishedHistory()
+{
+    return std::string(HistoryFolder).append(UnfinishedEnd);
+}
+
+// Returns the items below the folder that a rule left out, as a history around them calls them.
+std::vector<std::string> skippedIn(const std::string &folder, const platform::Folder &volume,
+                                   const ManifestOrder &order)
+{
+    std::vector<std::string> within;
+    for (const auto &path : order.skipped) {
+        if (isWithin(path, folder) && path != folder)
+            within.push_back(path);
+    }
+    if (folder.empty() && isThere(volume, LostAndFound))
+        within.emplace_back(LostAndFound);
+    return within;
+}
+
+// The folders whose "ascmhl" came with the copy, and the manifests in it.
 class CopiedHistories
 {
 public:
@@ -40,15 +59,30 @@ public:
         EvidenceLog::Reader reader(log, copy);
         while (reader.next()) {
             const auto &path = reader.entry().path;
+            const auto holder = withoutName(path);
             if (reader.entry().isFolder && nameIn(path) == HistoryFolder)
-                m_roots.insert(path.substr(0, path.size() - std::min(path.size(), HistoryFolder.size() + 1)));
+                m_manifests[holder];
+            else if (nameIn(holder) == HistoryFolder && generationOf(nameIn(path)))
+                m_manifests[withoutName(holder)].emplace(nameIn(path));
         }
     }
 
-    bool holds(const std::string &folder) const { return m_roots.contains(folder); }
+    bool holds(const std::string &folder) const { return m_manifests.contains(folder); }
+
+    std::set<std::string> manifestsOf(const std::string &folder) const
+    {
+        const auto found = m_manifests.find(folder);
+        return found == m_manifests.end() ? std::set<std::string>() : found->second;
+    }
 
 private:
-    std::set<std::string> m_roots;
+    static std::string withoutName(const std::string &path)
+    {
+        const auto slash = path.rfind('/');
+        return slash == std::string::npos ? std::string() : path.substr(0, slash);
+    }
+
+    std::map<std::string, std::set<std::string>> m_manifests; // file names, by the folder of the history
 };
 
 /// What a first walk finds out: the digests that stand at the beginning of the manifests, and the folders
@@ -56,22 +90,42 @@ private:
 class FirstLook : public EvidenceVisitor
 {
 public:
-    FirstLook(const platform::Folder &volume, const CopiedHistories &copied, const ManifestOrder &order)
-        : m_volume(volume), m_copied(copied), m_order(order), m_ignored(IgnorePatterns::defaults())
+    FirstLook(const platform::Folder &volume, const CopiedHistories &histories,
+              const ManifestOrder &manifests)
+        : copied(histories), order(manifests), m_volume(volume)
     {
     }
 
     void enters(const std::string &folder, bool isNew) override
     {
-        if (isRoot(folder))
+        if (isRoot(folder)) {
             m_open.push_back(folder);
+            readPatterns(folder);
+        }
         // A history that was there before is not continued, and neither is one around it.
-        if (!isNew && !m_copied.holds(folder) && isThere(m_volume, joined(folder, HistoryFolder)))
-            foreign.emplace(m_open.front(), folder);
+        if (!isNew && !copied.holds(folder) && isThere(m_volume, joined(folder, HistoryFolder)))
+            refusals.emplace(m_open.front(),
+                             folder == m_open.front()
+                                 ? "it has a history of its own already"
+                                 : "a folder in it has a history of its own: " + displayPath(folder));
+        if (nameIn(folder) == unfinishedHistory())
+            refusals.emplace(m_open.front(),
+                             "the name of a folder in it is needed for the history: " + displayPath(folder));
     }
 
     void file(const EvidenceEntry &) override {}
     void cannotBeListed(const std::string &, const std::string &) override {}
+
+    bool isIgnored(const std::string &path, bool isFolder) override
+    {
+        return m_open.empty() || isIgnoredIn(m_open.back(), path, isFolder);
+    }
+
+    bool isIgnoredIn(const std::string &root, const std::string &path, bool isFolder) const
+    {
+        const auto patterns = m_patterns.find(root);
+        return patterns != m_patterns.end() && patterns->second.matches(pathWithin(path, root), isFolder);
+    }
 
     bool holdsOnly(const std::string &folder, std::size_t count) override
     {
@@ -80,8 +134,7 @@ public:
             return false;
         while (!names->empty()) {
             const auto name = names->takeNext();
-            if (m_ignored.matches(name, false) || name == unfinishedHistory() ||
-                (folder.empty() && name == LostAndFound))
+            if (name == unfinishedHistory() || isIgnored(joined(folder, name), false))
                 continue;
             if (count-- == 0)
                 return false;
@@ -100,20 +153,31 @@ public:
 
     bool isRoot(const std::string &folder) const
     {
-        return m_copied.holds(folder) ||
-               std::find(m_order.scopes.begin(), m_order.scopes.end(), folder) != m_order.scopes.end();
+        return copied.holds(folder) ||
+               std::find(order.scopes.begin(), order.scopes.end(), folder) != order.scopes.end();
     }
 
+    const CopiedHistories &copied;
+    const ManifestOrder &order;
     std::map<std::string, FolderDigest> digests;
-    std::map<std::string, std::string> foreign; ///< scopes, and the folder that has a history already
+    std::map<std::string, std::string> refusals; ///< scopes that get no manifest, and why
 
 private:
-    static std::string unfinishedHistory() { return std::string(HistoryFolder).append(Unfinished); }
+    void readPatterns(const std::string &folder)
+    {
+        auto patterns = IgnorePatterns::defaults();
+        KnownFiles unused(order.style.folderForSorting);
+        if (copied.holds(folder)) {
+            if (const auto history = readHistory(m_volume, folder, unused))
+                patterns = history->ignored();
+        }
+        for (const auto &path : skippedIn(folder, m_volume, order))
+            patterns.push_back(IgnorePatterns::patternOf(pathWithin(path, folder)));
+        m_patterns.emplace(folder, IgnorePatterns(patterns));
+    }
 
     const platform::Folder &m_volume;
-    const CopiedHistories &m_copied;
-    const ManifestOrder &m_order;
-    IgnorePatterns m_ignored;
+    std::map<std::string, IgnorePatterns> m_patterns; // by the folder of the history
     std::vector<std::string> m_open;
 };
 
@@ -121,9 +185,8 @@ private:
 class SecondLook : public EvidenceVisitor
 {
 public:
-    SecondLook(platform::Folder &volume, FirstLook &first, const ManifestOrder &order,
-               const EvidenceListener &tell)
-        : m_volume(volume), m_first(first), m_order(order), m_tell(tell)
+    SecondLook(platform::Folder &volume, FirstLook &first, const EvidenceListener &tell)
+        : m_volume(volume), m_first(first), m_tell(tell)
     {
     }
 
@@ -132,24 +195,31 @@ public:
         if (!m_first.isRoot(folder))
             return;
         m_open.push_back({folder, nullptr});
-        if (const auto foreign = m_first.foreign.find(m_open.front().root);
-            foreign != m_first.foreign.end()) {
+        const auto refusal = m_first.refusals.find(m_open.front().root);
+        if (refusal != m_first.refusals.end()) {
             if (folder == m_open.front().root)
-                m_tell(withoutManifest(folder, foreign->second == folder
-                                                   ? "it has a history of its own already"
-                                                   : "a folder in it has a history of its own: " +
-                                                         displayPath(foreign->second)));
+                m_tell(withoutManifest(folder, refusal->second));
             return;
         }
         const auto digest = m_first.digests.find(folder);
-        auto writer = HistoryWriter::open(m_volume, folder, m_order.style,
-                                          digest == m_first.digests.end() ? std::nullopt
-                                                                          : std::optional(digest->second),
-                                          skippedIn(folder), m_tell);
+        auto writer = HistoryWriter::open(
+            m_volume, folder, m_first.order.style,
+            {.digest = digest == m_first.digests.end() ? std::nullopt : std::optional(digest->second),
+             .skipped = skippedIn(folder, m_volume, m_first.order),
+             .copied = m_first.copied.manifestsOf(folder)},
+            m_tell);
         if (writer)
             m_open.back().writer = std::move(*writer);
         else
             m_tell(withoutManifest(folder, writer.error()));
+    }
+
+    bool isIgnored(const std::string &path, bool isFolder) override
+    {
+        const bool isIgnored = m_open.empty() || m_first.isIgnoredIn(m_open.back().root, path, isFolder);
+        if (isIgnored && innermost() && nameIn(path) != HistoryFolder)
+            m_tell({EvidenceRemark::Kind::NotListed, path, "a pattern of its history leaves it out"});
+        return isIgnored;
     }
 
     void file(const EvidenceEntry &file) override
@@ -196,18 +266,6 @@ private:
 
     HistoryWriter *innermost() { return m_open.empty() ? nullptr : m_open.back().writer.get(); }
 
-    std::vector<std::string> skippedIn(const std::string &folder) const
-    {
-        std::vector<std::string> within;
-        for (const auto &path : m_order.skipped) {
-            if (isWithin(path, folder) && path != folder)
-                within.push_back(path);
-        }
-        if (folder.empty() && isThere(m_volume, LostAndFound))
-            within.emplace_back(LostAndFound);
-        return within;
-    }
-
     std::optional<MhlReference> commit()
     {
         auto *writer = innermost();
@@ -224,7 +282,6 @@ private:
 
     platform::Folder &m_volume;
     FirstLook &m_first;
-    const ManifestOrder &m_order;
     const EvidenceListener &m_tell;
     std::vector<Open> m_open;
 };
@@ -236,12 +293,14 @@ std::vector<WrittenManifest> writeHistories(platform::Folder &volume, const Evid
     const auto &style = order.style;
     const CopiedHistories copied(log, copy);
     FirstLook first(volume, copied, order);
-    if (!EvidenceWalk(order.scopes, style.format, style.folderForSorting, first).walk(log, copy)) {
-        tell(withoutManifest({}, "what was digested cannot be read again"));
-        return {};
+    SecondLook second(volume, first, tell);
+    for (EvidenceVisitor *look :
+         {static_cast<EvidenceVisitor *>(&first), static_cast<EvidenceVisitor *>(&second)}) {
+        if (!EvidenceWalk(order.scopes, style.format, style.folderForSorting, *look).walk(log, copy)) {
+            tell(withoutManifest({}, "what was digested cannot be read again"));
+            break;
+        }
     }
-    SecondLook second(volume, first, order, tell);
-    EvidenceWalk(order.scopes, style.format, style.folderForSorting, second).walk(log, copy);
     return std::move(second.written);
 }
 

@@ -105,6 +105,8 @@ protected:
         XML_StopParser(m_parser.get(), XML_FALSE);
     }
 
+    bool isRefused() const { return !m_reason.empty(); }
+
     void refuseUnlessBelow(std::string_view path)
     {
         if (!liesBelow(path))
@@ -218,7 +220,8 @@ private:
         refuseUnlessBelow(m_entry->path);
         if (!m_entry->previousPath.empty())
             refuseUnlessBelow(m_entry->previousPath);
-        m_take(*m_entry);
+        if (!isRefused())
+            m_take(*m_entry);
         m_entry.reset();
     }
 

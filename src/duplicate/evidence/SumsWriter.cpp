@@ -1,6 +1,7 @@
 #include "duplicate/evidence/SumsWriter.h"
 
 #include "duplicate/evidence/ChecksumLine.h"
+#include "duplicate/evidence/Leftovers.h"
 #include "duplicate/evidence/ManifestFile.h"
 #include "duplicate/evidence/MhlXml.h"
 #include "duplicate/evidence/SortKey.h"
@@ -10,8 +11,6 @@ namespace orvana
 
 namespace
 {
-
-constexpr std::string_view Unfinished = ".part";
 
 std::string nameOfFile(const std::string &scope, const ManifestStyle &style)
 {
@@ -64,8 +63,8 @@ tl::expected<WrittenManifest, std::string> writeSums(platform::Folder &volume, c
 {
     const auto name = nameOfFile(scope, style);
     const auto path = joined(scope, name);
-    const auto unfinished = std::string(path).append(Unfinished);
-    (void)volume.remove(unfinished); // of a run that was cut
+    const auto unfinished = std::string(path).append(UnfinishedEnd);
+    removeLeftovers(volume, scope); // of a run that was cut
     const auto station = style.stationFolder.empty() ? std::string() : style.stationFolder + "/" + name;
     auto file = ManifestFile::create(volume, unfinished, station, DigestFormat::Sha256);
     if (!file)
@@ -75,6 +74,7 @@ tl::expected<WrittenManifest, std::string> writeSums(platform::Folder &volume, c
     const auto put = digest && lines ? putInPlace(volume, unfinished, path) : platform::Expected<void>();
     if (digest && lines && put)
         return WrittenManifest{path, DigestFormat::Sha256, *digest, *lines};
+    file->removeStationCopy();
     (void)volume.remove(unfinished);
     if (!lines)
         return tl::unexpected(std::string("what was digested cannot be read again"));

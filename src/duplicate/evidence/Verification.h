@@ -2,10 +2,10 @@
 
 #include "duplicate/evidence/DiskVerification.h"
 
-#include <deque>
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace orvana
@@ -15,18 +15,19 @@ namespace orvana
 class Verification
 {
 public:
-    /// Called on the thread of a disk, several at a time.
+    /// Called on the thread of a disk, several at a time, and not after the destructor.
     struct Listener
     {
         std::function<void(std::size_t disk, const Finding &)> finding;
         std::function<void(std::size_t disk)> ended; ///< `verdict` is valid from then on
     };
 
-    /// Starts to verify the disks with these roots. `files` must outlive this object.
+    /// Starts to verify the disks with these roots. `files` must outlive this object, and any thread that is
+    /// left behind.
     Verification(platform::VolumeFiles &files, std::vector<std::string> roots, VerifyOptions options,
                  Listener listener);
 
-    /// Cancels and waits.
+    /// Cancels, and waits a moment. A thread that a disk holds up for longer is left behind.
     ~Verification();
     Verification(const Verification &) = delete;
     Verification &operator=(const Verification &) = delete;
@@ -34,33 +35,22 @@ public:
     /// Ends the reading at the next block. Callable from any thread.
     void cancel();
 
-    /// Waits for all disks.
-    void wait();
-
-    std::size_t count() const { return m_disks.size(); }
-    const std::string &root(std::size_t disk) const { return m_disks[disk].root; }
-    const VerifyProgress &progress(std::size_t disk) const { return m_disks[disk].progress; }
-    bool hasEnded(std::size_t disk) const { return m_disks[disk].hasEnded; }
+    std::size_t count() const;
+    const std::string &root(std::size_t disk) const;
+    const VerifyProgress &progress(std::size_t disk) const;
+    bool hasEnded(std::size_t disk) const;
 
     /// Valid once the disk has ended.
-    const DiskVerdict &verdict(std::size_t disk) const { return m_disks[disk].verdict; }
+    const DiskVerdict &verdict(std::size_t disk) const;
 
 private:
-    struct Disk
-    {
-        std::string root;
-        VerifyProgress progress;
-        DiskVerdict verdict;
-        std::atomic<bool> hasEnded{false};
-        std::jthread thread;
-    };
+    struct Disk;
+    struct State;
 
-    void verify(std::size_t index, const std::stop_token &token);
+    static void verify(const std::shared_ptr<State> &state, std::size_t index, const std::stop_token &token);
 
-    platform::VolumeFiles &m_files;
-    const VerifyOptions m_options;
-    const Listener m_listener;
-    std::deque<Disk> m_disks; // a deque, because the disks must stay where they are
+    // The threads share it, and may outlive this object.
+    const std::shared_ptr<State> m_state;
 };
 
 } // namespace orvana

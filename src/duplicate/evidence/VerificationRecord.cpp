@@ -1,9 +1,10 @@
 #include "duplicate/evidence/VerificationRecord.h"
 
 #include "duplicate/evidence/ManifestWriter.h"
+#include "duplicate/evidence/MhlXml.h"
 #include "duplicate/evidence/SortKey.h"
+#include "foundation/DisplayPath.h"
 
-#include <algorithm>
 #include <chrono>
 
 namespace orvana
@@ -28,22 +29,14 @@ EvidenceEntry entryFor(const std::string &path, std::int64_t modified)
     return entry;
 }
 
-// Returns the folders of the histories that can take a generation, and notes why the other lists cannot.
-std::vector<std::string> foldersToAppendTo(const platform::Folder &disk, std::vector<VerifiedList> &lists)
+// Returns why the list can take no generation; empty if it can.
+std::string obstacleTo(const platform::Folder &disk, const VerifiedList &verified)
 {
-    const bool isReadOnly = disk.traits().isReadOnly;
-    std::vector<std::string> folders;
-    for (auto &verified : lists) {
-        if (verified.list.kind != ListKind::History)
-            verified.notRecorded = "only a history has generations";
-        else if (isReadOnly)
-            verified.notRecorded = "the volume is read-only";
-        else if (!verified.error.empty())
-            verified.notRecorded = verified.error;
-        else
-            folders.push_back(verified.list.folder);
-    }
-    return folders;
+    if (verified.list.kind != ListKind::History)
+        return "only a history has generations";
+    if (disk.traits().isReadOnly)
+        return "the volume is read-only";
+    return verified.error;
 }
 
 // True when the manifest is one of the list's own history, not of one that lies deeper.
@@ -72,11 +65,16 @@ void VerificationRecord::addFile(const std::string &path, std::uint64_t size, st
 }
 
 void VerificationRecord::append(platform::Folder &disk, const std::string &rootName, std::int64_t started,
-                                DigestFormat format, std::vector<VerifiedList> &lists)
+                                DigestFormat format, VerifiedList &verified)
 {
+    verified.notRecorded = obstacleTo(disk, verified);
+    if (!m_log.finish() && verified.notRecorded.empty())
+        verified.notRecorded = "the station has no room for the digests";
+    if (!verified.notRecorded.empty())
+        return;
     ManifestOrder order;
     order.kind = ManifestKind::Mhl;
-    order.scopes = foldersToAppendTo(disk, lists);
+    order.scopes = {verified.list.folder};
     order.style.format = format;
     order.style.started = started;
     order.style.host = nameOfMachine();
@@ -85,24 +83,14 @@ void VerificationRecord::append(platform::Folder &disk, const std::string &rootN
     order.style.programVersion = PLURIMO_VERSION;
     order.style.rootName = rootName;
     order.style.folderForSorting = m_folderForSorting;
-    if (order.scopes.empty())
-        return;
-    const bool isKept = m_log.finish();
+    order.style.stationFolder = m_folderForSorting + "/" + mhlStamp(started) + "-Manifests/" + rootName;
     const auto tell = [&](const EvidenceRemark &remark) {
-        for (auto &verified : lists) {
-            if (verified.list.folder == remark.path && remark.kind == EvidenceRemark::Kind::NoManifest)
-                verified.notRecorded = remark.text;
-        }
+        if (remark.kind == EvidenceRemark::Kind::NoManifest)
+            verified.notRecorded = displayPath(remark.path) + (remark.path.empty() ? "" : ": ") + remark.text;
     };
-    const auto written =
-        isKept ? writeManifests(disk, m_log, 0, order, tell) : std::vector<WrittenManifest>();
-    for (auto &verified : lists) {
-        for (const auto &manifest : written) {
-            if (isOf(verified.list, manifest.path))
-                verified.recorded = manifest.path;
-        }
-        if (!isKept && verified.notRecorded.empty())
-            verified.notRecorded = "the station has no room for the digests";
+    for (const auto &manifest : writeManifests(disk, m_log, 0, order, tell)) {
+        if (isOf(verified.list, manifest.path))
+            verified.recorded = manifest.path;
     }
 }
 
