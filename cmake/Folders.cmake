@@ -39,6 +39,16 @@ function(plurimo_folder folder)
       endforeach()
     endif()
   endforeach()
+  # The sanitizers' builds are many and need no exact commands for other tools, so they share one precompiled header.
+  # It fits only libraries that are compiled like foundation, without the flags of a toolkit.
+  if(PLURIMO_SANITIZE MATCHES "address,undefined|thread" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    if(folder STREQUAL "foundation")
+      target_precompile_headers(${name} PRIVATE <algorithm> <atomic> <chrono> <functional> <map> <memory> <mutex>
+        <optional> <string> <string_view> <thread> <tl/expected.hpp> <vector>)
+    elseif(folder MATCHES "^(duplicate/.*|platform|platform/posix|platform/simulator|enclosures|discovery|filetree|log)$")
+      target_precompile_headers(${name} REUSE_FROM plurimo_foundation)
+    endif()
+  endif()
   if(ARG_WIDGETS)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON
       AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/src/resources")

@@ -603,6 +603,24 @@ def bad_name_above_the_files_is_told():
         assert place.verify(folder=root)[1]['new'] == 1
 
 
+def folder_that_held_something_before_has_no_digest():
+    with Place() as place:
+        place.small_card()
+        write(place.path('copy', 'CARD', 'Clips', 'older'), b'from before')
+        place.duplicate('--manifest', 'mhl')
+        folder = place.path('copy', 'CARD')
+        text = read(only_manifest(folder)).decode()
+        expect(text.count('<content></content>'), 2, 'Clips and the root')
+        expect(judge(folder), history.NEW, 'the older file')
+        # The digests that are there are right.
+        os.unlink(folder + '/Clips/older')
+        expect((judge(folder), history.check_folders(folder)), (history.WHOLE, history.WHOLE), 'without it')
+        # A list that lies on the disk is no content of it.
+        shutil.move(only_manifest(folder), folder + '/list.mhl')
+        shutil.rmtree(folder + '/ascmhl')
+        expect(place.verify('--manifest', folder + '/list.mhl')[0], 0, 'a list on the disk')
+
+
 def every_list_of_a_disk_is_read():
     with Place() as place:
         for name in ('DAY1', 'DAY2'):
@@ -784,6 +802,7 @@ SCENARIOS = {function.__name__: function for function in (
     only_files_that_count_as_done_are_listed, options_that_do_not_go_together_are_refused,
     bad_manifests_are_told_with_their_line, checksum_files_go_both_ways, list_from_elsewhere_and_stations_copy, disks_in_bays_are_erased_listed_and_verified,
     nothing_that_is_not_ours_is_removed, what_a_pattern_leaves_out_is_not_listed, bad_name_above_the_files_is_told,
+    folder_that_held_something_before_has_no_digest,
     every_list_of_a_disk_is_read, checksum_files_and_histories_side_by_side, run_after_a_cut_goes_on,
     flipped_bytes_on_the_medium_are_found, others_histories_are_accepted)}
 SCENARIOS['kills_leave_no_broken_history'] = lambda: kills_leave_no_broken_history(

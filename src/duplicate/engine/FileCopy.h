@@ -33,6 +33,7 @@ struct CopyTask
     /// The locks under which the run works. If null, the run takes its own. A destination that another run
     /// holds gets no files.
     std::shared_ptr<RunLocks> locks;
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{}; ///< what the run digests, and what manifests it writes
 };
 

@@ -35,6 +35,7 @@ struct RunSetup
     bool includeHidden = false;
     std::shared_ptr<RunReport> report; ///< never null; its `begin` was called
     /// What evidence the run leaves; nullopt for none.
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{};
 };
 

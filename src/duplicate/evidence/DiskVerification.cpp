@@ -176,11 +176,11 @@ void DiskVerification::remember(ListWork &work, const std::string &folder, std::
         work.record.addFolder(folder, modified);
 }
 
-bool DiskVerification::isPassedOver(const ListWork &work, const std::string &path, bool isFolder)
+bool DiskVerification::isPassedOver(const ListWork &work, const std::string &path, bool isFolder) const
 {
     const auto &list = work.verified.list;
-    // A checksum file may list anything.
-    return path == list.file || path == LostAndFound ||
+    // The list may lie on the disk. A checksum file may list anything.
+    return path == list.file || m_root + "/" + path == list.file || path == LostAndFound ||
            (list.kind != ListKind::Sums && work.patterns.matches(pathWithin(path, list.folder), isFolder));
 }
 

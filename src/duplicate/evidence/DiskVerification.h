@@ -55,7 +55,7 @@ private:
     void walk(ListWork &work);
     void addEntry(ListWork &work, const std::string &path, std::vector<std::string> &waiting);
     void remember(ListWork &work, const std::string &folder, std::int64_t modified) const;
-    static bool isPassedOver(const ListWork &work, const std::string &path, bool isFolder);
+    bool isPassedOver(const ListWork &work, const std::string &path, bool isFolder) const;
     static bool isNoContent(const ListWork &work, const std::string &path);
     void compare(ListWork &work);
     void compareEntry(ListWork &work, const FoundEntry &entry, const KnownFile *known);

@@ -23,7 +23,7 @@ std::string holderOf(const std::string &path)
 std::optional<std::string> outermostBadName(const std::string &path, const std::string &scope)
 {
     for (auto end = path.find('/', scope.empty() ? 0 : scope.size() + 1);; end = path.find('/', end + 1)) {
-        const auto part = path.substr(0, end);
+        auto part = path.substr(0, end);
         if (part.size() > scope.size() && !canBeInMhl(nameIn(part)))
             return part;
         if (end == std::string::npos)

@@ -38,8 +38,8 @@ public:
                         const std::optional<FolderDigest> &digest) = 0;
 };
 
-/// Walks through the entries of one copy and makes the digests of the folders, as ASC MHL wants them: the
-/// histories themselves and ".DS_Store" are left out.
+/// Walks through the entries of one copy and makes the digests of the folders, as ASC MHL wants them: without
+/// what the histories leave out.
 class EvidenceWalk
 {
 public:

@@ -16,7 +16,6 @@ namespace orvana
 
 using platform::Existing;
 using platform::Expected;
-using platform::FileProblem;
 
 namespace
 {

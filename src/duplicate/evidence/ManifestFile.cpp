@@ -37,18 +37,20 @@ void ManifestFile::openStationCopy(const std::string &path)
     namespace fs = std::filesystem;
     constexpr int MostFolders = 10'000;
     const fs::path wanted(path);
-    for (int number = 1; !m_station && number < MostFolders; ++number) {
+    int reason = EEXIST;
+    for (int number = 1; reason == EEXIST && number < MostFolders; ++number) {
         const auto folder = wanted.parent_path().string() + (number > 1 ? "-" + std::to_string(number) : "");
         std::error_code ignored;
         fs::create_directories(folder, ignored);
         m_stationPath = (fs::path(folder) / wanted.filename()).string();
         m_station.reset(std::fopen(m_stationPath.c_str(), "wxe"));
-        if (!m_station && errno != EEXIST)
-            break;
+        reason = m_station ? 0 : errno;
     }
-    if (!m_station)
-        systemLog("The station's copy of a manifest cannot be written: " + displayPath(m_stationPath) + ": " +
-                  std::generic_category().message(errno));
+    if (m_station)
+        return;
+    systemLog("The station's copy of a manifest cannot be written: " + displayPath(m_stationPath) + ": " +
+              std::generic_category().message(reason));
+    m_stationPath.clear(); // a file of another manifest may have this name
 }
 
 void ManifestFile::removeStationCopy()

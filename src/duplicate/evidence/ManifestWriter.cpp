@@ -129,12 +129,17 @@ public:
 
     bool holdsOnly(const std::string &folder, std::size_t count) override
     {
+        return !m_open.empty() && holdsOnlyIn(m_open.back(), folder, count);
+    }
+
+    bool holdsOnlyIn(const std::string &root, const std::string &folder, std::size_t count) const
+    {
         auto names = m_volume.list(folder);
         if (!names || names->error())
             return false;
         while (!names->empty()) {
             const auto name = names->takeNext();
-            if (name == unfinishedHistory() || isIgnored(joined(folder, name), false))
+            if (name == unfinishedHistory() || isIgnoredIn(root, joined(folder, name), false))
                 continue;
             if (count-- == 0)
                 return false;
@@ -236,7 +241,7 @@ public:
 
     bool holdsOnly(const std::string &folder, std::size_t count) override
     {
-        return m_first.holdsOnly(folder, count);
+        return !m_open.empty() && m_first.holdsOnlyIn(m_open.back().root, folder, count);
     }
 
     void leaves(const std::string &folder, std::int64_t modified,

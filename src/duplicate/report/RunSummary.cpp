@@ -77,6 +77,7 @@ std::vector<std::string> notOnDiskLines(const RunSummary &summary)
 std::vector<std::string> manifestLines(const DestinationSummary &destination)
 {
     std::vector<std::string> lines;
+    lines.reserve(destination.manifests.size());
     for (const auto &manifest : destination.manifests)
         lines.push_back(displayPath(manifest.path) + ": " + std::to_string(manifest.files) + " file(s), " +
                         manifest.digestName + " " + manifest.digest);

@@ -101,6 +101,7 @@ struct DestinationSummary
     std::string reason;                  ///< why the copies are not known to be on the disk
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     DestinationDisk disk{};
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::vector<ManifestSummary> manifests{};
     std::int64_t notInManifest = 0;    ///< files on the disk that no manifest lists, as far as the run knows
     std::int64_t evidenceFailures = 0; ///< missing manifests, and files that are not as in the history
