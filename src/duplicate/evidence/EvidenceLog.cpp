@@ -26,8 +26,10 @@ void put(std::string &record, Number number)
 template <class Number>
 Number take(std::string_view &record)
 {
+    std::array<char, sizeof(Number)> bytes{};
+    record.copy(bytes.data(), bytes.size());
     Number number{};
-    std::memcpy(&number, record.data(), sizeof number);
+    std::memcpy(&number, bytes.data(), bytes.size());
     record.remove_prefix(sizeof number);
     return number;
 }

@@ -40,6 +40,7 @@ void setManifest(RunSettings &settings, std::string_view value)
 std::vector<std::string> digestFormats()
 {
     std::vector<std::string> names;
+    names.reserve(AllDigestFormats.size());
     for (const auto format : AllDigestFormats)
         names.emplace_back(nameOf(format));
     return names;
