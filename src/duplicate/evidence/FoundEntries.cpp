@@ -2,7 +2,6 @@
 
 #include "duplicate/evidence/SortKey.h"
 
-#include <cstring>
 
 namespace orvana
 {
@@ -38,7 +37,7 @@ void FoundEntries::Reader::read()
     auto record = m_cursor.record();
     m_entry.path = takeSortKey(record);
     Facts facts{};
-    std::memcpy(&facts, record.data(), sizeof facts);
+    record.copy(reinterpret_cast<char *>(&facts), sizeof facts);
     m_entry.isFolder = facts.isFolder;
     m_entry.size = facts.size;
     m_entry.modified = facts.modified;
