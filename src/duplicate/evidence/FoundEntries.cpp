@@ -2,7 +2,6 @@
 
 #include "duplicate/evidence/SortKey.h"
 
-
 namespace orvana
 {
 
