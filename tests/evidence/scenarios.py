@@ -648,6 +648,16 @@ def every_list_of_a_disk_is_read():
             expect((status, disk['missing'], disk['whole']), (1, 0, 0), wrong)
             assert 'does not lie below' in disk['lists'][0]['error'], disk
     with Place() as place:
+        # A manifest that the chain does not name hides nothing.
+        place.small_card()
+        place.duplicate('--manifest', 'mhl')
+        folder = place.path('copy', 'CARD')
+        write(folder + '/ascmhl/0009_x.mhl', read(only_manifest(folder)).replace(
+            b'<pattern>.DS_Store</pattern>', b'<pattern>*</pattern>').replace(b'original', b'failed'))
+        write(folder + '/S.txt', b'HELLO')
+        status, disk = place.verify()
+        expect((status, disk['changed'], disk['whole']), (1, 1, 2), 'hidden by a pattern')
+    with Place() as place:
         # An older manifest is held against this machine's copies, too.
         place.small_card()
         place.duplicate('--manifest', 'mhl')

@@ -168,20 +168,20 @@ std::optional<ListError> readOneHistory(const Folder &disk, const std::string &f
     if (!history)
         return ListError{joined(folder, history.error().file), history.error().detail};
     if (list) {
-        const auto &newest = history->generations.back();
+        const auto &newest = history->newest();
         list->file = joined(folder, joined(HistoryFolder, newest.name));
         list->digest = newest.c4;
         list->ignored = history->ignored();
         list->manifests = history->chain;
     }
     // What a history refers to must be there: nothing else would notice that it was taken away.
-    for (const auto &reference : history->generations.back().facts.references) {
+    for (const auto &reference : history->newest().facts.references) {
         const auto path = joined(folder, reference.path);
         const auto c4 = digestOfFile(disk, path, DigestFormat::C4);
         if (!c4 || *c4 != reference.c4)
             return ListError{path,
                              {0, (c4 ? "was changed: " : "is missing, but ") +
-                                     displayPath(history->generations.back().name) + " refers to it"}};
+                                     displayPath(history->newest().name) + " refers to it"}};
     }
     return std::nullopt;
 }

@@ -170,9 +170,14 @@ std::string HistoryError::text() const
 
 std::vector<std::string> History::ignored() const
 {
-    if (!generations.empty() && !generations.back().facts.ignored.empty())
-        return generations.back().facts.ignored;
-    return IgnorePatterns::defaults();
+    const auto &patterns = newest().facts.ignored;
+    return patterns.empty() ? IgnorePatterns::defaults() : patterns;
+}
+
+const Generation &History::newest() const
+{
+    return *std::find_if(generations.rbegin(), generations.rend(),
+                         [](const Generation &generation) { return generation.isInChain; });
 }
 
 std::optional<int> generationOf(std::string_view fileName)
@@ -247,8 +252,10 @@ tl::expected<History, HistoryError> readHistory(const Folder &volume, const std:
     if (!known.finish())
         return failed(HistoryProblem::NoSpace, std::string(HistoryFolder),
                       {0, "there is no room to keep what was read of it"});
-    if (history.generations.empty())
-        return failed(HistoryProblem::NoHistory, std::string(HistoryFolder), {0, "holds no manifest"});
+    if (std::none_of(history.generations.begin(), history.generations.end(),
+                     [](const Generation &generation) { return generation.isInChain; }))
+        return failed(HistoryProblem::NoHistory, std::string(HistoryFolder),
+                      {0, "holds no manifest that its chain names"});
     return history;
 }
 

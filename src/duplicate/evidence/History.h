@@ -111,6 +111,9 @@ struct History
     std::vector<Generation> generations; ///< in their order
     std::vector<MhlReference> chain;
 
+    /// The newest generation that the chain names. There is one in every history that could be read.
+    const Generation &newest() const;
+
     /// The patterns of the newest generation; those of every history if it has none.
     std::vector<std::string> ignored() const;
 };
