@@ -9,6 +9,7 @@ import hashlib
 import os
 import re
 import xml.etree.ElementTree as xml
+from xml.sax.saxutils import escape
 
 import xxhash
 
@@ -154,4 +155,33 @@ def check_folders(root):
             structure = entry.find(MHL + 'structure').find(element.tag).text
             if (element.text, structure) != folder_digests(folder, form):
                 return FOLDER_CHANGED
+    return WHOLE
+
+
+def create(root, form):
+    """Appends a generation, as other programs write it: without sizes and dates, digests before folders."""
+    folder = os.path.join(root, 'ascmhl')
+    known = known_in(root, root)[0] if os.path.isdir(folder) else {}
+    os.makedirs(folder, exist_ok=True)
+    entries = []
+    for path, names, files in os.walk(root):
+        names[:] = sorted(name for name in names if name not in IGNORED)
+        for name in sorted(files):
+            place = os.path.relpath(os.path.join(path, name), root)
+            digest = digest_of(form, content_of(os.path.join(path, name)))
+            action = 'original' if place not in known else 'verified' if known[place][1] == digest else 'failed'
+            entries.append(f'<hash><path>{escape(place)}</path><{form} action="{action}">{digest}</{form}></hash>')
+    old = sorted(name for name in os.listdir(folder) if name.endswith('.mhl'))
+    name = f'{len(old) + 1:04}_{os.path.basename(root)}_2026-01-0{len(old) + 1}_000000Z.mhl'
+    with open(os.path.join(folder, name), 'w', encoding='utf-8') as file:
+        file.write('<?xml version="1.0" encoding="UTF-8"?><hashlist version="2.0" xmlns="urn:ASC:MHL:v2.0"><creatorinfo>'
+                   '<creationdate>2026-01-01T00:00:00+00:00</creationdate><hostname>other</hostname>'
+                   '<tool version="1">another program</tool></creatorinfo><processinfo><process>in-place</process>'
+                   f'</processinfo><hashes>{"".join(entries)}</hashes></hashlist>')
+    with open(os.path.join(folder, 'ascmhl_chain.xml'), 'w', encoding='utf-8') as file:
+        lists = ''.join(f'<hashlist sequencenr="{number}"><path>{escape(name)}</path>'
+                        f'<c4>{digest_of("c4", content_of(os.path.join(folder, name)))}</c4></hashlist>'
+                        for number, name in enumerate([*old, name], 1))
+        file.write('<?xml version="1.0" encoding="UTF-8"?>'
+                   f'<ascmhldirectory xmlns="urn:ASC:MHL:DIRECTORY:v2.0">{lists}</ascmhldirectory>')
     return WHOLE

@@ -100,6 +100,10 @@ def reference(module, *arguments):
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT).returncode
 
 
+def create(form, folder):
+    return reference('ascmhl', 'create', '-h', form, folder) if REFERENCE else history.create(folder, form)
+
+
 def judge(folder):
     return reference('ascmhl_debug', 'verify', folder) if REFERENCE else history.check(folder)
 
@@ -459,13 +463,10 @@ def list_from_elsewhere_and_stations_copy():
 
 
 def others_histories_are_accepted():
-    if not REFERENCE:
-        print('  skipped: it needs the public tool')
-        return
     for form in FORMATS:
         with Place() as place:
             place.small_card()
-            expect(reference('ascmhl', 'create', '-h', form, place.card()), 0, form)
+            expect(create(form, place.card()), 0, form)
             expect(place.verify(folder=place.card())[0], 0, form)
             place.duplicate('--manifest', 'mhl')  # in the format of the history
             folder = place.path('copy', 'CARD')
@@ -473,10 +474,12 @@ def others_histories_are_accepted():
             expect(judge(folder), history.WHOLE, form)
             expect(judge_folders(folder), history.WHOLE, form)
             time.sleep(1.1)
-            expect(reference('ascmhl', 'create', '-h', form, folder), 0, form)
+            expect(create(form, folder), 0, form)
             last = read(os.path.join(folder, 'ascmhl', manifests(folder)[2]))
             assert last.count(b'action="verified"') == 3 and b'original' not in last, last
             expect(place.verify()[0], 0, form + ', generation 3')
+            if not REFERENCE:
+                continue  # only the public tool finds out names that were changed
             time.sleep(1.1)
             os.rename(folder + '/S.txt', folder + '/T.txt')
             reference('ascmhl', 'create', '-dr', '-h', form, folder)
