@@ -212,6 +212,8 @@ void VerifyWindow::look()
 void VerifyWindow::showProgress(int row, std::size_t disk)
 {
     const auto &progress = m_verification->progress(disk);
+    if (progress.totalBytes == 0)
+        return; // not counted yet, or nothing to read
     const auto size = [](std::uint64_t bytes) { return isolated(QString::fromStdString(sizeText(bytes))); };
     m_table->item(row, ReadColumn)
         ->setText(tr("%1 of %2").arg(size(progress.bytes), size(progress.totalBytes)));
