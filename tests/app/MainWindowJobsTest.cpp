@@ -249,8 +249,9 @@ TEST_F(JobsTest, ManifestIsChosenInTheSheetAndLiesOnEachCopyAfterwards)
     pressStart();
     untilSheet("File Copy Completed");
     EXPECT_EQ(window().settings(), RunSettings());
-    ASSERT_EQ(report()["destinations"].size(), 2U);
-    for (const auto &destination : report()["destinations"]) {
+    const auto written = report();
+    ASSERT_EQ(written["destinations"].size(), 2U);
+    for (const auto &destination : written["destinations"]) {
         const auto &manifests = destination["manifests"];
         ASSERT_FALSE(manifests.empty()) << destination.dump();
         EXPECT_TRUE(test::pathExists(destination["path"].get<std::string>() + "/" +
