@@ -27,7 +27,7 @@ RunOptionsSheet::RunOptionsSheet(const RunSettings &settings,
     layout->addWidget(new QLabel(tr("The next run does this as well:"), this));
     for (const auto &setting : AllRunSettings) {
         auto *box = new QCheckBox(RunWords::sentenceOf(setting), this);
-        box->setChecked(settings.*setting.member);
+        box->setChecked(setting.isOn(settings));
         layout->addWidget(box);
         m_boxes.push_back(box);
     }
@@ -74,7 +74,7 @@ RunSettings RunOptionsSheet::chosen() const
 {
     RunSettings settings;
     for (std::size_t i = 0; i < m_boxes.size(); ++i)
-        settings.*AllRunSettings[i].member = m_boxes[i]->isChecked();
+        AllRunSettings[i].of(settings) = m_boxes[i]->isChecked();
     for (std::size_t i = 0; i < m_lists.size(); ++i)
         AllListedRunSettings[i].set(settings, m_lists[i]->currentData().toString().toStdString());
     return settings;

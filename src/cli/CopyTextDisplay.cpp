@@ -117,6 +117,8 @@ private:
             line += "not known to be on disk: ";
         line += std::to_string(destination.copied + destination.notKnownToBeOnDisk) + " copied, " +
                 std::to_string(destination.failed) + " failed";
+        if (destination.alreadyThere > 0)
+            line += ", " + std::to_string(destination.alreadyThere) + " already there";
         if (destination.verified + destination.mismatched + destination.unverified > 0)
             line += ", " + std::to_string(destination.verified) + " verified, " +
                     std::to_string(destination.mismatched) + " differ";

@@ -48,8 +48,14 @@ void describeCommon(CLI::App &command, CommandLineOptions &options)
         ->type_name("FOLDER");
 }
 
-void describeListedSettings(CLI::App &command, RunSettings &settings)
+enum class CopiesTo { Disks, Folders };
+
+void describeSettings(CLI::App &command, RunSettings &settings, CopiesTo destinations)
 {
+    for (const auto &setting : AllRunSettings) {
+        if (destinations == CopiesTo::Disks || !setting.isForDisks)
+            command.add_flag(setting.flag, setting.of(settings), setting.help);
+    }
     for (const auto &setting : AllListedRunSettings)
         command
             .add_option_function<std::string>(
@@ -68,7 +74,7 @@ void describeCopy(CLI::App &copy, cli::CopyOptions &options)
                     "Folder whose layout is kept; by default the one that holds all sources")
         ->type_name("FOLDER");
     copy.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
-    describeListedSettings(copy, options.settings);
+    describeSettings(copy, options.settings, CopiesTo::Folders);
     copy.add_flag("--json", options.json, "Print one JSON object a line");
 }
 
@@ -88,9 +94,7 @@ void describeDuplicate(CLI::App &duplicate, cli::DuplicateOptions &options)
         ->type_name("BAY=NAME")
         ->allow_extra_args(false);
     duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
-    for (const auto &setting : AllRunSettings)
-        duplicate.add_flag(setting.flag, options.settings.*setting.member, setting.help);
-    describeListedSettings(duplicate, options.settings);
+    describeSettings(duplicate, options.settings, CopiesTo::Disks);
     auto *job =
         duplicate.add_option("--job", options.jobFile, "Do what this job file says")->type_name("FILE");
     for (auto *option : duplicate.get_options()) {

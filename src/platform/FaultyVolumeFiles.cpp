@@ -70,6 +70,15 @@ public:
         return m_real->write(bytes, offset);
     }
 
+    Expected<void> cutTo(std::uint64_t size) override
+    {
+        if (m_faults.gone)
+            return failure(ENODEV);
+        if (m_faults.writeErrorAfter == 0)
+            return failure(EIO);
+        return m_real->cutTo(size);
+    }
+
     Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) override
     {
         return m_real->startWriteOut(offset, length);
@@ -99,7 +108,7 @@ public:
     Expected<void> close() override
     {
         auto closed = m_real->close();
-        if (m_faults.closeError && m_access == Access::Write)
+        if (m_faults.closeError && m_access != Access::Read)
             return failure(EIO);
         return closed;
     }
@@ -242,7 +251,7 @@ private:
             return 0;
         if (faults->gone)
             return ENODEV;
-        return faults->readOnly && access == Access::Write ? EROFS : 0;
+        return faults->readOnly && access != Access::Read ? EROFS : 0;
     }
 
     Expected<std::unique_ptr<File>> wrapped(Expected<std::unique_ptr<File>> real, std::string_view path,

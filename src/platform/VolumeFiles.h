@@ -47,7 +47,7 @@ inline constexpr std::uint32_t OwnerRights = 0700;
 
 enum class Links { Follow, DoNotFollow };
 enum class Want { Basics, HiddenExtension };
-enum class Access { Read, Write };
+enum class Access { Read, Write, ReadAndWrite };
 enum class Existing { Keep, Replace };
 
 /// Names of a folder's entries, in the order of the file system, kept in one block of memory.
@@ -91,6 +91,9 @@ public:
 
     /// Writes all of `bytes` at `offset`. The file grows as needed and is never shortened.
     virtual Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) = 0;
+
+    /// Cuts the file to `size` bytes. A shorter file stays as it is.
+    virtual Expected<void> cutTo(std::uint64_t size) = 0;
 
     /// Starts writing the range to the disk and returns without waiting for it.
     virtual Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) = 0;

@@ -32,6 +32,7 @@ public:
     }
     void willRead(std::uint64_t, std::uint64_t) override {}
     Expected<void> write(std::span<const std::byte>, std::uint64_t) override { return platform::failure(5); }
+    Expected<void> cutTo(std::uint64_t) override { return platform::failure(5); }
     Expected<void> startWriteOut(std::uint64_t, std::uint64_t) override { return {}; }
     Expected<void> finishWriteOut(std::uint64_t, std::uint64_t) override { return {}; }
     Expected<void> sync() override { return {}; }

@@ -25,6 +25,16 @@ struct FolderIdentity
     bool operator==(const FolderIdentity &) const = default;
 };
 
+/// How a run treats files that are on a destination already.
+struct CopyManner
+{
+    bool update = false; ///< compare them block by block, and write only the blocks that differ
+    bool exact = false;  ///< cut them to the length of their source; `update` does so, too
+
+    bool cutsTails() const { return update || exact; }
+    bool operator==(const CopyManner &) const = default;
+};
+
 /// The work of one run.
 struct CopyJob
 {

@@ -221,7 +221,7 @@ Expected<std::unique_ptr<File>> Destination::openFile(const std::string &path, A
 }
 
 Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &path,
-                                                          const SourceFiles &sourceFiles)
+                                                          const SourceFiles &sourceFiles, Access access)
 {
     const auto place = beneath(path);
     if (!place)
@@ -229,7 +229,7 @@ Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &pat
     const auto there = m_volume->attributes(*place, platform::Links::Follow, platform::Want::Basics);
     if (there && sourceFiles.mayBeSource(*m_volume, *place, *there))
         return platform::failure(FileProblem::OfSource);
-    auto file = openFile(path, Access::Write);
+    auto file = openFile(path, access);
     if (!file)
         return file;
     // Somebody may have put another file there meanwhile.

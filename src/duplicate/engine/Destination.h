@@ -84,9 +84,9 @@ public:
     /// Returns the path relative to the root. Fails for a path that does not lie beneath the root.
     platform::Expected<std::string_view> placeOf(const std::string &path) const { return beneath(path); }
 
-    /// Opens an existing file for writing, unless it is, or may be, a file of the source.
-    platform::Expected<std::unique_ptr<platform::File>> openExisting(const std::string &path,
-                                                                     const SourceFiles &sourceFiles);
+    /// Opens an existing file, unless it is, or may be, a file of the source.
+    platform::Expected<std::unique_ptr<platform::File>>
+    openExisting(const std::string &path, const SourceFiles &sourceFiles, platform::Access access);
 
     /// Gives its folders their final permissions and closes the volume. Afterwards nothing of it is held
     /// open.

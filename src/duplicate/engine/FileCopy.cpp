@@ -142,6 +142,7 @@ void FileCopy::start(CopyTask task)
     m_nextReport = std::move(task.report);
     m_nextLocks = std::move(task.locks);
     m_nextEvidence = std::move(task.evidence);
+    m_nextManner = task.manner;
     startCopyThread();
 }
 
@@ -218,7 +219,7 @@ void FileCopy::StartBackup()
 FileCopy::Means FileCopy::takeMeans()
 {
     return {std::exchange(m_nextReport, nullptr), std::exchange(m_nextLocks, nullptr),
-            std::exchange(m_nextEvidence, std::nullopt)};
+            std::exchange(m_nextEvidence, std::nullopt), std::exchange(m_nextManner, CopyManner())};
 }
 
 // A cancelled worker may hang in a write that reaches the disk much later. Until this worker has ended, no
@@ -278,7 +279,8 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
                         .verifyFiles = [this] { return m_verifyFiles.load(); },
                         .includeHidden = m_hiddenFiles,
                         .report = means.report,
-                        .evidence = std::move(means.evidence)},
+                        .evidence = std::move(means.evidence),
+                        .manner = means.manner},
                        job);
     context.keepTo(std::move(locks));
     TreeWalk walk(context);

@@ -35,6 +35,7 @@ struct CopyTask
     std::shared_ptr<RunLocks> locks;
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{}; ///< what the run digests, and what manifests it writes
+    CopyManner manner{};
 };
 
 /// Returns the job, bound to the folders that its destinations are now. A destination that is another folder
@@ -78,6 +79,9 @@ public:
 
     /// Sets the report that the next run fills and writes. Without it no report is written.
     void setReport(std::shared_ptr<RunReport> report) { m_nextReport = std::move(report); }
+
+    /// Sets how the next run treats files that are there already.
+    void setManner(const CopyManner &manner) { m_nextManner = manner; }
 
     /// Starts the job on a new worker, which has its own copy of the job. A worker that is still at work is
     /// cancelled but not waited for; it posts nothing more. The new worker waits up to 10 s for destinations
@@ -135,6 +139,7 @@ private:
         std::shared_ptr<RunReport> report;
         std::shared_ptr<RunLocks> locks;
         std::optional<EvidenceOrder> evidence;
+        CopyManner manner;
     };
 
     Means takeMeans();
@@ -153,6 +158,7 @@ private:
     std::shared_ptr<RunReport> m_nextReport;
     std::shared_ptr<RunLocks> m_nextLocks;
     std::optional<EvidenceOrder> m_nextEvidence;
+    CopyManner m_nextManner;
     std::atomic<int> m_workersAtWork{0}; ///< cancelled workers included
 
     mutable std::mutex m_jobMutex;

@@ -8,9 +8,6 @@
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
 
-#include <chrono>
-#include <utility>
-
 namespace orvana
 {
 
@@ -19,7 +16,6 @@ using platform::Attributes;
 using platform::Expected;
 using platform::File;
 using platform::FileError;
-using platform::FileProblem;
 
 namespace
 {
@@ -34,10 +30,8 @@ constexpr std::uint64_t MostGrowth = 64 * BlockSize;
 
 int FileDuplicator::copy(const std::string &source, const OutArray &copies, const Attributes &like)
 {
-    m_source = source;
-    m_written = 0;
-    m_isSourceChanged = false;
     m_run.startFile();
+    m_outputs.start(source);
     createParents(copies, like);
     m_run.postMessage("Duplicating " + displayPath(source));
     const auto from = m_run.sources().openFile(source, Access::Read);
@@ -47,8 +41,8 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
         noteEvidence(copies, false);
         return -1;
     }
-    copyContent(**from, source, copies, like);
-    closeOutputs(source);
+    copyContent(**from, copies, like);
+    m_outputs.closeAll();
     if (auto *evidence = m_run.evidence())
         evidence->endFile();
     const bool isVerified = m_run.setup().verifyFiles();
@@ -84,8 +78,7 @@ void FileDuplicator::failForAll(const std::string &source, const OutArray &copie
     });
 }
 
-void FileDuplicator::copyContent(File &from, const std::string &source, const OutArray &copies,
-                                 const Attributes &like)
+void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attributes &like)
 {
     const auto attributes = attributesOnceOldEnough(from);
     m_mayChangeUnseen = attributes && mayChangeUnseen(*attributes);
@@ -99,43 +92,41 @@ void FileDuplicator::copyContent(File &from, const std::string &source, const Ou
     const auto count = from.read(m_run.block(0), 0);
     if (!count || *count == BlockSize) {
         openOutputs(copies, like, nullptr);
-        tellNewErrors(source);
-        copyBlocks(from, source, size, count);
-        m_isSourceChanged = hasSourceChanged(from, m_written);
+        m_outputs.tellNewErrors();
+        copyBlocks(from, size, count);
         return;
     }
     // A read of less than a block is the whole file. It is created, written and closed in one go.
     const Block block = m_run.block(0).first(*count);
-    m_written = *count;
-    m_isSourceChanged = hasSourceChanged(from, *count);
+    m_outputs.noteRead(*count);
+    m_outputs.noteSource(hasSourceChanged(from, *count));
     openOutputs(copies, like, &block);
-    tellNewErrors(source);
+    m_outputs.tellNewErrors();
     if (*count > 0)
         m_run.postFileProgress(*count, size);
-    noteInMemory(0, *count, false);
+    m_outputs.noteInMemory(0, false);
 }
 
-void FileDuplicator::copyBlocks(File &from, const std::string &source, std::uint64_t size,
-                                Expected<std::size_t> count)
+void FileDuplicator::copyBlocks(File &from, std::uint64_t size, Expected<std::size_t> count)
 {
     std::uint64_t offset = 0;
     int inHand = 0;
-    while (count && *count > 0) {
+    // A source that grows without end is left at some point.
+    while (count && *count > 0 && offset <= size + MostGrowth) {
         const Block block = m_run.block(inHand).first(*count);
         const auto ahead = writeAndReadAhead(from, block, offset, 1 - inHand);
-        noteInMemory(offset, *count, size > LargeFile);
-        tellNewErrors(source);
+        m_outputs.noteInMemory(offset, size > LargeFile);
+        m_outputs.tellNewErrors();
         offset += *count;
-        m_written = offset;
+        m_outputs.noteRead(offset);
         m_run.postFileProgress(offset, size);
         WorkerThread::exitIfCancelled();
         inHand = 1 - inHand;
         count = ahead;
-        if (offset > size + MostGrowth)
-            return; // the source grows without end
     }
     if (!count)
-        failAll(count.error());
+        m_outputs.failAll(count.error());
+    m_outputs.noteSource(hasSourceChanged(from, offset));
 }
 
 // A copy is good only when nobody wrote to the source while it was read.
@@ -150,64 +141,16 @@ bool FileDuplicator::hasSourceChanged(const File &from, std::uint64_t bytesRead)
 void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like, const Block *wholeFile)
 {
     const auto work = [&](Target &target) {
-        target.output = {};
         if (target.index >= copies.size() || !copies[target.index])
             return;
-        openOutput(target, *copies[target.index], like);
+        m_outputs.open(target, *copies[target.index], like);
         if (!wholeFile)
             return;
         if (!wholeFile->empty())
-            writeTo(target, *wholeFile, 0);
-        closeOutput(target);
+            m_outputs.write(target, *wholeFile, 0);
+        m_outputs.close(target);
     };
     m_run.shareBlock(wholeFile ? *wholeFile : Block(), work);
-}
-
-void FileDuplicator::openOutput(Target &target, const std::string &copy, const Attributes &like)
-{
-    auto &output = target.output;
-    auto file = target.destination.createFile(copy, like);
-    if (file) {
-        if (const auto made = (*file)->attributes())
-            target.written.add(*made, m_source);
-        output.file = std::move(*file);
-    } else if (file.error().problem == FileProblem::Exists) {
-        openExisting(target, copy);
-    } else {
-        // If the folder could not be made, that is why the file failed, too.
-        output.error = target.parentError.value_or(file.error());
-    }
-}
-
-// An existing file is overwritten in place, and keeps its bytes beyond the source's end. A file that this run
-// wrote from another source is left alone.
-void FileDuplicator::openExisting(Target &target, const std::string &copy)
-{
-    auto &destination = target.destination;
-    auto &output = target.output;
-    const auto place = destination.placeOf(copy);
-    const auto owner =
-        place ? target.written.ownerOf(*destination.volume(), *place, m_source) : WrittenFiles::Owner::Nobody;
-    if (owner == WrittenFiles::Owner::OtherSource) {
-        output.existed = true;
-        output.error = FileError{FileProblem::SameFile, 0};
-        output.otherName = WrittenFiles::otherNameOf(*destination.volume(), *place);
-        return;
-    }
-    auto file = destination.openExisting(copy, m_run.sourceFiles());
-    if (file) {
-        output.existed = true;
-        if (const auto there = (*file)->attributes())
-            target.written.add(*there, m_source);
-        output.file = std::move(*file);
-        return;
-    }
-    target.isDoneBefore = owner == WrittenFiles::Owner::SameSource;
-    if (target.isDoneBefore)
-        return; // the first copy made the file read-only, and is whole
-    // A link to nowhere is not an existing file. It counts as a file that could not be created.
-    output.existed = file.error().problem != FileProblem::NotFound;
-    output.error = target.parentError.value_or(file.error());
 }
 
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,
@@ -215,135 +158,9 @@ Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block,
 {
     Expected<std::size_t> ahead;
     m_run.shareBlockBeside(
-        block, [&](Target &target) { writeTo(target, block, offset); },
+        block, [&](Target &target) { m_outputs.write(target, block, offset); },
         [&] { ahead = from.read(m_run.block(spare), offset + block.size()); });
     return ahead;
-}
-
-void FileDuplicator::writeTo(Target &target, Block block, std::uint64_t offset)
-{
-    auto &output = target.output;
-    if (!output.file || output.error)
-        return;
-    const BusyTime::Work work(target.tally.busy);
-    const auto start = std::chrono::steady_clock::now();
-    if (const auto written = output.file->write(block, offset); !written)
-        output.error = written.error();
-    else
-        target.tally.bytes += block.size();
-    target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
-}
-
-// Tells the pumps which bytes were written, and waits while a disk is too far behind.
-void FileDuplicator::noteInMemory(std::uint64_t offset, std::uint64_t length, bool isLargeFile)
-{
-    for (auto &target : m_run.targets()) {
-        auto &output = target.output;
-        auto *pump = target.pump.get();
-        if (!pump || !output.file)
-            continue;
-        if (!isLargeFile)
-            pump->noteWritten(length);
-        else if (const auto moved = pump->noteRange(*output.file, offset, length); !moved && !output.error)
-            output.error = moved.error();
-        const BusyTime::Work work(target.tally.busy);
-        const auto start = std::chrono::steady_clock::now();
-        pump->waitForRoom(WorkerThread::currentToken());
-        target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
-    }
-}
-
-void FileDuplicator::failAll(const FileError &error)
-{
-    for (auto &target : m_run.targets()) {
-        if (target.output.file && !target.output.error)
-            target.output.error = error;
-    }
-}
-
-void FileDuplicator::tellNewErrors(const std::string &source)
-{
-    for (auto &target : m_run.targets()) {
-        auto &output = target.output;
-        if (!output.error || std::exchange(output.isTold, true))
-            continue;
-        if (!output.file && output.existed)
-            tellOutcome(target, source);
-        else
-            m_run.cannotDuplicate(target, source, *output.error);
-    }
-}
-
-// Reports why an existing file was not opened.
-void FileDuplicator::tellOutcome(Target &target, const std::string &source)
-{
-    const auto &output = target.output;
-    const auto reason = output.error->reason();
-    if (output.error->problem == FileProblem::SameFile)
-        m_run.fileFailed(target, source,
-                         reason +
-                             (output.otherName.empty() ? "" : ", called " + displayPath(output.otherName)),
-                         ProblemKind::SameFile);
-    else if (output.error->problem == FileProblem::OfSource)
-        m_run.fileFailed(target, source, "The existing file is left alone: " + reason);
-    else
-        m_run.fileFailed(target, source, "The existing file cannot be opened: " + reason);
-}
-
-void FileDuplicator::closeOutput(Target &target)
-{
-    auto &output = target.output;
-    if (!output.file || output.isClosed)
-        return;
-    output.isClosed = true;
-    const BusyTime::Work work(target.tally.busy); // the disk may be waited for
-    if (target.pump) {
-        if (const auto moved = target.pump->leave(*output.file); !moved && !output.error)
-            output.error = moved.error();
-    }
-    if (output.existed && !output.error) {
-        if (const auto copy = output.file->attributes(); copy && copy->size > m_written)
-            output.tail = copy->size - m_written;
-    }
-    if (target.destination.traits().needsFileSync) {
-        if (const auto synced = output.file->sync(); !synced && !output.error)
-            output.error = synced.error();
-    }
-    if (const auto closed = output.file->close(); !closed && !output.error)
-        output.error = closed.error();
-    if (!output.error && !output.tail && !m_isSourceChanged) {
-        target.isCopied = true;
-        ++target.tally.copied;
-    }
-}
-
-// A run that is cancelled in the middle of a file closes the file. The file's pump may still be at work on
-// it, and must let go of it first.
-void FileDuplicator::leavePumps()
-{
-    for (auto &target : m_run.targets()) {
-        if (target.pump && target.output.file && !target.output.isClosed)
-            (void)target.pump->leave(*target.output.file);
-    }
-}
-
-void FileDuplicator::closeOutputs(const std::string &source)
-{
-    for (auto &target : m_run.targets())
-        closeOutput(target);
-    tellNewErrors(source);
-    for (auto &target : m_run.targets()) {
-        const auto output = std::exchange(target.output, {});
-        if (!output.file || output.error)
-            continue;
-        if (m_isSourceChanged)
-            m_run.sourceChanged(target, source);
-        else if (output.tail)
-            m_run.fileFailed(target, source,
-                             "The copy holds " + std::to_string(*output.tail) +
-                                 " bytes of an older file behind it",
-                             ProblemKind::KeptTail);
-    }
 }
 
 } // namespace orvana

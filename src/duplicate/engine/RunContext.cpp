@@ -133,10 +133,18 @@ void RunContext::cannotDuplicate(Target &target, const std::string &source, cons
     fileFailed(target, source, error.reason());
 }
 
-void RunContext::sourceChanged(Target &target, const std::string &source)
+// The file in hand does not count as copied any more.
+void RunContext::withdrawCopy(Target &target)
 {
     if (std::exchange(target.isCopied, false))
         --target.tally.copied;
+    if (std::exchange(target.isThereBefore, false))
+        --target.tally.alreadyThere;
+}
+
+void RunContext::sourceChanged(Target &target, const std::string &source)
+{
+    withdrawCopy(target);
     fileFailed(target, source, "The source was written to meanwhile", ProblemKind::SourceChanged);
 }
 
@@ -146,6 +154,7 @@ void RunContext::startFile()
     for (auto &target : m_targets) {
         target.hasFailed = false;
         target.isCopied = false;
+        target.isThereBefore = false;
         target.isVerified = false;
         target.isDoneBefore = false;
     }
@@ -155,8 +164,7 @@ void RunContext::startFile()
 
 void RunContext::takeBack(Target &target, const std::string &source, const platform::FileError &error)
 {
-    target.isCopied = false;
-    --target.tally.copied;
+    withdrawCopy(target);
     cannotDuplicate(target, source, error);
 }
 

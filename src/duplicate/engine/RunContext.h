@@ -37,6 +37,7 @@ struct RunSetup
     /// What evidence the run leaves; nullopt for none.
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{};
+    CopyManner manner{};
 };
 
 /// The state that the parts of one run share. Used by its copy thread only.
@@ -51,6 +52,7 @@ public:
 
     const RunSetup &setup() const { return m_setup; }
     const CopyJob &job() const { return m_job; }
+    const CopyManner &manner() const { return m_setup.manner; }
     RunReport &report() { return *m_setup.report; }
     platform::Folder &sources() { return m_sources; }
     SourceFiles &sourceFiles() { return m_sourceFiles; }
@@ -135,6 +137,7 @@ private:
     bool noteEnd(Target &target);
     bool noteSync(Target &target, const WriteOutPump::Outcome &outcome);
     void writeManifests(const std::vector<std::size_t> &targets);
+    static void withdrawCopy(Target &target);
     void post(const char *name, const char *key, Notification::Value value) const;
 
     std::shared_ptr<RunLocks> m_locks; // the first member, so that the locks end after everything else

@@ -23,6 +23,10 @@ struct WrittenCopy
     bool existed = false;                     ///< the file was there; if `file` is null, opening it failed
     std::optional<std::uint64_t> tail;        ///< bytes of an older file after the copy's end
     std::string otherName;                    ///< with SameFile: the other name of the file there
+    bool isCompared = false;                  ///< blocks are read, and written only where they differ
+    std::optional<platform::FileError> writeRefusal; ///< why a compared file cannot be written to
+    bool isWritten = false;                          ///< something of it was written or cut off
+    std::uint64_t inMemory = 0;                      ///< bytes written that no pump knows of yet
     bool isClosed = false;
     bool isTold = false; ///< the error was reported
 };
@@ -63,6 +67,7 @@ struct Target
 
     // The file in hand.
     bool isCopied = false;                          ///< it counts as copied
+    bool isThereBefore = false;                     ///< it counts as copied, and nothing had to be written
     bool isVerified = false;                        ///< it was read back and equals its source
     bool isDoneBefore = false;                      ///< its source was copied there earlier in this run
     bool hasFailed = false;                         ///< the report says that it failed

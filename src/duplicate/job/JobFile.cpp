@@ -64,7 +64,7 @@ RunSettings readSettings(const Json &json, const std::string &where)
     RunSettings settings;
     JsonFields fields(json, where);
     for (const auto &setting : AllRunSettings)
-        settings.*setting.member = fields.flag(setting.key, false);
+        setting.of(settings) = fields.flag(setting.key, false);
     for (const auto &setting : AllListedRunSettings) {
         const auto value = fields.text(setting.key);
         if (!value)
@@ -142,7 +142,7 @@ std::string textOf(const Job &job)
             json["names"][slotNameOf(bay).substr(5)] = *name;
     }
     for (const auto &setting : AllRunSettings) {
-        if (job.settings.*setting.member)
+        if (setting.isOn(job.settings))
             json["options"][setting.key] = true;
     }
     for (const auto &setting : AllListedRunSettings) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "duplicate/engine/CopyJob.h"
 #include "duplicate/evidence/Digest.h"
 #include "duplicate/evidence/Manifest.h"
 
@@ -17,6 +18,7 @@ namespace orvana
 struct RunSettings
 {
     bool ejectAtEnd = false;                    ///< eject each disk that holds every file
+    CopyManner manner;                          ///< how files are treated that are on a destination already
     ManifestKind manifest = ManifestKind::None; ///< what list of its files each copy gets
     /// The format of the digests. Without it none are made, or, for manifests, those of `EvidenceOrder`.
     std::optional<DigestFormat> digest;
@@ -28,15 +30,22 @@ struct RunSettings
 /// from this table, so a new option needs its member above, a line here, and the run that obeys it.
 struct RunSetting
 {
-    bool RunSettings::*member;
+    bool &(*of)(RunSettings &settings);
     const char *key;  ///< in job files: "ejectAtEnd"
     const char *flag; ///< on the command line: "--eject"
     const char *help; ///< a sentence without its stop, in English
+    bool isForDisks;  ///< of no use for copies into folders
+
+    bool isOn(RunSettings settings) const { return of(settings); }
 };
 
 inline constexpr std::array AllRunSettings{
-    RunSetting{&RunSettings::ejectAtEnd, "ejectAtEnd", "--eject",
-               "Eject each disk that holds every file at the end"},
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.manner.update; }, "update", "--update",
+               "Compare what is there already with the source, and write only the blocks that differ", false},
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.manner.exact; }, "exact", "--exact",
+               "Cut longer files that are there already to the length of their source", false},
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.ejectAtEnd; }, "ejectAtEnd", "--eject",
+               "Eject each disk that holds every file at the end", true},
 };
 
 /// One option of `RunSettings` with a choice of values, which are words in all places.

@@ -51,11 +51,13 @@ Json destinationJson(const DestinationSummary &destination)
         json["diskSize"] = disk.size ? Json(*disk.size) : Json(nullptr);
     }
     json["copied"] = destination.copied;
+    json["alreadyThere"] = destination.alreadyThere;
     json["failed"] = destination.failed;
     json["verified"] = destination.verified;
     json["mismatched"] = destination.mismatched;
     json["unverified"] = destination.unverified;
     json["bytes"] = destination.bytes;
+    json["blocksWritten"] = destination.blocksWritten;
     json["secondsWriting"] = destination.secondsWriting;
     json["secondsSyncing"] = destination.secondsSyncing;
     json["verifiedFrom"] = nameOf(destination.verifiedFrom);

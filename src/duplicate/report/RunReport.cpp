@@ -194,10 +194,12 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
     DestinationSummary summary{.path = tally.root,
                                .copied = tally.copied,
                                .failed = tally.failed,
+                               .alreadyThere = tally.alreadyThere,
                                .verified = tally.verified,
                                .mismatched = tally.mismatched,
                                .unverified = tally.unverified,
                                .bytes = tally.bytes,
+                               .blocksWritten = tally.blocksWritten,
                                .secondsWriting = seconds(tally.writeNanoseconds),
                                .secondsSyncing = seconds(tally.syncNanoseconds),
                                .verifiedFrom = state.verifiedFrom,
@@ -212,6 +214,7 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
     if (state.durability == Durability::NotKnown) {
         // Files that may be in memory only do not count as copied.
         summary.notKnownToBeOnDisk = std::exchange(summary.copied, 0);
+        summary.alreadyThere = 0;
         summary.reason = "not known to be on disk: " + state.notOnDiskReason;
     }
     return summary;

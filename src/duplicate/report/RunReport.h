@@ -35,7 +35,10 @@ struct DestinationTally
     std::atomic<std::int64_t> unverified{0};        ///< copies that could not be compared
     std::atomic<std::int64_t> notInManifest{0};     ///< files on the disk that no manifest lists
     std::atomic<std::int64_t> evidenceFailures{0};  ///< missing manifests, files not as in the history
+    std::atomic<std::int64_t> alreadyThere{0};      ///< copies for which nothing had to be written
     std::atomic<std::uint64_t> bytes{0};            ///< bytes written
+    std::atomic<std::uint64_t> bytesThere{0};       ///< bytes that were there already
+    std::atomic<std::int64_t> blocksWritten{0};     ///< blocks of up to `BlockSize` bytes
     std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent writing, including the wait for the disk
     std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
     BusyTime busy;                                  ///< spent writing, waiting for the disk, and reading back

@@ -85,14 +85,16 @@ struct ManifestSummary
 /// The counts and the state of one destination.
 struct DestinationSummary
 {
-    std::string path;            ///< the destination's root, bytes as they are on the disk
-    std::int64_t copied = 0;     ///< files, once they are known to be on the disk
-    std::int64_t failed = 0;     ///< files and folders that are missing or incomplete
-    std::int64_t verified = 0;   ///< copies that were read back and equal their source
-    std::int64_t mismatched = 0; ///< copies that were read back and differ
-    std::int64_t unverified = 0; ///< copies that could not be compared
-    std::uint64_t bytes = 0;     ///< bytes written
-    double secondsWriting = 0;   ///< including the wait for the disk
+    std::string path;               ///< the destination's root, bytes as they are on the disk
+    std::int64_t copied = 0;        ///< files, once they are known to be on the disk
+    std::int64_t failed = 0;        ///< files and folders that are missing or incomplete
+    std::int64_t alreadyThere = 0;  ///< of `copied`: files for which nothing had to be written
+    std::int64_t verified = 0;      ///< copies that were read back and equal their source
+    std::int64_t mismatched = 0;    ///< copies that were read back and differ
+    std::int64_t unverified = 0;    ///< copies that could not be compared
+    std::uint64_t bytes = 0;        ///< bytes written
+    std::int64_t blocksWritten = 0; ///< of up to 1 MiB
+    double secondsWriting = 0;      ///< including the wait for the disk
     double secondsSyncing = 0;
     VerifiedFrom verifiedFrom = VerifiedFrom::None;
     bool isSlowest = false; ///< the slowest of several destinations

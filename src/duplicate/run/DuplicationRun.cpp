@@ -211,6 +211,7 @@ void DuplicationRun::copyTo(const FolderJob &job)
 {
     auto task = CopyTask{job.job, m_report, job.locks};
     task.job.totalFiles = m_order.totalFiles;
+    task.manner = m_order.choice.settings.manner;
     task.evidence = evidenceOf(m_order, task.job, m_destinations, m_log, m_clock);
     m_relay.jobHandedOver(task.job.SrcDiskPath, task.job.DesFileArray);
     const auto run = m_number.load();

@@ -22,7 +22,7 @@ const char *nameOf(RunStage stage);
 /// written and bytes that are read back count alike.
 struct DestinationStatus
 {
-    std::uint64_t bytes = 0; ///< written
+    std::uint64_t bytes = 0; ///< written, or there already
     std::int64_t failed = 0;
     double fraction = 0; ///< of its work, 0 to 1
     double bytesPerSecond = 0;

@@ -40,7 +40,7 @@ RunReading RunProgress::reading() const
     const auto count = m_report->destinationCount();
     for (std::size_t i = 0; i < count; ++i) {
         const auto &tally = m_report->destination(i);
-        reading.destinations.push_back({tally.bytes, tally.busy.seconds(), tally.failed});
+        reading.destinations.push_back({tally.bytes + tally.bytesThere, tally.busy.seconds(), tally.failed});
     }
     return reading;
 }

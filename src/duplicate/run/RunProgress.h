@@ -16,7 +16,7 @@ struct RunReading
 {
     struct Destination
     {
-        std::uint64_t bytes = 0; ///< written
+        std::uint64_t bytes = 0; ///< written, or there already
         double busySeconds = 0;  ///< that its disk has been worked on
         std::int64_t failed = 0;
 

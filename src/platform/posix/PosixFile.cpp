@@ -69,6 +69,16 @@ Expected<void> PosixFile::write(std::span<const std::byte> bytes, std::uint64_t 
     return {};
 }
 
+Expected<void> PosixFile::cutTo(std::uint64_t size)
+{
+    const auto before = attributes();
+    if (!before)
+        return tl::unexpected(before.error());
+    if (before->size > size && ::ftruncate(m_descriptor.number(), static_cast<off_t>(size)) != 0)
+        return failure(errno);
+    return {};
+}
+
 Expected<void> PosixFile::startWriteOut(std::uint64_t offset, std::uint64_t length)
 {
     if (::sync_file_range(m_descriptor.number(), static_cast<off_t>(offset), static_cast<off_t>(length),

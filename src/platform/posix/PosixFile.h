@@ -16,6 +16,7 @@ public:
     Expected<std::size_t> read(std::span<std::byte> into, std::uint64_t offset) override;
     void willRead(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) override;
+    Expected<void> cutTo(std::uint64_t size) override;
     Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> finishWriteOut(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> sync() override;

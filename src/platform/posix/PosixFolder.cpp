@@ -161,7 +161,7 @@ Expected<std::unique_ptr<Folder>> PosixFolder::openFolder(std::string_view path)
 
 Expected<std::unique_ptr<File>> PosixFolder::openFile(std::string_view path, Access access) const
 {
-    const int mode = access == Access::Read ? O_RDONLY : O_WRONLY;
+    const int mode = access == Access::Read ? O_RDONLY : access == Access::Write ? O_WRONLY : O_RDWR;
     // O_NONBLOCK is needed because opening a pipe without a partner would block the run forever.
     auto opened = openPath(m_number, path, mode | O_NONBLOCK | O_NOCTTY, 0, m_reach);
     if (!opened)

@@ -132,6 +132,7 @@ struct WrittenOutFile final : platform::File
     platform::Expected<std::size_t> read(std::span<std::byte>, std::uint64_t) override { return 0; }
     void willRead(std::uint64_t, std::uint64_t) override {}
     platform::Expected<void> write(std::span<const std::byte>, std::uint64_t) override { return {}; }
+    platform::Expected<void> cutTo(std::uint64_t) override { return {}; }
     platform::Expected<void> startWriteOut(std::uint64_t, std::uint64_t length) override
     {
         started += length;
