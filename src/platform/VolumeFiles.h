@@ -29,6 +29,7 @@ struct Attributes
     std::uint32_t owner = Unknown;
     std::uint32_t group = Unknown;
     std::int64_t modified = 0; ///< nanoseconds since 1970
+    std::int64_t changed = 0;  ///< when content or attributes changed last; nanoseconds since 1970
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
     std::uint64_t links = 1;      ///< number of names that the file has

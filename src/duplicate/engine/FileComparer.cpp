@@ -128,9 +128,8 @@ void FileComparer::readFromDisk(Target &target, const std::string &source)
     m_diskIsRead = m_diskIsRead || isGone;
     const auto size = copy.file->attributes();
     const bool mayLieInItsInode = traits.keepsSmallFilesInInodes && (!size || size->size <= SmallestBlock);
-    m_run.report().verifiedFrom(target.index, isGone && traits.readsBackFromDisk && !mayLieInItsInode
-                                                  ? VerifiedFrom::Disk
-                                                  : VerifiedFrom::Cache);
+    copy.isFromDisk = isGone && traits.readsBackFromDisk && !mayLieInItsInode;
+    m_run.report().verifiedFrom(target.index, copy.isFromDisk ? VerifiedFrom::Disk : VerifiedFrom::Cache);
 }
 
 void FileComparer::compareBlocks(File &from, std::uint64_t size)

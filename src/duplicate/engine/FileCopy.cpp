@@ -139,10 +139,8 @@ void FileCopy::setJob(CopyJob job)
 void FileCopy::start(CopyTask task)
 {
     setJob(std::move(task.job));
-    m_nextReport = std::move(task.report);
-    m_nextLocks = std::move(task.locks);
-    m_nextEvidence = std::move(task.evidence);
-    m_nextManner = task.manner;
+    m_next = {std::move(task.report), std::move(task.locks), std::move(task.evidence), task.manner,
+              std::move(task.journal)};
     startCopyThread();
 }
 
@@ -218,8 +216,7 @@ void FileCopy::StartBackup()
 
 FileCopy::Means FileCopy::takeMeans()
 {
-    return {std::exchange(m_nextReport, nullptr), std::exchange(m_nextLocks, nullptr),
-            std::exchange(m_nextEvidence, std::nullopt), std::exchange(m_nextManner, CopyManner())};
+    return std::exchange(m_next, Means());
 }
 
 // A cancelled worker may hang in a write that reaches the disk much later. Until this worker has ended, no
@@ -280,7 +277,8 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
                         .includeHidden = m_hiddenFiles,
                         .report = means.report,
                         .evidence = std::move(means.evidence),
-                        .manner = means.manner},
+                        .manner = means.manner,
+                        .journal = std::move(means.journal)},
                        job);
     context.keepTo(std::move(locks));
     TreeWalk walk(context);

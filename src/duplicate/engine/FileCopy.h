@@ -1,6 +1,7 @@
 #pragma once
 
 #include "duplicate/engine/CopyJob.h"
+#include "duplicate/engine/JournalOrder.h"
 #include "duplicate/engine/RunEvidence.h"
 #include "foundation/WorkerThread.h"
 
@@ -35,7 +36,8 @@ struct CopyTask
     std::shared_ptr<RunLocks> locks;
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{}; ///< what the run digests, and what manifests it writes
-    CopyManner manner{};
+    CopyManner manner{};                     ///< how it treats files that are there already
+    std::optional<JournalOrder> journal{};   ///< how it keeps a journal; nullopt for none
 };
 
 /// Returns the job, bound to the folders that its destinations are now. A destination that is another folder
@@ -78,10 +80,13 @@ public:
     void setBHiddenFiles(bool hidden) { m_hiddenFiles = hidden; }
 
     /// Sets the report that the next run fills and writes. Without it no report is written.
-    void setReport(std::shared_ptr<RunReport> report) { m_nextReport = std::move(report); }
+    void setReport(std::shared_ptr<RunReport> report) { m_next.report = std::move(report); }
 
     /// Sets how the next run treats files that are there already.
-    void setManner(const CopyManner &manner) { m_nextManner = manner; }
+    void setManner(const CopyManner &manner) { m_next.manner = manner; }
+
+    /// Sets how the next run keeps its journal.
+    void setJournal(JournalOrder journal) { m_next.journal = std::move(journal); }
 
     /// Starts the job on a new worker, which has its own copy of the job. A worker that is still at work is
     /// cancelled but not waited for; it posts nothing more. The new worker waits up to 10 s for destinations
@@ -140,6 +145,7 @@ private:
         std::shared_ptr<RunLocks> locks;
         std::optional<EvidenceOrder> evidence;
         CopyManner manner;
+        std::optional<JournalOrder> journal;
     };
 
     Means takeMeans();
@@ -155,10 +161,7 @@ private:
     std::atomic<bool> m_verifyFiles{false};
     std::atomic<bool> m_hiddenFiles{false};
     std::atomic<std::uint64_t> m_currentRun{0};
-    std::shared_ptr<RunReport> m_nextReport;
-    std::shared_ptr<RunLocks> m_nextLocks;
-    std::optional<EvidenceOrder> m_nextEvidence;
-    CopyManner m_nextManner;
+    Means m_next;
     std::atomic<int> m_workersAtWork{0}; ///< cancelled workers included
 
     mutable std::mutex m_jobMutex;

@@ -43,13 +43,95 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
     }
     copyContent(**from, copies, like);
     m_outputs.closeAll();
-    if (auto *evidence = m_run.evidence())
+    if (auto *evidence = m_run.evidence()) {
         evidence->endFile();
-    const bool isVerified = m_run.setup().verifyFiles();
-    if (isVerified)
-        m_comparer.compare(source, copies);
+        if (!m_digestBefore.empty())
+            evidence->adoptDigest(m_digestBefore.substr(m_digestBefore.find(':') + 1));
+    }
+    const bool isVerified = m_run.setup().verifyFiles() && verify(source, copies);
     noteEvidence(copies, isVerified);
+    noteJournal(copies, isVerified);
     return 1;
+}
+
+// Copies that an earlier run has read back from the disk, and that are unchanged, count as verified.
+bool FileDuplicator::verify(const std::string &source, const OutArray &copies)
+{
+    OutArray others = copies;
+    bool isAnyLeft = false;
+    std::uint64_t size = 0;
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &) {
+        if (target.work != CopyWork::None || !target.isVerifiedBefore || target.hasFailed) {
+            isAnyLeft = true;
+            return;
+        }
+        others[target.index].reset();
+        target.isVerified = true;
+        ++target.tally.verified;
+        size = target.copyInHand->size;
+        m_run.report().verifiedFrom(target.index, VerifiedFrom::Disk);
+    });
+    if (isAnyLeft)
+        m_comparer.compare(source, others);
+    else
+        m_run.report().blockCompared(size);
+    return true;
+}
+
+// Decides what is to be done for each copy. Returns false if nothing is left to be done for any.
+bool FileDuplicator::decide(const OutArray &copies)
+{
+    const auto *journal = m_run.journal();
+    const auto &source = m_run.sourceInHand();
+    m_digestBefore.clear();
+    if (!journal || !source)
+        return true;
+    const auto *evidence = m_run.evidence();
+    const CopyDemand demand{evidence ? std::string(nameOf(evidence->format())) : std::string()};
+    bool isAnyLeft = false;
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        if (const auto place = target.destination.placeOf(copy))
+            journal->decide(target, *place, *source, demand);
+        isAnyLeft = isAnyLeft || target.work != CopyWork::None;
+    });
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &) {
+        if (target.work == CopyWork::None)
+            noteThere(target);
+        if (!isAnyLeft)
+            m_digestBefore = target.digestBefore;
+    });
+    return isAnyLeft;
+}
+
+void FileDuplicator::noteThere(Target &target)
+{
+    target.isCopied = true;
+    target.isThereBefore = true;
+    ++target.tally.copied;
+    ++target.tally.alreadyThere;
+    target.tally.bytesThere += target.copyInHand->size;
+    target.written.add(*target.copyInHand, m_outputs.source());
+}
+
+void FileDuplicator::noteJournal(const OutArray &copies, bool isVerified)
+{
+    auto *journal = m_run.journal();
+    const auto &source = m_run.sourceInHand();
+    if (!journal || !source)
+        return;
+    const auto *evidence = m_run.evidence();
+    const auto digest =
+        evidence ? std::string(nameOf(evidence->format())) + ":" + evidence->digest() : std::string();
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        const auto place = target.destination.placeOf(copy);
+        const bool isKnown = target.work == CopyWork::None && (!isVerified || target.isVerifiedBefore);
+        if (!place || isKnown || !target.isCopied || target.hasFailed || (isVerified && !target.isVerified))
+            return;
+        const auto check = !isVerified                    ? CopyCheck::None
+                           : target.comparison.isFromDisk ? CopyCheck::FromDisk
+                                                          : CopyCheck::FromMemory;
+        journal->note(target, *place, *source, digest, check);
+    });
 }
 
 void FileDuplicator::noteEvidence(const OutArray &copies, bool isVerified)
@@ -89,6 +171,11 @@ void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attri
     }
     m_run.countStartedFile(size);
     WorkerThread::exitIfCancelled();
+    if (!decide(copies)) {
+        if (size > 0)
+            m_run.postFileProgress(size, size);
+        return;
+    }
     const auto count = from.read(m_run.block(0), 0);
     if (!count || *count == BlockSize) {
         openOutputs(copies, like, nullptr);

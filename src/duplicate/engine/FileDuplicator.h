@@ -12,6 +12,7 @@ namespace orvana
 
 class FileComparer;
 class RunContext;
+struct Target;
 
 /// Copies one file to all destinations. Each block is read once and written to all of them.
 class FileDuplicator
@@ -29,6 +30,10 @@ private:
     using Block = OutputFiles::Block;
 
     void createParents(const OutArray &copies, const platform::Attributes &like);
+    bool decide(const OutArray &copies);
+    void noteThere(Target &target);
+    bool verify(const std::string &source, const OutArray &copies);
+    void noteJournal(const OutArray &copies, bool isVerified);
     void noteEvidence(const OutArray &copies, bool isVerified);
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
     void copyContent(platform::File &from, const OutArray &copies, const platform::Attributes &like);
@@ -41,6 +46,7 @@ private:
     RunContext &m_run;
     FileComparer &m_comparer;
     OutputFiles m_outputs;
+    std::string m_digestBefore;     ///< of a file of which nothing is left to be done; "xxh128:..."
     bool m_mayChangeUnseen = false; ///< a write to the current source may leave its time unchanged
 };
 

@@ -32,6 +32,8 @@ void OutputFiles::start(const std::string &source)
 void OutputFiles::open(Target &target, const std::string &copy, const Attributes &like)
 {
     auto &output = target.output;
+    if (target.work == CopyWork::None)
+        return;
     auto file = target.destination.createFile(copy, like);
     if (file) {
         if (const auto made = (*file)->attributes())
@@ -81,7 +83,7 @@ Expected<std::unique_ptr<File>> OutputFiles::openForWork(Target &target, const s
     const auto open = [&](Access access) {
         return target.destination.openExisting(copy, m_run.sourceFiles(), access);
     };
-    if (!m_run.manner().update)
+    if (!m_run.manner().update && target.work != CopyWork::Compare)
         return open(Access::Write);
     output.isCompared = true;
     auto file = open(Access::ReadAndWrite);
@@ -229,6 +231,8 @@ void OutputFiles::close(Target &target)
         if (const auto synced = output.file->sync(); !synced && !output.error)
             output.error = synced.error();
     }
+    if (auto attributes = output.file->attributes())
+        target.copyInHand = *attributes;
     if (const auto closed = output.file->close(); !closed && !output.error)
         output.error = closed.error();
     if (!output.error && !output.tail && !m_isSourceChanged) {
@@ -256,6 +260,8 @@ void OutputFiles::closeAll()
     tellNewErrors();
     for (auto &target : m_run.targets()) {
         const auto output = std::exchange(target.output, {});
+        if (m_isSourceChanged && target.work == CopyWork::None)
+            m_run.sourceChanged(target, m_source);
         if (!output.file || output.error)
             continue;
         if (m_isSourceChanged)

@@ -30,6 +30,8 @@ public:
     /// Starts the copies of another file.
     void start(const std::string &source);
 
+    const std::string &source() const { return m_source; }
+
     /// Opens the copy at `copy` on the target, and creates it with the attributes `like` if it is not there.
     void open(Target &target, const std::string &copy, const platform::Attributes &like);
 

@@ -51,6 +51,8 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
         target.pump.reset();
         target.destination.refuse({platform::FileProblem::Busy, EBUSY});
     }
+    if (const auto &order = m_setup.journal)
+        m_journal = std::make_unique<RunJournal>(*order, m_setup.host.volumeFiles(), m_targets);
 }
 
 Workers &RunContext::workers()
@@ -153,6 +155,9 @@ void RunContext::startFile()
     m_sourceInHand.reset();
     for (auto &target : m_targets) {
         target.hasFailed = false;
+        target.work = CopyWork::Write;
+        target.copyInHand.reset();
+        target.isVerifiedBefore = false;
         target.isCopied = false;
         target.isThereBefore = false;
         target.isVerified = false;
@@ -240,6 +245,8 @@ void RunContext::finishDestinations()
     writeManifests(onDisk);
     for (auto &target : m_targets)
         target.destination.close();
+    if (m_journal)
+        m_journal->end(isAllDone(report().summary()));
     const auto end = std::chrono::steady_clock::now();
     report().phaseTimes({.copy = secondsOf(copied - m_start - m_verifyTime),
                          .verify = secondsOf(m_verifyTime),

@@ -2,6 +2,7 @@
 
 #include "duplicate/engine/CopyJob.h"
 #include "duplicate/engine/RunEvidence.h"
+#include "duplicate/engine/RunJournal.h"
 #include "duplicate/engine/SourceFiles.h"
 #include "duplicate/engine/Target.h"
 #include "duplicate/engine/Workers.h"
@@ -38,6 +39,8 @@ struct RunSetup
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{};
     CopyManner manner{};
+    /// How the run keeps a journal; nullopt for none.
+    std::optional<JournalOrder> journal{};
 };
 
 /// The state that the parts of one run share. Used by its copy thread only.
@@ -73,6 +76,9 @@ public:
 
     /// The evidence of the run; null if it leaves none.
     RunEvidence *evidence() { return m_evidence ? &*m_evidence : nullptr; }
+
+    /// The journal of the run; null if it keeps none.
+    RunJournal *journal() { return m_journal.get(); }
 
     /// Notes that a rule left the item out.
     void leaveOut(const std::string &item, const char *rule);
@@ -146,7 +152,8 @@ private:
     platform::Folder &m_sources;
     SourceFiles m_sourceFiles;
     std::int64_t m_indexOfBackup = 0;
-    std::deque<Target> m_targets; // a deque, because the targets must stay where they are
+    std::unique_ptr<RunJournal> m_journal; // before the targets, whose pumps tell it of their syncs
+    std::deque<Target> m_targets;          // a deque, because the targets must stay where they are
     std::optional<platform::Attributes> m_sourceInHand;
     std::optional<RunEvidence> m_evidence;
     std::unique_ptr<Workers> m_workers;

@@ -51,6 +51,9 @@ public:
     /// Ends the digest of the file in hand.
     void endFile();
 
+    /// Takes the digest that is known of the file in hand, which was not read.
+    void adoptDigest(std::string digest) { m_text = std::move(digest); }
+
     /// The digest of the file in hand, after `endFile`.
     const std::string &digest() const { return m_text; }
 

@@ -15,6 +15,13 @@
 namespace orvana
 {
 
+/// What is to be done for the copy of the file in hand.
+enum class CopyWork {
+    Write,
+    Compare, ///< read what is there, and write only what differs
+    None,    ///< an earlier run has brought it to the disk, and it is unchanged
+};
+
 /// The copy of the file in hand while it is written.
 struct WrittenCopy
 {
@@ -37,6 +44,7 @@ struct ComparedCopy
     std::unique_ptr<platform::File> file; ///< null when the copy is not compared, or no longer
     std::unique_ptr<std::byte[]> block;   ///< BlockSize bytes; kept from file to file
     std::optional<Digest> digest;         ///< of what was read back, if the run makes digests
+    bool isFromDisk = false;              ///< what is read comes from the disk
     bool differsHere = false;             ///< in the current block
     std::optional<platform::FileError> error;
     std::optional<platform::FileError> sourceError;
@@ -66,6 +74,10 @@ struct Target
     std::unique_ptr<WriteOutPump> pump; ///< null if the volume needs none, or no thread could be started
 
     // The file in hand.
+    CopyWork work = CopyWork::Write;
+    std::optional<platform::Attributes> copyInHand; ///< of the complete copy
+    bool isVerifiedBefore = false;                  ///< an earlier run has read it back from the disk
+    std::string digestBefore;                       ///< as an earlier run has noted it: "xxh128:..."
     bool isCopied = false;                          ///< it counts as copied
     bool isThereBefore = false;                     ///< it counts as copied, and nothing had to be written
     bool isVerified = false;                        ///< it was read back and equals its source

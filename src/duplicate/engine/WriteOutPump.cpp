@@ -36,6 +36,12 @@ WriteOutPump::WriteOutPump(platform::Folder &volume)
 {
 }
 
+void WriteOutPump::setListener(SyncListener *listener)
+{
+    const std::lock_guard lock(m_mutex);
+    m_listener = listener;
+}
+
 void WriteOutPump::noteWritten(std::uint64_t bytes)
 {
     const std::lock_guard lock(m_mutex);
@@ -96,10 +102,15 @@ void WriteOutPump::syncOnce(Lock &lock)
 {
     m_underWay = std::exchange(m_waiting, 0);
     const bool isLast = m_isLast;
+    auto *listener = m_listener;
     lock.unlock();
+    if (listener)
+        listener->syncStarts();
     const auto start = std::chrono::steady_clock::now();
     const auto synced = m_volume.syncVolume();
     const std::chrono::nanoseconds length = std::chrono::steady_clock::now() - start;
+    if (listener)
+        listener->syncEnded(synced.has_value());
     lock.lock();
     m_underWay = 0;
     if (m_result && !synced)
@@ -124,6 +135,7 @@ void WriteOutPump::moveRanges(Lock &lock)
         m_flyingBytes -= oldest->length;
     }
     File &file = *m_file;
+    auto *listener = m_listener;
     m_isMoving = true;
     lock.unlock();
     Expected<void> moved;
@@ -135,6 +147,8 @@ void WriteOutPump::moveRanges(Lock &lock)
         moved = file.finishWriteOut(oldest->offset, oldest->length);
         file.dropCached(oldest->offset, oldest->length);
     }
+    if (!moved && listener)
+        listener->syncEnded(false);
     lock.lock();
     m_isMoving = false;
     m_rangeBytes -= oldest ? oldest->length : 0;

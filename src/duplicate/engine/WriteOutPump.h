@@ -13,6 +13,19 @@
 namespace orvana
 {
 
+/// Learns when data is on the disk. Called on the pump's thread.
+class SyncListener
+{
+public:
+    virtual ~SyncListener() = default;
+
+    /// Everything that was written before this call is on the disk after the next `syncEnded`.
+    virtual void syncStarts() = 0;
+
+    /// With `isOnDisk` false, data was lost.
+    virtual void syncEnded(bool isOnDisk) = 0;
+};
+
 /// Keeps written data moving to one volume's disk while the copy goes on, on a thread of its own, and syncs
 /// the volume at the end. Its functions are called by the copy thread or a worker, one at a time.
 ///
@@ -27,6 +40,9 @@ public:
 
     /// Waits for the sync that is running; nothing can interrupt a sync.
     ~WriteOutPump() = default;
+
+    /// Tells `listener` of every sync from now on. It must outlive the pump.
+    void setListener(SyncListener *listener);
 
     /// Notes that `bytes` were written.
     void noteWritten(std::uint64_t bytes);
@@ -69,6 +85,7 @@ private:
 
     platform::Folder &m_volume;
     std::mutex m_mutex;
+    SyncListener *m_listener = nullptr;
     std::condition_variable_any m_changed;
     std::uint64_t m_waiting = 0;  // bytes for the next sync
     std::uint64_t m_underWay = 0; // bytes of the running sync

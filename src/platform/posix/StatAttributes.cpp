@@ -28,6 +28,7 @@ Attributes attributesOf(const struct stat &status)
     attributes.owner = status.st_uid;
     attributes.group = status.st_gid;
     attributes.modified = status.st_mtim.tv_sec * nanoseconds + status.st_mtim.tv_nsec;
+    attributes.changed = status.st_ctim.tv_sec * nanoseconds + status.st_ctim.tv_nsec;
     attributes.device = status.st_dev;
     attributes.inode = status.st_ino;
     attributes.links = status.st_nlink;

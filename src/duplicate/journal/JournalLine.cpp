@@ -1,0 +1,238 @@
+#include "duplicate/journal/JournalLine.h"
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <vector>
+#include <xxhash.h>
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr std::size_t CheckLength = 16;
+
+// A journal of another layout begins with another word, and is not read.
+constexpr std::string_view OpeningWord = "journal1";
+
+std::string checkOf(std::string_view body)
+{
+    std::array<char, CheckLength + 1> text{};
+    std::snprintf(text.data(), text.size(), "%016llx",
+                  static_cast<unsigned long long>(XXH3_64bits(body.data(), body.size())));
+    return text.data();
+}
+
+std::string whole(const std::string &body)
+{
+    return checkOf(body) + " " + body + "\n";
+}
+
+// A word holds no blank and no newline, and is never empty.
+std::string wordOf(std::string_view bytes)
+{
+    constexpr std::string_view Digits = "0123456789abcdef";
+    std::string word = "=";
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte > ' ' && byte != '%' && byte < 0x7F)
+            word += c;
+        else
+            (word += '%').append({Digits[byte >> 4U], Digits[byte & 15U]});
+    }
+    return word;
+}
+
+/// Takes the words of a line one by one. After the first word that is not as expected, nothing more is right.
+class Words
+{
+public:
+    explicit Words(std::string_view text) : m_rest(text) {}
+
+    std::string_view next()
+    {
+        const auto end = std::min(m_rest.find(' '), m_rest.size());
+        const auto word = m_rest.substr(0, end);
+        m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
+        return word;
+    }
+
+    template <class Number>
+    Number number()
+    {
+        const auto word = next();
+        Number value = 0;
+        const auto result = std::from_chars(word.data(), word.data() + word.size(), value);
+        m_isRight = m_isRight && result.ec == std::errc() && result.ptr == word.data() + word.size();
+        return value;
+    }
+
+    std::string bytes()
+    {
+        const auto word = next();
+        m_isRight = m_isRight && word.starts_with('=');
+        std::string bytes;
+        for (std::size_t i = 1; i < word.size(); ++i) {
+            if (word[i] != '%') {
+                bytes += word[i];
+                continue;
+            }
+            unsigned char byte = 0;
+            const auto code = word.substr(i + 1, 2);
+            const auto result = std::from_chars(code.data(), code.data() + code.size(), byte, 16);
+            m_isRight = m_isRight && code.size() == 2 && result.ptr == code.data() + code.size();
+            bytes += static_cast<char>(byte);
+            i += 2;
+        }
+        return bytes;
+    }
+
+    void expect(bool isRight) { m_isRight = m_isRight && isRight; }
+    bool isRight() const { return m_isRight && m_rest.empty(); }
+
+private:
+    std::string_view m_rest;
+    bool m_isRight = true;
+};
+
+std::string wordsOf(const FileMarks &marks)
+{
+    return std::to_string(marks.size) + " " + std::to_string(marks.inode) + " " +
+           std::to_string(marks.modified) + " " + std::to_string(marks.changed) + " ";
+}
+
+std::string wordsOf(const JournalPlace &place)
+{
+    return wordOf(place.root) + " " + wordOf(place.volume) + " " + wordOf(place.disk);
+}
+
+FileMarks marksFrom(Words &words)
+{
+    FileMarks marks;
+    marks.size = words.number<std::uint64_t>();
+    marks.inode = words.number<std::uint64_t>();
+    marks.modified = words.number<std::int64_t>();
+    marks.changed = words.number<std::int64_t>();
+    return marks;
+}
+
+JournalPlace placeFrom(Words &words)
+{
+    JournalPlace place;
+    place.root = words.bytes();
+    place.volume = words.bytes();
+    place.disk = words.bytes();
+    return place;
+}
+
+CopyCheck checkFrom(Words &words)
+{
+    const auto word = words.next();
+    for (const auto check : {CopyCheck::None, CopyCheck::FromMemory, CopyCheck::FromDisk}) {
+        if (word.size() == 1 && word.front() == static_cast<char>(check))
+            return check;
+    }
+    words.expect(false);
+    return CopyCheck::None;
+}
+
+JournalRecord recordFrom(Words &words)
+{
+    JournalRecord record;
+    record.destination = words.number<std::size_t>();
+    record.group = words.number<std::uint64_t>();
+    record.bytes = words.number<std::uint64_t>();
+    record.check = checkFrom(words);
+    record.source = marksFrom(words);
+    record.copy = marksFrom(words);
+    record.digest = words.bytes();
+    record.path = words.bytes();
+    return record;
+}
+
+} // namespace
+
+FileMarks marksOf(const platform::Attributes &attributes)
+{
+    return {attributes.size, attributes.inode, attributes.modified, attributes.changed};
+}
+
+bool isNamed(const JournalPlace &place)
+{
+    return !place.volume.empty() && !place.disk.empty();
+}
+
+bool isSamePlace(const JournalPlace &a, const JournalPlace &b)
+{
+    if (isNamed(a) && isNamed(b))
+        return a.volume == b.volume && a.disk == b.disk;
+    return a == b;
+}
+
+bool mayBeSamePlace(const JournalPlace &a, const JournalPlace &b)
+{
+    const auto isSame = [](const std::string &left, const std::string &right) {
+        return !left.empty() && left == right;
+    };
+    return isSame(a.root, b.root) || isSame(a.volume, b.volume) || isSame(a.disk, b.disk);
+}
+
+std::string lineOf(const JournalRecord &record)
+{
+    return whole("copy " + std::to_string(record.destination) + " " + std::to_string(record.group) + " " +
+                 std::to_string(record.bytes) + " " + static_cast<char>(record.check) + " " +
+                 wordsOf(record.source) + wordsOf(record.copy) + wordOf(record.digest) + " " +
+                 wordOf(record.path));
+}
+
+std::string openingLine(const JournalPlace &source)
+{
+    return whole(std::string(OpeningWord) + " " + wordsOf(source));
+}
+
+std::string destinationLine(std::size_t number, const JournalPlace &place)
+{
+    return whole("destination " + std::to_string(number) + " " + wordsOf(place));
+}
+
+std::string endLine(std::size_t number)
+{
+    return whole("end " + std::to_string(number));
+}
+
+std::string resumedLine()
+{
+    return whole("resumed");
+}
+
+std::optional<JournalLine> parseLine(std::string_view line)
+{
+    if (line.size() <= CheckLength || line[CheckLength] != ' ' ||
+        checkOf(line.substr(CheckLength + 1)) != line.substr(0, CheckLength))
+        return std::nullopt;
+    Words words(line.substr(CheckLength + 1));
+    JournalLine result;
+    const auto kind = words.next();
+    if (kind == OpeningWord) {
+        result.kind = JournalLine::Kind::Opening;
+        result.place = placeFrom(words);
+    } else if (kind == "destination") {
+        result.kind = JournalLine::Kind::Destination;
+        result.destination = words.number<std::size_t>();
+        result.place = placeFrom(words);
+    } else if (kind == "end") {
+        result.kind = JournalLine::Kind::End;
+        result.destination = words.number<std::size_t>();
+    } else if (kind == "resumed") {
+        result.kind = JournalLine::Kind::Resumed;
+    } else {
+        words.expect(kind == "copy");
+        result.record = recordFrom(words);
+        result.destination = result.record.destination;
+    }
+    return words.isRight() ? std::optional(std::move(result)) : std::nullopt;
+}
+
+} // namespace orvana
