@@ -6,8 +6,10 @@
 #include "panels/DiskInfoViewController.h"
 #include "panels/NoEnclosureView.h"
 #include "panels/TBDeviceViewController.h"
+#include "platform/Account.h"
 #include "platform/Host.h"
 #include "platform/Workspace.h"
+#include "platform/posix/PrivateFolder.h"
 #include "ui/FittingFont.h"
 #include "ui/Mirrored.h"
 #include "ui/ShownText.h"
@@ -92,13 +94,16 @@ void MainWindow::startMainWindow()
 void MainWindow::initWindowItems()
 {
     m_logData = std::make_unique<LogData>(m_context.logFolder, m_context.clock);
-    m_run = std::make_unique<DuplicationRun>(DuplicationRun::Surroundings{.host = m_context.host,
-                                                                          .center = m_context.center,
-                                                                          .queue = m_context.queue,
-                                                                          .clock = m_context.clock,
-                                                                          .log = *m_logData,
-                                                                          .patience = {}},
-                                             *this);
+    m_run = std::make_unique<DuplicationRun>(
+        DuplicationRun::Surroundings{.host = m_context.host,
+                                     .center = m_context.center,
+                                     .queue = m_context.queue,
+                                     .clock = m_context.clock,
+                                     .log = *m_logData,
+                                     .patience = {},
+                                     .stateFolder =
+                                         platform::stateFolder(m_context.host.account().homeFolder())},
+        *this);
     m_TBMonitor = std::make_unique<ThunderBoltMonitor>(m_context.host.registry(), m_context.center);
     m_logData->initLogFile();
     initTBDeviceView();

@@ -140,10 +140,14 @@ QString RunWords::stake(const DiskAtStake &disk, const std::string &present)
 QString RunWords::sentenceOf(const RunSetting &setting)
 {
     const std::string_view key = setting.key;
+    if (key == "resume")
+        return tr("Go on with the last run: what it has brought to the disks is not copied again");
     if (key == "update")
         return tr("Compare what is there already with the source, and write only the blocks that differ");
     if (key == "exact")
         return tr("Cut longer files that are there already to the length of their source");
+    if (key == "repair")
+        return tr("When verifying, write blocks that differ once more");
     if (key == "ejectAtEnd")
         return tr("Eject each disk that holds every file at the end");
     return QString::fromLatin1(setting.help);
@@ -166,10 +170,14 @@ QString RunWords::valueOf(const ListedRunSetting &setting, const std::string &va
 QString RunWords::summaryOf(const RunSettings &settings)
 {
     QStringList parts;
+    if (settings.resume)
+        parts += tr("Go on with the last run");
     if (settings.manner.update)
         parts += tr("Update");
     else if (settings.manner.exact)
         parts += tr("Exact lengths");
+    if (settings.manner.repair)
+        parts += tr("Repair");
     if (settings.ejectAtEnd)
         parts += tr("Eject at the end");
     for (const auto &setting : AllListedRunSettings) {

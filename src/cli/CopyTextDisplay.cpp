@@ -106,6 +106,8 @@ private:
     void printDestination(const DestinationSummary &destination, double rate)
     {
         m_terminal.print(textOf(destination, rate));
+        if (destination.isSuspect)
+            m_terminal.print("    the disk is suspect: it does not keep what is written to it");
         for (const auto &line : manifestLines(destination))
             m_terminal.print("    " + line);
     }
@@ -122,6 +124,8 @@ private:
         if (destination.verified + destination.mismatched + destination.unverified > 0)
             line += ", " + std::to_string(destination.verified) + " verified, " +
                     std::to_string(destination.mismatched) + " differ";
+        if (destination.repaired > 0)
+            line += ", " + std::to_string(destination.repaired) + " repaired";
         if (destination.unverified > 0)
             line += ", " + std::to_string(destination.unverified) + " could not be read back";
         return line + ", " + sizeText(destination.bytes) + ", " + rateText(rate);

@@ -6,10 +6,13 @@
 #include "cli/TerminalRun.h"
 #include "duplicate/disktool/DiskUtil.h"
 #include "duplicate/plan/RunPlan.h"
+#include "duplicate/run/JournalChoice.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/NotificationNames.h"
+#include "platform/Account.h"
 #include "platform/Host.h"
 #include "platform/posix/CancelRequest.h"
+#include "platform/posix/PrivateFolder.h"
 
 #include <algorithm>
 #include <atomic>
@@ -197,6 +200,7 @@ ExitStatus DiskCommand::erase()
     disks.reserve(plan->disks.size());
     for (const auto &disk : plan->disks)
         disks.push_back(disk.info);
+    endJournalsOf(m_host, disks, platform::stateFolder(m_host.account().homeFolder()));
     m_tool.setDiskArray(std::move(disks));
     m_tool.startEraseDiskThread();
     return statusOfResults("could not be erased");

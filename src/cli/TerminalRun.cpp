@@ -7,6 +7,7 @@
 #include "foundation/NotificationNames.h"
 #include "platform/Account.h"
 #include "platform/Host.h"
+#include "platform/posix/PrivateFolder.h"
 
 #include <cstdlib>
 
@@ -34,7 +35,8 @@ TerminalRun::TerminalRun(platform::Host &host, Terminal &terminal, const RunOpti
              .queue = m_queue,
              .clock = m_clock,
              .log = m_log,
-             .patience = PatienceAtTheEnd},
+             .patience = PatienceAtTheEnd,
+             .stateFolder = platform::stateFolder(host.account().homeFolder())},
             *this),
       m_cancelRequest([this] {
           m_isCancelled = true;
@@ -118,6 +120,7 @@ Refusal TerminalRun::refusalOf(const RunRefusal &refusal) const
         return sourceGone(m_run.order().source, SoFar::Erased);
     case OrderRefusal::NothingTicked:
     case OrderRefusal::DiskDoesNotAnswer:
+    case OrderRefusal::ErasesAndGoesOn:
         break;
     }
     return {Refused, refusalText(refusal)};

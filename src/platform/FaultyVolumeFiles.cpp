@@ -49,6 +49,10 @@ public:
         auto count = m_real->read(into, offset);
         if (count && !spend(m_faults.readErrorAfter, *count))
             return failure(EIO);
+        const auto wrong = m_faults.wrongByte.load();
+        const auto start = static_cast<std::int64_t>(offset);
+        if (count && wrong >= start && wrong < start + static_cast<std::int64_t>(*count))
+            into[static_cast<std::size_t>(wrong - start)] ^= std::byte{1};
         return count;
     }
 

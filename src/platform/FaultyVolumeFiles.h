@@ -16,6 +16,7 @@ struct VolumeFaults
     std::atomic<std::int64_t> capacity{-1};        ///< bytes that may be written until no space is left
     std::atomic<std::int64_t> writeErrorAfter{-1}; ///< bytes that may be written until writes fail
     std::atomic<std::int64_t> readErrorAfter{-1};  ///< bytes that may be read until reads fail
+    std::atomic<std::int64_t> wrongByte{-1};       ///< offset of a byte that each file reads wrongly
     std::atomic<std::int64_t> listErrorAfter{-1};  ///< names that each listing gives before it breaks off
     std::atomic<int> delayMilliseconds{0};         ///< added to each read and write
     std::atomic<int> syncDelayMilliseconds{0};     ///< added to each sync of the whole volume

@@ -43,6 +43,7 @@ class Place:
 
     def __init__(self):
         self.root = tempfile.mkdtemp(prefix='evidence-')
+        os.environ['XDG_STATE_HOME'] = self.root + '/state'
         for name in ('source', 'copy', 'other', 'logs'):
             os.mkdir(self.path(name))
 

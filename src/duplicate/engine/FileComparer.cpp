@@ -1,5 +1,6 @@
 #include "duplicate/engine/FileComparer.h"
 
+#include "duplicate/engine/FileRepair.h"
 #include "duplicate/engine/RunContext.h"
 #include "duplicate/engine/SourceTime.h"
 #include "duplicate/engine/Target.h"
@@ -27,6 +28,9 @@ constexpr const char *Succeeded = "Verifying File ... Succeeded";
 
 // Files up to this size may lie in their inode, and nobody can drop an inode from memory.
 constexpr std::uint64_t SmallestBlock = 4096;
+
+// A disk on which more blocks of one file are wrong is not repaired block by block.
+constexpr std::size_t MostBadBlocks = 4096;
 
 // Drops the file's content from memory. Returns true when the content was seen to be gone. Pages that another
 // processor has just put into memory can take a second try.
@@ -76,6 +80,8 @@ int FileComparer::compare(const std::string &source, const OutArray &copies)
     compareBlocks(**from, size);
     if (isSourceChanged(**from))
         noteChangedSource(source);
+    else if (m_run.manner().repair)
+        FileRepair(m_run).repair(**from, source, copies);
     noteSample(source, copies, size);
     noteResults(source);
     m_run.postMessage(Succeeded);
@@ -199,6 +205,8 @@ void FileComparer::tellDifferences(std::uint64_t offset)
         m_run.postMessage(Failed);
         if (copy.differences++ == 0)
             copy.firstOffset = offset;
+        if (m_run.manner().repair && copy.badBlocks.size() < MostBadBlocks)
+            copy.badBlocks.push_back(offset);
     }
 }
 

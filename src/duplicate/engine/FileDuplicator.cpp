@@ -185,6 +185,7 @@ void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attri
     }
     // A read of less than a block is the whole file. It is created, written and closed in one go.
     const Block block = m_run.block(0).first(*count);
+    markBlock(block);
     m_outputs.noteRead(*count);
     m_outputs.noteSource(hasSourceChanged(from, *count));
     openOutputs(copies, like, &block);
@@ -201,6 +202,7 @@ void FileDuplicator::copyBlocks(File &from, std::uint64_t size, Expected<std::si
     // A source that grows without end is left at some point.
     while (count && *count > 0 && offset <= size + MostGrowth) {
         const Block block = m_run.block(inHand).first(*count);
+        markBlock(block);
         const auto ahead = writeAndReadAhead(from, block, offset, 1 - inHand);
         m_outputs.noteInMemory(offset, size > LargeFile);
         m_outputs.tellNewErrors();
@@ -214,6 +216,12 @@ void FileDuplicator::copyBlocks(File &from, std::uint64_t size, Expected<std::si
     if (!count)
         m_outputs.failAll(count.error());
     m_outputs.noteSource(hasSourceChanged(from, offset));
+}
+
+void FileDuplicator::markBlock(Block block)
+{
+    if (m_run.manner().repair && m_run.setup().verifyFiles())
+        m_run.blockMarks().add(block);
 }
 
 // A copy is good only when nobody wrote to the source while it was read.

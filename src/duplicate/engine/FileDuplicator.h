@@ -39,6 +39,7 @@ private:
     void copyContent(platform::File &from, const OutArray &copies, const platform::Attributes &like);
     void copyBlocks(platform::File &from, std::uint64_t size, platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);
+    void markBlock(Block block);
     bool hasSourceChanged(const platform::File &from, std::uint64_t bytesRead) const;
     platform::Expected<std::size_t> writeAndReadAhead(platform::File &from, Block block, std::uint64_t offset,
                                                       int spare);

@@ -51,8 +51,13 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
         target.pump.reset();
         target.destination.refuse({platform::FileProblem::Busy, EBUSY});
     }
-    if (const auto &order = m_setup.journal)
-        m_journal = std::make_unique<RunJournal>(*order, m_setup.host.volumeFiles(), m_targets);
+    const auto &order = m_setup.journal;
+    if (!order)
+        return;
+    m_journal = std::make_unique<RunJournal>(*order, m_setup.host.volumeFiles(), m_targets);
+    const auto folder = m_sources.attributes(order->folder, platform::Links::Follow, platform::Want::Basics);
+    if (folder)
+        m_folderOfJournals = FolderIdentity{folder->device, folder->inode};
 }
 
 Workers &RunContext::workers()
@@ -153,6 +158,7 @@ void RunContext::sourceChanged(Target &target, const std::string &source)
 void RunContext::startFile()
 {
     m_sourceInHand.reset();
+    m_blockMarks.start();
     for (auto &target : m_targets) {
         target.hasFailed = false;
         target.work = CopyWork::Write;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "duplicate/engine/BlockMarks.h"
 #include "duplicate/engine/CopyJob.h"
 #include "duplicate/engine/RunEvidence.h"
 #include "duplicate/engine/RunJournal.h"
@@ -80,6 +81,13 @@ public:
     /// The journal of the run; null if it keeps none.
     RunJournal *journal() { return m_journal.get(); }
 
+    /// True for the folder of the journals, which a source such as the user's home may hold. It changes all
+    /// through the run.
+    bool isFolderOfJournals(const platform::Attributes &folder) const
+    {
+        return m_folderOfJournals == FolderIdentity{folder.device, folder.inode};
+    }
+
     /// Notes that a rule left the item out.
     void leaveOut(const std::string &item, const char *rule);
 
@@ -105,6 +113,9 @@ public:
     void postMessage(const std::string &message) const;
     void postFileProgress(std::uint64_t done, std::uint64_t size) const;
     void postTotalProgress(float value) const;
+
+    /// The blocks of the file in hand, if the run may have to repair copies.
+    BlockMarks &blockMarks() { return m_blockMarks; }
 
     /// Counts a file whose copy starts, and posts the total progress.
     void countStartedFile(std::uint64_t bytes);
@@ -152,10 +163,12 @@ private:
     platform::Folder &m_sources;
     SourceFiles m_sourceFiles;
     std::int64_t m_indexOfBackup = 0;
+    std::optional<FolderIdentity> m_folderOfJournals;
     std::unique_ptr<RunJournal> m_journal; // before the targets, whose pumps tell it of their syncs
     std::deque<Target> m_targets;          // a deque, because the targets must stay where they are
     std::optional<platform::Attributes> m_sourceInHand;
     std::optional<RunEvidence> m_evidence;
+    BlockMarks m_blockMarks;
     std::unique_ptr<Workers> m_workers;
     std::size_t m_helpers = 0;
     std::unique_ptr<std::byte[]> m_blocks[2];

@@ -48,7 +48,8 @@ struct ComparedCopy
     bool differsHere = false;             ///< in the current block
     std::optional<platform::FileError> error;
     std::optional<platform::FileError> sourceError;
-    std::int64_t differences = 0; ///< blocks that differ
+    std::int64_t differences = 0;         ///< blocks that differ
+    std::vector<std::uint64_t> badBlocks; ///< where they begin, for a repair; not all of very many
     std::uint64_t firstOffset = 0;
 
     /// True if the copy is compared and everything read from it so far equals its source.

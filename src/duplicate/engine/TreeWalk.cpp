@@ -5,7 +5,6 @@
 #include "foundation/SystemLog.h"
 #include "foundation/WorkerThread.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace orvana
@@ -16,13 +15,6 @@ using platform::FileType;
 using platform::Links;
 using platform::NameList;
 using platform::Want;
-
-namespace
-{
-
-constexpr const char *LeadsIntoDestination = "it leads into a destination";
-
-} // namespace
 
 /// The folders between the start of a walk and the entry in hand. A list instead of a recursion: a tree may
 /// be deeper than the stack allows. On leaving a folder, also when the run is cancelled, the folders that
@@ -141,39 +133,9 @@ private:
 };
 
 TreeWalk::TreeWalk(RunContext &run)
-    : m_run(run), m_rules(run.setup().host, run.setup().includeHidden), m_comparer(run),
+    : m_run(run), m_rules(run.setup().host, run.setup().includeHidden), m_forbidden(run), m_comparer(run),
       m_duplicator(run, m_comparer)
 {
-}
-
-std::optional<Attributes> TreeWalk::followed(const std::string &path) const
-{
-    const auto attributes = m_run.sources().attributes(path, Links::Follow, Want::Basics);
-    return attributes ? std::optional(*attributes) : std::nullopt;
-}
-
-// A destination may lie within the source. Copying it into itself would never end.
-bool TreeWalk::isDestination(const Attributes &folder)
-{
-    const auto &targets = m_run.targets();
-    return std::any_of(targets.begin(), targets.end(),
-                       [&](const Target &target) { return target.destination.isRoot(folder); });
-}
-
-// True when the link at `path` leads to a destination or to a folder in it, such as one that this run made.
-bool TreeWalk::liesInDestination(const std::string &path)
-{
-    auto above = path;
-    for (auto here = followed(above); here && here->type == FileType::Folder;) {
-        if (isDestination(*here))
-            return true;
-        above += "/..";
-        const auto next = followed(above);
-        if (!next || (next->device == here->device && next->inode == here->inode))
-            return false;
-        here = next;
-    }
-    return false;
 }
 
 // Returns the item's path on each destination: the destination's root, then the part of the item's path after
@@ -195,11 +157,13 @@ void TreeWalk::copySelected(const std::string &item)
     const auto attributes = read.value_or(Attributes());
     const auto copies = copiesOf(item);
     const bool isLink = attributes.type == FileType::SymbolicLink;
-    if (isLink && liesInDestination(item)) {
-        m_run.leaveOut(item, LeadsIntoDestination);
-        return;
+    const auto target = isLink ? m_forbidden.followed(item) : read ? std::optional(*read) : std::nullopt;
+    if (isLink && target) {
+        if (const char *rule = m_forbidden.ruleAgainst(item, *target, true)) {
+            m_run.leaveOut(item, rule);
+            return;
+        }
     }
-    const auto target = isLink ? followed(item) : read ? std::optional(*read) : std::nullopt;
     if (!target || target->type != FileType::Folder) {
         m_duplicator.copy(item, copies, attributes);
         return;
@@ -245,11 +209,11 @@ int TreeWalk::copyItem(const std::string &source, const OutArray &copies)
 int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const Attributes &attributes)
 {
     const bool isLink = attributes.type == FileType::SymbolicLink;
-    const auto target = isLink ? followed(source) : attributes;
+    const auto target = isLink ? m_forbidden.followed(source) : attributes;
     if (!target || target->type != FileType::Folder)
         return m_duplicator.copy(source, copies, attributes);
-    if (isLink ? liesInDestination(source) : isDestination(*target))
-        m_run.leaveOut(source, LeadsIntoDestination);
+    if (const char *rule = m_forbidden.ruleAgainst(source, *target, isLink))
+        m_run.leaveOut(source, rule);
     else
         copyTree(source, copies, attributes);
     return 1;
@@ -274,8 +238,11 @@ void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
     const auto verdict = m_rules.examine(stack.source());
     const auto attributes = verdict.attributes.value_or(Attributes());
     const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
-    if (verdict.skip || (isFolder && isDestination(attributes))) {
-        m_run.leaveOut(stack.source(), verdict.skip ? verdict.rule : LeadsIntoDestination);
+    const char *rule = verdict.skip ? verdict.rule
+                       : isFolder   ? m_forbidden.ruleAgainst(stack.source(), attributes, false)
+                                    : nullptr;
+    if (rule) {
+        m_run.leaveOut(stack.source(), rule);
     } else if (!isFolder) {
         m_duplicator.copy(stack.source(), stack.copies(), attributes);
     } else {

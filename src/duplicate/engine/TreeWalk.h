@@ -2,10 +2,10 @@
 
 #include "duplicate/engine/FileComparer.h"
 #include "duplicate/engine/FileDuplicator.h"
+#include "duplicate/engine/ForbiddenFolders.h"
 #include "duplicate/engine/SkipRules.h"
 #include "duplicate/evidence/EvidenceLog.h"
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,13 +50,11 @@ private:
                     const std::vector<CopyState> &states);
     void finishFolders(const OutArray &copies, const std::vector<bool> &made,
                        const platform::Attributes &like);
-    std::optional<platform::Attributes> followed(const std::string &path) const;
-    bool isDestination(const platform::Attributes &folder);
-    bool liesInDestination(const std::string &path);
     OutArray copiesOf(const std::string &item) const;
 
     RunContext &m_run;
     SkipRules m_rules;
+    ForbiddenFolders m_forbidden;
     FileComparer m_comparer;
     FileDuplicator m_duplicator;
 };

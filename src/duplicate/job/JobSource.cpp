@@ -1,7 +1,6 @@
 #include "duplicate/job/JobSource.h"
 
 #include "foundation/DisplayPath.h"
-#include "foundation/Paths.h"
 
 #include <algorithm>
 
@@ -10,21 +9,6 @@ namespace orvana
 
 namespace
 {
-
-// Returns the volume that is mounted nearest above the path, or null.
-const ORVBsdInfo *volumeAbove(const ScannedDevices &devices, const std::string &path)
-{
-    const ORVBsdInfo *nearest = nullptr;
-    for (const auto &disk : devices.allDisks()) {
-        for (const auto &volume : disk->bsdPathArray()) {
-            const auto &point = volume->mountPoint();
-            if (point && isAtOrBelow(path, *point) &&
-                (!nearest || point->size() > nearest->mountPoint()->size()))
-                nearest = volume.get();
-        }
-    }
-    return nearest; // a record of the scan, which holds it
-}
 
 bool isVolumeRoot(const ORVBsdInfo &volume, const std::string &path)
 {
@@ -36,7 +20,7 @@ bool isVolumeRoot(const ORVBsdInfo &volume, const std::string &path)
 tl::expected<void, std::string> nameSource(Job &job, const ScannedDevices &devices, const std::string &item,
                                            const std::string &root)
 {
-    const auto *volume = root.empty() ? nullptr : volumeAbove(devices, root);
+    const auto volume = root.empty() ? nullptr : devices.volumeAbove(root).volume;
     if (!volume)
         return tl::unexpected(std::string("the source is on no known volume"));
     if (!volume->volumeId())
@@ -53,7 +37,7 @@ tl::expected<std::string, std::string> titleOfSource(const Job &job, const Scann
     const std::string *title = nullptr;
     const auto name = job.sourceName.empty() ? job.volumeId : job.sourceName;
     for (const auto &candidate : plan.candidates) {
-        const auto *volume = volumeAbove(devices, candidate.rootPath);
+        const auto volume = devices.volumeAbove(candidate.rootPath).volume;
         if (!volume || volume->volumeId() != job.volumeId ||
             job.isHome == isVolumeRoot(*volume, candidate.rootPath))
             continue;

@@ -19,6 +19,8 @@ std::string refusalText(OrderRefusal refusal)
         return "The source is not there any more, or another disk has taken its place. Nothing was copied; "
                "the "
                "report says which disks were erased. Choose the source again.";
+    case OrderRefusal::ErasesAndGoesOn:
+        return "A run that goes on with the last one erases no disk. Switch one of the two off.";
     case OrderRefusal::DiskDoesNotAnswer:
         return "A disk of the run before does not answer. Nothing was erased.";
     }
@@ -29,6 +31,8 @@ tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const Sca
                                                  const RunChoice &choice, const SourceMemory &source,
                                                  const std::vector<std::string> &selection)
 {
+    if (choice.erase && choice.settings.resume)
+        return tl::unexpected(OrderRefusal::ErasesAndGoesOn);
     if (choice.erase && selection.empty())
         return tl::unexpected(OrderRefusal::NothingTicked);
     if (!isStillThere(host, devices, source))

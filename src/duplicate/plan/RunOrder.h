@@ -39,6 +39,7 @@ enum class OrderRefusal {
     NothingTicked,           ///< nothing is ticked, and disks would be erased
     SourceGone,              ///< the source is not there any more, or another disk stands in its place
     SourceGoneSinceTheErase, ///< as `SourceGone`, but noticed after disks were erased for the run
+    ErasesAndGoesOn,         ///< the disks that the last run wrote to would be erased
     DiskDoesNotAnswer,       ///< the copy thread of an earlier run hangs, and the disks were to be erased
 };
 

@@ -18,6 +18,7 @@ namespace orvana
 struct RunSettings
 {
     bool ejectAtEnd = false;                    ///< eject each disk that holds every file
+    bool resume = false;                        ///< go on with the last run
     CopyManner manner;                          ///< how files are treated that are on a destination already
     ManifestKind manifest = ManifestKind::None; ///< what list of its files each copy gets
     /// The format of the digests. Without it none are made, or, for manifests, those of `EvidenceOrder`.
@@ -40,12 +41,16 @@ struct RunSetting
 };
 
 inline constexpr std::array AllRunSettings{
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.ejectAtEnd; }, "ejectAtEnd", "--eject",
+               "Eject each disk that holds every file at the end", true},
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.resume; }, "resume", "--resume",
+               "Go on with the last run: what it has brought to the disks is not copied again", false},
     RunSetting{[](RunSettings &settings) -> bool & { return settings.manner.update; }, "update", "--update",
                "Compare what is there already with the source, and write only the blocks that differ", false},
     RunSetting{[](RunSettings &settings) -> bool & { return settings.manner.exact; }, "exact", "--exact",
                "Cut longer files that are there already to the length of their source", false},
-    RunSetting{[](RunSettings &settings) -> bool & { return settings.ejectAtEnd; }, "ejectAtEnd", "--eject",
-               "Eject each disk that holds every file at the end", true},
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.manner.repair; }, "repair", "--repair",
+               "When verifying, write blocks that differ once more", false},
 };
 
 /// One option of `RunSettings` with a choice of values, which are words in all places.

@@ -38,6 +38,20 @@ std::vector<std::shared_ptr<ORVHddInfo>> ScannedDevices::allDisks() const
     return all;
 }
 
+ScannedDevices::Mounted ScannedDevices::volumeAbove(const std::string &path) const
+{
+    Mounted nearest;
+    for (const auto &disk : allDisks()) {
+        for (const auto &volume : disk->bsdPathArray()) {
+            const auto &point = volume->mountPoint();
+            if (point && isAtOrBelow(path, *point) &&
+                (!nearest.volume || point->size() > nearest.volume->mountPoint()->size()))
+                nearest = {disk, volume};
+        }
+    }
+    return nearest;
+}
+
 ScannedDevices scannedDevices(const ORVScanDevice &scanner)
 {
     return {scanner.tbArray(), scanner.otherDiskArray(), scanner.otherTBArray()};

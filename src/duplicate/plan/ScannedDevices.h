@@ -27,6 +27,16 @@ struct ScannedDevices
     /// Returns all disks: those of the enclosures, the other disks, then those of the other Thunderbolt
     /// devices.
     std::vector<std::shared_ptr<ORVHddInfo>> allDisks() const;
+
+    /// A mounted volume and its disk.
+    struct Mounted
+    {
+        std::shared_ptr<ORVHddInfo> disk; ///< null if no volume was found
+        std::shared_ptr<ORVBsdInfo> volume;
+    };
+
+    /// Returns the volume that is mounted at the path or nearest above it.
+    Mounted volumeAbove(const std::string &path) const;
 };
 
 ScannedDevices scannedDevices(const ORVScanDevice &scanner);

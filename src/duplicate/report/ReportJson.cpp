@@ -61,6 +61,9 @@ Json destinationJson(const DestinationSummary &destination)
     json["secondsWriting"] = destination.secondsWriting;
     json["secondsSyncing"] = destination.secondsSyncing;
     json["verifiedFrom"] = nameOf(destination.verifiedFrom);
+    json["repaired"] = destination.repaired;
+    if (destination.isSuspect)
+        json["suspect"] = true;
     if (!destination.manifests.empty() || destination.evidenceFailures > 0)
         json["manifests"] = manifestsJson(destination);
     if (destination.notInManifest > 0)

@@ -73,6 +73,11 @@ std::vector<std::string> detailsOf(const DestinationSummary &destination, const 
     std::vector<std::string> lines;
     if (destination.durability == Durability::NotKnown)
         lines.push_back(std::to_string(destination.notKnownToBeOnDisk) + " " + destination.reason);
+    if (destination.isSuspect)
+        lines.emplace_back("The disk is suspect: it does not keep what is written to it.");
+    if (destination.repaired > 0)
+        lines.push_back(std::to_string(destination.repaired) +
+                        " repaired: blocks that differed were written again, and are right now");
     for (const auto &manifest : manifestLines(destination))
         lines.push_back("manifest " + manifest);
     for (const auto &group : problems) {
@@ -110,6 +115,8 @@ std::string lackOf(const DestinationSummary &destination)
     add(destination.mismatched, " differ");
     add(destination.unverified, " could not be compared");
     add(destination.evidenceFailures, " with trouble in the manifest");
+    if (destination.isSuspect)
+        text += ", and the disk is suspect";
     return text;
 }
 

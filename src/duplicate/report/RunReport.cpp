@@ -108,6 +108,12 @@ void RunReport::mismatched(std::size_t index, std::string_view file, std::uint64
     addProblem({ProblemKind::Mismatched, std::string(file), tally.root, {}, firstOffset, blocks});
 }
 
+void RunReport::suspect(std::size_t index)
+{
+    const std::lock_guard lock(m_mutex);
+    m_destinations.at(index).isSuspect = true;
+}
+
 void RunReport::unverified(std::size_t index, std::string_view file, std::string_view reason)
 {
     auto &tally = destination(index);
@@ -203,6 +209,8 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
                                .secondsWriting = seconds(tally.writeNanoseconds),
                                .secondsSyncing = seconds(tally.syncNanoseconds),
                                .verifiedFrom = state.verifiedFrom,
+                               .repaired = tally.repaired,
+                               .isSuspect = state.isSuspect,
                                .isSlowest = &tally == slowest(),
                                .durability = state.durability,
                                .notKnownToBeOnDisk = 0,

@@ -28,17 +28,18 @@ struct DestinationTally
     }
 
     const std::string root;
-    std::atomic<std::int64_t> copied{0};            ///< files written without an error
-    std::atomic<std::int64_t> failed{0};            ///< files and folders that are missing or incomplete
-    std::atomic<std::int64_t> verified{0};          ///< copies that were read back and equal their source
-    std::atomic<std::int64_t> mismatched{0};        ///< copies that were read back and differ
-    std::atomic<std::int64_t> unverified{0};        ///< copies that could not be compared
-    std::atomic<std::int64_t> notInManifest{0};     ///< files on the disk that no manifest lists
-    std::atomic<std::int64_t> evidenceFailures{0};  ///< missing manifests, files not as in the history
-    std::atomic<std::int64_t> alreadyThere{0};      ///< copies for which nothing had to be written
-    std::atomic<std::uint64_t> bytes{0};            ///< bytes written
-    std::atomic<std::uint64_t> bytesThere{0};       ///< bytes that were there already
-    std::atomic<std::int64_t> blocksWritten{0};     ///< blocks of up to `BlockSize` bytes
+    std::atomic<std::int64_t> copied{0};           ///< files written without an error
+    std::atomic<std::int64_t> failed{0};           ///< files and folders that are missing or incomplete
+    std::atomic<std::int64_t> verified{0};         ///< copies that were read back and equal their source
+    std::atomic<std::int64_t> mismatched{0};       ///< copies that were read back and differ
+    std::atomic<std::int64_t> unverified{0};       ///< copies that could not be compared
+    std::atomic<std::int64_t> notInManifest{0};    ///< files on the disk that no manifest lists
+    std::atomic<std::int64_t> evidenceFailures{0}; ///< missing manifests, files not as in the history
+    std::atomic<std::int64_t> repaired{0};      ///< of `verified`: copies in which blocks were written again
+    std::atomic<std::int64_t> alreadyThere{0};  ///< copies for which nothing had to be written
+    std::atomic<std::uint64_t> bytes{0};        ///< bytes written
+    std::atomic<std::uint64_t> bytesThere{0};   ///< bytes that were there already
+    std::atomic<std::int64_t> blocksWritten{0}; ///< blocks of up to `BlockSize` bytes
     std::atomic<std::uint64_t> writeNanoseconds{0}; ///< spent writing, including the wait for the disk
     std::atomic<std::uint64_t> syncNanoseconds{0};  ///< spent in the final sync
     BusyTime busy;                                  ///< spent writing, waiting for the disk, and reading back
@@ -87,6 +88,9 @@ public:
     /// Notes that `blocks` blocks of the copy of `file` differ. The first of them begins at byte
     /// `firstOffset`.
     void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
+
+    /// Notes that the disk of the destination keeps what is written to it wrongly.
+    void suspect(std::size_t index);
 
     /// Notes that the copy of `file` could not be compared, for `reason`.
     void unverified(std::size_t index, std::string_view file, std::string_view reason);
@@ -157,6 +161,7 @@ private:
         std::vector<ManifestSummary> manifests;
         std::string notOnDiskReason = "the run ended before the final sync";
         VerifiedFrom verifiedFrom = VerifiedFrom::None;
+        bool isSuspect = false;
         Durability durability = Durability::NotKnown;
     };
 

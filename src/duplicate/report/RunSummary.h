@@ -97,7 +97,9 @@ struct DestinationSummary
     double secondsWriting = 0;      ///< including the wait for the disk
     double secondsSyncing = 0;
     VerifiedFrom verifiedFrom = VerifiedFrom::None;
-    bool isSlowest = false; ///< the slowest of several destinations
+    std::int64_t repaired = 0; ///< of `verified`: files in which blocks were written again
+    bool isSuspect = false;    ///< the disk keeps what is written to it wrongly
+    bool isSlowest = false;    ///< the slowest of several destinations
     Durability durability = Durability::NotKnown;
     std::int64_t notKnownToBeOnDisk = 0; ///< files that would otherwise count as copied
     std::string reason;                  ///< why the copies are not known to be on the disk

@@ -3,6 +3,7 @@
 #include "duplicate/report/RunReport.h"
 #include "duplicate/run/DiskReport.h"
 #include "duplicate/run/EvidenceChoice.h"
+#include "duplicate/run/JournalChoice.h"
 #include "foundation/Clock.h"
 #include "foundation/MainQueue.h"
 #include "foundation/NotificationNames.h"
@@ -30,8 +31,9 @@ std::string refusalText(const RunRefusal &refusal)
 
 DuplicationRun::DuplicationRun(const Surroundings &surroundings, RunView &view)
     : m_host(surroundings.host), m_queue(surroundings.queue), m_clock(surroundings.clock),
-      m_log(surroundings.log), m_patience(surroundings.patience), m_view(view), m_relay(m_log, view),
-      m_diskTool(m_host.launcher(), surroundings.center), m_fileCopy(m_host, surroundings.center)
+      m_log(surroundings.log), m_patience(surroundings.patience), m_stateFolder(surroundings.stateFolder),
+      m_view(view), m_relay(m_log, view), m_diskTool(m_host.launcher(), surroundings.center),
+      m_fileCopy(m_host, surroundings.center)
 {
     m_diskTool.setGoesOn([this] { return !m_isCancelWanted; });
 }
@@ -129,6 +131,7 @@ void DuplicationRun::EraseDisk()
             disks.push_back(disk.info);
     }
     m_diskTool.setSparedDisks(m_order.choice.sourceDisks);
+    endJournalsOf(m_host, disks, m_stateFolder);
     m_diskTool.setDiskArray(std::move(disks));
     m_isToolErasing = true;
     m_diskTool.startEraseDiskThread();
@@ -213,6 +216,8 @@ void DuplicationRun::copyTo(const FolderJob &job)
     task.job.totalFiles = m_order.totalFiles;
     task.manner = m_order.choice.settings.manner;
     task.evidence = evidenceOf(m_order, task.job, m_destinations, m_log, m_clock);
+    if (!m_stateFolder.empty())
+        task.journal = journalOf(m_order, task.job, m_view.devices(), m_stateFolder);
     m_relay.jobHandedOver(task.job.SrcDiskPath, task.job.DesFileArray);
     const auto run = m_number.load();
     m_view.copyStarts(task.job);

@@ -84,6 +84,7 @@ public:
         /// How long the end of a run waits for the copy thread. With 0 the thread of a cancelled run writes
         /// the report after `ended`.
         std::chrono::milliseconds patience{0};
+        std::string stateFolder{}; ///< gets the journals of runs; empty for none
     };
 
     DuplicationRun(const Surroundings &surroundings, RunView &view);
@@ -172,6 +173,7 @@ private:
     const Clock &m_clock;
     LogData &m_log;
     const std::chrono::milliseconds m_patience;
+    const std::string m_stateFolder;
     RunView &m_view;
     RunRelay m_relay;
     DiskUtil m_diskTool;

@@ -13,6 +13,20 @@
 namespace orvana::platform
 {
 
+namespace
+{
+
+std::string ownFolder(const char *variable, const std::string &otherwise)
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
+    const char *folder = std::getenv(variable);
+    // The rules for these variables say that a relative path is ignored.
+    const bool isNamed = folder && folder[0] == '/';
+    return (isNamed ? folder : otherwise) + "/orvana-plurimo";
+}
+
+} // namespace
+
 tl::expected<void, std::string> makePrivateFolder(const std::string &path)
 {
     const auto refuse = [&](const std::string &why) {
@@ -40,12 +54,12 @@ tl::expected<void, std::string> makePrivateFolder(const std::string &path)
 
 std::string cacheFolder()
 {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): the program never changes its environment.
-    const char *folder = std::getenv("XDG_CACHE_HOME");
-    // The rules for $XDG_CACHE_HOME say that a relative path is ignored.
-    const bool isNamed = folder && folder[0] == '/';
-    return (isNamed ? std::string(folder) : posix::PosixAccount().homeFolder() + "/.cache") +
-           "/orvana-plurimo";
+    return ownFolder("XDG_CACHE_HOME", posix::PosixAccount().homeFolder() + "/.cache");
+}
+
+std::string stateFolder(const std::string &home)
+{
+    return ownFolder("XDG_STATE_HOME", home + "/.local/state");
 }
 
 } // namespace orvana::platform

@@ -16,4 +16,8 @@ tl::expected<void, std::string> makePrivateFolder(const std::string &path);
 /// below ".cache" in the home folder.
 std::string cacheFolder();
 
+/// Returns the folder for what the program remembers from run to run: "orvana-plurimo" below $XDG_STATE_HOME,
+/// or below ".local/state" in this home folder.
+std::string stateFolder(const std::string &home);
+
 } // namespace orvana::platform
