@@ -38,8 +38,8 @@ _plurimoctl() {
     esac
     local options="--simulator --demo --demo-folder --log-dir --help"
     case $command in
-    copy) options+=" --to --root --verify --manifest --digest --json" ;;
-    duplicate) options+=" --enclosure --source --select --erase --name --verify --eject --manifest --digest --job --yes --json" ;;
+    copy) options+=" --to --root --verify --repair --resume --update --exact --manifest --digest --json" ;;
+    duplicate) options+=" --enclosure --source --select --erase --name --verify --repair --resume --update --exact --eject --manifest --digest --job --yes --json" ;;
     erase) options+=" --enclosure --bay --name --yes" ;;
     eject) options+=" --enclosure --bay --yes" ;;
     mount) options+=" --enclosure --bay" ;;

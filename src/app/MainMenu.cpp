@@ -66,6 +66,7 @@ void MainMenu::makeRunMenu()
     press(menu, tr("&Verify"), QKeySequence(Qt::CTRL | Qt::Key_Y), actions.VerrifyFileCheckBox);
     press(menu, tr("&Erase Destination Disks"), {}, actions.EraseDiskCheckBox);
     m_options = add(menu, tr("&Options for this run..."), {}, [this] { m_window.chooseOptions(); });
+    m_goOn = add(menu, tr("&Go on with the last run"), {}, [this] { m_window.goOn(); });
     menu->addSeparator();
     press(menu, tr("E&ject Source"), QKeySequence(Qt::CTRL | Qt::Key_E), slots.EjectSourceDiskBtn);
     press(menu, tr("Eject &Destinations"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
@@ -101,6 +102,7 @@ void MainMenu::update()
     m_setUpBays->setEnabled(!m_window.isBusy());
     for (auto *action : {m_openJob, m_saveJob, m_options})
         action->setEnabled(m_window.mayUseJobs());
+    m_goOn->setEnabled(m_window.mayGoOn());
     m_lastReport->setEnabled(m_window.hasReport());
 }
 

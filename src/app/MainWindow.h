@@ -1,12 +1,13 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "app/DispatchEntry.h"
 #include "app/SetupWriter.h"
 #include "app/SharedProgress.h"
 #include "app/Sheets.h"
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
-#include "duplicate/job/JobFile.h"
+#include "duplicate/job/BrokenOffRun.h"
 #include "duplicate/run/DuplicationRun.h"
 #include "duplicate/run/RunMonitor.h"
 #include "foundation/NotificationCenter.h"
@@ -40,7 +41,7 @@ class TBDeviceViewController;
 /// bars and verdicts of a run in MainWindowRunDisplay.cpp, the waits and questions before a run in
 /// MainWindowStart.cpp, the start and the end of a run in MainWindowRunControl.cpp, the disks of an erase, of
 /// an eject and of a mount in MainWindowDisks.cpp, what to do without an enclosure in MainWindowSetup.cpp,
-/// options and job files in MainWindowJobs.cpp.
+/// options and job files in MainWindowJobs.cpp, going on with a run in MainWindowGoOn.cpp.
 ///
 /// Main thread only, unless `RunDisplay`, `RunView` or the comment of a function says otherwise.
 class MainWindow : public QMainWindow, public Ui::MainWindow, public RunView
@@ -60,9 +61,8 @@ public:
     void startMainWindow();
 
     /// Lays the window out for a state: 1 with an enclosure, 2 during a run or an erase. Any other value
-    /// counts as 0, the picker alone. The window keeps its place from the left. It becomes wider only for the
-    /// scroll bar that a low screen needs. `animate` changes nothing, because windows here change size at
-    /// once.
+    /// counts as 0, the picker alone. It becomes wider only for the scroll bar that a low screen needs.
+    /// `animate` changes nothing, because windows here change size at once.
     void displayDialog(int state, bool animate);
 
     /// The present layout state: 0, 1 or 2.
@@ -74,8 +74,7 @@ public:
     /// Empties the message line. Hides both bars if `hidden` is true, otherwise shows them empty.
     void hiddenPrpgressBar(bool hidden);
 
-    /// Moves the focus to the next name field if the key is Tab and an erase is chosen. Returns true if it
-    /// used the key.
+    /// Moves the focus to the next name field if the key is Tab and an erase is chosen; tells whether it did.
     bool keyUp(int key);
 
     /// Opens the help page.
@@ -139,6 +138,10 @@ public:
     /// Take source, ticks, names and options from a job file, or write them there. Warn on failure.
     void openJob(const QString &path);
     void saveJob(const QString &path);
+
+    /// True when a run was broken off whose source and disks are here. `goOn` does what is left of it.
+    bool mayGoOn() const { return mayUseJobs() && brokenOffRun().has_value(); }
+    void goOn();
 
     // Eject and mount
 
@@ -277,6 +280,8 @@ private:
     // Options and jobs
     std::optional<std::string> takeOver(const Job &job);
     tl::expected<Job, std::string> jobNow() const;
+    std::optional<BrokenOffRun> brokenOffRun() const;
+    void offerToGoOn();
     void notEjected(const std::vector<DiskResult> &disks) override;
 
     // Erase, eject and mount
@@ -294,12 +299,6 @@ private:
     /// any thread.
     void later(std::chrono::milliseconds delay, std::function<void()> work);
 
-    struct DispatchEntry
-    {
-        std::vector<std::string> names;
-        std::function<void(const Notification &)> action;
-    };
-
     AppContext m_context;
     std::string m_uiVersion = "Orvana";
     Sheets m_sheets{*this};
@@ -316,6 +315,7 @@ private:
     ShownDisks m_shown;
     SourceMemory m_source;  // source of the shown tree
     RunSettings m_settings; // of the next run
+    std::string m_offered;  // the broken off run that the user was asked about last
 
     RunMonitor m_monitor;
     FilePace m_filePace;

@@ -51,6 +51,7 @@ void MainWindow::setSettings(const RunSettings &settings)
 {
     m_settings = settings;
     m_action->optionsText->setText(RunWords::summaryOf(settings));
+    setTargetDiskInfoColor();
 }
 
 void MainWindow::askForJob(bool isToSave)

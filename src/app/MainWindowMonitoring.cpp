@@ -110,8 +110,8 @@ void MainWindow::colourBays()
     const auto *enclosure = selectedEnclosure();
     if (!enclosure)
         return;
-    const auto erase = m_action->EraseDiskCheckBox->isChecked() ? EraseFirst::Yes : EraseFirst::No;
-    for (const auto &bay : fitOfBays(*enclosure, m_fileList->totalSize(), erase))
+    const auto limit = limitOf(m_action->EraseDiskCheckBox->isChecked(), m_settings);
+    for (const auto &bay : fitOfBays(*enclosure, m_fileList->totalSize(), limit))
         m_diskInfo->setTextColor(bay.slot, bay.fits ? SystemColor::black() : SystemColor::red());
 }
 

@@ -101,7 +101,8 @@ void MainWindow::showEnclosureAgain(bool wasRefused)
     const bool isRefused = m_diskInfo->hasBootDisk() || m_diskInfo->has_RAIDDisk();
     if (isRefused && !wasRefused)
         refuseEnclosure();
-    else if (wasRefused && !isRefused && !m_run->isOn())
+    later(std::chrono::milliseconds(0), [this] { offerToGoOn(); });
+    if (wasRefused && !isRefused && !m_run->isOn())
         m_action->StartBtn->setEnabled(true);
 }
 
@@ -149,6 +150,7 @@ void MainWindow::tbDevSelectionChange()
         displayDialog(m_run->isOn() ? 2 : 1, true);
     disableSlots(m_run->isOn() || m_diskInfo->hasBootDisk());
     refuseEnclosure();
+    later(std::chrono::milliseconds(0), [this] { offerToGoOn(); });
 }
 
 // The panel enables all its controls. The eject button of the source must stay disabled for the home folder.

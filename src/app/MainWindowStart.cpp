@@ -53,12 +53,12 @@ void MainWindow::Duplicate()
     afterCounting(chosenNow());
 }
 
-// Only a finished count shows which bays are too small. An erase waits for it. Without an erase, nothing is
-// lost by an old count.
+// Only a finished count shows which bays are too small. An erase waits for it, and so does a run whose
+// selection was just made. Without an erase, nothing is lost by an old count.
 void MainWindow::afterCounting(const ChosenEnclosure &asked)
 {
     const bool isErase = m_action->EraseDiskCheckBox->isChecked();
-    if (isErase && !m_fileList->waitForCount(std::chrono::milliseconds(0))) {
+    if ((isErase || m_settings.resume) && !m_fileList->waitForCount(std::chrono::milliseconds(0))) {
         waitWith(
             tr("The selected files are still being counted. The duplication goes on when that is done."));
         later(BetweenLooks, [this, asked, sheet = m_waitingSheet] {
@@ -155,6 +155,8 @@ bool MainWindow::decideOrderNow()
     m_order = std::move(*order);
     m_order->totalFiles = m_fileList->totalFiles();
     m_order->totalBytes = m_fileList->totalSize();
+    if (const auto job = jobNow())
+        m_order->job = textOf(*job);
     return true;
 }
 

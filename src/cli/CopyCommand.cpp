@@ -4,6 +4,7 @@
 #include "cli/TerminalRun.h"
 #include "duplicate/engine/CopyCensus.h"
 #include "duplicate/engine/RunLocks.h"
+#include "duplicate/plan/RunPlan.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
 #include "platform/Host.h"
@@ -61,7 +62,8 @@ ExitStatus runCopy(platform::Host &host, Terminal &terminal, const CopyOptions &
     const auto census = takeCensus(host, folders.job, [&] { return run.isCancelled(); });
     if (run.isCancelled())
         return refuse({Cancelled, "cancelled while counting; nothing was written"});
-    warnOfLittleSpace(host, terminal, folders.job, census);
+    if (limitOf(false, options.settings) == EraseFirst::No)
+        warnOfLittleSpace(host, terminal, folders.job, census);
     RunOrder order;
     order.selection = folders.job.SrcFileArray;
     order.totalFiles = census.files;

@@ -169,7 +169,7 @@ void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::u
 {
     choice.selectedBytes = bytes;
     for (const auto &[slot, isFit] :
-         fitOfBays(enclosure, bytes, choice.erase ? EraseFirst::Yes : EraseFirst::No)) {
+         fitOfBays(enclosure, bytes, limitOf(choice.erase, choice.settings))) {
         if (const auto bay = bayNamed(slot))
             choice.isOverSize[*bay] = !isFit;
     }

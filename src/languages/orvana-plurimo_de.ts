@@ -309,6 +309,10 @@
         <source>a checksum file cannot hold c4 digests</source>
         <translation>eine Prüfsummendatei kann keine c4-Prüfsummen enthalten</translation>
     </message>
+    <message>
+        <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
+        <translation>Ein Lauf, der den letzten fortsetzt, löscht keine Disk. Schalten Sie eines von beiden aus.</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -996,6 +1000,10 @@
         <source>Verify dis&amp;ks...</source>
         <translation>&amp;Disks prüfen...</translation>
     </message>
+    <message>
+        <source>&amp;Go on with the last run</source>
+        <translation>Letzten Lauf &amp;fortsetzen</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1194,6 +1202,22 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message>
         <source>One moment</source>
         <translation>Einen Moment</translation>
+    </message>
+    <message>
+        <source>What it has brought to these disks need not be copied again:</source>
+        <translation>Was er auf diese Disks gebracht hat, muss nicht noch einmal kopiert werden:</translation>
+    </message>
+    <message>
+        <source>The last run was broken off</source>
+        <translation>Der letzte Lauf wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Jetzt nicht</translation>
     </message>
 </context>
 <context>
@@ -1428,6 +1452,38 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message>
         <source>Checksum file</source>
         <translation>Prüfsummendatei</translation>
+    </message>
+    <message>
+        <source>Go on with the last run: what it has brought to the disks is not copied again</source>
+        <translation>Den letzten Lauf fortsetzen: Was er auf die Disks gebracht hat, wird nicht noch einmal kopiert</translation>
+    </message>
+    <message>
+        <source>Compare what is there already with the source, and write only the blocks that differ</source>
+        <translation>Vorhandenes mit der Quelle vergleichen und nur abweichende Blöcke schreiben</translation>
+    </message>
+    <message>
+        <source>Cut longer files that are there already to the length of their source</source>
+        <translation>Vorhandene längere Dateien auf die Länge ihrer Quelle kürzen</translation>
+    </message>
+    <message>
+        <source>When verifying, write blocks that differ once more</source>
+        <translation>Beim Prüfen abweichende Blöcke noch einmal schreiben</translation>
+    </message>
+    <message>
+        <source>Go on with the last run</source>
+        <translation>Letzten Lauf fortsetzen</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Exact lengths</source>
+        <translation>Genaue Längen</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
     </message>
 </context>
 <context>

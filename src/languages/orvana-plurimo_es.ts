@@ -309,6 +309,10 @@
         <source>a checksum file cannot hold c4 digests</source>
         <translation>un archivo de sumas no puede contener sumas c4</translation>
     </message>
+    <message>
+        <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
+        <translation>Una duplicación que continúa la última no borra ningún disco. Desactive una de las dos opciones.</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -996,6 +1000,10 @@
         <source>Verify dis&amp;ks...</source>
         <translation>Verificar dis&amp;cos...</translation>
     </message>
+    <message>
+        <source>&amp;Go on with the last run</source>
+        <translation>Con&amp;tinuar la última duplicación</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1194,6 +1202,22 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message>
         <source>One moment</source>
         <translation>Un momento</translation>
+    </message>
+    <message>
+        <source>What it has brought to these disks need not be copied again:</source>
+        <translation>Lo que ya llevó a estos discos no hace falta copiarlo otra vez:</translation>
+    </message>
+    <message>
+        <source>The last run was broken off</source>
+        <translation>La última duplicación quedó interrumpida</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Continuar</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Ahora no</translation>
     </message>
 </context>
 <context>
@@ -1428,6 +1452,38 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message>
         <source>Checksum file</source>
         <translation>Archivo de sumas</translation>
+    </message>
+    <message>
+        <source>Go on with the last run: what it has brought to the disks is not copied again</source>
+        <translation>Continuar la última duplicación: lo que ya llevó a los discos no se copia otra vez</translation>
+    </message>
+    <message>
+        <source>Compare what is there already with the source, and write only the blocks that differ</source>
+        <translation>Comparar lo que ya hay con el origen y escribir solo los bloques que difieren</translation>
+    </message>
+    <message>
+        <source>Cut longer files that are there already to the length of their source</source>
+        <translation>Recortar los archivos más largos que ya hay a la longitud de su origen</translation>
+    </message>
+    <message>
+        <source>When verifying, write blocks that differ once more</source>
+        <translation>Al verificar, escribir otra vez los bloques que difieren</translation>
+    </message>
+    <message>
+        <source>Go on with the last run</source>
+        <translation>Continuar la última duplicación</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Actualizar</translation>
+    </message>
+    <message>
+        <source>Exact lengths</source>
+        <translation>Longitudes exactas</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparar</translation>
     </message>
 </context>
 <context>

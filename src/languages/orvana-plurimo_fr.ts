@@ -309,6 +309,10 @@
         <source>a checksum file cannot hold c4 digests</source>
         <translation>un fichier de sommes ne peut pas contenir de sommes c4</translation>
     </message>
+    <message>
+        <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
+        <translation>Une duplication qui reprend la dernière n&apos;efface aucun disque. Désactivez l&apos;une des deux options.</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -996,6 +1000,10 @@
         <source>Verify dis&amp;ks...</source>
         <translation>Vérifier les dis&amp;ques...</translation>
     </message>
+    <message>
+        <source>&amp;Go on with the last run</source>
+        <translation>Re&amp;prendre la dernière duplication</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1194,6 +1202,22 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message>
         <source>One moment</source>
         <translation>Un instant</translation>
+    </message>
+    <message>
+        <source>What it has brought to these disks need not be copied again:</source>
+        <translation>Ce qu&apos;elle a mis sur ces disques n&apos;a pas besoin d&apos;être copié à nouveau :</translation>
+    </message>
+    <message>
+        <source>The last run was broken off</source>
+        <translation>La dernière duplication a été interrompue</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Reprendre</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Pas maintenant</translation>
     </message>
 </context>
 <context>
@@ -1428,6 +1452,38 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message>
         <source>Checksum file</source>
         <translation>Fichier de sommes</translation>
+    </message>
+    <message>
+        <source>Go on with the last run: what it has brought to the disks is not copied again</source>
+        <translation>Reprendre la dernière duplication : ce qu&apos;elle a mis sur les disques n&apos;est pas copié à nouveau</translation>
+    </message>
+    <message>
+        <source>Compare what is there already with the source, and write only the blocks that differ</source>
+        <translation>Comparer l&apos;existant avec la source et n&apos;écrire que les blocs qui diffèrent</translation>
+    </message>
+    <message>
+        <source>Cut longer files that are there already to the length of their source</source>
+        <translation>Raccourcir les fichiers existants plus longs à la longueur de leur source</translation>
+    </message>
+    <message>
+        <source>When verifying, write blocks that differ once more</source>
+        <translation>Lors de la vérification, réécrire les blocs qui diffèrent</translation>
+    </message>
+    <message>
+        <source>Go on with the last run</source>
+        <translation>Reprendre la dernière duplication</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Mettre à jour</translation>
+    </message>
+    <message>
+        <source>Exact lengths</source>
+        <translation>Longueurs exactes</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Réparer</translation>
     </message>
 </context>
 <context>

@@ -309,6 +309,10 @@
         <source>a checksum file cannot hold c4 digests</source>
         <translation>チェックサムファイルにc4のダイジェストは入れられません</translation>
     </message>
+    <message>
+        <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
+        <translation>前回の実行を続ける場合、ディスクは消去されません。どちらか一方をオフにしてください。</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -996,6 +1000,10 @@
         <source>Verify dis&amp;ks...</source>
         <translation>ディスクを検証(&amp;K)...</translation>
     </message>
+    <message>
+        <source>&amp;Go on with the last run</source>
+        <translation>前回の実行を続ける(&amp;G)</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1194,6 +1202,22 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message>
         <source>One moment</source>
         <translation>お待ちください</translation>
+    </message>
+    <message>
+        <source>What it has brought to these disks need not be copied again:</source>
+        <translation>これらのディスクに書き込み済みのものは、再びコピーする必要がありません：</translation>
+    </message>
+    <message>
+        <source>The last run was broken off</source>
+        <translation>前回の実行は中断されました</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>続ける</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>今はしない</translation>
     </message>
 </context>
 <context>
@@ -1423,6 +1447,38 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message>
         <source>Checksum file</source>
         <translation>チェックサムファイル</translation>
+    </message>
+    <message>
+        <source>Go on with the last run: what it has brought to the disks is not copied again</source>
+        <translation>前回の実行を続ける：ディスクに書き込み済みのものは再びコピーしません</translation>
+    </message>
+    <message>
+        <source>Compare what is there already with the source, and write only the blocks that differ</source>
+        <translation>既にあるものをソースと比較し、異なるブロックだけを書き込む</translation>
+    </message>
+    <message>
+        <source>Cut longer files that are there already to the length of their source</source>
+        <translation>既にある長いファイルをソースの長さに切り詰める</translation>
+    </message>
+    <message>
+        <source>When verifying, write blocks that differ once more</source>
+        <translation>検証時に、異なるブロックをもう一度書き込む</translation>
+    </message>
+    <message>
+        <source>Go on with the last run</source>
+        <translation>前回の実行を続ける</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Exact lengths</source>
+        <translation>正確な長さ</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>修復</translation>
     </message>
 </context>
 <context>

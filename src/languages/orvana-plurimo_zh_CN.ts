@@ -309,6 +309,10 @@
         <source>a checksum file cannot hold c4 digests</source>
         <translation>校验和文件不能包含 c4 摘要</translation>
     </message>
+    <message>
+        <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
+        <translation>继续上次运行时不会抹掉磁盘。请关闭其中一项。</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -996,6 +1000,10 @@
         <source>Verify dis&amp;ks...</source>
         <translation>校验磁盘(&amp;K)...</translation>
     </message>
+    <message>
+        <source>&amp;Go on with the last run</source>
+        <translation>继续上次运行(&amp;G)</translation>
+    </message>
 </context>
 <context>
     <name>orvana::MainWindow</name>
@@ -1194,6 +1202,22 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message>
         <source>One moment</source>
         <translation>请稍候</translation>
+    </message>
+    <message>
+        <source>What it has brought to these disks need not be copied again:</source>
+        <translation>已写入这些磁盘的内容无需再次复制：</translation>
+    </message>
+    <message>
+        <source>The last run was broken off</source>
+        <translation>上次运行被中断</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>继续</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>暂不</translation>
     </message>
 </context>
 <context>
@@ -1423,6 +1447,38 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message>
         <source>Checksum file</source>
         <translation>校验和文件</translation>
+    </message>
+    <message>
+        <source>Go on with the last run: what it has brought to the disks is not copied again</source>
+        <translation>继续上次运行：已写入磁盘的内容不再复制</translation>
+    </message>
+    <message>
+        <source>Compare what is there already with the source, and write only the blocks that differ</source>
+        <translation>将已有内容与源比较，只写入不同的块</translation>
+    </message>
+    <message>
+        <source>Cut longer files that are there already to the length of their source</source>
+        <translation>将已有的较长文件截短到源文件的长度</translation>
+    </message>
+    <message>
+        <source>When verifying, write blocks that differ once more</source>
+        <translation>校验时重新写入不同的块</translation>
+    </message>
+    <message>
+        <source>Go on with the last run</source>
+        <translation>继续上次运行</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Exact lengths</source>
+        <translation>精确长度</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>修复</translation>
     </message>
 </context>
 <context>

@@ -51,6 +51,8 @@ constexpr std::array Texts{
     QT_TRANSLATE_NOOP("Core",
                       "The source is not there any more, or another disk has taken its place. Nothing was "
                       "copied; the report says which disks were erased. Choose the source again."),
+    QT_TRANSLATE_NOOP("Core",
+                      "A run that goes on with the last one erases no disk. Switch one of the two off."),
     QT_TRANSLATE_NOOP("Core", "A disk of the run before does not answer. Nothing was erased."),
     QT_TRANSLATE_NOOP("Core",
                       "The device is not the one that was chosen when the start began. Nothing was touched."),

@@ -106,6 +106,39 @@ TEST_F(CopyCommand, FailureGivesStatusOneAndNamesEachFileOnStandardError)
     EXPECT_NE(fileEndingWith("-Log.txt").find("Finish !!!"), std::string::npos);
 }
 
+TEST_F(CopyCommand, RunThatWasBrokenOffGoesOn)
+{
+    m_host.faults().volume(m_tree.path("b")).capacity = 5;
+    EXPECT_EQ(run(), SomethingFailed);
+    m_host.faults().volume(m_tree.path("b")).capacity = -1;
+    m_options.settings.resume = true;
+    EXPECT_EQ(run(), AllDone) << m_err;
+    EXPECT_NE(m_out.find("a: 2 copied, 0 failed, 2 already there"), std::string::npos) << m_out;
+    EXPECT_EQ(m_tree.read("b/docs/two.txt"), "second");
+    EXPECT_TRUE(test::treeOf(m_tree.path("home/.local/state/orvana-plurimo")).empty());
+}
+
+TEST_F(CopyCommand, UpdateCountsWhatIsThere)
+{
+    EXPECT_EQ(run(), AllDone);
+    m_tree.file("b/docs/one.txt", "f1rst and more");
+    m_options.settings.manner.update = true;
+    EXPECT_EQ(run(), AllDone) << m_err;
+    EXPECT_NE(m_out.find("a: 2 copied, 0 failed, 2 already there, 0.00 Bytes"), std::string::npos) << m_out;
+    EXPECT_NE(m_out.find("b: 2 copied, 0 failed, 1 already there"), std::string::npos) << m_out;
+    EXPECT_EQ(m_tree.read("b/docs/one.txt"), "first");
+}
+
+TEST_F(CopyCommand, FolderOfTheJournalsIsNotCopied)
+{
+    m_tree.file("home/letter", "letter");
+    m_options.sources = {m_tree.path("home")};
+    EXPECT_EQ(run(), AllDone) << m_err;
+    EXPECT_EQ(m_tree.read("a/home/letter"), "letter");
+    EXPECT_FALSE(test::pathExists(m_tree.path("a/home/.local/state/orvana-plurimo")));
+    EXPECT_NE(m_out.find("1 item was left out by rule"), std::string::npos) << m_out;
+}
+
 TEST_F(CopyCommand, DestinationThatIsNotKnownToBeOnDiskIsNamedOnStandardError)
 {
     m_host.faults().volume(m_tree.path("a")).syncError = true;

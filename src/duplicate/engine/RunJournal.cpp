@@ -124,7 +124,7 @@ bool RunJournal::hasJournal(const JournalOrder &order, const std::vector<Journal
 {
     const bool goesOn = !m_head.name.empty();
     if (!goesOn) {
-        auto made = m_journals->create(order.source, places);
+        auto made = m_journals->create(order.source, places, order.job);
         if (made)
             m_head = std::move(*made);
     }

@@ -12,8 +12,8 @@ namespace
 
 constexpr std::size_t Piece = 65'536;
 
-// Longer than the longest line: a path of 4,096 bytes that are all written with three.
-constexpr std::size_t LongestLine = 32'768;
+// Longer than the longest line, which holds the selection of a run.
+constexpr std::size_t LongestLine = 4 * LongestJob;
 
 constexpr std::size_t UsualLine = 1024;
 

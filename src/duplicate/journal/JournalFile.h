@@ -10,6 +10,9 @@
 namespace orvana
 {
 
+/// The longest text of a job that a journal takes, in bytes.
+inline constexpr std::size_t LongestJob = 262'144;
+
 /// An append-only file of lines on the station.
 class JournalFile
 {

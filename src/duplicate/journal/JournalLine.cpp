@@ -192,6 +192,11 @@ std::string openingLine(const JournalPlace &source)
     return whole(std::string(OpeningWord) + " " + wordsOf(source));
 }
 
+std::string jobLine(std::string_view job)
+{
+    return whole("job " + wordOf(job));
+}
+
 std::string destinationLine(std::size_t number, const JournalPlace &place)
 {
     return whole("destination " + std::to_string(number) + " " + wordsOf(place));
@@ -218,6 +223,9 @@ std::optional<JournalLine> parseLine(std::string_view line)
     if (kind == OpeningWord) {
         result.kind = JournalLine::Kind::Opening;
         result.place = placeFrom(words);
+    } else if (kind == "job") {
+        result.kind = JournalLine::Kind::Job;
+        result.job = words.bytes();
     } else if (kind == "destination") {
         result.kind = JournalLine::Kind::Destination;
         result.destination = words.number<std::size_t>();

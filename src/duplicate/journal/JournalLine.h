@@ -74,6 +74,9 @@ std::string lineOf(const JournalRecord &record);
 /// The line that opens a journal, with the source of the run.
 std::string openingLine(const JournalPlace &source);
 
+/// The line that holds the run as a job, so that it can be asked for again.
+std::string jobLine(std::string_view job);
+
 /// The line that gives a destination its number.
 std::string destinationLine(std::size_t number, const JournalPlace &place);
 
@@ -86,10 +89,11 @@ std::string resumedLine();
 /// What a line says.
 struct JournalLine
 {
-    enum class Kind { Opening, Destination, Record, End, Resumed } kind = Kind::Record;
+    enum class Kind { Opening, Job, Destination, Record, End, Resumed } kind = Kind::Record;
     std::size_t destination = 0; ///< of a destination and of an end
     JournalPlace place;          ///< of an opening and of a destination
     JournalRecord record;
+    std::string job;
 };
 
 /// Reads a line without its newline. Returns nullopt for a line that is not whole.

@@ -61,6 +61,8 @@ std::optional<JournalHead> Journals::headOf(const std::string &name) const
         if (line.kind == JournalLine::Kind::Opening) {
             head.source = line.place;
             isJournal = true;
+        } else if (line.kind == JournalLine::Kind::Job) {
+            head.job = line.job;
         } else if (line.kind == JournalLine::Kind::Destination) {
             head.destinations.push_back({line.destination, line.place});
             head.nextNumber = std::max(head.nextNumber, line.destination + 1);
@@ -105,7 +107,7 @@ std::optional<JournalHead> Journals::find(const JournalPlace &source,
 }
 
 Expected<JournalHead> Journals::create(const JournalPlace &source,
-                                       const std::vector<JournalPlace> &destinations)
+                                       const std::vector<JournalPlace> &destinations, const std::string &job)
 {
     prune();
     JournalHead head;
@@ -119,6 +121,10 @@ Expected<JournalHead> Journals::create(const JournalPlace &source,
     if (!file)
         return tl::unexpected(file.error());
     auto lines = openingLine(source);
+    if (!job.empty() && job.size() <= LongestJob) {
+        head.job = job;
+        lines += jobLine(job);
+    }
     for (const auto &place : destinations) {
         lines += destinationLine(head.nextNumber, place);
         head.destinations.push_back({head.nextNumber++, place});

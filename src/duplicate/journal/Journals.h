@@ -21,6 +21,7 @@ struct JournalHead
 
     std::string name; ///< of its files, without their endings
     JournalPlace source;
+    std::string job;                       ///< the run as a job; empty if it is none, or a very long one
     std::vector<Destination> destinations; ///< without those that were ended
     std::size_t nextNumber = 0;            ///< no destination has had this number
 
@@ -43,9 +44,9 @@ public:
     /// Returns what all journals are about, the oldest first.
     std::vector<JournalHead> heads() const;
 
-    /// Makes a journal. Older journals than the newest few are removed.
-    platform::Expected<JournalHead> create(const JournalPlace &source,
-                                           const std::vector<JournalPlace> &destinations);
+    /// Makes a journal. `job` is the run as a job, or empty. Older journals than the newest few are removed.
+    platform::Expected<JournalHead>
+    create(const JournalPlace &source, const std::vector<JournalPlace> &destinations, const std::string &job);
 
     /// Adds a destination to the journal and returns its number.
     platform::Expected<std::size_t> addDestination(JournalHead &head, const JournalPlace &place) const;

@@ -31,6 +31,8 @@ struct RunOrder
     ErasePlan erase;                    ///< with `choice.erase`: the disks to erase, and their new names
     DestinationPlan destinations;       ///< without `choice.erase`: the volumes to write to
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::string job{}; ///< the same as a job file, for the journal; empty if there is none
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<FolderJob> folders{}; ///< if set, the run copies to these folders at once, not to bays
 };
 

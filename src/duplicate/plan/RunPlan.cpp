@@ -61,6 +61,11 @@ std::string linesOf(const Refusals &refusals)
 
 } // namespace
 
+EraseFirst limitOf(bool erase, const RunSettings &settings)
+{
+    return erase || settings.resume || settings.manner.update ? EraseFirst::Yes : EraseFirst::No;
+}
+
 bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase)
 {
     const auto size = static_cast<double>(bytes);

@@ -12,6 +12,11 @@ namespace orvana
 // and terminal carry them out, and report every refusal.
 
 enum class EraseFirst { No, Yes };
+
+/// Returns by which of the two limits of `fits` a run goes. One that updates copies, or goes on with the last
+/// run, finds most of its bytes on the destination, so the free space says nothing.
+EraseFirst limitOf(bool erase, const RunSettings &settings);
+
 /// True when a selection of `bytes` fits into the volume. With erase it must fit into 99 hundredths of the
 /// volume's capacity, else into its free space. Both limits are included.
 bool fits(std::uint64_t bytes, const ORVBsdInfo &volume, EraseFirst erase);

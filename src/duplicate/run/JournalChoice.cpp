@@ -31,6 +31,7 @@ JournalOrder journalOf(const RunOrder &order, const CopyJob &job, const ScannedD
     journal.destinations.reserve(job.DesFileArray.size());
     for (const auto &root : job.DesFileArray)
         journal.destinations.push_back(placeOf(root, devices));
+    journal.job = order.job;
     journal.resume = order.choice.settings.resume;
     return journal;
 }

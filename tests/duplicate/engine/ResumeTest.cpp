@@ -20,7 +20,7 @@ protected:
 
     JournalOrder order(const std::vector<std::string> &destinations, bool resume) const
     {
-        JournalOrder order{m_tree.path("state"), {source(), {}, {}}, {}, resume};
+        JournalOrder order{m_tree.path("state"), {source(), {}, {}}, {}, {}, resume};
         for (const auto &name : destinations)
             order.destinations.push_back(placeOf(name));
         return order;

@@ -88,10 +88,10 @@ protected:
 TEST_F(JournalTest, NewestJournalOfTheSourceIsFound)
 {
     auto all = journals();
-    ASSERT_TRUE(all.create(m_source, {m_a}));
-    const auto second = all.create(m_source, {m_a, m_b});
+    ASSERT_TRUE(all.create(m_source, {m_a}, "a job"));
+    const auto second = all.create(m_source, {m_a, m_b}, {});
     ASSERT_TRUE(second);
-    ASSERT_TRUE(all.create({"/other", "V9", "S9"}, {m_a}));
+    ASSERT_TRUE(all.create({"/other", "V9", "S9"}, {m_a}, {}));
     const auto found = all.find(m_source, {m_a});
     ASSERT_TRUE(found);
     EXPECT_EQ(found->name, second->name);
@@ -101,7 +101,7 @@ TEST_F(JournalTest, NewestJournalOfTheSourceIsFound)
 TEST_F(JournalTest, EndedDestinationIsNotFoundAndALonelyJournalGoes)
 {
     auto all = journals();
-    ASSERT_TRUE(all.create(m_source, {m_a, m_b}));
+    ASSERT_TRUE(all.create(m_source, {m_a, m_b}, {}));
     all.end({m_a}, {});
     EXPECT_FALSE(all.find(m_source, {m_a}));
     ASSERT_TRUE(all.find(m_source, {m_b}));
@@ -112,7 +112,7 @@ TEST_F(JournalTest, EndedDestinationIsNotFoundAndALonelyJournalGoes)
 TEST_F(JournalTest, NumberOfAnEndedDestinationIsNotGivenAgain)
 {
     auto all = journals();
-    auto head = all.create(m_source, {m_a, m_b});
+    auto head = all.create(m_source, {m_a, m_b}, {});
     ASSERT_TRUE(head);
     all.end({m_b}, {});
     auto found = all.find(m_source, {m_a});
@@ -124,7 +124,7 @@ TEST_F(JournalTest, OldJournalsAreRemoved)
 {
     auto all = journals();
     for (int i = 0; i < 40; ++i)
-        ASSERT_TRUE(all.create({"/source" + std::to_string(i), {}, {}}, {m_a}));
+        ASSERT_TRUE(all.create({"/source" + std::to_string(i), {}, {}}, {m_a}, {}));
     EXPECT_LE(all.heads().size(), 16U);
     EXPECT_EQ(all.heads().back().source.root, "/source39");
 }
@@ -132,7 +132,7 @@ TEST_F(JournalTest, OldJournalsAreRemoved)
 TEST_F(JournalTest, LastRecordOfACopyCounts)
 {
     auto all = journals();
-    const auto head = all.create(m_source, {m_a});
+    const auto head = all.create(m_source, {m_a}, "a job");
     auto copies = all.openCopies(*head);
     ASSERT_TRUE(copies);
     auto second = recordOf("film", 2, 1ULL << 30U);
@@ -153,7 +153,7 @@ TEST_F(JournalTest, LastRecordOfACopyCounts)
 TEST_F(JournalTest, ManyRecordsAreAllFound)
 {
     auto all = journals();
-    const auto head = all.create(m_source, {m_a});
+    const auto head = all.create(m_source, {m_a}, "a job");
     auto copies = all.openCopies(*head);
     ASSERT_TRUE(copies);
     std::string lines;
@@ -171,7 +171,7 @@ TEST_F(JournalTest, ManyRecordsAreAllFound)
 TEST_F(JournalTest, BytesWithoutALineAreNotGathered)
 {
     auto all = journals();
-    const auto head = all.create(m_source, {m_a});
+    const auto head = all.create(m_source, {m_a}, "a job");
     auto copies = all.openCopies(*head);
     ASSERT_TRUE(copies);
     ASSERT_TRUE(copies->append(std::string(300'000, 'x')));

@@ -78,7 +78,8 @@ void DuplicationRunTest::makeRun()
                                                                       .queue = m_queue,
                                                                       .clock = m_clock,
                                                                       .log = *m_log,
-                                                                      .patience = std::chrono::seconds(10)},
+                                                                      .patience = std::chrono::seconds(10),
+                                                                      .stateFolder = m_tree.path("state")},
                                          *this);
 }
 
