@@ -281,6 +281,7 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
                         .journal = std::move(means.journal)},
                        job);
     context.keepTo(std::move(locks));
+    context.settleCopies();
     TreeWalk walk(context);
     WorkerThread::exitIfCancelled();
     for (const auto &item : context.job().SrcFileArray)

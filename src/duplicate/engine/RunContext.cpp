@@ -60,6 +60,18 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
         m_folderOfJournals = FolderIdentity{folder->device, folder->inode};
 }
 
+void RunContext::settleCopies()
+{
+    if (!manner().update && !(m_setup.journal && m_setup.journal->resume))
+        return;
+    const Workers::Work sync = [this](std::size_t index) {
+        auto &destination = m_targets[index].destination;
+        if (destination.isOpen())
+            (void)destination.volume()->syncVolume(); // a run that has ended cannot be helped any more
+    };
+    workers().share(sync, m_targets.size(), m_targets.size());
+}
+
 Workers &RunContext::workers()
 {
     if (!m_workers)

@@ -75,6 +75,10 @@ public:
         }
     }
 
+    /// Brings what memory holds of the destinations to their disks, if the run is to compare what is there.
+    /// Otherwise each of many small files would be waited for.
+    void settleCopies();
+
     /// The evidence of the run; null if it leaves none.
     RunEvidence *evidence() { return m_evidence ? &*m_evidence : nullptr; }
 
