@@ -168,8 +168,7 @@ Refusal sourceGone(const SourceMemory &source, SoFar soFar)
 void markOverSize(RunChoice &choice, const ORVThunderboltInfo &enclosure, std::uint64_t bytes)
 {
     choice.selectedBytes = bytes;
-    for (const auto &[slot, isFit] :
-         fitOfBays(enclosure, bytes, limitOf(choice.erase, choice.settings))) {
+    for (const auto &[slot, isFit] : fitOfBays(enclosure, bytes, limitOf(choice.erase, choice.settings))) {
         if (const auto bay = bayNamed(slot))
             choice.isOverSize[*bay] = !isFit;
     }

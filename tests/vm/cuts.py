@@ -16,7 +16,7 @@ import time
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "evidence"))
 
 import history
-from machine import MEBIBYTE, Machine
+from machine import FormattedDisks
 
 FILE_SYSTEMS = {"B": ["mkfs.ext4", "-q", "-F"], "C": ["mkfs.vfat", "-F", "32"], "D": ["mkfs.exfat"]}
 BROKEN = {history.MANIFEST_CHANGED, history.NO_CHAIN, history.MANIFEST_MISSING}
@@ -40,16 +40,6 @@ i=0; while mv /tmp/source/$i /tmp/source/$((i+1)); do
 i=$((i+1)); plurimoctl copy --root /tmp/source /tmp/source/$i/* --to /mnt/B --to /mnt/C --to /mnt/D
 --manifest mhl --log-dir /tmp/logs || exit 1; echo $i >/tmp/runs; done
 """
-
-
-class FormattedDisks(Machine):
-    """Four disks as always; those in bays B, C and D have a file system each."""
-
-    def devices(self):
-        words = super().devices()
-        for bay, command in FILE_SYSTEMS.items():
-            subprocess.run([*command, f"{self.folder}/disk{bay}"], check=True, stdout=subprocess.DEVNULL)
-        return words
 
 
 def order(machine, script):
@@ -128,7 +118,7 @@ def main():
     answers = {bay: {} for bay in FILE_SYSTEMS}
     chance = random.Random(11)
     with tempfile.TemporaryDirectory(prefix="cuts-") as place:
-        machine = FormattedDisks(place, kernel, f"{folder}/memory.gz", f"{folder}/system", SIZE)
+        machine = FormattedDisks(FILE_SYSTEMS, place, kernel, f"{folder}/memory.gz", f"{folder}/system", SIZE)
         try:
             order(machine, PREPARE.replace("\n", "; ").replace("&&; ", "&& ").strip("; "))
             for bay in FILE_SYSTEMS:

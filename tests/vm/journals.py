@@ -8,13 +8,12 @@ and system disk; SNAPSHOTS is the number of moments (60)."""
 import os
 import random
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
 import time
 
-from machine import Machine
+from machine import FormattedDisks
 
 FILE_SYSTEMS = {"A": ["mkfs.ext4", "-q", "-F"], "B": ["mkfs.ext4", "-q", "-F"], "C": ["mkfs.xfs", "-q", "-f"],
                 "D": ["mkfs.btrfs", "-q", "-f"]}
@@ -35,16 +34,6 @@ i=0; while true; do i=$((i+1)); for bay in B C D; do rm -rf /mnt/$bay/*; mkdir /
 XDG_STATE_HOME=/mnt/A/state plurimoctl copy /run/source/roll --to /mnt/B/$i /mnt/C/$i /mnt/D/$i
 --log-dir /tmp/logs || exit 1; echo $i >/tmp/runs; done
 """
-
-
-class FormattedDisks(Machine):
-    """Four disks as always, with a file system each."""
-
-    def devices(self):
-        words = super().devices()
-        for bay, command in FILE_SYSTEMS.items():
-            subprocess.run([*command, f"{self.folder}/disk{bay}"], check=True, stdout=subprocess.DEVNULL)
-        return words
 
 
 class Mounted:
@@ -106,7 +95,7 @@ def main():
     counts = {bay: [0, 0] for bay in "BCD"}
     chance = random.Random(11)
     with tempfile.TemporaryDirectory(prefix="cuts-") as place:
-        machine = FormattedDisks(place, kernel, f"{folder}/memory.gz", f"{folder}/system", SIZE)
+        machine = FormattedDisks(FILE_SYSTEMS, place, kernel, f"{folder}/memory.gz", f"{folder}/system", SIZE)
         try:
             machine.run(PREPARE.strip().replace("\n", "; "))
             for bay in "BCD":
