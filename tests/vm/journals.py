@@ -29,10 +29,11 @@ mkdir -p /run/source/roll
 for file in $(seq {FILES}); do yes $file | head -c $((file * 9973 % 60000)) >/run/source/roll/$file; done
 """
 
+# A journal that was removed at the end of its run must be gone from its disk, too, before the copies are removed.
 COPY_FOR_EVER = """
 i=0; while true; do i=$((i+1)); for bay in B C D; do rm -rf /mnt/$bay/*; mkdir /mnt/$bay/$i; done;
 XDG_STATE_HOME=/mnt/A/state plurimoctl copy /run/source/roll --to /mnt/B/$i /mnt/C/$i /mnt/D/$i
---log-dir /tmp/logs || exit 1; echo $i >/tmp/runs; done
+--log-dir /tmp/logs || exit 1; echo $i >/tmp/runs; sync; done
 """
 
 
