@@ -110,6 +110,13 @@ void ScriptRunner::addChoices()
             window().setSettings(settings);
             return setting.get(settings) == value ? done() : failed(QStringLiteral("no such value"));
         }
+        for (const auto &setting : AllRunSettings) {
+            if (words[0] != QString::fromLatin1(setting.key))
+                continue;
+            setting.of(settings) = value == "on";
+            window().setSettings(settings);
+            return value == "on" || value == "off" ? done() : failed(QStringLiteral("no such value"));
+        }
         return failed(QStringLiteral("no such option"));
     });
     addStep(QStringLiteral("select-enclosure"), 1, [this](const auto &w) { return chooseEnclosure(w); });

@@ -32,6 +32,7 @@ class Copies:
         self.environment = {**os.environ, 'XDG_STATE_HOME': self.path('state'), 'LC_ALL': 'C.UTF-8'}
         for name in ('source', 'a', 'b', 'logs'):
             os.mkdir(self.path(name))
+        self.out = open(self.path('out'), 'w+b')  # not a pipe: nobody reads while a run is waited for
         self.wanted = {}
         for i in range(300):
             self.make(f'roll {i % 7}/shot{i}', self.chance.randrange(0, 40000))
@@ -52,7 +53,16 @@ class Copies:
         options = ['--verify'] if self.chance.random() < 0.3 else []
         return subprocess.Popen([self.program, 'copy', self.path('source'), '--to', self.path('a'), self.path('b'),
                                  '--log-dir', self.path('logs'), '--resume', '--json', *options],
-                                env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                                env=self.environment, stdout=self.out, stderr=subprocess.DEVNULL)
+
+    def wait_for_a_line(self, run):
+        """Waits until the journal vouches for a copy, or the run has ended. A slow disk takes its time for that."""
+        folder = self.path('state', 'orvana-plurimo')
+        while run.poll() is None:
+            for name in os.listdir(folder) if os.path.isdir(folder) else ():
+                if name.endswith('.copies') and os.path.getsize(os.path.join(folder, name)) > 200:
+                    return
+            time.sleep(0.002)
 
     def check_journal(self):
         """Returns how many copies the journals vouch for."""
@@ -113,6 +123,8 @@ def main():
     try:
         while killed < kills:
             run = copies.start()
+            if killed % 5 == 0:
+                copies.wait_for_a_line(run)
             try:
                 run.communicate(timeout=copies.chance.random() * whole * 0.8)
             except subprocess.TimeoutExpired:
@@ -127,14 +139,15 @@ def main():
                 ended += 1
                 copies.start_anew()
         run = copies.start()
-        out, _ = run.communicate()
-        assert run.returncode == 0, out[-2000:]
+        run.communicate()
+        assert run.returncode == 0, f'status {run.returncode}'
         copies.check_copies()
         assert not os.listdir(copies.path('state', 'orvana-plurimo')), 'the journal of a whole run stays'
     finally:
+        copies.out.close()
         shutil.rmtree(copies.root)
     print(f'{killed} killed, {ended + 1} came to their end whole, {vouched} lines of journals looked at')
-    assert vouched > 0 or killed < 10
+    assert vouched > 0, 'no journal was looked at'
 
 
 if __name__ == '__main__':

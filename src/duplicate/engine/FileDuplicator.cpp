@@ -48,34 +48,37 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
         if (!m_digestBefore.empty())
             evidence->adoptDigest(m_digestBefore.substr(m_digestBefore.find(':') + 1));
     }
-    const bool isVerified = m_run.setup().verifyFiles() && verify(source, copies);
+    const bool isVerified = m_run.setup().verifyFiles();
+    if (isVerified)
+        verify(source, copies);
     noteEvidence(copies, isVerified);
     noteJournal(copies, isVerified);
     return 1;
 }
 
 // Copies that an earlier run has read back from the disk, and that are unchanged, count as verified.
-bool FileDuplicator::verify(const std::string &source, const OutArray &copies)
+void FileDuplicator::verify(const std::string &source, const OutArray &copies)
 {
     OutArray others = copies;
     bool isAnyLeft = false;
+    bool isAnyDone = false;
     std::uint64_t size = 0;
     m_run.forEachCopy(copies, [&](Target &target, const std::string &) {
         if (target.work != CopyWork::None || !target.isVerifiedBefore || target.hasFailed) {
             isAnyLeft = true;
             return;
         }
+        isAnyDone = true;
         others[target.index].reset();
         target.isVerified = true;
         ++target.tally.verified;
         size = target.copyInHand->size;
         m_run.report().verifiedFrom(target.index, VerifiedFrom::Disk);
     });
-    if (isAnyLeft)
+    if (isAnyLeft || !isAnyDone)
         m_comparer.compare(source, others);
     else
         m_run.report().blockCompared(size);
-    return true;
 }
 
 // Decides what is to be done for each copy. Returns false if nothing is left to be done for any.
@@ -89,10 +92,13 @@ bool FileDuplicator::decide(const OutArray &copies)
     const auto *evidence = m_run.evidence();
     const CopyDemand demand{evidence ? std::string(nameOf(evidence->format())) : std::string()};
     bool isAnyLeft = false;
+    bool isAnyDone = false;
     m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
         if (const auto place = target.destination.placeOf(copy))
             journal->decide(target, *place, *source, demand);
-        isAnyLeft = isAnyLeft || target.work != CopyWork::None;
+        const bool isDone = target.work == CopyWork::None;
+        isAnyDone = isAnyDone || isDone;
+        isAnyLeft = isAnyLeft || !isDone;
     });
     m_run.forEachCopy(copies, [&](Target &target, const std::string &) {
         if (target.work == CopyWork::None)
@@ -100,7 +106,7 @@ bool FileDuplicator::decide(const OutArray &copies)
         if (!isAnyLeft)
             m_digestBefore = target.digestBefore;
     });
-    return isAnyLeft;
+    return isAnyLeft || !isAnyDone;
 }
 
 void FileDuplicator::noteThere(Target &target)

@@ -32,7 +32,7 @@ private:
     void createParents(const OutArray &copies, const platform::Attributes &like);
     bool decide(const OutArray &copies);
     void noteThere(Target &target);
-    bool verify(const std::string &source, const OutArray &copies);
+    void verify(const std::string &source, const OutArray &copies);
     void noteJournal(const OutArray &copies, bool isVerified);
     void noteEvidence(const OutArray &copies, bool isVerified);
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
