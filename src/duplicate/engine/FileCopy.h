@@ -37,7 +37,8 @@ struct CopyTask
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<EvidenceOrder> evidence{}; ///< what the run digests, and what manifests it writes
     CopyManner manner{};                     ///< how it treats files that are there already
-    std::optional<JournalOrder> journal{};   ///< how it keeps a journal; nullopt for none
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::optional<JournalOrder> journal{}; ///< how it keeps a journal; nullopt for none
 };
 
 /// Returns the job, bound to the folders that its destinations are now. A destination that is another folder

@@ -41,6 +41,7 @@ struct RunSetup
     std::optional<EvidenceOrder> evidence{};
     CopyManner manner{};
     /// How the run keeps a journal; nullopt for none.
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::optional<JournalOrder> journal{};
 };
 

@@ -84,6 +84,7 @@ public:
         /// How long the end of a run waits for the copy thread. With 0 the thread of a cancelled run writes
         /// the report after `ended`.
         std::chrono::milliseconds patience{0};
+        // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
         std::string stateFolder{}; ///< gets the journals of runs; empty for none
     };
 
