@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -339,11 +340,18 @@ TEST_F(ResumeTest, JournalOfACancelledRunStays)
     setJob({""}, {"a"}, 50);
     useReport();
     m_engine.setJournal(order({"a"}, false));
-    m_recorder.onEach([this](const std::string &line) {
-        if (line.ends_with("film30"))
-            m_engine.stopCopyThread();
+    std::promise<void> isReached;
+    std::promise<void> isCancelled;
+    m_recorder.onEach([&](const std::string &line) {
+        if (!line.ends_with("film30"))
+            return;
+        isReached.set_value();
+        isCancelled.get_future().wait();
     });
     m_engine.startCopyThread();
+    isReached.get_future().wait();
+    m_engine.stopCopyThread();
+    isCancelled.set_value();
     ASSERT_TRUE(m_engine.waitForEnd(std::chrono::seconds(10)));
     m_recorder.onEach([](const std::string &) {});
     EXPECT_EQ(journals().heads().size(), 1U);
