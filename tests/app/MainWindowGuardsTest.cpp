@@ -170,7 +170,7 @@ TEST_F(GuardsTest, RaidSetThatCameWhileAQuestionStoodRefusesTheStart)
 
 TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
 {
-    cancelARunThatReadsFor(std::chrono::seconds(6));
+    cancelARunThatReadsFor(std::chrono::seconds(10));
     setErase(true);
     pressStart();
     pressSheet("Erase");
