@@ -9,7 +9,7 @@ namespace orvana
 
 class Notification;
 
-/// What the window does when one of these notifications comes.
+/// An action of the window, and the notifications that call for it.
 struct DispatchEntry
 {
     std::vector<std::string> names;

@@ -2,9 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "panels/CopyActionViewController.h"
-#include "platform/Account.h"
 #include "platform/Host.h"
-#include "platform/posix/PrivateFolder.h"
 #include "ui/ShownText.h"
 
 namespace orvana
@@ -15,8 +13,7 @@ std::optional<BrokenOffRun> MainWindow::brokenOffRun() const
     const auto *enclosure = selectedEnclosure();
     if (!enclosure)
         return std::nullopt;
-    const auto folder = platform::stateFolder(m_context.host.account().homeFolder());
-    return orvana::brokenOffRun(m_context.host.volumeFiles(), folder, devices(), *enclosure);
+    return orvana::brokenOffRun(m_context.host.volumeFiles(), m_run->stateFolder(), devices(), *enclosure);
 }
 
 // A user who does not want to go on is not asked again.

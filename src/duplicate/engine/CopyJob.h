@@ -30,7 +30,6 @@ struct CopyManner
 {
     bool update = false; ///< compare them block by block, and write only the blocks that differ
     bool exact = false;  ///< cut them to the length of their source; `update` does so, too
-
     bool repair = false; ///< write blocks once more that differ when they are read back
 
     bool cutsTails() const { return update || exact; }

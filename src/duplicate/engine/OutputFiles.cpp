@@ -93,7 +93,7 @@ Expected<std::unique_ptr<File>> OutputFiles::openForWork(Target &target, const s
         file = open(Access::Read);
     }
     if (file) {
-        // What only memory holds says nothing about the disk.
+        // The disk is to be read. Memory may hold something else.
         (void)(*file)->finishWriteOut(0, File::ToTheEnd);
         (*file)->dropCached(0, File::ToTheEnd);
     }

@@ -188,6 +188,8 @@ void RunContext::startFile()
 void RunContext::takeBack(Target &target, const std::string &source, const platform::FileError &error)
 {
     withdrawCopy(target);
+    if (m_journal)
+        m_journal->breakOff(target);
     cannotDuplicate(target, source, error);
 }
 

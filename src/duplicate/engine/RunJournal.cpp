@@ -136,7 +136,7 @@ bool RunJournal::hasJournal(const JournalOrder &order, const std::vector<Journal
     }
     m_copies.emplace(std::move(*copies));
     if (goesOn) {
-        m_index.emplace(*m_copies, m_copies->size(), order.folder);
+        m_index.emplace(*m_copies, order.folder);
         write(resumedLine());
     }
     return true;
@@ -167,7 +167,7 @@ void RunJournal::decide(Target &target, std::string_view place, const Attributes
     const auto *lane = m_lanes[target.index].get();
     if (!lane || !lane->goesOn())
         return;
-    // What an earlier run has begun is compared, unless the journal vouches for it.
+    // The earlier run may have begun this copy. So it is compared, unless the journal vouches for it.
     target.work = CopyWork::Compare;
     const auto found = m_index->find(lane->number(), place);
     if (!found || found->isRecent || !target.destination.traits().hasStableInodes)

@@ -17,7 +17,7 @@ namespace orvana
 
 struct Target;
 
-/// What a copy must have so that nothing of it is done again.
+/// The facts that a journal must know of a copy, so that nothing of it is done again.
 struct CopyDemand
 {
     std::string digestName; ///< the journal must know this digest; empty for none

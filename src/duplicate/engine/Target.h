@@ -15,7 +15,7 @@
 namespace orvana
 {
 
-/// What is to be done for the copy of the file in hand.
+/// The work that is to be done for the copy of the file in hand.
 enum class CopyWork {
     Write,
     Compare, ///< read what is there, and write only what differs

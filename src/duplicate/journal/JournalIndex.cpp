@@ -32,9 +32,9 @@ bool isAmongTheLast(const JournalRecord &record, const JournalIndex::Last &last)
 
 } // namespace
 
-JournalIndex::JournalIndex(const JournalFile &copies, std::uint64_t size, const std::string &folder)
+JournalIndex::JournalIndex(const JournalFile &copies, const std::string &folder)
     : m_copies(copies), m_table(platform::posix::openNamelessFile(folder)),
-      m_slots(std::bit_ceil(2 * (size / ShortestLine) + 2))
+      m_slots(std::bit_ceil(2 * (copies.size() / ShortestLine) + 2))
 {
     if (!m_table.isOpen() || ::ftruncate(m_table.number(), static_cast<off_t>(m_slots * sizeof(Slot))) != 0)
         return;

@@ -21,7 +21,7 @@ class JournalIndex
 {
 public:
     /// Reads the whole journal, which must outlive this object. `folder` is for the table.
-    JournalIndex(const JournalFile &copies, std::uint64_t size, const std::string &folder);
+    JournalIndex(const JournalFile &copies, const std::string &folder);
 
     struct Found
     {
@@ -49,6 +49,7 @@ private:
         std::uint64_t hash = 0;
         std::uint64_t place = 0; ///< offset of the line, plus one; 0 in an empty slot
     };
+
     bool read(std::uint64_t slot, Slot &into) const;
     bool write(std::uint64_t slot, const Slot &value) const;
     bool add(const JournalRecord &record, std::uint64_t offset) const;

@@ -1,9 +1,9 @@
 #include "duplicate/journal/JournalLine.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
-#include <vector>
 #include <xxhash.h>
 
 namespace orvana

@@ -11,7 +11,7 @@
 namespace orvana
 {
 
-/// What tells that a file is still the one that it was, without reading it.
+/// The attributes by which a file is known to be unchanged without reading it.
 struct FileMarks
 {
     std::uint64_t size = 0;
@@ -86,7 +86,7 @@ std::string endLine(std::size_t number);
 /// The line that says that a run goes on with this journal. What was in the last groups then stays in doubt.
 std::string resumedLine();
 
-/// What a line says.
+/// The content of one line.
 struct JournalLine
 {
     enum class Kind { Opening, Job, Destination, Record, End, Resumed } kind = Kind::Record;

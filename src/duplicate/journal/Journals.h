@@ -10,7 +10,7 @@
 namespace orvana
 {
 
-/// What a journal is about: the source of its run, and the destinations whose copies it lists.
+/// The subject of a journal: the source of its run, and the destinations whose copies it lists.
 struct JournalHead
 {
     struct Destination

@@ -153,6 +153,9 @@ public:
     /// run that copies to folders.
     const std::vector<PlannedDestination> &destinations() const { return m_destinations; }
 
+    /// Returns the folder of the journals; empty if runs keep none.
+    const std::string &stateFolder() const { return m_stateFolder; }
+
     FileCopy &fileCopy() { return m_fileCopy; }
     DiskUtil &diskTool() { return m_diskTool; }
 

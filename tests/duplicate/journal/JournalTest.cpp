@@ -139,7 +139,7 @@ TEST_F(JournalTest, LastRecordOfACopyCounts)
     second.copy.size = 99;
     ASSERT_TRUE(copies->append(lineOf(recordOf("film")) + lineOf(second) +
                                lineOf(recordOf("other", 3, 1ULL << 40U))));
-    const JournalIndex index(*copies, copies->size(), m_tree.root());
+    const JournalIndex index(*copies, m_tree.root());
     const auto found = index.find(0, "film");
     ASSERT_TRUE(found);
     EXPECT_EQ(found->record.copy.size, 99U);
@@ -160,7 +160,7 @@ TEST_F(JournalTest, ManyRecordsAreAllFound)
     for (int i = 0; i < 5000; ++i)
         lines += lineOf(recordOf(std::to_string(i), 1, static_cast<std::uint64_t>(i)));
     ASSERT_TRUE(copies->append(lines));
-    const JournalIndex index(*copies, copies->size(), m_tree.root());
+    const JournalIndex index(*copies, m_tree.root());
     for (int i = 0; i < 5000; ++i) {
         const auto found = index.find(0, std::to_string(i));
         ASSERT_TRUE(found) << i;
@@ -176,7 +176,7 @@ TEST_F(JournalTest, BytesWithoutALineAreNotGathered)
     ASSERT_TRUE(copies);
     ASSERT_TRUE(copies->append(std::string(300'000, 'x')));
     ASSERT_TRUE(copies->append("\n" + lineOf(recordOf("film"))));
-    const JournalIndex index(*copies, copies->size(), m_tree.root());
+    const JournalIndex index(*copies, m_tree.root());
     EXPECT_TRUE(index.find(0, "film"));
 }
 
