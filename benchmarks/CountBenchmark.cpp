@@ -70,6 +70,24 @@ public:
     {
         return m_real.rename(from, to, existing);
     }
+    Expected<std::string> linkText(std::string_view path) const override { return m_real.linkText(path); }
+    Expected<void> makeLink(std::string_view path, const std::string &text) const override
+    {
+        return m_real.makeLink(path, text);
+    }
+    Expected<void> addName(std::string_view path, std::string_view name) const override
+    {
+        return m_real.addName(path, name);
+    }
+    Expected<platform::Metadata> metadata(std::string_view path, platform::Keep keep) const override
+    {
+        return m_real.metadata(path, keep);
+    }
+    Expected<platform::MissingParts> apply(std::string_view path, const platform::Metadata &metadata,
+                                           platform::Keep keep) const override
+    {
+        return m_real.apply(path, metadata, keep);
+    }
     Expected<void> remove(std::string_view path) const override { return m_real.remove(path); }
     Expected<void> syncVolume() override { return m_real.syncVolume(); }
     platform::VolumeTraits traits() const override { return m_real.traits(); }

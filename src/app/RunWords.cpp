@@ -19,6 +19,11 @@ bool isManifest(const ListedRunSetting &setting)
     return std::string_view(setting.key) == "manifest";
 }
 
+bool isKeep(const ListedRunSetting &setting)
+{
+    return std::string_view(setting.key) == "keep";
+}
+
 } // namespace
 
 QString RunWords::letterOf(const std::string &slot)
@@ -155,11 +160,15 @@ QString RunWords::sentenceOf(const RunSetting &setting)
 
 QString RunWords::titleOf(const ListedRunSetting &setting)
 {
+    if (isKeep(setting))
+        return tr("&Keep of the source:");
     return isManifest(setting) ? tr("&Manifest on each copy:") : tr("&Digest of each file:");
 }
 
 QString RunWords::valueOf(const ListedRunSetting &setting, const std::string &value)
 {
+    if (isKeep(setting))
+        return value.empty() ? tr("Content alone") : value == "dates" ? tr("Dates") : tr("All it has");
     if (value.empty())
         return tr("None");
     if (!isManifest(setting))

@@ -1485,6 +1485,22 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
         <source>Repair</source>
         <translation>Reparieren</translation>
     </message>
+    <message>
+        <source>&amp;Keep of the source:</source>
+        <translation>Von der Quelle &amp;behalten:</translation>
+    </message>
+    <message>
+        <source>Content alone</source>
+        <translation>Nur den Inhalt</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>Änderungsdaten</translation>
+    </message>
+    <message>
+        <source>All it has</source>
+        <translation>Alles</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

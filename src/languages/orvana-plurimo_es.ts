@@ -1485,6 +1485,22 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
         <source>Repair</source>
         <translation>Reparar</translation>
     </message>
+    <message>
+        <source>&amp;Keep of the source:</source>
+        <translation>Conser&amp;var del origen:</translation>
+    </message>
+    <message>
+        <source>Content alone</source>
+        <translation>Solo el contenido</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>Fechas</translation>
+    </message>
+    <message>
+        <source>All it has</source>
+        <translation>Todo</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

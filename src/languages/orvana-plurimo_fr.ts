@@ -1485,6 +1485,22 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
         <source>Repair</source>
         <translation>Réparer</translation>
     </message>
+    <message>
+        <source>&amp;Keep of the source:</source>
+        <translation>&amp;Conserver de la source :</translation>
+    </message>
+    <message>
+        <source>Content alone</source>
+        <translation>Le contenu seul</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>Dates</translation>
+    </message>
+    <message>
+        <source>All it has</source>
+        <translation>Tout</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

@@ -1480,6 +1480,22 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
         <source>Repair</source>
         <translation>修復</translation>
     </message>
+    <message>
+        <source>&amp;Keep of the source:</source>
+        <translation>コピー元から残すもの(&amp;K):</translation>
+    </message>
+    <message>
+        <source>Content alone</source>
+        <translation>内容だけ</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>日付</translation>
+    </message>
+    <message>
+        <source>All it has</source>
+        <translation>すべて</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

@@ -1480,6 +1480,22 @@ Press OK to continue duplicating to the remaining drive(s).</source>
         <source>Repair</source>
         <translation>修复</translation>
     </message>
+    <message>
+        <source>&amp;Keep of the source:</source>
+        <translation>保留源的(&amp;K)：</translation>
+    </message>
+    <message>
+        <source>Content alone</source>
+        <translation>仅内容</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>All it has</source>
+        <translation>全部</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

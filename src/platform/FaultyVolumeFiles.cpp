@@ -1,5 +1,7 @@
 #include "platform/FaultyVolumeFiles.h"
 
+#include "platform/FaultyFile.h"
+
 #include <cerrno>
 #include <chrono>
 #include <thread>
@@ -9,119 +11,6 @@ namespace orvana::platform
 
 namespace
 {
-
-// Subtracts `bytes` from the allowance. Returns false when less than `bytes` is left. A negative allowance
-// has no limit.
-bool spend(std::atomic<std::int64_t> &allowance, std::size_t bytes)
-{
-    auto left = allowance.load();
-    const auto wanted = static_cast<std::int64_t>(bytes);
-    while (left >= 0) {
-        if (left < wanted)
-            return false;
-        if (allowance.compare_exchange_weak(left, left - wanted))
-            return true;
-    }
-    return true;
-}
-
-void wait(int milliseconds)
-{
-    if (milliseconds > 0)
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
-
-class FaultyFile final : public File
-{
-public:
-    FaultyFile(std::unique_ptr<File> real, VolumeFaults &faults, Access access)
-        : m_real(std::move(real)), m_faults(faults), m_access(access)
-    {
-    }
-
-    Expected<Attributes> attributes() const override { return m_real->attributes(); }
-
-    Expected<std::size_t> read(std::span<std::byte> into, std::uint64_t offset) override
-    {
-        wait(m_faults.delayMilliseconds);
-        if (m_faults.gone)
-            return failure(ENODEV);
-        auto count = m_real->read(into, offset);
-        if (count && !spend(m_faults.readErrorAfter, *count))
-            return failure(EIO);
-        const auto wrong = m_faults.wrongByte.load();
-        const auto start = static_cast<std::int64_t>(offset);
-        if (count && wrong >= start && wrong < start + static_cast<std::int64_t>(*count))
-            into[static_cast<std::size_t>(wrong - start)] ^= std::byte{1};
-        return count;
-    }
-
-    void willRead(std::uint64_t offset, std::uint64_t length) override { m_real->willRead(offset, length); }
-
-    Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) override
-    {
-        wait(m_faults.delayMilliseconds);
-        if (m_faults.gone)
-            return failure(ENODEV);
-        if (!spend(m_faults.goneAfter, bytes.size())) {
-            m_faults.gone = true;
-            return failure(ENODEV);
-        }
-        if (!spend(m_faults.capacity, bytes.size()))
-            return failure(ENOSPC);
-        if (!spend(m_faults.writeErrorAfter, bytes.size()))
-            return failure(EIO);
-        return m_real->write(bytes, offset);
-    }
-
-    Expected<void> cutTo(std::uint64_t size) override
-    {
-        if (m_faults.gone)
-            return failure(ENODEV);
-        if (m_faults.writeErrorAfter == 0)
-            return failure(EIO);
-        return m_real->cutTo(size);
-    }
-
-    Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) override
-    {
-        return m_real->startWriteOut(offset, length);
-    }
-
-    Expected<void> finishWriteOut(std::uint64_t offset, std::uint64_t length) override
-    {
-        if (m_faults.writeOutError || m_faults.gone)
-            return failure(EIO);
-        return m_real->finishWriteOut(offset, length);
-    }
-
-    Expected<void> sync() override
-    {
-        if (m_faults.gone || m_faults.syncError)
-            return failure(EIO);
-        return m_real->sync();
-    }
-
-    bool isOutOfMemory() const override { return m_real->isOutOfMemory(); }
-
-    void dropCached(std::uint64_t offset, std::uint64_t length) override
-    {
-        m_real->dropCached(offset, length);
-    }
-
-    Expected<void> close() override
-    {
-        auto closed = m_real->close();
-        if (m_faults.closeError && m_access != Access::Read)
-            return failure(EIO);
-        return closed;
-    }
-
-private:
-    std::unique_ptr<File> m_real;
-    VolumeFaults &m_faults;
-    Access m_access;
-};
 
 class FaultyFolder final : public Folder
 {
@@ -208,6 +97,41 @@ public:
         return m_real.rename(from, to, existing);
     }
 
+    Expected<std::string> linkText(std::string_view path) const override
+    {
+        if (isGone(path))
+            return failure(ENODEV);
+        return m_real.linkText(path);
+    }
+
+    Expected<void> makeLink(std::string_view path, const std::string &text) const override
+    {
+        if (const int code = refusal(path, Access::Write); code != 0)
+            return failure(code);
+        return isPlain(path) ? failure(EPERM) : m_real.makeLink(path, text);
+    }
+
+    Expected<void> addName(std::string_view path, std::string_view name) const override
+    {
+        if (const int code = refusal(name, Access::Write); code != 0)
+            return failure(code);
+        return isPlain(name) ? failure(EPERM) : m_real.addName(path, name);
+    }
+
+    Expected<Metadata> metadata(std::string_view path, Keep keep) const override
+    {
+        if (isGone(path))
+            return failure(ENODEV);
+        return m_real.metadata(path, keep);
+    }
+
+    Expected<MissingParts> apply(std::string_view path, const Metadata &metadata, Keep keep) const override
+    {
+        if (const int code = refusal(path, Access::Write); code != 0)
+            return failure(code);
+        return m_real.apply(path, metadata, keep);
+    }
+
     Expected<void> remove(std::string_view path) const override
     {
         if (const int code = refusal(path, Access::Write); code != 0)
@@ -219,7 +143,7 @@ public:
     {
         const auto *faults = faultsAt("");
         if (faults)
-            wait(faults->syncDelayMilliseconds);
+            std::this_thread::sleep_for(std::chrono::milliseconds(faults->syncDelayMilliseconds.load()));
         if (faults && (faults->syncError || faults->gone))
             return failure(EIO);
         return m_real.syncVolume();
@@ -246,6 +170,12 @@ private:
     {
         const auto *faults = faultsAt(path);
         return faults && faults->gone;
+    }
+
+    bool isPlain(std::string_view path) const
+    {
+        const auto *faults = faultsAt(path);
+        return faults && faults->isPlain;
     }
 
     int refusal(std::string_view path, Access access) const

@@ -26,6 +26,7 @@ struct VolumeFaults
     std::atomic<bool> writeOutError{false};        ///< waiting for written data fails
     std::atomic<bool> syncError{false};            ///< syncing the whole volume or a single file fails
     std::atomic<bool> closeError{false};           ///< closing a written file fails
+    std::atomic<bool> isPlain{false};              ///< holds no links, owners or extended attributes, as FAT
 };
 
 /// Forwards all calls to real files and adds the faults of each volume. Callable from any thread.

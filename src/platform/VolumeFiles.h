@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileError.h"
+#include "platform/Metadata.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvana::platform
 {
@@ -22,7 +24,8 @@ struct Attributes
     static constexpr std::uint32_t Unknown = 0xFFFFFFFF; ///< owner or group is not known and not set
 
     FileType type = FileType::Regular;
-    std::uint64_t size = 0; ///< bytes
+    std::uint64_t size = 0;      ///< bytes
+    std::uint64_t allocated = 0; ///< bytes of the disk; a file with holes takes less than its size
     /// The twelve permission bits. Nullopt for a link, which has no permissions of its own. A new entry
     /// without them gets the process's default.
     std::optional<std::uint32_t> permissions;
@@ -71,6 +74,15 @@ private:
     std::size_t m_next = 0;
 };
 
+/// A part of a file.
+struct Range
+{
+    std::uint64_t offset = 0;
+    std::uint64_t length = 0;
+
+    bool operator==(const Range &) const = default;
+};
+
 /// An open regular file. Several threads may read, write and call the functions on ranges. `close` must be
 /// the last call.
 class File
@@ -95,6 +107,25 @@ public:
 
     /// Cuts the file to `size` bytes. A shorter file stays as it is.
     virtual Expected<void> cutTo(std::uint64_t size) = 0;
+
+    /// Makes the file at least `size` bytes long. What is new reads as zeros, and is a hole where the volume
+    /// can keep one.
+    virtual Expected<void> growTo(std::uint64_t size) = 0;
+
+    /// Returns the parts of the range that are not holes, in order. A volume that does not know its holes
+    /// gives the whole range.
+    virtual std::vector<Range> dataIn(const Range &range) const = 0;
+
+    /// Makes the range a hole, which reads as zeros. Fails where the volume cannot do that, and leaves the
+    /// file's length as it is.
+    virtual Expected<void> makeHole(const Range &range) = 0;
+
+    /// Returns what `keep` asks for.
+    virtual Expected<Metadata> metadata(Keep keep) const = 0;
+
+    /// Gives the file what `keep` asks for. Returns the parts that the volume did not take. Call it after the
+    /// last write, which would change the date.
+    virtual MissingParts apply(const Metadata &metadata, Keep keep) = 0;
 
     /// Starts writing the range to the disk and returns without waiting for it.
     virtual Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) = 0;
@@ -171,6 +202,22 @@ public:
     /// Gives the entry `from` the name `to`, in one step as far as the file system can. With Existing::Keep
     /// gives Exists when any entry has the name `to`. A link itself is renamed, not what it leads to.
     virtual Expected<void> rename(std::string_view from, std::string_view to, Existing existing) const = 0;
+
+    /// Returns the path that a link holds. Any other kind of entry gives an error.
+    virtual Expected<std::string> linkText(std::string_view path) const = 0;
+
+    /// Makes a symbolic link that holds the path `text`. Gives Exists when any entry has the name.
+    virtual Expected<void> makeLink(std::string_view path, const std::string &text) const = 0;
+
+    /// Gives the file `path` the further name `name`. Gives Exists when any entry has the name.
+    virtual Expected<void> addName(std::string_view path, std::string_view name) const = 0;
+
+    /// Returns what `keep` asks for of a folder or link. A link is not followed.
+    virtual Expected<Metadata> metadata(std::string_view path, Keep keep) const = 0;
+
+    /// Gives a folder or link what `keep` asks for. Returns the parts that the volume did not take.
+    virtual Expected<MissingParts> apply(std::string_view path, const Metadata &metadata,
+                                         Keep keep) const = 0;
 
     /// Removes a file, a link or an empty folder.
     virtual Expected<void> remove(std::string_view path) const = 0;

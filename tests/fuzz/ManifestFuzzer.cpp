@@ -33,6 +33,11 @@ public:
     void willRead(std::uint64_t, std::uint64_t) override {}
     Expected<void> write(std::span<const std::byte>, std::uint64_t) override { return platform::failure(5); }
     Expected<void> cutTo(std::uint64_t) override { return platform::failure(5); }
+    Expected<void> growTo(std::uint64_t) override { return platform::failure(5); }
+    std::vector<platform::Range> dataIn(const platform::Range &range) const override { return {range}; }
+    Expected<void> makeHole(const platform::Range &) override { return platform::failure(5); }
+    Expected<platform::Metadata> metadata(platform::Keep) const override { return platform::Metadata(); }
+    platform::MissingParts apply(const platform::Metadata &, platform::Keep) override { return {}; }
     Expected<void> startWriteOut(std::uint64_t, std::uint64_t) override { return {}; }
     Expected<void> finishWriteOut(std::uint64_t, std::uint64_t) override { return {}; }
     Expected<void> sync() override { return {}; }

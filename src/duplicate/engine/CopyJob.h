@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Metadata.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,21 +18,22 @@ inline constexpr std::size_t BlockSize = PLURIMO_BLOCK_SIZE;
 inline constexpr std::size_t BlockSize = 1'048'576;
 #endif
 
-/// The numbers that identify a folder.
+/// The numbers that identify a folder or file.
 struct FolderIdentity
 {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
 
-    bool operator==(const FolderIdentity &) const = default;
+    auto operator<=>(const FolderIdentity &) const = default;
 };
 
-/// How a run treats files that are on a destination already.
+/// How a run treats files that are on a destination already, and what it keeps besides their content.
 struct CopyManner
 {
     bool update = false; ///< compare them block by block, and write only the blocks that differ
     bool exact = false;  ///< cut them to the length of their source; `update` does so, too
     bool repair = false; ///< write blocks once more that differ when they are read back
+    platform::Keep keep = platform::Keep::Nothing;
 
     bool cutsTails() const { return update || exact; }
     bool operator==(const CopyManner &) const = default;

@@ -238,6 +238,78 @@ Expected<std::unique_ptr<File>> Destination::openExisting(const std::string &pat
     return isSame ? std::move(file) : tl::unexpected(platform::fileError(ESTALE));
 }
 
+Expected<Attributes> Destination::addName(const std::string &path, const std::string &name)
+{
+    const auto file = beneath(path);
+    const auto added = beneath(name);
+    if (!file || !added)
+        return tl::unexpected((file ? added : file).error());
+    const auto linked = m_volume->addName(*file, *added);
+    if (!linked && linked.error().problem != FileProblem::Exists)
+        return tl::unexpected(linked.error());
+    const auto own = m_volume->attributes(*file, platform::Links::DoNotFollow, platform::Want::Basics);
+    const auto there = m_volume->attributes(*added, platform::Links::DoNotFollow, platform::Want::Basics);
+    if (!own || !there)
+        return tl::unexpected((own ? there : own).error());
+    if (own->device != there->device || own->inode != there->inode)
+        return platform::failure(FileProblem::Exists);
+    return there;
+}
+
+Expected<void> Destination::removeFile(const std::string &path, const SourceFiles &sourceFiles)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    const auto there = m_volume->attributes(*place, platform::Links::DoNotFollow, platform::Want::Basics);
+    if (!there)
+        return tl::unexpected(there.error());
+    const bool isFile = there->type == platform::FileType::Regular;
+    if (!isFile && there->type != platform::FileType::SymbolicLink)
+        return platform::failure(FileProblem::NotAFile);
+    if (isFile && sourceFiles.mayBeSource(*m_volume, *place, *there))
+        return platform::failure(FileProblem::OfSource);
+    return m_volume->remove(*place);
+}
+
+void Destination::removeLink(const std::string &path)
+{
+    const auto place = beneath(path);
+    if (!place || place->empty())
+        return;
+    const auto there = m_volume->attributes(*place, platform::Links::DoNotFollow, platform::Want::Basics);
+    if (there && there->type == platform::FileType::SymbolicLink)
+        (void)m_volume->remove(*place); // what then stands in the way is told when the entry is made
+}
+
+Expected<void> Destination::makeLink(const std::string &path, const std::string &text)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    if (m_volume->linkText(*place) == text)
+        return {};
+    removeLink(path);
+    return m_volume->makeLink(*place, text);
+}
+
+Expected<std::string> Destination::linkText(const std::string &path) const
+{
+    const auto place = beneath(path);
+    return place ? m_volume->linkText(*place) : tl::unexpected(place.error());
+}
+
+Expected<platform::MissingParts>
+Destination::applyToFolder(const std::string &path, const platform::Metadata &metadata, platform::Keep keep)
+{
+    const auto place = beneath(path);
+    if (!place)
+        return tl::unexpected(place.error());
+    if (place->empty())
+        return platform::MissingParts();
+    return m_volume->apply(*place, metadata, keep);
+}
+
 void Destination::finishFolders()
 {
     // The innermost folder comes first: the final permissions of a folder may close the way to the folders in

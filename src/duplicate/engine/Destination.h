@@ -88,6 +88,26 @@ public:
     platform::Expected<std::unique_ptr<platform::File>>
     openExisting(const std::string &path, const SourceFiles &sourceFiles, platform::Access access);
 
+    /// Gives the file at `path` the further name `name`, and returns what is known of it. An entry that is
+    /// that file already counts as done. Gives Exists for any other.
+    platform::Expected<platform::Attributes> addName(const std::string &path, const std::string &name);
+
+    /// Removes the regular file or link at `path`, unless it is, or may be, a file of the source.
+    platform::Expected<void> removeFile(const std::string &path, const SourceFiles &sourceFiles);
+
+    /// Removes what is at `path` if it is a link.
+    void removeLink(const std::string &path);
+
+    /// Makes a link that holds the path `text`, and replaces a link that is there.
+    platform::Expected<void> makeLink(const std::string &path, const std::string &text);
+
+    /// Returns the path that a link holds.
+    platform::Expected<std::string> linkText(const std::string &path) const;
+
+    /// Gives a folder or link what `keep` asks for. Returns the parts that the volume did not take.
+    platform::Expected<platform::MissingParts>
+    applyToFolder(const std::string &path, const platform::Metadata &metadata, platform::Keep keep);
+
     /// Gives its folders their final permissions and closes the volume. Afterwards nothing of it is held
     /// open.
     void close();

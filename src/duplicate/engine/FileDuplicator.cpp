@@ -53,6 +53,8 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
         verify(source, copies);
     noteEvidence(copies, isVerified);
     noteJournal(copies, isVerified);
+    if (auto *links = m_run.hardLinks())
+        links->note(copies);
     return 1;
 }
 
@@ -84,18 +86,13 @@ void FileDuplicator::verify(const std::string &source, const OutArray &copies)
 // Decides what is to be done for each copy. Returns false if nothing is left to be done for any.
 bool FileDuplicator::decide(const OutArray &copies)
 {
-    const auto *journal = m_run.journal();
-    const auto &source = m_run.sourceInHand();
     m_digestBefore.clear();
-    if (!journal || !source)
-        return true;
-    const auto *evidence = m_run.evidence();
-    const CopyDemand demand{evidence ? std::string(nameOf(evidence->format())) : std::string()};
+    decideByJournal(copies);
+    if (auto *links = m_run.hardLinks())
+        links->join(m_outputs.source(), copies);
     bool isAnyLeft = false;
     bool isAnyDone = false;
-    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
-        if (const auto place = target.destination.placeOf(copy))
-            journal->decide(target, *place, *source, demand);
+    m_run.forEachCopy(copies, [&](const Target &target, const std::string &) {
         const bool isDone = target.work == CopyWork::None;
         isAnyDone = isAnyDone || isDone;
         isAnyLeft = isAnyLeft || !isDone;
@@ -109,11 +106,28 @@ bool FileDuplicator::decide(const OutArray &copies)
     return isAnyLeft || !isAnyDone;
 }
 
+void FileDuplicator::decideByJournal(const OutArray &copies)
+{
+    const auto *journal = m_run.journal();
+    const auto &source = m_run.sourceInHand();
+    if (!journal || !source)
+        return;
+    const auto *evidence = m_run.evidence();
+    const CopyDemand demand{evidence ? std::string(nameOf(evidence->format())) : std::string(),
+                            m_run.manner().keep};
+    m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        if (const auto place = target.destination.placeOf(copy))
+            journal->decide(target, *place, *source, demand);
+    });
+}
+
 void FileDuplicator::noteThere(Target &target)
 {
     target.isCopied = true;
-    target.isThereBefore = true;
     ++target.tally.copied;
+    if (target.isFurtherName)
+        return;
+    target.isThereBefore = true;
     ++target.tally.alreadyThere;
     target.tally.bytesThere += target.copyInHand->size;
     target.written.add(*target.copyInHand, m_outputs.source());
@@ -136,7 +150,7 @@ void FileDuplicator::noteJournal(const OutArray &copies, bool isVerified)
         const auto check = !isVerified                    ? CopyCheck::None
                            : target.comparison.isFromDisk ? CopyCheck::FromDisk
                                                           : CopyCheck::FromMemory;
-        journal->note(target, *place, *source, digest, check);
+        journal->note(target, *place, *source, {digest, check, m_run.manner().keep});
     });
 }
 
@@ -177,6 +191,7 @@ void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attri
     }
     m_run.countStartedFile(size);
     WorkerThread::exitIfCancelled();
+    m_run.keeper().readSource(from);
     if (!decide(copies)) {
         if (size > 0)
             m_run.postFileProgress(size, size);
@@ -191,7 +206,7 @@ void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attri
     }
     // A read of less than a block is the whole file. It is created, written and closed in one go.
     const Block block = m_run.block(0).first(*count);
-    markBlock(block);
+    readBlockFacts(from, block, 0);
     m_outputs.noteRead(*count);
     m_outputs.noteSource(hasSourceChanged(from, *count));
     openOutputs(copies, like, &block);
@@ -208,7 +223,7 @@ void FileDuplicator::copyBlocks(File &from, std::uint64_t size, Expected<std::si
     // A source that grows without end is left at some point.
     while (count && *count > 0 && offset <= size + MostGrowth) {
         const Block block = m_run.block(inHand).first(*count);
-        markBlock(block);
+        readBlockFacts(from, block, offset);
         const auto ahead = writeAndReadAhead(from, block, offset, 1 - inHand);
         m_outputs.noteInMemory(offset, size > LargeFile);
         m_outputs.tellNewErrors();
@@ -224,8 +239,12 @@ void FileDuplicator::copyBlocks(File &from, std::uint64_t size, Expected<std::si
     m_outputs.noteSource(hasSourceChanged(from, offset));
 }
 
-void FileDuplicator::markBlock(Block block)
+// Notes what is needed of a block besides its content, before it is written.
+void FileDuplicator::readBlockFacts(const File &from, Block block, std::uint64_t offset)
 {
+    const auto &source = m_run.sourceInHand();
+    if (m_run.keeper().keepsAll() && source && source->allocated < source->size)
+        m_outputs.noteData(from.dataIn({offset, block.size()}));
     if (m_run.manner().repair && m_run.setup().verifyFiles())
         m_run.blockMarks().add(block);
 }

@@ -26,11 +26,14 @@ public:
     /// -1 when the source cannot be opened. Ends the thread when it is cancelled.
     int copy(const std::string &source, const OutArray &copies, const platform::Attributes &like);
 
+    /// Makes the folders that are to hold the copies. Missing ones get the attributes `like`.
+    void createParents(const OutArray &copies, const platform::Attributes &like);
+
 private:
     using Block = OutputFiles::Block;
 
-    void createParents(const OutArray &copies, const platform::Attributes &like);
     bool decide(const OutArray &copies);
+    void decideByJournal(const OutArray &copies);
     void noteThere(Target &target);
     void verify(const std::string &source, const OutArray &copies);
     void noteJournal(const OutArray &copies, bool isVerified);
@@ -39,7 +42,7 @@ private:
     void copyContent(platform::File &from, const OutArray &copies, const platform::Attributes &like);
     void copyBlocks(platform::File &from, std::uint64_t size, platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);
-    void markBlock(Block block);
+    void readBlockFacts(const platform::File &from, Block block, std::uint64_t offset);
     bool hasSourceChanged(const platform::File &from, std::uint64_t bytesRead) const;
     platform::Expected<std::size_t> writeAndReadAhead(platform::File &from, Block block, std::uint64_t offset,
                                                       int spare);

@@ -105,6 +105,7 @@ void FileRepair::noteRepaired(Target &target, File &file) const
     comparison.error.reset();
     comparison.badBlocks.clear();
     ++target.tally.repaired;
+    m_run.keeper().applyTo(target, file);
     if (auto attributes = file.attributes())
         target.copyInHand = *attributes;
     if (!comparison.digest)

@@ -24,6 +24,7 @@ void OutputFiles::start(const std::string &source)
 {
     m_source = source;
     m_read = 0;
+    m_data.reset();
     m_isSourceChanged = false;
     for (auto &target : m_run.targets())
         target.output = {};
@@ -35,6 +36,11 @@ void OutputFiles::open(Target &target, const std::string &copy, const Attributes
     if (target.work == CopyWork::None)
         return;
     auto file = target.destination.createFile(copy, like);
+    if (!file && file.error().problem == FileProblem::Exists && m_run.keeper().keepsAll()) {
+        // Links are copied as links, so what such a link leads to is the copy of another file.
+        target.destination.removeLink(copy);
+        file = target.destination.createFile(copy, like);
+    }
     if (file) {
         if (const auto made = (*file)->attributes())
             target.written.add(*made, m_source);
@@ -129,14 +135,46 @@ void OutputFiles::write(Target &target, Block block, std::uint64_t offset)
     }
     const auto start = std::chrono::steady_clock::now();
     output.isWritten = true;
-    if (const auto written = output.file->write(block, offset); !written) {
+    if (const auto written = m_data ? putData(target, block, offset) : put(target, block, offset); !written)
         output.error = written.error();
-    } else {
-        target.tally.bytes += block.size();
+    else if (!m_data || !m_data->empty())
         ++target.tally.blocksWritten;
+    target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
+}
+
+Expected<void> OutputFiles::put(Target &target, Block block, std::uint64_t offset) const
+{
+    auto &output = target.output;
+    auto written = output.file->write(block, offset);
+    if (written) {
+        target.tally.bytes += block.size();
         output.inMemory += block.size();
     }
-    target.tally.addWriteTime(std::chrono::steady_clock::now() - start);
+    return written;
+}
+
+// Writes the parts of the block that are not holes. A copy that was there may hold something where the source
+// has a hole.
+Expected<void> OutputFiles::putData(Target &target, Block block, std::uint64_t offset) const
+{
+    auto &output = target.output;
+    Expected<void> written;
+    const auto piece = [&](std::uint64_t from, std::uint64_t to) {
+        return block.subspan(from - offset, to - from);
+    };
+    const auto empty = [&](std::uint64_t from, std::uint64_t to) {
+        if (written && output.existed && from < to && !output.file->makeHole({from, to - from}))
+            written = put(target, piece(from, to), from);
+    };
+    auto done = offset;
+    for (const auto &range : *m_data) {
+        empty(done, range.offset);
+        done = range.offset + range.length;
+        if (written)
+            written = put(target, piece(range.offset, done), range.offset);
+    }
+    empty(done, offset + block.size());
+    return written;
 }
 
 void OutputFiles::noteInMemory(std::uint64_t offset, bool isLargeFile)
@@ -195,6 +233,17 @@ void OutputFiles::tellOutcome(Target &target) const
         m_run.fileFailed(target, m_source, "The existing file cannot be opened: " + reason);
 }
 
+// A hole at the end of a file is only a greater length.
+void OutputFiles::endHoles(Target &target) const
+{
+    auto &output = target.output;
+    if (const auto grown = output.file->growTo(m_read); !grown && !output.error)
+        output.error = grown.error();
+    const auto copy = output.file->attributes();
+    if (copy && copy->allocated >= copy->size)
+        target.tally.note(platform::Part::Hole);
+}
+
 // An existing file keeps its bytes beyond the source's end, unless the run cuts them off. Only what was read
 // to its end tells where a copy ends.
 void OutputFiles::endTail(Target &target) const
@@ -227,6 +276,10 @@ void OutputFiles::close(Target &target)
     }
     if (output.existed && !output.error)
         endTail(target);
+    if (m_data && !output.error)
+        endHoles(target);
+    if (!output.error)
+        m_run.keeper().applyTo(target, *output.file);
     if (target.destination.traits().needsFileSync) {
         if (const auto synced = output.file->sync(); !synced && !output.error)
             output.error = synced.error();

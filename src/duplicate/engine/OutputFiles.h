@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace orvana
 {
@@ -38,6 +40,9 @@ public:
     /// Writes the block, unless the run updates the copy and the copy holds the block already.
     void write(Target &target, Block block, std::uint64_t offset);
 
+    /// Notes which parts of the file's next block are not holes. The holes are not written then.
+    void noteData(std::vector<platform::Range> data) { m_data = std::move(data); }
+
     /// Tells the pumps which bytes of the block at `offset` were written, and waits while a disk is too far
     /// behind.
     void noteInMemory(std::uint64_t offset, bool isLargeFile);
@@ -64,12 +69,16 @@ private:
     void openExisting(Target &target, const std::string &copy);
     platform::Expected<std::unique_ptr<platform::File>> openForWork(Target &target, const std::string &copy);
     static bool holds(Target &target, Block block, std::uint64_t offset);
+    platform::Expected<void> put(Target &target, Block block, std::uint64_t offset) const;
+    platform::Expected<void> putData(Target &target, Block block, std::uint64_t offset) const;
+    void endHoles(Target &target) const;
     void endTail(Target &target) const;
     void tellOutcome(Target &target) const;
     void leavePumps();
 
     RunContext &m_run;
     std::string m_source;
+    std::optional<std::vector<platform::Range>> m_data; ///< of the block in hand; nullopt for all of it
     std::uint64_t m_read = 0;
     bool m_isSourceChanged = false;
 };

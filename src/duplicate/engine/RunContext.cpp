@@ -176,6 +176,7 @@ void RunContext::startFile()
         target.work = CopyWork::Write;
         target.copyInHand.reset();
         target.isVerifiedBefore = false;
+        target.isFurtherName = false;
         target.isCopied = false;
         target.isThereBefore = false;
         target.isVerified = false;
@@ -240,6 +241,7 @@ void RunContext::finishDestinations()
     report().syncStarts();
     for (auto &target : m_targets)
         target.destination.finishFolders();
+    m_keeper.applyToFoldersAbove();
     for (auto &target : m_targets) {
         if (target.pump)
             target.pump->startFinalSync();

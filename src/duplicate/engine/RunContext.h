@@ -2,6 +2,8 @@
 
 #include "duplicate/engine/BlockMarks.h"
 #include "duplicate/engine/CopyJob.h"
+#include "duplicate/engine/HardLinks.h"
+#include "duplicate/engine/MetadataKeeper.h"
 #include "duplicate/engine/RunEvidence.h"
 #include "duplicate/engine/RunJournal.h"
 #include "duplicate/engine/SourceFiles.h"
@@ -82,6 +84,12 @@ public:
 
     /// The evidence of the run; null if it leaves none.
     RunEvidence *evidence() { return m_evidence ? &*m_evidence : nullptr; }
+
+    /// What the run keeps of its source besides the content.
+    MetadataKeeper &keeper() { return m_keeper; }
+
+    /// The files of several names; null if each name gets a copy of its own.
+    HardLinks *hardLinks() { return m_keeper.keepsAll() ? &m_hardLinks : nullptr; }
 
     /// The journal of the run; null if it keeps none.
     RunJournal *journal() { return m_journal.get(); }
@@ -174,6 +182,8 @@ private:
     std::optional<platform::Attributes> m_sourceInHand;
     std::optional<RunEvidence> m_evidence;
     BlockMarks m_blockMarks;
+    MetadataKeeper m_keeper{*this};
+    HardLinks m_hardLinks{*this};
     std::unique_ptr<Workers> m_workers;
     std::size_t m_helpers = 0;
     std::unique_ptr<std::byte[]> m_blocks[2];

@@ -177,7 +177,7 @@ void RunJournal::decide(Target &target, std::string_view place, const Attributes
     const bool keepsInodes = m_sourceDevice && source.device == *m_sourceDevice;
     if (!keepsInodes)
         marks.inode = record.source.inode;
-    if (!(keepsInodes || m_isSourceNamed) || record.source != marks ||
+    if (!(keepsInodes || m_isSourceNamed) || record.source != marks || record.keep < demand.keep ||
         !(demand.digestName.empty() || record.digest.starts_with(demand.digestName + ":")))
         return;
     const auto copy = target.destination.volume()->attributes(place, Links::DoNotFollow, Want::Basics);
@@ -190,8 +190,7 @@ void RunJournal::decide(Target &target, std::string_view place, const Attributes
     target.digestBefore = record.digest;
 }
 
-void RunJournal::note(Target &target, std::string_view place, const Attributes &source,
-                      const std::string &digest, CopyCheck check)
+void RunJournal::note(Target &target, std::string_view place, const Attributes &source, const CopyCare &care)
 {
     auto *lane = m_lanes[target.index].get();
     const auto &traits = target.destination.traits();
@@ -199,10 +198,11 @@ void RunJournal::note(Target &target, std::string_view place, const Attributes &
     if (!lane || !target.copyInHand || !traits.hasStableInodes || !(target.pump || traits.isMemory))
         return;
     JournalRecord record;
-    record.check = check;
+    record.check = care.check;
+    record.keep = care.keep;
     record.source = marksOf(source);
     record.copy = marksOf(*target.copyInHand);
-    record.digest = digest;
+    record.digest = care.digest;
     record.path = place;
     lane->add(std::move(record));
     if (target.pump) {

@@ -21,7 +21,15 @@ struct Target;
 struct CopyDemand
 {
     std::string digestName; ///< the journal must know this digest; empty for none
-    bool isVerified = false;
+    platform::Keep keep = platform::Keep::Nothing;
+};
+
+/// What a run has done for a copy besides writing it.
+struct CopyCare
+{
+    std::string digest; ///< "xxh128:..."; empty for none
+    CopyCheck check = CopyCheck::None;
+    platform::Keep keep = platform::Keep::Nothing;
 };
 
 /// The journal of a run: which copies are on their disks. It also says what is left to be done when a run
@@ -46,7 +54,7 @@ public:
 
     /// Notes that the copy of the file in hand is complete. It comes into the journal once it is on the disk.
     void note(Target &target, std::string_view place, const platform::Attributes &source,
-              const std::string &digest, CopyCheck check);
+              const CopyCare &care);
 
     /// Ends the records of a target whose disk has lost data.
     void breakOff(const Target &target);

@@ -12,8 +12,9 @@ using platform::FileType;
 using platform::Links;
 using platform::Want;
 
-SkipRules::SkipRules(platform::Host &host, bool includeHidden)
-    : m_files(host.volumeFiles().workingFolder()), m_reserved(host), m_includeHidden(includeHidden)
+SkipRules::SkipRules(platform::Host &host, bool includeHidden, bool keepsLinks)
+    : m_files(host.volumeFiles().workingFolder()), m_reserved(host), m_includeHidden(includeHidden),
+      m_keepsLinks(keepsLinks)
 {
 }
 
@@ -24,7 +25,7 @@ SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
         verdict.attributes = *read;
     const bool isLink = verdict.attributes && verdict.attributes->type == FileType::SymbolicLink;
     const bool isHidden = verdict.attributes && verdict.attributes->hiddenExtension;
-    if (isLink)
+    if (isLink && !m_keepsLinks)
         verdict.rule = "it is a symbolic link";
     else if (!belongsToPackage(pathOrName) && isHidden && !m_includeHidden)
         verdict.rule = "its extension is hidden";

@@ -22,8 +22,8 @@ class SkipRules
 {
 public:
     /// With `includeHidden`, items whose extension is hidden are not left out. Counting then also includes
-    /// names that begin with a dot.
-    SkipRules(platform::Host &host, bool includeHidden);
+    /// names that begin with a dot. With `keepsLinks`, symbolic links are not left out.
+    SkipRules(platform::Host &host, bool includeHidden, bool keepsLinks = false);
 
     struct Verdict
     {
@@ -50,6 +50,7 @@ private:
     platform::Folder &m_files;
     ReservedPaths m_reserved;
     bool m_includeHidden;
+    bool m_keepsLinks;
 };
 
 } // namespace orvana

@@ -82,6 +82,7 @@ struct Target
     bool isCopied = false;                          ///< it counts as copied
     bool isThereBefore = false;                     ///< it counts as copied, and nothing had to be written
     bool isVerified = false;                        ///< it was read back and equals its source
+    bool isFurtherName = false;                     ///< it is a further name of an earlier copy
     bool isDoneBefore = false;                      ///< its source was copied there earlier in this run
     bool hasFailed = false;                         ///< the report says that it failed
     std::optional<platform::FileError> parentError; ///< its folder could not be made

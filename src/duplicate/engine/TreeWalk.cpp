@@ -104,7 +104,7 @@ public:
     void leave()
     {
         auto &level = m_levels.back();
-        m_walk.finishFolders(m_copies, level.made, level.like);
+        m_walk.finishFolders(m_source, m_copies, level.made, level.like);
         for (auto &[index, copy] : level.kept)
             m_copies[index] = std::move(copy);
         // The name of the first folder was not appended to the paths.
@@ -133,8 +133,8 @@ private:
 };
 
 TreeWalk::TreeWalk(RunContext &run)
-    : m_run(run), m_rules(run.setup().host, run.setup().includeHidden), m_forbidden(run), m_comparer(run),
-      m_duplicator(run, m_comparer)
+    : m_run(run), m_rules(run.setup().host, run.setup().includeHidden, run.keeper().keepsAll()),
+      m_forbidden(run), m_comparer(run), m_duplicator(run, m_comparer)
 {
 }
 
@@ -157,6 +157,8 @@ void TreeWalk::copySelected(const std::string &item)
     const auto attributes = read.value_or(Attributes());
     const auto copies = copiesOf(item);
     const bool isLink = attributes.type == FileType::SymbolicLink;
+    if (isLink && m_run.keeper().keepsAll())
+        return copyLink(item, copies, attributes);
     const auto target = isLink ? m_forbidden.followed(item) : read ? std::optional(*read) : std::nullopt;
     if (isLink && target) {
         if (const char *rule = m_forbidden.ruleAgainst(item, *target, true)) {
@@ -173,11 +175,12 @@ void TreeWalk::copySelected(const std::string &item)
     struct Protect
     {
         TreeWalk &walk;
+        const std::string &item;
         const OutArray &copies;
         const std::vector<bool> &made;
         const Attributes &like;
-        ~Protect() { walk.finishFolders(copies, made, like); }
-    } const protect{*this, copies, made, attributes};
+        ~Protect() { walk.finishFolders(item, copies, made, like); }
+    } const protect{*this, item, copies, made, attributes};
     copyListedEntries(item, copies);
 }
 
@@ -209,6 +212,10 @@ int TreeWalk::copyItem(const std::string &source, const OutArray &copies)
 int TreeWalk::copyItem(const std::string &source, const OutArray &copies, const Attributes &attributes)
 {
     const bool isLink = attributes.type == FileType::SymbolicLink;
+    if (isLink && m_run.keeper().keepsAll()) {
+        copyLink(source, copies, attributes);
+        return 1;
+    }
     const auto target = isLink ? m_forbidden.followed(source) : attributes;
     if (!target || target->type != FileType::Folder)
         return m_duplicator.copy(source, copies, attributes);
@@ -243,6 +250,8 @@ void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
                                     : nullptr;
     if (rule) {
         m_run.leaveOut(stack.source(), rule);
+    } else if (attributes.type == FileType::SymbolicLink) {
+        m_run.keeper().copyLink(stack.source(), stack.copies());
     } else if (!isFolder) {
         m_duplicator.copy(stack.source(), stack.copies(), attributes);
     } else {
@@ -272,6 +281,9 @@ std::vector<bool> TreeWalk::makeFolders(const std::string &source, const OutArra
     std::vector<bool> made(copies.size(), false);
     std::vector states(copies.size(), CopyState::Bad);
     m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
+        // What is written into the folder must not go to the place that a link leads to.
+        if (m_run.keeper().keepsAll())
+            target.destination.removeLink(copy);
         const auto created = target.destination.createFolder(copy, like);
         if (created) {
             made[target.index] = *created != Destination::Made::Existed;
@@ -302,12 +314,23 @@ void TreeWalk::noteFolder(const OutArray &copies, const Attributes &like,
     evidence->noteFolder(m_run.targets(), copies, like, letters);
 }
 
-void TreeWalk::finishFolders(const OutArray &copies, const std::vector<bool> &made, const Attributes &like)
+// A link that was ticked, or lies in a ticked folder, may be the first item that its folders are made for.
+void TreeWalk::copyLink(const std::string &link, const OutArray &copies, const Attributes &like)
+{
+    m_duplicator.createParents(copies, like);
+    m_run.keeper().copyLink(link, copies);
+}
+
+void TreeWalk::finishFolders(const std::string &source, const OutArray &copies, const std::vector<bool> &made,
+                             const Attributes &like)
 {
     m_run.forEachCopy(copies, [&](Target &target, const std::string &copy) {
         if (target.index < made.size() && made[target.index])
             target.destination.finishFolder(copy, like);
     });
+    // The root folder of a volume belongs to the volume.
+    if (source != m_run.job().SrcDiskPath)
+        m_run.keeper().applyToFolder(source, copies);
 }
 
 } // namespace orvana

@@ -48,7 +48,8 @@ private:
                                   const platform::Attributes &like);
     void noteFolder(const OutArray &copies, const platform::Attributes &like,
                     const std::vector<CopyState> &states);
-    void finishFolders(const OutArray &copies, const std::vector<bool> &made,
+    void copyLink(const std::string &link, const OutArray &copies, const platform::Attributes &like);
+    void finishFolders(const std::string &source, const OutArray &copies, const std::vector<bool> &made,
                        const platform::Attributes &like);
     OutArray copiesOf(const std::string &item) const;
 

@@ -9,6 +9,8 @@
 namespace orvana
 {
 
+using platform::Keep;
+
 namespace
 {
 
@@ -127,15 +129,33 @@ JournalPlace placeFrom(Words &words)
     return place;
 }
 
-CopyCheck checkFrom(Words &words)
+std::string_view letterOf(Keep keep)
+{
+    switch (keep) {
+    case Keep::Nothing:
+        return "";
+    case Keep::Dates:
+        return "t";
+    case Keep::All:
+        return "a";
+    }
+    return "";
+}
+
+// Reads one word: how the copy was checked, and what else it has of its source.
+void howFrom(Words &words, JournalRecord &record)
 {
     const auto word = words.next();
     for (const auto check : {CopyCheck::None, CopyCheck::FromMemory, CopyCheck::FromDisk}) {
-        if (word.size() == 1 && word.front() == static_cast<char>(check))
-            return check;
+        for (const auto keep : {Keep::Nothing, Keep::Dates, Keep::All}) {
+            if (word.starts_with(static_cast<char>(check)) && word.substr(1) == letterOf(keep)) {
+                record.check = check;
+                record.keep = keep;
+                return;
+            }
+        }
     }
     words.expect(false);
-    return CopyCheck::None;
 }
 
 JournalRecord recordFrom(Words &words)
@@ -144,7 +164,7 @@ JournalRecord recordFrom(Words &words)
     record.destination = words.number<std::size_t>();
     record.group = words.number<std::uint64_t>();
     record.bytes = words.number<std::uint64_t>();
-    record.check = checkFrom(words);
+    howFrom(words, record);
     record.source = marksFrom(words);
     record.copy = marksFrom(words);
     record.digest = words.bytes();
@@ -182,9 +202,9 @@ bool mayBeSamePlace(const JournalPlace &a, const JournalPlace &b)
 std::string lineOf(const JournalRecord &record)
 {
     return whole("copy " + std::to_string(record.destination) + " " + std::to_string(record.group) + " " +
-                 std::to_string(record.bytes) + " " + static_cast<char>(record.check) + " " +
-                 wordsOf(record.source) + wordsOf(record.copy) + wordOf(record.digest) + " " +
-                 wordOf(record.path));
+                 std::to_string(record.bytes) + " " + static_cast<char>(record.check) +
+                 std::string(letterOf(record.keep)) + " " + wordsOf(record.source) + wordsOf(record.copy) +
+                 wordOf(record.digest) + " " + wordOf(record.path));
 }
 
 std::string openingLine(const JournalPlace &source)

@@ -38,6 +38,7 @@ struct JournalRecord
     std::uint64_t group = 0;     ///< records of one group came to the disk with one sync
     std::uint64_t bytes = 0;     ///< of all records of the destination up to and with this one
     CopyCheck check = CopyCheck::None;
+    platform::Keep keep = platform::Keep::Nothing; ///< what else the copy has of its source
     FileMarks source;
     FileMarks copy;
     std::string digest; ///< of the content, as "xxh128:..."; empty if none was made

@@ -6,6 +6,8 @@
 namespace orvana
 {
 
+using platform::Keep;
+
 namespace
 {
 
@@ -56,9 +58,35 @@ void setDigest(RunSettings &settings, std::string_view value)
     settings.digest = digestFormatNamed(value);
 }
 
+constexpr std::string_view Dates = "dates";
+constexpr std::string_view All = "all";
+
+std::vector<std::string> keepKinds()
+{
+    return {std::string(Dates), std::string(All)};
+}
+
+std::string keepOf(const RunSettings &settings)
+{
+    switch (settings.manner.keep) {
+    case Keep::Nothing:
+        return {};
+    case Keep::Dates:
+        return std::string(Dates);
+    case Keep::All:
+        return std::string(All);
+    }
+    return {};
+}
+
+void setKeep(RunSettings &settings, std::string_view value)
+{
+    settings.manner.keep = value == Dates ? Keep::Dates : value == All ? Keep::All : Keep::Nothing;
+}
+
 } // namespace
 
-const std::array<ListedRunSetting, 2> AllListedRunSettings{
+const std::array<ListedRunSetting, 3> AllListedRunSettings{
     ListedRunSetting{"manifest", "--manifest", "KIND",
                      "Leave a list of the files with their digests on each copy: an ASC MHL history, or a "
                      "checksum file",
@@ -66,6 +94,10 @@ const std::array<ListedRunSetting, 2> AllListedRunSettings{
     ListedRunSetting{"digest", "--digest", "FORMAT",
                      "Make a digest of each file while it is copied, and compare it when verifying",
                      digestFormats, digestOf, setDigest},
+    ListedRunSetting{"keep", "--keep", "WHAT",
+                     "Keep the dates of files and folders, or all: also owners, permissions, extended "
+                     "attributes, links, hard links and holes",
+                     keepKinds, keepOf, setKeep},
 };
 
 // No other pairs exclude each other, so each sentence names its format.

@@ -39,6 +39,16 @@ Json manifestsJson(const DestinationSummary &destination)
     return list;
 }
 
+Json notKeptJson(const DestinationSummary &destination)
+{
+    Json json = Json::object();
+    for (std::size_t i = 0; i < platform::PartCount; ++i) {
+        if (destination.notKept[i] > 0)
+            json[orvana::nameOf(static_cast<platform::Part>(i))] = destination.notKept[i];
+    }
+    return json;
+}
+
 Json destinationJson(const DestinationSummary &destination)
 {
     Json json = Json::object();
@@ -68,6 +78,8 @@ Json destinationJson(const DestinationSummary &destination)
         json["manifests"] = manifestsJson(destination);
     if (destination.notInManifest > 0)
         json["notInManifest"] = destination.notInManifest;
+    if (auto notKept = notKeptJson(destination); !notKept.empty())
+        json["notKept"] = std::move(notKept);
     json["slowest"] = destination.isSlowest;
     json["onDisk"] = onDiskJson(destination.durability);
     if (destination.durability == Durability::NotKnown) {

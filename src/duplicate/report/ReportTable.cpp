@@ -78,6 +78,8 @@ std::vector<std::string> detailsOf(const DestinationSummary &destination, const 
     if (destination.repaired > 0)
         lines.push_back(std::to_string(destination.repaired) +
                         " repaired: blocks that differed were written again, and are right now");
+    if (const auto notKept = notKeptText(destination); !notKept.empty())
+        lines.push_back("not kept: " + notKept);
     for (const auto &manifest : manifestLines(destination))
         lines.push_back("manifest " + manifest);
     for (const auto &group : problems) {
@@ -167,6 +169,10 @@ std::string headlineOf(const RunSummary &summary)
     if (!good.empty())
         text += verifiedText(good);
     text += lacks;
+    for (const auto &destination : summary.destinations) {
+        if (const auto notKept = notKeptText(destination); !notKept.empty())
+            text += "; " + nameOf(destination) + " could not keep " + notKept;
+    }
     for (const auto &disk : summary.disks) {
         if (disk.outcome != DiskOutcome::Erased)
             text += "; " + placeOf(disk) + " " + whyNoPart(disk);

@@ -26,6 +26,14 @@ std::uint64_t timeTaken(const DestinationTally &tally)
 
 } // namespace
 
+void DestinationTally::note(const platform::MissingParts &parts)
+{
+    for (std::size_t i = 0; i < platform::PartCount; ++i) {
+        if (parts.has(static_cast<platform::Part>(i)))
+            ++notKept[i];
+    }
+}
+
 RunReport::RunReport(std::string folder, std::string stamp, const Clock &clock, int number)
     : m_stamp(std::move(stamp)), m_number(number), m_clock(clock), m_file(folder),
       m_leftOutFile(std::move(folder)), m_started(localTime(clock.now(), TimeLayout))
@@ -218,7 +226,9 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
                                .disk = state.disk,
                                .manifests = state.manifests,
                                .notInManifest = tally.notInManifest,
-                               .evidenceFailures = tally.evidenceFailures};
+                               .evidenceFailures = tally.evidenceFailures,
+                               .notKept = {}};
+    std::copy(tally.notKept.begin(), tally.notKept.end(), summary.notKept.begin());
     if (state.durability == Durability::NotKnown) {
         // Files that may be in memory only do not count as copied.
         summary.notKnownToBeOnDisk = std::exchange(summary.copied, 0);

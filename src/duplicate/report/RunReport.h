@@ -4,7 +4,9 @@
 #include "duplicate/report/ReportFile.h"
 #include "duplicate/report/RunSummary.h"
 #include "foundation/Clock.h"
+#include "platform/Metadata.h"
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <deque>
@@ -27,7 +29,12 @@ struct DestinationTally
         writeNanoseconds += static_cast<std::uint64_t>(time.count());
     }
 
+    void note(platform::Part part) { ++notKept[static_cast<std::size_t>(part)]; }
+    void note(const platform::MissingParts &parts);
+
     const std::string root;
+    /// Entries that are without this part of their source, because the volume cannot hold it.
+    std::array<std::atomic<std::int64_t>, platform::PartCount> notKept{};
     std::atomic<std::int64_t> copied{0};           ///< files written without an error
     std::atomic<std::int64_t> failed{0};           ///< files and folders that are missing or incomplete
     std::atomic<std::int64_t> verified{0};         ///< copies that were read back and equal their source

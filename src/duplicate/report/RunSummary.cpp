@@ -7,8 +7,38 @@
 namespace orvana
 {
 
+using platform::Part;
+
 namespace
 {
+
+struct PartWords
+{
+    const char *name;
+    const char *one;
+    const char *several;
+};
+
+PartWords wordsOf(Part part)
+{
+    switch (part) {
+    case Part::Owner:
+        return {"owner", "owner", "owners"};
+    case Part::Permissions:
+        return {"permissions", "entry's permissions", "entries' permissions"};
+    case Part::ExtendedAttributes:
+        return {"extendedAttributes", "entry's extended attributes", "entries' extended attributes"};
+    case Part::Date:
+        return {"date", "date", "dates"};
+    case Part::Link:
+        return {"link", "symbolic link", "symbolic links"};
+    case Part::HardLink:
+        return {"hardLink", "hard link", "hard links"};
+    case Part::Hole:
+        return {"hole", "file's holes", "files' holes"};
+    }
+    return {"", "", ""};
+}
 
 bool isFailure(const DiskEntry &entry)
 {
@@ -82,6 +112,25 @@ std::vector<std::string> manifestLines(const DestinationSummary &destination)
         lines.push_back(displayPath(manifest.path) + ": " + std::to_string(manifest.files) + " file(s), " +
                         manifest.digestName + " " + manifest.digest);
     return lines;
+}
+
+const char *nameOf(Part part)
+{
+    return wordsOf(part).name;
+}
+
+std::string notKeptText(const DestinationSummary &destination)
+{
+    std::string text;
+    for (std::size_t i = 0; i < platform::PartCount; ++i) {
+        const auto count = destination.notKept[i];
+        if (count == 0)
+            continue;
+        const auto words = wordsOf(static_cast<Part>(i));
+        text.append(text.empty() ? "" : ", ").append(std::to_string(count));
+        text.append(" ").append(count == 1 ? words.one : words.several);
+    }
+    return text;
 }
 
 std::string problemText(const RunProblem &problem)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "duplicate/report/DiskEntry.h"
+#include "platform/Metadata.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -109,6 +111,8 @@ struct DestinationSummary
     std::vector<ManifestSummary> manifests{};
     std::int64_t notInManifest = 0;    ///< files on the disk that no manifest lists, as far as the run knows
     std::int64_t evidenceFailures = 0; ///< missing manifests, and files that are not as in the history
+    /// Entries without a part of their source that the volume cannot hold, by `platform::Part`.
+    std::array<std::int64_t, platform::PartCount> notKept{};
 };
 
 /// Seconds spent in the phases of a run.
@@ -156,6 +160,13 @@ std::vector<std::string> notOnDiskLines(const RunSummary &summary);
 /// Returns a readable line for each manifest of the destination: its path, the number of its files, and its
 /// own digest.
 std::vector<std::string> manifestLines(const DestinationSummary &destination);
+
+/// The name of a part in reports: "extendedAttributes".
+const char *nameOf(platform::Part part);
+
+/// Says in words what the destination could not keep of its source: "2 owners, 1 link". Empty if it kept all
+/// that was asked for.
+std::string notKeptText(const DestinationSummary &destination);
 
 /// Returns a problem as one readable line: "failed: /source/file -> /destination: no space".
 std::string problemText(const RunProblem &problem);

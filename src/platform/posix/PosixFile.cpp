@@ -1,5 +1,6 @@
 #include "platform/posix/PosixFile.h"
 
+#include "platform/posix/KeptMetadata.h"
 #include "platform/posix/StatAttributes.h"
 #include "platform/posix/TransferAll.h"
 
@@ -77,6 +78,53 @@ Expected<void> PosixFile::cutTo(std::uint64_t size)
     if (before->size > size && ::ftruncate(m_descriptor.number(), static_cast<off_t>(size)) != 0)
         return failure(errno);
     return {};
+}
+
+Expected<void> PosixFile::growTo(std::uint64_t size)
+{
+    const auto before = attributes();
+    if (!before)
+        return tl::unexpected(before.error());
+    if (before->size < size && ::ftruncate(m_descriptor.number(), static_cast<off_t>(size)) != 0)
+        return failure(errno);
+    return {};
+}
+
+std::vector<Range> PosixFile::dataIn(const Range &range) const
+{
+    std::vector<Range> data;
+    const auto end = static_cast<off_t>(range.offset + range.length);
+    for (auto offset = static_cast<off_t>(range.offset); offset < end;) {
+        const auto start = ::lseek(m_descriptor.number(), offset, SEEK_DATA);
+        if (start < 0 && errno == ENXIO)
+            break; // nothing but a hole is left
+        const auto stop = start < 0 ? start : ::lseek(m_descriptor.number(), start, SEEK_HOLE);
+        if (start < 0 || stop < 0)
+            return {range};
+        if (start >= end)
+            break;
+        offset = std::min(stop, end);
+        data.push_back({static_cast<std::uint64_t>(start), static_cast<std::uint64_t>(offset - start)});
+    }
+    return data;
+}
+
+Expected<void> PosixFile::makeHole(const Range &range)
+{
+    if (::fallocate(m_descriptor.number(), FALLOC_FL_PUNCH_HOLE | FALLOC_FL_KEEP_SIZE,
+                    static_cast<off_t>(range.offset), static_cast<off_t>(range.length)) != 0)
+        return failure(errno);
+    return {};
+}
+
+Expected<Metadata> PosixFile::metadata(Keep keep) const
+{
+    return metadataOf(m_descriptor.number(), keep);
+}
+
+MissingParts PosixFile::apply(const Metadata &metadata, Keep keep)
+{
+    return applyMetadata(m_descriptor.number(), metadata, keep);
 }
 
 Expected<void> PosixFile::startWriteOut(std::uint64_t offset, std::uint64_t length)

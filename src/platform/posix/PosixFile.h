@@ -17,6 +17,11 @@ public:
     void willRead(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> write(std::span<const std::byte> bytes, std::uint64_t offset) override;
     Expected<void> cutTo(std::uint64_t size) override;
+    Expected<void> growTo(std::uint64_t size) override;
+    std::vector<Range> dataIn(const Range &range) const override;
+    Expected<void> makeHole(const Range &range) override;
+    Expected<Metadata> metadata(Keep keep) const override;
+    MissingParts apply(const Metadata &metadata, Keep keep) override;
     Expected<void> startWriteOut(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> finishWriteOut(std::uint64_t offset, std::uint64_t length) override;
     Expected<void> sync() override;

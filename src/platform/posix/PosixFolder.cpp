@@ -1,6 +1,7 @@
 #include "platform/posix/PosixFolder.h"
 
 #include "platform/posix/FinderInfo.h"
+#include "platform/posix/KeptMetadata.h"
 #include "platform/posix/PathOpener.h"
 #include "platform/posix/PosixFile.h"
 #include "platform/posix/StatAttributes.h"
@@ -39,6 +40,16 @@ Expected<Attributes> basicsAt(int at, const std::string &name, Links links)
     if (::fstatat(at, name.c_str(), &status, links == Links::Follow ? 0 : AT_SYMLINK_NOFOLLOW) != 0)
         return failure(errno);
     return attributesOf(status);
+}
+
+Expected<std::string> linkTextAt(int at, const std::string &name)
+{
+    std::string text(PATH_MAX, '\0');
+    const auto length = ::readlinkat(at, name.c_str(), text.data(), text.size());
+    if (length < 0)
+        return failure(errno);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
 }
 
 // On these file systems, reading a file back has found a byte that was flipped on the medium. On others,
@@ -112,13 +123,7 @@ Expected<std::string> PosixFolder::realPath(std::string_view path) const
     const auto opened = openPath(m_number, path, O_PATH, 0, m_reach);
     if (!opened)
         return tl::unexpected(opened.error());
-    const auto name = "/proc/self/fd/" + std::to_string(opened->number());
-    std::string target(PATH_MAX, '\0');
-    const auto length = ::readlink(name.c_str(), target.data(), target.size());
-    if (length < 0)
-        return failure(errno);
-    target.resize(static_cast<std::size_t>(length));
-    return target;
+    return linkTextAt(AT_FDCWD, "/proc/self/fd/" + std::to_string(opened->number()));
 }
 
 Expected<NameList> PosixFolder::list(std::string_view path) const
@@ -238,6 +243,59 @@ Expected<void> PosixFolder::rename(std::string_view from, std::string_view to, E
     if (::renameat(source->at, oldName, target->at, newName) != 0)
         return failure(errno);
     return {};
+}
+
+Expected<std::string> PosixFolder::linkText(std::string_view path) const
+{
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    return linkTextAt(entry->at, entry->name);
+}
+
+Expected<void> PosixFolder::makeLink(std::string_view path, const std::string &text) const
+{
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    if (::symlinkat(text.c_str(), entry->at, entry->name.c_str()) != 0)
+        return failure(errno);
+    return {};
+}
+
+Expected<void> PosixFolder::addName(std::string_view path, std::string_view name) const
+{
+    const auto file = openHolder(m_number, path, m_reach);
+    if (!file)
+        return tl::unexpected(file.error());
+    const auto added = openHolder(m_number, name, m_reach);
+    if (!added)
+        return tl::unexpected(added.error());
+    if (::linkat(file->at, file->name.c_str(), added->at, added->name.c_str(), 0) != 0)
+        return failure(errno);
+    return {};
+}
+
+Expected<Metadata> PosixFolder::metadata(std::string_view path, Keep keep) const
+{
+    const auto folder = openPath(m_number, path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW, 0, m_reach);
+    if (folder)
+        return metadataOf(folder->number(), keep);
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    return metadataOfLink(entry->at, entry->name.c_str());
+}
+
+Expected<MissingParts> PosixFolder::apply(std::string_view path, const Metadata &metadata, Keep keep) const
+{
+    const auto folder = openPath(m_number, path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW, 0, m_reach);
+    if (folder)
+        return applyMetadata(folder->number(), metadata, keep);
+    const auto entry = openHolder(m_number, path, m_reach);
+    if (!entry)
+        return tl::unexpected(entry.error());
+    return applyToLink(entry->at, entry->name.c_str(), metadata, keep);
 }
 
 Expected<void> PosixFolder::remove(std::string_view path) const

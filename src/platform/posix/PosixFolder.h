@@ -27,6 +27,11 @@ public:
     Expected<void> makeFolder(std::string_view path, const Attributes &like) const override;
     Expected<void> finishFolder(std::string_view path, const Attributes &like) const override;
     Expected<void> rename(std::string_view from, std::string_view to, Existing existing) const override;
+    Expected<std::string> linkText(std::string_view path) const override;
+    Expected<void> makeLink(std::string_view path, const std::string &text) const override;
+    Expected<void> addName(std::string_view path, std::string_view name) const override;
+    Expected<Metadata> metadata(std::string_view path, Keep keep) const override;
+    Expected<MissingParts> apply(std::string_view path, const Metadata &metadata, Keep keep) const override;
     Expected<void> remove(std::string_view path) const override;
     Expected<void> syncVolume() override;
     VolumeTraits traits() const override;

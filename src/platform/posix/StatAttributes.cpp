@@ -23,6 +23,7 @@ Attributes attributesOf(const struct stat &status)
     Attributes attributes;
     attributes.type = typeOf(status.st_mode);
     attributes.size = static_cast<std::uint64_t>(status.st_size);
+    attributes.allocated = static_cast<std::uint64_t>(status.st_blocks) * 512; // the unit of st_blocks
     if (attributes.type != FileType::SymbolicLink)
         attributes.permissions = status.st_mode & 07777U;
     attributes.owner = status.st_uid;

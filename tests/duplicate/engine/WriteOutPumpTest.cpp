@@ -66,6 +66,24 @@ struct SyncedVolume final : platform::Folder
     {
         return platform::failure(5);
     }
+    platform::Expected<std::string> linkText(std::string_view) const override { return platform::failure(5); }
+    platform::Expected<void> makeLink(std::string_view, const std::string &) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<void> addName(std::string_view, std::string_view) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<platform::Metadata> metadata(std::string_view, platform::Keep) const override
+    {
+        return platform::failure(5);
+    }
+    platform::Expected<platform::MissingParts> apply(std::string_view, const platform::Metadata &,
+                                                     platform::Keep) const override
+    {
+        return platform::failure(5);
+    }
     platform::Expected<void> remove(std::string_view) const override { return platform::failure(5); }
     platform::VolumeTraits traits() const override { return {}; }
     platform::Expected<std::uint64_t> freeBytes() const override { return 0; }
@@ -133,6 +151,14 @@ struct WrittenOutFile final : platform::File
     void willRead(std::uint64_t, std::uint64_t) override {}
     platform::Expected<void> write(std::span<const std::byte>, std::uint64_t) override { return {}; }
     platform::Expected<void> cutTo(std::uint64_t) override { return {}; }
+    platform::Expected<void> growTo(std::uint64_t) override { return {}; }
+    std::vector<platform::Range> dataIn(const platform::Range &range) const override { return {range}; }
+    platform::Expected<void> makeHole(const platform::Range &) override { return {}; }
+    platform::Expected<platform::Metadata> metadata(platform::Keep) const override
+    {
+        return platform::Metadata();
+    }
+    platform::MissingParts apply(const platform::Metadata &, platform::Keep) override { return {}; }
     platform::Expected<void> startWriteOut(std::uint64_t, std::uint64_t length) override
     {
         started += length;
