@@ -31,6 +31,10 @@ _plurimoctl() {
         mapfile -t COMPREPLY < <(compgen -W "xxh128 xxh64 xxh3 md5 sha1 c4 sha256" -- "$word")
         return
         ;;
+    --preflight)
+        mapfile -t COMPREPLY < <(compgen -W "stop leave-out go-on" -- "$word")
+        return
+        ;;
     --keep)
         mapfile -t COMPREPLY < <(compgen -W "dates all" -- "$word")
         return
@@ -42,8 +46,8 @@ _plurimoctl() {
     esac
     local options="--simulator --demo --demo-folder --log-dir --help"
     case $command in
-    copy) options+=" --to --root --verify --repair --resume --update --exact --manifest --digest --keep --json" ;;
-    duplicate) options+=" --enclosure --source --select --erase --name --verify --repair --resume --update --exact --eject --manifest --digest --keep --job --yes --json" ;;
+    copy) options+=" --to --root --verify --repair --resume --update --exact --manifest --digest --keep --preflight --json" ;;
+    duplicate) options+=" --enclosure --source --select --erase --name --verify --repair --resume --update --exact --eject --manifest --digest --keep --preflight --job --yes --json" ;;
     erase) options+=" --enclosure --bay --name --yes" ;;
     eject) options+=" --enclosure --bay --yes" ;;
     mount) options+=" --enclosure --bay" ;;

@@ -19,6 +19,21 @@ bool isManifest(const ListedRunSetting &setting)
     return std::string_view(setting.key) == "manifest";
 }
 
+QString preflightValue(const std::string &value)
+{
+    if (value == "stop")
+        return RunWords::tr("Copy nothing");
+    if (value == "leave-out")
+        return RunWords::tr("Leave that disk out");
+    return value == "go-on" ? RunWords::tr("Copy what can be copied")
+                            : RunWords::tr("Do not look beforehand");
+}
+
+bool isPreflight(const ListedRunSetting &setting)
+{
+    return std::string_view(setting.key) == "preflight";
+}
+
 bool isKeep(const ListedRunSetting &setting)
 {
     return std::string_view(setting.key) == "keep";
@@ -162,6 +177,8 @@ QString RunWords::titleOf(const ListedRunSetting &setting)
 {
     if (isKeep(setting))
         return tr("&Keep of the source:");
+    if (isPreflight(setting))
+        return tr("&Where a disk cannot hold all:");
     return isManifest(setting) ? tr("&Manifest on each copy:") : tr("&Digest of each file:");
 }
 
@@ -169,6 +186,8 @@ QString RunWords::valueOf(const ListedRunSetting &setting, const std::string &va
 {
     if (isKeep(setting))
         return value.empty() ? tr("Content alone") : value == "dates" ? tr("Dates") : tr("All it has");
+    if (isPreflight(setting))
+        return preflightValue(value);
     if (value.empty())
         return tr("None");
     if (!isManifest(setting))

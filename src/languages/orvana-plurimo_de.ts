@@ -1501,6 +1501,26 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
         <source>All it has</source>
         <translation>Alles</translation>
     </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>Nichts kopieren</translation>
+    </message>
+    <message>
+        <source>Leave that disk out</source>
+        <translation>Diese Disk auslassen</translation>
+    </message>
+    <message>
+        <source>Copy what can be copied</source>
+        <translation>Kopieren, was geht</translation>
+    </message>
+    <message>
+        <source>Do not look beforehand</source>
+        <translation>Vorher nicht nachsehen</translation>
+    </message>
+    <message>
+        <source>&amp;Where a disk cannot hold all:</source>
+        <translation>&amp;Wo eine Disk nicht alles fasst:</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

@@ -1501,6 +1501,26 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
         <source>All it has</source>
         <translation>Todo</translation>
     </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>No copiar nada</translation>
+    </message>
+    <message>
+        <source>Leave that disk out</source>
+        <translation>Dejar fuera ese disco</translation>
+    </message>
+    <message>
+        <source>Copy what can be copied</source>
+        <translation>Copiar lo que se pueda</translation>
+    </message>
+    <message>
+        <source>Do not look beforehand</source>
+        <translation>No mirar antes</translation>
+    </message>
+    <message>
+        <source>&amp;Where a disk cannot hold all:</source>
+        <translation>Donde un disco no pue&amp;da con todo:</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

@@ -1501,6 +1501,26 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
         <source>All it has</source>
         <translation>Tout</translation>
     </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>Ne rien copier</translation>
+    </message>
+    <message>
+        <source>Leave that disk out</source>
+        <translation>Écarter ce disque</translation>
+    </message>
+    <message>
+        <source>Copy what can be copied</source>
+        <translation>Copier ce qui peut l&apos;être</translation>
+    </message>
+    <message>
+        <source>Do not look beforehand</source>
+        <translation>Ne pas regarder avant</translation>
+    </message>
+    <message>
+        <source>&amp;Where a disk cannot hold all:</source>
+        <translation>Là où un disque ne peut tout conteni&amp;r :</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

@@ -1496,6 +1496,26 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
         <source>All it has</source>
         <translation>すべて</translation>
     </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>何もコピーしない</translation>
+    </message>
+    <message>
+        <source>Leave that disk out</source>
+        <translation>そのディスクを外す</translation>
+    </message>
+    <message>
+        <source>Copy what can be copied</source>
+        <translation>できるものだけコピーする</translation>
+    </message>
+    <message>
+        <source>Do not look beforehand</source>
+        <translation>事前に調べない</translation>
+    </message>
+    <message>
+        <source>&amp;Where a disk cannot hold all:</source>
+        <translation>全部は入らないディスクがあるとき(&amp;W):</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

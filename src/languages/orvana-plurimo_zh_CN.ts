@@ -1496,6 +1496,26 @@ Press OK to continue duplicating to the remaining drive(s).</source>
         <source>All it has</source>
         <translation>全部</translation>
     </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>不复制任何内容</translation>
+    </message>
+    <message>
+        <source>Leave that disk out</source>
+        <translation>排除该磁盘</translation>
+    </message>
+    <message>
+        <source>Copy what can be copied</source>
+        <translation>复制可复制的内容</translation>
+    </message>
+    <message>
+        <source>Do not look beforehand</source>
+        <translation>不预先检查</translation>
+    </message>
+    <message>
+        <source>&amp;Where a disk cannot hold all:</source>
+        <translation>磁盘无法容纳全部时(&amp;W)：</translation>
+    </message>
 </context>
 <context>
     <name>orvana::TBDeviceViewController</name>

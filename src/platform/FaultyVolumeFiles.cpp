@@ -154,9 +154,17 @@ public:
         auto traits = m_real.traits();
         const auto *faults = faultsAt(".");
         traits.isReadOnly = traits.isReadOnly || (faults && faults->readOnly);
+        if (faults && faults->family != VolumeFamily::Unix)
+            traits.family = faults->family;
         return traits;
     }
-    Expected<std::uint64_t> freeBytes() const override { return m_real.freeBytes(); }
+    Expected<std::uint64_t> freeBytes() const override
+    {
+        const auto *faults = faultsAt(".");
+        if (faults && faults->freeBytes >= 0)
+            return static_cast<std::uint64_t>(faults->freeBytes.load());
+        return m_real.freeBytes();
+    }
 
 private:
     std::string fullPath(std::string_view path) const { return m_path + "/" + std::string(path); }

@@ -26,7 +26,9 @@ struct VolumeFaults
     std::atomic<bool> writeOutError{false};        ///< waiting for written data fails
     std::atomic<bool> syncError{false};            ///< syncing the whole volume or a single file fails
     std::atomic<bool> closeError{false};           ///< closing a written file fails
-    std::atomic<bool> isPlain{false};              ///< holds no links, owners or extended attributes, as FAT
+    std::atomic<VolumeFamily> family{VolumeFamily::Unix}; ///< another than Unix is told as the volume's own
+    std::atomic<std::int64_t> freeBytes{-1};              ///< told as the free space; -1 for the real one
+    std::atomic<bool> isPlain{false}; ///< holds no links, owners or extended attributes, as FAT
 };
 
 /// Forwards all calls to real files and adds the faults of each volume. Callable from any thread.

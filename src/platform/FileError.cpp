@@ -47,6 +47,10 @@ std::string FileError::reason() const
         return "It is a file of the source, or may be one";
     if (problem == FileProblem::SameFile)
         return "The volume does not tell it from another file of this run";
+    if (problem == FileProblem::CannotHold)
+        return "The volume cannot hold the selection";
+    if (problem == FileProblem::NotStarted)
+        return "Nothing was copied, because another volume cannot hold the selection";
     return std::generic_category().message(code);
 }
 

@@ -14,9 +14,11 @@ enum class FileProblem {
     NotAFile,         ///< a folder, a pipe, a socket or a device, but no regular file
     NotAFolder,
     NotSupported,
-    Busy,     ///< another run holds a lock on it
-    OfSource, ///< the file belongs to the source, or may belong to it
-    SameFile, ///< the name leads to a file that was written under another name
+    Busy,       ///< another run holds a lock on it
+    OfSource,   ///< the file belongs to the source, or may belong to it
+    SameFile,   ///< the name leads to a file that was written under another name
+    CannotHold, ///< the volume cannot hold what is to be copied
+    NotStarted, ///< nothing is copied, because another volume cannot hold it
     Other,
 };
 

@@ -148,6 +148,15 @@ public:
     virtual Expected<void> close() = 0;
 };
 
+/// File systems with rules of their own for names and sizes.
+enum class VolumeFamily {
+    Unix,
+    Fat,
+    ExFat,
+    HfsPlus,
+    Unknown, ///< a program of the user keeps the files, and its rules are not known
+};
+
 /// The abilities of a folder's file system.
 struct VolumeTraits
 {
@@ -159,6 +168,8 @@ struct VolumeTraits
     bool hasStableInodes = false;         ///< a file keeps its inode number while it is closed
     bool needsFileSync = false; ///< a sync of the volume does not reach the disk; each file must be synced
     bool isMemory = false;      ///< the files lie in memory; there is no disk
+    VolumeFamily family = VolumeFamily::Unix;
+    std::uint64_t blockSize = 4096;     ///< bytes; a file takes whole blocks
     bool writesOutInBackground = false; ///< holds written data in memory for a while
 };
 

@@ -27,6 +27,14 @@ struct FolderIdentity
     auto operator<=>(const FolderIdentity &) const = default;
 };
 
+/// What a run does when it finds, before the first write, that a destination cannot hold the selection.
+enum class PreflightAction {
+    Off,      ///< it does not look
+    GoOn,     ///< tells it, and copies what can be copied
+    LeaveOut, ///< leaves these destinations out
+    Stop,     ///< copies nothing
+};
+
 /// How a run treats files that are on a destination already, and what it keeps besides their content.
 struct CopyManner
 {
@@ -34,6 +42,7 @@ struct CopyManner
     bool exact = false;  ///< cut them to the length of their source; `update` does so, too
     bool repair = false; ///< write blocks once more that differ when they are read back
     platform::Keep keep = platform::Keep::Nothing;
+    PreflightAction preflight = PreflightAction::Off;
 
     bool cutsTails() const { return update || exact; }
     bool operator==(const CopyManner &) const = default;

@@ -1,5 +1,6 @@
 #include "duplicate/engine/FileCopy.h"
 
+#include "duplicate/engine/Preflight.h"
 #include "duplicate/engine/RunContext.h"
 #include "duplicate/engine/RunLocks.h"
 #include "duplicate/engine/SkipRules.h"
@@ -281,6 +282,8 @@ void FileCopy::copyAll(const CopyJob &job, const std::function<bool()> &isCurren
                         .journal = std::move(means.journal)},
                        job);
     context.keepTo(std::move(locks));
+    Preflight(context).look();
+    context.openJournal();
     context.settleCopies();
     TreeWalk walk(context);
     WorkerThread::exitIfCancelled();

@@ -83,8 +83,8 @@ void MetadataKeeper::applyToFoldersAbove()
     // The innermost come first: the permissions of a folder may close the way to those in it.
     for (auto folder = above.rbegin(); folder != above.rend(); ++folder) {
         OutArray copies;
-        for (const auto &destination : m_run.job().DesFileArray)
-            copies.emplace_back(destination + folder->substr(root.size()));
+        for (const auto &target : m_run.targets())
+            copies.emplace_back(m_run.copyOf(target, *folder));
         applyToFolder(*folder, copies);
     }
 }

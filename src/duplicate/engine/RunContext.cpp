@@ -51,6 +51,32 @@ void RunContext::keepTo(std::shared_ptr<RunLocks> locks)
         target.pump.reset();
         target.destination.refuse({platform::FileProblem::Busy, EBUSY});
     }
+}
+
+void RunContext::leaveOutTarget(Target &target, platform::FileProblem reason)
+{
+    target.pump.reset();
+    target.isLeftOut = true;
+    target.destination.refuse({reason, 0});
+}
+
+bool RunContext::hasDestination() const
+{
+    return std::any_of(m_targets.begin(), m_targets.end(),
+                       [](const Target &target) { return !target.isLeftOut; });
+}
+
+// The destination's root, then the part of the item's path after the source's root. Only the length of the
+// source's root is used, not where it stands in the item's path.
+std::string RunContext::copyOf(const Target &target, const std::string &item) const
+{
+    const auto &root = m_job.SrcDiskPath;
+    const bool holdsRoot = !root.empty() && item.find(root) != std::string::npos;
+    return m_job.DesFileArray[target.index] + item.substr(holdsRoot ? root.size() : 0);
+}
+
+void RunContext::openJournal()
+{
     const auto &order = m_setup.journal;
     if (!order)
         return;

@@ -57,6 +57,18 @@ public:
     /// If they do not hold the source, no destination gets files.
     void keepTo(std::shared_ptr<RunLocks> locks);
 
+    /// Opens the journal of the run. Called once, before the first write.
+    void openJournal();
+
+    /// Takes the destination out of the run, for this reason. Nothing is written to it.
+    void leaveOutTarget(Target &target, platform::FileProblem reason);
+
+    /// True when at least one destination takes part in the run.
+    bool hasDestination() const;
+
+    /// Returns the path of the item's copy on the target.
+    std::string copyOf(const Target &target, const std::string &item) const;
+
     const RunSetup &setup() const { return m_setup; }
     const CopyJob &job() const { return m_job; }
     const CopyManner &manner() const { return m_setup.manner; }

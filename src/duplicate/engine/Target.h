@@ -74,6 +74,8 @@ struct Target
     WrittenFiles written;               ///< the files that this run wrote there
     std::unique_ptr<WriteOutPump> pump; ///< null if the volume needs none, or no thread could be started
 
+    bool isLeftOut = false; ///< it takes no part in the run
+
     // The file in hand.
     CopyWork work = CopyWork::Write;
     std::optional<platform::Attributes> copyInHand; ///< of the complete copy

@@ -138,21 +138,19 @@ TreeWalk::TreeWalk(RunContext &run)
 {
 }
 
-// Returns the item's path on each destination: the destination's root, then the part of the item's path after
-// the source's root. Only the length of the source's root is used, not where it stands in the item's path.
+// Returns the item's path on each destination that takes part.
 OutArray TreeWalk::copiesOf(const std::string &item) const
 {
-    const auto &root = m_run.job().SrcDiskPath;
-    const bool holdsRoot = !root.empty() && item.find(root) != std::string::npos;
-    const auto relative = item.substr(holdsRoot ? root.size() : 0);
     OutArray copies;
-    for (const auto &destination : m_run.job().DesFileArray)
-        copies.emplace_back(destination + relative);
+    for (const auto &target : m_run.targets())
+        copies.push_back(target.isLeftOut ? std::nullopt : std::optional(m_run.copyOf(target, item)));
     return copies;
 }
 
 void TreeWalk::copySelected(const std::string &item)
 {
+    if (!m_run.hasDestination())
+        return;
     const auto read = m_run.sources().attributes(item, Links::DoNotFollow, Want::HiddenExtension);
     const auto attributes = read.value_or(Attributes());
     const auto copies = copiesOf(item);

@@ -84,9 +84,41 @@ void setKeep(RunSettings &settings, std::string_view value)
     settings.manner.keep = value == Dates ? Keep::Dates : value == All ? Keep::All : Keep::Nothing;
 }
 
+constexpr std::string_view GoOn = "go-on";
+constexpr std::string_view LeaveOut = "leave-out";
+constexpr std::string_view Stop = "stop";
+
+std::vector<std::string> preflightKinds()
+{
+    return {std::string(Stop), std::string(LeaveOut), std::string(GoOn)};
+}
+
+std::string preflightOf(const RunSettings &settings)
+{
+    switch (settings.manner.preflight) {
+    case PreflightAction::Off:
+        return {};
+    case PreflightAction::GoOn:
+        return std::string(GoOn);
+    case PreflightAction::LeaveOut:
+        return std::string(LeaveOut);
+    case PreflightAction::Stop:
+        return std::string(Stop);
+    }
+    return {};
+}
+
+void setPreflight(RunSettings &settings, std::string_view value)
+{
+    settings.manner.preflight = value == GoOn       ? PreflightAction::GoOn
+                                : value == LeaveOut ? PreflightAction::LeaveOut
+                                : value == Stop     ? PreflightAction::Stop
+                                                    : PreflightAction::Off;
+}
+
 } // namespace
 
-const std::array<ListedRunSetting, 3> AllListedRunSettings{
+const std::array<ListedRunSetting, 4> AllListedRunSettings{
     ListedRunSetting{"manifest", "--manifest", "KIND",
                      "Leave a list of the files with their digests on each copy: an ASC MHL history, or a "
                      "checksum file",
@@ -98,6 +130,10 @@ const std::array<ListedRunSetting, 3> AllListedRunSettings{
                      "Keep the dates of files and folders, or all: also owners, permissions, extended "
                      "attributes, links, hard links and holes",
                      keepKinds, keepOf, setKeep},
+    ListedRunSetting{"preflight", "--preflight", "ACTION",
+                     "Look before the first write whether each destination can hold the selection; where it "
+                     "cannot, stop, leave it out, or go on",
+                     preflightKinds, preflightOf, setPreflight},
 };
 
 // No other pairs exclude each other, so each sentence names its format.

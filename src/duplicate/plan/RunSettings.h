@@ -65,7 +65,7 @@ struct ListedRunSetting
     void (*set)(RunSettings &settings, std::string_view value);
 };
 
-extern const std::array<ListedRunSetting, 3> AllListedRunSettings;
+extern const std::array<ListedRunSetting, 4> AllListedRunSettings;
 
 /// Returns why the settings do not go together: "an ASC MHL manifest cannot hold sha256 digests".
 std::optional<std::string> conflictIn(const RunSettings &settings);

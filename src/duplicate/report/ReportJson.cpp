@@ -78,6 +78,8 @@ Json destinationJson(const DestinationSummary &destination)
         json["manifests"] = manifestsJson(destination);
     if (destination.notInManifest > 0)
         json["notInManifest"] = destination.notInManifest;
+    if (destination.cannotHold > 0)
+        json["cannotHold"] = destination.cannotHold;
     if (auto notKept = notKeptJson(destination); !notKept.empty())
         json["notKept"] = std::move(notKept);
     json["slowest"] = destination.isSlowest;

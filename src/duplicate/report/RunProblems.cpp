@@ -30,6 +30,8 @@ const char *wordsFor(ProblemKind kind)
         return "not in a manifest";
     case ProblemKind::NoManifest:
         return "without a manifest";
+    case ProblemKind::CannotHold:
+        return "that the volume cannot hold";
     case ProblemKind::NotAsInHistory:
         return "not as in the source's history";
     }

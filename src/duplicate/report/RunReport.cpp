@@ -116,6 +116,13 @@ void RunReport::mismatched(std::size_t index, std::string_view file, std::uint64
     addProblem({ProblemKind::Mismatched, std::string(file), tally.root, {}, firstOffset, blocks});
 }
 
+void RunReport::cannotHold(std::size_t index, std::string_view file, std::string_view reason)
+{
+    auto &tally = destination(index);
+    ++tally.cannotHold;
+    addProblem({ProblemKind::CannotHold, std::string(file), tally.root, std::string(reason)});
+}
+
 void RunReport::suspect(std::size_t index)
 {
     const std::lock_guard lock(m_mutex);
@@ -227,7 +234,8 @@ DestinationSummary RunReport::summaryOf(const DestinationState &state) const
                                .manifests = state.manifests,
                                .notInManifest = tally.notInManifest,
                                .evidenceFailures = tally.evidenceFailures,
-                               .notKept = {}};
+                               .notKept = {},
+                               .cannotHold = tally.cannotHold};
     std::copy(tally.notKept.begin(), tally.notKept.end(), summary.notKept.begin());
     if (state.durability == Durability::NotKnown) {
         // Files that may be in memory only do not count as copied.

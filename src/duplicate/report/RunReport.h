@@ -42,6 +42,7 @@ struct DestinationTally
     std::atomic<std::int64_t> unverified{0};       ///< copies that could not be compared
     std::atomic<std::int64_t> notInManifest{0};    ///< files on the disk that no manifest lists
     std::atomic<std::int64_t> evidenceFailures{0}; ///< missing manifests, files not as in the history
+    std::atomic<std::int64_t> cannotHold{0};       ///< entries that the volume was found unable to hold
     std::atomic<std::int64_t> repaired{0};      ///< of `verified`: copies in which blocks were written again
     std::atomic<std::int64_t> alreadyThere{0};  ///< copies for which nothing had to be written
     std::atomic<std::uint64_t> bytes{0};        ///< bytes written
@@ -95,6 +96,10 @@ public:
     /// Notes that `blocks` blocks of the copy of `file` differ. The first of them begins at byte
     /// `firstOffset`.
     void mismatched(std::size_t index, std::string_view file, std::uint64_t firstOffset, std::int64_t blocks);
+
+    /// Notes that the destination cannot hold the copy of `file`, for `reason`. Whether the copy fails is
+    /// noted when it is tried.
+    void cannotHold(std::size_t index, std::string_view file, std::string_view reason);
 
     /// Notes that the disk of the destination keeps what is written to it wrongly.
     void suspect(std::size_t index);

@@ -72,6 +72,8 @@ const char *nameOf(ProblemKind kind)
         return "notInManifest";
     case ProblemKind::NoManifest:
         return "noManifest";
+    case ProblemKind::CannotHold:
+        return "cannotHold";
     case ProblemKind::NotAsInHistory:
         return "notAsInHistory";
     }

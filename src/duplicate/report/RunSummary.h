@@ -34,6 +34,7 @@ enum class ProblemKind {
     Unverified,     ///< the copy could not be compared
     NotInManifest,  ///< it is on the destination as it should be, but in no manifest there
     NoManifest,     ///< the folder was to get a manifest, and has none
+    CannotHold,     ///< the volume was found unable to hold it, before the first write
     NotAsInHistory, ///< the source's own history says something else of the file
 };
 
@@ -113,6 +114,7 @@ struct DestinationSummary
     std::int64_t evidenceFailures = 0; ///< missing manifests, and files that are not as in the history
     /// Entries without a part of their source that the volume cannot hold, by `platform::Part`.
     std::array<std::int64_t, platform::PartCount> notKept{};
+    std::int64_t cannotHold = 0; ///< entries that the volume was found unable to hold before the first write
 };
 
 /// Seconds spent in the phases of a run.

@@ -5,17 +5,15 @@
 #include "platform/posix/PathOpener.h"
 #include "platform/posix/PosixFile.h"
 #include "platform/posix/StatAttributes.h"
+#include "platform/posix/VolumeTraits.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
-#include <linux/magic.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <sys/vfs.h>
 #include <unistd.h>
 
 namespace orvana::platform::posix
@@ -50,26 +48,6 @@ Expected<std::string> linkTextAt(int at, const std::string &name)
         return failure(errno);
     text.resize(static_cast<std::size_t>(length));
     return text;
-}
-
-// On these file systems, reading a file back has found a byte that was flipped on the medium. On others,
-// memory or another machine may answer instead of the disk.
-constexpr long ReadBackFromDisk[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC};
-
-constexpr long StableInodes[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,
-                                 F2FS_SUPER_MAGIC, TMPFS_MAGIC,     RAMFS_MAGIC};
-
-template <std::size_t Count>
-bool isAmong(long type, const long (&types)[Count])
-{
-    return std::find(std::begin(types), std::end(types), type) != std::end(types);
-}
-
-bool isMountRoot(int number)
-{
-    struct statx status{};
-    return ::statx(number, "", AT_EMPTY_PATH, 0, &status) == 0 &&
-           (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
 } // namespace
@@ -321,22 +299,7 @@ Expected<void> PosixFolder::syncVolume()
 
 VolumeTraits PosixFolder::traits() const
 {
-    VolumeTraits traits;
-    struct stat status{};
-    if (::fstat(m_number, &status) == 0)
-        traits.device = status.st_dev;
-    struct statfs system{};
-    if (::fstatfs(m_number, &system) == 0) {
-        traits.readsBackFromDisk = isAmong(system.f_type, ReadBackFromDisk);
-        traits.isMemory = system.f_type == TMPFS_MAGIC || system.f_type == RAMFS_MAGIC;
-        traits.hasStableInodes = isAmong(system.f_type, StableInodes);
-        traits.keepsSmallFilesInInodes = system.f_type == BTRFS_SUPER_MAGIC;
-        traits.needsFileSync = system.f_type == FUSE_SUPER_MAGIC;
-        traits.writesOutInBackground = system.f_type != TMPFS_MAGIC && system.f_type != RAMFS_MAGIC;
-        traits.isReadOnly = (static_cast<unsigned long>(system.f_flags) & ST_RDONLY) != 0;
-    }
-    traits.isMountRoot = isMountRoot(m_number);
-    return traits;
+    return traitsOf(m_number);
 }
 
 Expected<std::uint64_t> PosixFolder::freeBytes() const
