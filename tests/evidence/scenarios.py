@@ -782,6 +782,9 @@ def flipped_bytes_on_the_medium_are_found():
                 return work()
             finally:
                 run(['umount', disk])
+                # The loop device goes a little later. A mount that found it again would show what it still remembers.
+                while run(['losetup', '-j', image]).strip():
+                    time.sleep(0.05)
 
         copy = [PROGRAM, 'copy', '--log-dir', place.path('logs'), '--root', place.path('source'), place.card(), '--to',
                 disk, '--manifest', 'mhl']

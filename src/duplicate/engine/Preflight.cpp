@@ -15,6 +15,7 @@ using platform::Attributes;
 using platform::FileProblem;
 using platform::FileType;
 using platform::Links;
+using platform::VolumeFamily;
 using platform::Want;
 
 Preflight::Preflight(RunContext &run) : m_run(run)
@@ -72,18 +73,21 @@ void Preflight::lookAt(Room &room, const std::string &path, const Attributes &at
         return;
     if (const auto largest = largestFileOf(family); largest && attributes.size > *largest)
         tell(room, path, "The file is larger than the volume can hold: " + sizeText(attributes.size));
-    const auto taken = (attributes.size + block - 1) / block * block;
+    const bool keepsHoles = m_run.keeper().keepsAll() && family == VolumeFamily::Unix;
+    const auto size = keepsHoles ? std::min(attributes.size, attributes.allocated) : attributes.size;
+    const auto taken = (size + block - 1) / block * block;
     room.needed += taken - std::min(taken, takenBy(room, path));
 }
 
 // An existing copy is written over in its place.
 std::uint64_t Preflight::takenBy(const Room &room, const std::string &path) const
 {
-    const auto &destination = room.target->destination;
-    const auto place = destination.placeOf(m_run.copyOf(*room.target, path));
+    auto &destination = room.target->destination;
+    const auto copy = m_run.copyOf(*room.target, path);
+    const auto place = destination.placeOf(copy);
     if (!place)
         return 0;
-    const auto there = room.target->destination.volume()->attributes(*place, Links::Follow, Want::Basics);
+    const auto there = destination.volume()->attributes(*place, Links::Follow, Want::Basics);
     return there ? there->allocated : 0;
 }
 

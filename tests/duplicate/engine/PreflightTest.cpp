@@ -64,13 +64,14 @@ class PreflightTest : public test::EngineTest
 {
 protected:
     void run(PreflightAction action, const std::vector<std::string> &items = {""},
-             const std::vector<std::string> &destinations = {"a", "b"})
+             const std::vector<std::string> &destinations = {"a", "b"},
+             platform::Keep keep = platform::Keep::Nothing)
     {
         for (const auto &name : destinations)
             m_tree.folder(name);
         setJob(items, destinations, 1);
         useReport();
-        m_engine.setManner({.preflight = action});
+        m_engine.setManner({.keep = keep, .preflight = action});
         m_engine.StartBackup();
     }
 
@@ -118,7 +119,7 @@ TEST_F(PreflightTest, DestinationThatIsLeftOutGetsNothing)
     faultsOf("b").family = VolumeFamily::Fat;
     run(PreflightAction::LeaveOut);
     EXPECT_EQ(destination(0)["copied"], 2);
-    EXPECT_EQ(destination(0)["onDisk"] == false, false);
+    EXPECT_NE(destination(0)["onDisk"], false);
     EXPECT_TRUE(isEmpty("b"));
     EXPECT_EQ(destination(1)["copied"], 0);
     EXPECT_EQ(destination(1)["failed"], 0) << "its files were not tried";
@@ -174,6 +175,17 @@ TEST_F(PreflightTest, SpaceIsCountedInBlocksAndWithoutWhatIsThere)
     run(PreflightAction::LeaveOut);
     EXPECT_EQ(destination(0)["copied"], 3) << "only the third needs more space";
     EXPECT_TRUE(isEmpty("b"));
+}
+
+TEST_F(PreflightTest, HolesThatAreKeptNeedNoSpace)
+{
+    m_tree.file("source/sparse", "");
+    ASSERT_EQ(::truncate(source("sparse").c_str(), 10'000'000), 0);
+    faultsOf("a").freeBytes = 100'000;
+    run(PreflightAction::LeaveOut, {""}, {"a"});
+    EXPECT_TRUE(isEmpty("a"));
+    run(PreflightAction::LeaveOut, {""}, {"a"}, platform::Keep::All);
+    EXPECT_EQ(destination(0)["copied"], 1);
 }
 
 TEST_F(PreflightTest, JournalOfAnEarlierRunStaysWhenNothingIsWritten)
