@@ -36,16 +36,14 @@ bool isMountRoot(int number)
 VolumeFamily familyOf(long type)
 {
     constexpr long HfsPlus = 0x482b; // the kernel's headers do not name it
-    switch (type) {
-    case MSDOS_SUPER_MAGIC:
+    if (type == MSDOS_SUPER_MAGIC)
         return VolumeFamily::Fat;
-    case EXFAT_SUPER_MAGIC:
+    if (type == EXFAT_SUPER_MAGIC)
         return VolumeFamily::ExFat;
-    case HfsPlus:
+    if (type == HfsPlus)
         return VolumeFamily::HfsPlus;
-    case FUSE_SUPER_MAGIC:
+    if (type == FUSE_SUPER_MAGIC)
         return VolumeFamily::Unknown;
-    }
     return VolumeFamily::Unix;
 }
 
