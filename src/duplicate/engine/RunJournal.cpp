@@ -20,6 +20,10 @@ namespace
 // Bytes that a file counts besides its content, so that many empty files make a group, too.
 constexpr std::uint64_t WeightOfAFile = 4096;
 
+// On a volume without a disk nothing is synced. Its records still come in groups, because the station's disk
+// is waited for after each.
+constexpr std::uint64_t GroupInMemory = 16'777'216;
+
 } // namespace
 
 /// The records of one target that are not in the journal yet.
@@ -41,6 +45,16 @@ public:
         const std::lock_guard lock(m_mutex);
         if (!m_isBroken)
             m_waiting.push_back(std::move(record));
+    }
+
+    /// True when enough has come together for a group. `bytes` are those of the copy that was added.
+    bool isGroupFull(std::uint64_t bytes)
+    {
+        m_weight += bytes + WeightOfAFile;
+        if (m_weight < GroupInMemory)
+            return false;
+        m_weight = 0;
+        return true;
     }
 
     void breakOff()
@@ -85,6 +99,7 @@ private:
     const std::size_t m_number;
     JournalIndex::Last m_last;
     const bool m_goesOn;
+    std::uint64_t m_weight = 0; ///< of the copies since the last group; only without a pump
     std::mutex m_mutex;
     bool m_isBroken = false;
     std::vector<JournalRecord> m_waiting;  ///< for the next sync
@@ -207,7 +222,7 @@ void RunJournal::note(Target &target, std::string_view place, const Attributes &
     lane->add(std::move(record));
     if (target.pump) {
         target.pump->noteWritten(WeightOfAFile);
-    } else {
+    } else if (lane->isGroupFull(target.copyInHand->size)) {
         lane->syncStarts();
         lane->syncEnded(true);
     }
@@ -233,6 +248,13 @@ void RunJournal::write(const std::string &lines)
 
 void RunJournal::end(bool isWhole)
 {
+    // What is left on volumes without a disk; the others were synced before.
+    for (auto &lane : m_lanes) {
+        if (lane && !isWhole) {
+            lane->syncStarts();
+            lane->syncEnded(true);
+        }
+    }
     if (isWhole && !m_head.name.empty())
         m_journals->remove(m_head.name);
 }
