@@ -1,10 +1,9 @@
 #include "duplicate/journal/JournalLine.h"
 
+#include "duplicate/journal/CheckedLine.h"
+
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cstdio>
-#include <xxhash.h>
 
 namespace orvana
 {
@@ -14,23 +13,8 @@ using platform::Keep;
 namespace
 {
 
-constexpr std::size_t CheckLength = 16;
-
 // A journal of another layout begins with another word, and is not read.
 constexpr std::string_view OpeningWord = "journal1";
-
-std::string checkOf(std::string_view body)
-{
-    std::array<char, CheckLength + 1> text{};
-    std::snprintf(text.data(), text.size(), "%016llx",
-                  static_cast<unsigned long long>(XXH3_64bits(body.data(), body.size())));
-    return text.data();
-}
-
-std::string whole(const std::string &body)
-{
-    return checkOf(body) + " " + body + "\n";
-}
 
 // A word holds no blank and no newline, and is never empty.
 std::string wordOf(std::string_view bytes)
@@ -201,43 +185,43 @@ bool mayBeSamePlace(const JournalPlace &a, const JournalPlace &b)
 
 std::string lineOf(const JournalRecord &record)
 {
-    return whole("copy " + std::to_string(record.destination) + " " + std::to_string(record.group) + " " +
-                 std::to_string(record.bytes) + " " + static_cast<char>(record.check) +
-                 std::string(letterOf(record.keep)) + " " + wordsOf(record.source) + wordsOf(record.copy) +
-                 wordOf(record.digest) + " " + wordOf(record.path));
+    return checkedLine("copy " + std::to_string(record.destination) + " " + std::to_string(record.group) +
+                       " " + std::to_string(record.bytes) + " " + static_cast<char>(record.check) +
+                       std::string(letterOf(record.keep)) + " " + wordsOf(record.source) +
+                       wordsOf(record.copy) + wordOf(record.digest) + " " + wordOf(record.path));
 }
 
 std::string openingLine(const JournalPlace &source)
 {
-    return whole(std::string(OpeningWord) + " " + wordsOf(source));
+    return checkedLine(std::string(OpeningWord) + " " + wordsOf(source));
 }
 
 std::string jobLine(std::string_view job)
 {
-    return whole("job " + wordOf(job));
+    return checkedLine("job " + wordOf(job));
 }
 
 std::string destinationLine(std::size_t number, const JournalPlace &place)
 {
-    return whole("destination " + std::to_string(number) + " " + wordsOf(place));
+    return checkedLine("destination " + std::to_string(number) + " " + wordsOf(place));
 }
 
 std::string endLine(std::size_t number)
 {
-    return whole("end " + std::to_string(number));
+    return checkedLine("end " + std::to_string(number));
 }
 
 std::string resumedLine()
 {
-    return whole("resumed");
+    return checkedLine("resumed");
 }
 
 std::optional<JournalLine> parseLine(std::string_view line)
 {
-    if (line.size() <= CheckLength || line[CheckLength] != ' ' ||
-        checkOf(line.substr(CheckLength + 1)) != line.substr(0, CheckLength))
+    const auto body = bodyOfLine(line);
+    if (!body)
         return std::nullopt;
-    Words words(line.substr(CheckLength + 1));
+    Words words(*body);
     JournalLine result;
     const auto kind = words.next();
     if (kind == OpeningWord) {

@@ -131,7 +131,7 @@ tl::expected<ErasePlan, EnclosureRefusal> planErase(const ScannedDevices &device
     ErasePlan plan;
     for (const auto &disk : (*enclosure)->hddArray()) {
         const auto bay = bayOfDisk(*disk);
-        if (!bay || choice.isSourceBay(*bay))
+        if (!bay || choice.isSourceBay(*bay) || choice.isLeftAlone[*bay])
             continue;
         const auto name = newNameOf(*disk, choice.names[*bay]);
         if (const auto reason = refusalOfTarget(*disk, **enclosure, devices, choice, user))

@@ -1,0 +1,382 @@
+#include "duplicate/run/ProductionLine.h"
+
+#include "duplicate/plan/SourcePlan.h"
+#include "foundation/DisplayPath.h"
+#include "foundation/MainQueue.h"
+#include "platform/Host.h"
+
+#include <algorithm>
+
+namespace orvana
+{
+
+namespace
+{
+
+constexpr std::chrono::seconds BetweenLooks{1};
+
+std::shared_ptr<ORVHddInfo> diskIn(Bay bay, const ORVThunderboltInfo &enclosure)
+{
+    for (const auto &disk : enclosure.hddArray()) {
+        if (bayOfDisk(*disk) == bay)
+            return disk;
+    }
+    return nullptr;
+}
+
+std::string describe(const ORVHddInfo &disk)
+{
+    const auto model = displayPath(disk.hddModel().value_or(std::string()));
+    const auto serial = displayPath(disk.fingerprint().serial.value_or(std::string()));
+    return serial.empty() ? model : model + ", serial number " + serial;
+}
+
+bool isEnd(LineBayState state)
+{
+    return state == LineBayState::Passed || state == LineBayState::NotProven || state == LineBayState::Failed;
+}
+
+} // namespace
+
+const char *nameOf(LineBayState state)
+{
+    switch (state) {
+    case LineBayState::Disarmed:
+        return "not armed";
+    case LineBayState::Waiting:
+        return "waiting";
+    case LineBayState::Looking:
+        return "looking";
+    case LineBayState::NotTaken:
+        return "not taken";
+    case LineBayState::Asking:
+        return "asking";
+    case LineBayState::CountingDown:
+        return "counting down";
+    case LineBayState::Erasing:
+        return "erasing";
+    case LineBayState::Copying:
+        return "copying";
+    case LineBayState::Verifying:
+        return "verifying";
+    case LineBayState::Ejecting:
+        return "ejecting";
+    case LineBayState::Passed:
+        return "passed";
+    case LineBayState::NotProven:
+        return "done, not proven";
+    case LineBayState::Failed:
+        return "failed";
+    }
+    return "";
+}
+
+ProductionLine::ProductionLine(const Surroundings &surroundings, LineStore store, LineWork work,
+                               LineView &view)
+    : m_surroundings(surroundings), m_store(std::move(store)), m_work(std::move(work)), m_view(view),
+      m_scanner(surroundings.host.registry(), surroundings.host.launcher()),
+      m_user(userHomeOf(surroundings.host))
+{
+    m_scanner.setDetectOption("Orvana");
+}
+
+ProductionLine::~ProductionLine()
+{
+    *m_isAlive = false;
+}
+
+ScannedDevices ProductionLine::look()
+{
+    m_scanner.scanEverything();
+    return scannedDevices(m_scanner);
+}
+
+tl::expected<void, Refusal> ProductionLine::arm(const std::vector<Bay> &bays, Consent consent)
+{
+    const auto devices = look();
+    if (m_store.state() == LineState::Ended)
+        return tl::unexpected(Refusal{Refused, "the line has ended"});
+    if (const auto reason = reasonToDisarm(devices))
+        return tl::unexpected(Refusal{Refused, *reason});
+    const auto enclosure = chosenEnclosure(devices, whereItIsNow(devices, m_work.choice.enclosure));
+    for (const auto bay : bays) {
+        if (m_work.choice.isSourceBay(bay))
+            return tl::unexpected(Refusal{Refused, slotNameOf(bay) + " holds the source"});
+    }
+    m_isArmed = true;
+    m_consent = consent;
+    for (const auto bay : bays) {
+        auto &slot = m_slots[bay];
+        if (slot.isInRun)
+            continue;
+        slot = {};
+        slot.isArmed = true;
+        if (const auto disk = diskIn(bay, **enclosure))
+            slot.wasThere = disk->fingerprint();
+        show(bay, LineBayState::Waiting);
+    }
+    schedule();
+    return {};
+}
+
+void ProductionLine::disarm(const std::string &reason)
+{
+    if (!m_isArmed)
+        return;
+    m_isArmed = false;
+    for (const auto bay : AllBays) {
+        auto &slot = m_slots[bay];
+        slot.isArmed = false;
+        slot.survey.reset();
+        if (!slot.isInRun && !isEnd(slot.shown.state))
+            show(bay, LineBayState::Disarmed);
+    }
+    m_view.lineDisarmed(reason);
+    m_view.lineChanged();
+}
+
+void ProductionLine::schedule()
+{
+    if (m_isScheduled)
+        return;
+    m_isScheduled = true;
+    m_surroundings.queue.after(BetweenLooks, [this, isAlive = m_isAlive] {
+        if (!*isAlive)
+            return;
+        m_isScheduled = false;
+        tick();
+    });
+}
+
+// Each second of a countdown is a turn of the main queue of its own. So a key that was pressed while an erase
+// held up the main thread is heard before the countdown is over.
+void ProductionLine::tick()
+{
+    for (const auto &run : m_runs)
+        showRun(*run);
+    if (m_isArmed) {
+        const auto devices = look();
+        for (const auto &run : m_runs)
+            run->endIfEnclosureIsLost();
+        if (const auto reason = reasonToDisarm(devices))
+            disarm(*reason);
+        else
+            takeWishes();
+        for (const auto bay : AllBays) {
+            if (m_isArmed && m_slots[bay].isArmed && !m_slots[bay].isInRun)
+                step(bay, devices);
+        }
+        if (m_isArmed)
+            startWhatIsReady();
+    }
+    m_view.lineChanged();
+    if (m_isArmed || isAtWork())
+        schedule();
+}
+
+void ProductionLine::takeWishes()
+{
+    switch (m_store.takeWish()) {
+    case LineWish::Pause:
+        return pause();
+    case LineWish::Resume:
+        return resume();
+    case LineWish::End:
+        return end();
+    case LineWish::None:
+        return;
+    }
+}
+
+std::optional<std::string> ProductionLine::reasonToDisarm(const ScannedDevices &devices) const
+{
+    const auto enclosure = chosenEnclosure(devices, whereItIsNow(devices, m_work.choice.enclosure));
+    if (!enclosure)
+        return refusalText(enclosure.error());
+    if (const auto refusal = refusalOfStart(**enclosure, devices))
+        return refusalText(*refusal);
+    if (!isStillThere(m_surroundings.host, devices, m_work.source))
+        return displayPath(m_work.source.root) + ": the source is not there any more";
+    return std::nullopt;
+}
+
+std::int64_t ProductionLine::missing() const
+{
+    const auto counts = m_store.counts();
+    return counts.wanted - counts.passed - counts.inWork;
+}
+
+void ProductionLine::step(Bay bay, const ScannedDevices &devices)
+{
+    auto &slot = m_slots[bay];
+    const auto enclosure = chosenEnclosure(devices, whereItIsNow(devices, m_work.choice.enclosure));
+    const auto disk = enclosure ? diskIn(bay, **enclosure) : nullptr;
+    if (!disk) {
+        // What became of the last disk stays to be read until the next one comes.
+        if (slot.disk && !isEnd(slot.shown.state))
+            show(bay, LineBayState::Waiting);
+        slot.disk.reset();
+        slot.survey.reset();
+        return;
+    }
+    if (slot.disk != disk->fingerprint())
+        return begin(bay, disk);
+    if (slot.shown.state == LineBayState::Looking && slot.survey && slot.survey->isOver())
+        return decide(bay, disk, devices);
+    if (slot.shown.state != LineBayState::CountingDown)
+        return;
+    if (slot.shown.countdown > 0)
+        --slot.shown.countdown;
+    else
+        ++slot.waited;
+}
+
+void ProductionLine::begin(Bay bay, const DiskPtr &disk)
+{
+    auto &slot = m_slots[bay];
+    slot.disk.reset();
+    slot.isAgreed = false;
+    slot.waited = 0;
+    slot.shown = {};
+    if (m_store.state() == LineState::Paused)
+        return show(bay, LineBayState::Waiting, "the line is paused");
+    if (missing() <= 0)
+        return show(bay, LineBayState::Waiting, "as many disks as are wanted are done or in work");
+    slot.disk = disk->fingerprint();
+    slot.shown.disk = describe(*disk);
+    slot.survey =
+        std::make_shared<DiskSurvey>(m_surroundings.host, std::vector<std::shared_ptr<ORVHddInfo>>{disk});
+    show(bay, LineBayState::Looking);
+}
+
+bool ProductionLine::isSerialInWork(Bay bay, const std::string &serial) const
+{
+    return std::any_of(AllBays.begin(), AllBays.end(), [&](Bay other) {
+        const auto &slot = m_slots[other];
+        const bool isBusy = slot.isInRun || slot.shown.state == LineBayState::CountingDown;
+        return other != bay && isBusy && slot.disk && !serial.empty() && slot.disk->serial == serial;
+    });
+}
+
+std::optional<std::string> ProductionLine::reasonNotToTake(Bay bay, const ORVHddInfo &disk,
+                                                           const ScannedDevices &devices) const
+{
+    const auto fingerprint = disk.fingerprint();
+    const auto serial = fingerprint.serial.value_or(std::string());
+    if (serial.empty() && m_store.head().needsSerial)
+        return "it has no serial number";
+    if (isSerialInWork(bay, serial))
+        return "a disk with its serial number is in another bay";
+    if (fingerprint.size && static_cast<double>(m_work.bytes) > 0.99 * static_cast<double>(*fingerprint.size))
+        return reasonText(RefusalReason::TooSmall);
+    const auto order = orderFor({bay}, devices);
+    return order ? std::nullopt : std::optional(order.error());
+}
+
+std::string ProductionLine::questionFor(Bay bay, const ORVHddInfo &disk, const DiskContent &content) const
+{
+    std::string question;
+    const auto add = [&](const std::string &text) { question += (question.empty() ? "" : "; ") + text; };
+    if (const auto *earlier = m_store.entryOf(disk.fingerprint().serial.value_or(std::string())))
+        add("it was number " + std::to_string(earlier->disk.number) + " of this line, " +
+            (earlier->result ? wordOf(earlier->result->verdict) : "in work"));
+    if (m_slots[bay].wasThere == disk.fingerprint())
+        add("it was in the bay already");
+    if (!content.isBlank && m_consent == Consent::AskForContent)
+        add("it holds " + contentText(content));
+    return question;
+}
+
+void ProductionLine::decide(Bay bay, const DiskPtr &disk, const ScannedDevices &devices)
+{
+    auto &slot = m_slots[bay];
+    const auto content = slot.survey->results().front();
+    slot.survey.reset();
+    if (const auto reason = reasonNotToTake(bay, *disk, devices))
+        return show(bay, LineBayState::NotTaken, *reason);
+    const auto question = slot.isAgreed ? std::string() : questionFor(bay, *disk, content);
+    if (!question.empty())
+        return show(bay, LineBayState::Asking, question);
+    show(bay, LineBayState::CountingDown);
+    slot.shown.countdown = Countdown;
+}
+
+void ProductionLine::agree(Bay bay)
+{
+    auto &slot = m_slots[bay];
+    if (slot.shown.state != LineBayState::Asking || !slot.isArmed || m_store.state() != LineState::Open)
+        return;
+    slot.isAgreed = true;
+    slot.waited = 0;
+    show(bay, LineBayState::CountingDown);
+    slot.shown.countdown = Countdown;
+    m_view.lineChanged();
+}
+
+bool ProductionLine::stopCountdowns()
+{
+    bool hasStopped = false;
+    for (const auto bay : AllBays) {
+        if (m_slots[bay].shown.state != LineBayState::CountingDown)
+            continue;
+        m_slots[bay].isAgreed = false;
+        show(bay, LineBayState::Asking, "its countdown was stopped");
+        hasStopped = true;
+    }
+    if (hasStopped)
+        m_view.lineChanged();
+    return hasStopped;
+}
+
+void ProductionLine::pause()
+{
+    (void)stopCountdowns();
+    if (m_store.state() != LineState::Open)
+        return;
+    if (const auto noted = m_store.setState(LineState::Paused); !noted)
+        disarm(noted.error());
+    m_view.lineChanged();
+}
+
+void ProductionLine::resume()
+{
+    if (m_store.state() != LineState::Paused)
+        return;
+    if (const auto noted = m_store.setState(LineState::Open); !noted)
+        disarm(noted.error());
+    m_view.lineChanged();
+}
+
+void ProductionLine::end()
+{
+    if (m_store.state() != LineState::Ended) {
+        if (const auto noted = m_store.setState(LineState::Ended); !noted)
+            return disarm(noted.error());
+    }
+    disarm("the line has ended");
+}
+
+void ProductionLine::cancelRuns()
+{
+    for (const auto &run : m_runs)
+        run->cancel();
+}
+
+void ProductionLine::show(Bay bay, LineBayState state, const std::string &text)
+{
+    auto &shown = m_slots[bay].shown;
+    shown.state = state;
+    shown.text = text;
+    shown.countdown = 0;
+    shown.secondsLeft.reset();
+    if (state == LineBayState::Waiting || state == LineBayState::Disarmed)
+        shown = {.state = state,
+                 .text = text,
+                 .disk = {},
+                 .countdown = 0,
+                 .number = {},
+                 .fraction = 0,
+                 .secondsLeft = {}};
+}
+
+} // namespace orvana

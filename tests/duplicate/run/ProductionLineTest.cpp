@@ -1,0 +1,416 @@
+#include "duplicate/run/LineFixture.h"
+
+#include <set>
+
+namespace orvana
+{
+
+namespace
+{
+
+// A disk with a volume that holds a file.
+void withContent(Json &entry)
+{
+    entry["formatted"] = true;
+    entry["volumes"] = Json::array({Json{{"name", "OLD"},
+                                         {"capacity", 900'000},
+                                         {"content", Json::array({Json{{"path", "old"}, {"bytes", 10}}})}}});
+}
+
+} // namespace
+
+TEST_F(ProductionLineTest, BlankDiskIsCountedDownErasedCopiedVerifiedAndEjected)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    seconds(3);
+    EXPECT_EQ(state(Bay::B), LineBayState::Waiting);
+    EXPECT_EQ(state(Bay::A), LineBayState::Disarmed);
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    EXPECT_TRUE(m_toolCommands.empty());
+    untilState(Bay::B, LineBayState::Passed);
+    EXPECT_EQ(text(Bay::B), "");
+    ASSERT_EQ(entries().size(), 1U);
+    const auto entry = entries().front();
+    EXPECT_EQ(entry.disk.name, "REEL 001");
+    EXPECT_EQ(entry.disk.serial, "N1");
+    ASSERT_TRUE(entry.result);
+    EXPECT_EQ(entry.result->verdict, LineVerdict::Passed);
+    EXPECT_EQ(entry.result->files, 4);
+    EXPECT_EQ(entry.result->bytes, 6120U);
+    ASSERT_EQ(m_toolCommands.size(), 2U);
+    EXPECT_TRUE(m_toolCommands[0].starts_with("eraseDisk"));
+    EXPECT_TRUE(m_toolCommands[1].starts_with("eject"));
+    EXPECT_TRUE(m_line->isArmed());
+}
+
+TEST_F(ProductionLineTest, CountdownTakesTenSecondsAtLeast)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    EXPECT_EQ(m_line->bay(Bay::B).countdown, 10);
+    seconds(9);
+    EXPECT_EQ(state(Bay::B), LineBayState::CountingDown);
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, KeyStopsTheCountdownAndTheDiskAsks)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    EXPECT_FALSE(m_line->stopCountdowns());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    EXPECT_TRUE(m_line->stopCountdowns());
+    seconds(60);
+    EXPECT_EQ(state(Bay::B), LineBayState::Asking);
+    EXPECT_TRUE(m_toolCommands.empty());
+    m_line->agree(Bay::B);
+    untilState(Bay::B, LineBayState::Passed);
+}
+
+TEST_F(ProductionLineTest, DiskThatIsPulledInItsCountdownIsForgotten)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    pull(Bay::B);
+    untilState(Bay::B, LineBayState::Waiting);
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    EXPECT_EQ(m_line->bay(Bay::B).countdown, 10) << "the countdown begins anew";
+}
+
+TEST_F(ProductionLineTest, DiskThatTakesThePlaceOfAnotherInItsCountdownIsLookedAtAnew)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    insert(Bay::B, "N2", withContent);
+    untilState(Bay::B, LineBayState::Asking);
+    seconds(60);
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, DiskThatHoldsAnythingAsks)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::C, "N1", withContent);
+    untilState(Bay::C, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::C), "it holds 1 file");
+    seconds(60);
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, DiskThatHoldsSomethingDoesNotAskWhereEverythingMayBeErased)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm({Bay::C}, ProductionLine::Consent::EraseWhateverComes));
+    insert(Bay::C, "N1", withContent);
+    untilState(Bay::C, LineBayState::Passed);
+}
+
+TEST_F(ProductionLineTest, DiskThatWasThereWhenTheBayWasArmedAlwaysAsks)
+{
+    m_machine["enclosures"][0]["bays"][3]["attached"] = true;
+    makeLine(1);
+    ASSERT_TRUE(arm({Bay::B, Bay::C, Bay::D}, ProductionLine::Consent::EraseWhateverComes));
+    untilState(Bay::D, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::D), "it was in the bay already");
+    seconds(60);
+    EXPECT_TRUE(m_toolCommands.empty());
+    m_line->agree(Bay::D);
+    untilState(Bay::D, LineBayState::Passed);
+}
+
+TEST_F(ProductionLineTest, DiskInABayThatIsNotArmedIsNeverTouched)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm({Bay::B}, ProductionLine::Consent::EraseWhateverComes));
+    insert(Bay::C, "N1");
+    insert(Bay::D, "N2", withContent);
+    seconds(60);
+    EXPECT_EQ(state(Bay::C), LineBayState::Disarmed);
+    EXPECT_TRUE(m_toolCommands.empty());
+    insert(Bay::B, "N3");
+    untilState(Bay::B, LineBayState::Passed);
+    EXPECT_EQ(m_toolCommands.size(), 2U) << "erase and eject of the disk in bay B";
+    EXPECT_TRUE(test::pathExists(m_tree.path("machine.json.volumes/Volumes/OLD/old")));
+}
+
+TEST_F(ProductionLineTest, SameSerialNumberTwiceAsks)
+{
+    makeLine(3);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::Passed);
+    insert(Bay::C, "N1");
+    untilState(Bay::C, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::C), "it was number 1 of this line, passed");
+}
+
+TEST_F(ProductionLineTest, DiskWithoutASerialNumberIsNotTaken)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "", [](Json &entry) { entry.erase("serial"); });
+    untilState(Bay::B, LineBayState::NotTaken);
+    EXPECT_EQ(text(Bay::B), "it has no serial number");
+}
+
+TEST_F(ProductionLineTest, DiskThatIsTooSmallIsNotTaken)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", [](Json &entry) { entry["size"] = 6000; });
+    untilState(Bay::B, LineBayState::NotTaken);
+    EXPECT_EQ(text(Bay::B), "the selection does not fit");
+}
+
+TEST_F(ProductionLineTest, MemberOfARaidSetDisarmsTheLine)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", [](Json &entry) {
+        withContent(entry);
+        entry["raid"] = true;
+    });
+    until([&] { return !m_line->isArmed(); }, "disarmed");
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, EnclosureThatGoesDisarmsTheLine)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    changeMachine([](Json &machine) { machine["enclosures"][0]["attached"] = false; });
+    until([&] { return !m_line->isArmed(); }, "disarmed");
+    ASSERT_EQ(m_disarmed.size(), 1U);
+    changeMachine([](Json &machine) { machine["enclosures"][0]["attached"] = true; });
+    insert(Bay::B, "N1");
+    seconds(60);
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, SourceThatGoesDisarmsTheLine)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    pull(Bay::A);
+    until([&] { return !m_line->isArmed(); }, "disarmed");
+    EXPECT_NE(m_disarmed.front().find("the source is not there any more"), std::string::npos);
+}
+
+TEST_F(ProductionLineTest, BaysThatAreReadyTogetherShareARun)
+{
+    makeLine(3);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    seconds(4);
+    insert(Bay::C, "N2");
+    untilState(Bay::B, LineBayState::Passed);
+    untilState(Bay::C, LineBayState::Passed);
+    std::set<std::string> reports;
+    for (const auto &name : test::treeOf(m_tree.path("logs"))) {
+        if (name.find("-Report") != std::string::npos)
+            reports.insert(name);
+    }
+    EXPECT_EQ(reports.size(), 1U);
+}
+
+TEST_F(ProductionLineTest, LineEndsWhenAsManyDisksPassedAsAreWanted)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    until([&] { return !m_line->isArmed(); }, "disarmed");
+    EXPECT_EQ(m_line->store().state(), LineState::Ended);
+    EXPECT_EQ(textOf(m_line->store().counts()), "1 of 1");
+    EXPECT_EQ(state(Bay::B), LineBayState::Passed) << "it stays to be read";
+    insert(Bay::C, "N2");
+    seconds(60);
+    EXPECT_EQ(entries().size(), 1U);
+    EXPECT_FALSE(arm());
+}
+
+TEST_F(ProductionLineTest, NoMoreDisksAreBegunThanAreWanted)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    insert(Bay::C, "N2");
+    insert(Bay::D, "N3");
+    until([&] { return !m_line->isArmed(); }, "disarmed");
+    EXPECT_EQ(entries().size(), 1U);
+}
+
+TEST_F(ProductionLineTest, DiskThatCannotBeErasedFailsAndIsNotCounted)
+{
+    m_machine["failing"] = Json::array({"eraseDisk B"});
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    insert(Bay::C, "N2");
+    untilState(Bay::B, LineBayState::Failed);
+    untilState(Bay::C, LineBayState::Passed);
+    EXPECT_EQ(textOf(m_line->store().counts()), "1 of 2, 1 failed");
+    EXPECT_EQ(text(Bay::B), "Error: the disk could not be erased");
+    for (const auto &command : m_toolCommands)
+        EXPECT_FALSE(command.starts_with("eject") && command.ends_with("disk3"));
+}
+
+TEST_F(ProductionLineTest, PausedLineTakesNoDisk)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    m_line->pause();
+    EXPECT_EQ(state(Bay::B), LineBayState::Asking);
+    m_line->agree(Bay::B);
+    insert(Bay::C, "N2");
+    seconds(30);
+    EXPECT_EQ(state(Bay::C), LineBayState::Waiting);
+    EXPECT_TRUE(m_toolCommands.empty());
+    m_line->resume();
+    untilState(Bay::C, LineBayState::Passed);
+}
+
+TEST_F(ProductionLineTest, WishOfAnotherProgramIsGranted)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    const auto other =
+        LineStore::open(m_host->volumeFiles(), statePath(), m_line->store().head().id, LineStore::Use::Look);
+    ASSERT_TRUE(other);
+    EXPECT_TRUE(other->isRunning(m_host->volumeFiles()));
+    ASSERT_TRUE(other->wish(LineWish::Pause));
+    seconds(2);
+    EXPECT_EQ(m_line->store().state(), LineState::Paused);
+    ASSERT_TRUE(other->wish(LineWish::End));
+    seconds(2);
+    EXPECT_FALSE(m_line->isArmed());
+}
+
+TEST_F(ProductionLineTest, ArmingDoesNotSurviveTheProgram)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    openAgain();
+    insert(Bay::B, "N1");
+    seconds(60);
+    EXPECT_TRUE(m_toolCommands.empty());
+    ASSERT_TRUE(arm());
+    untilState(Bay::B, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::B), "it was in the bay already");
+}
+
+TEST_F(ProductionLineTest, DiskInWorkWhenTheProgramEndedHasFailedAndItsNumberIsNotGivenAgain)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    crashAt("eraseDisk");
+    ASSERT_EQ(entries().size(), 1U);
+    ASSERT_TRUE(entries().front().result);
+    EXPECT_EQ(entries().front().result->verdict, LineVerdict::Failed);
+    EXPECT_EQ(entries().front().result->reason, "the program ended while the disk was in work");
+    EXPECT_EQ(m_line->store().nextNumber(), 2);
+}
+
+TEST_F(ProductionLineTest, DiskThatWasNotedBeforeACrashCountsAlthoughItWasNotEjected)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    crashAt("eject");
+    EXPECT_EQ(textOf(m_line->store().counts()), "1 of 2");
+    EXPECT_EQ(m_line->store().nextNumber(), 2);
+}
+
+TEST_F(ProductionLineTest, SourceThatChangedBetweenTwoDisksIsNotPassedOverInSilence)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::Passed);
+    m_tree.file("machine.json.volumes/Volumes/Master/Late.txt", "late");
+    insert(Bay::C, "N2");
+    untilState(Bay::C, LineBayState::NotProven);
+    EXPECT_EQ(text(Bay::C), "it holds 5 files with 6124 bytes, the disks before it 4 files with 6120 bytes");
+    EXPECT_EQ(textOf(m_line->store().counts()), "1 of 2, 1 not proven");
+}
+
+TEST_F(ProductionLineTest, LineWhoseLedgerCannotBeWrittenIsDisarmedBeforeTheErase)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::CountingDown);
+    m_line->end();
+    seconds(60);
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, LineOfFortyDisksWithBadOnesAndFiveCrashesHasALedgerThatIsRightToTheDisk)
+{
+    makeLine(40);
+    std::set<std::string> passed;
+    int serial = 0;
+    int crashes = 0;
+    for (int round = 0; m_line->store().state() != LineState::Ended; ++round) {
+        ASSERT_LT(round, 80);
+        if (!m_line->isArmed()) {
+            for (const auto bay : {Bay::B, Bay::C, Bay::D})
+                pull(bay);
+            ASSERT_TRUE(arm());
+        }
+        changeMachine([&](Json &machine) {
+            machine["failing"] =
+                round == 2 || round == 5 || round == 9 ? Json::array({"eraseDisk C"}) : Json::array();
+        });
+        for (const auto bay : {Bay::B, Bay::C, Bay::D})
+            insert(bay, "N" + std::to_string(++serial), round == 4 && bay == Bay::D ? withContent : nullptr);
+        if (round == 4) {
+            untilState(Bay::D, LineBayState::Asking);
+            m_line->agree(Bay::D);
+        }
+        if (round == 7) { // a disk that is pulled
+            untilState(Bay::C, LineBayState::CountingDown);
+            pull(Bay::C);
+        }
+        if (round % 3 == 1 && crashes < 5) {
+            crashAt(crashes % 2 == 0 ? "eraseDisk" : "eject");
+            ++crashes;
+            continue;
+        }
+        const auto isQuiet = [&] {
+            return !m_line->isAtWork() && state(Bay::B) != LineBayState::CountingDown &&
+                   state(Bay::B) != LineBayState::Looking && state(Bay::D) != LineBayState::CountingDown &&
+                   state(Bay::D) != LineBayState::Looking && state(Bay::C) != LineBayState::CountingDown &&
+                   state(Bay::C) != LineBayState::Looking;
+        };
+        seconds(2);
+        until(isQuiet, "all bays are done");
+    }
+    EXPECT_EQ(crashes, 5);
+    EXPECT_GT(m_line->store().counts().failed, 3) << "the bad disks, and those of the crashes";
+    std::set<std::int64_t> numbers;
+    for (const auto &entry : entries()) {
+        EXPECT_TRUE(numbers.insert(entry.disk.number).second);
+        ASSERT_TRUE(entry.result);
+        if (entry.result->verdict == LineVerdict::Passed) {
+            EXPECT_TRUE(passed.insert(entry.disk.serial).second) << entry.disk.serial << " twice";
+        }
+    }
+    EXPECT_EQ(passed.size(), 40U);
+    EXPECT_EQ(m_line->store().counts().passed, 40);
+}
+
+} // namespace orvana
