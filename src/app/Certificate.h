@@ -10,10 +10,7 @@
 namespace orvana
 {
 
-/// The certificates of a run: a page for each disk that says what was copied to it, from where, and what is
-/// known about the copy. A run into folders has one for each folder.
-///
-/// The documents are in English like the run's log and report, so that one can hand them to anybody.
+/// The certificates of a run as files: a page for each disk, or for each folder of a run into folders.
 class Certificate
 {
 public:
@@ -27,8 +24,6 @@ public:
     bool savePdf(const QString &path) const;
 
 private:
-    QString page(const DestinationSummary &destination) const;
-
     RunSummary m_summary;
     std::vector<ProblemGroup> m_problems;
 };

@@ -39,6 +39,9 @@ public:
     /// line.
     std::optional<std::string> lineIfAny() const;
 
+    /// Returns the descriptor from which answers come, or `NoInput`.
+    int input() const { return m_input; }
+
     bool isScreen() const { return m_isScreen; }
 
     /// Number of columns of the screen.

@@ -18,7 +18,7 @@ struct LineHead
     std::string job;     ///< the text of a job file
     std::int64_t wanted = 0;
     std::string pattern;      ///< of the disks' new names; empty for the names of the job
-    std::string certificates; ///< folder that gets a certificate for each disk
+    std::string certificates; ///< folder that gets a certificate for each disk; empty for one of its own
     bool needsSerial = true;  ///< a disk without a serial number is not taken
     std::string begun;        ///< local time with offset
 

@@ -5,18 +5,16 @@
 #include "duplicate/line/LineEvents.h"
 #include "foundation/Clock.h"
 #include "foundation/DisplayPath.h"
+#include "platform/SmallFiles.h"
 #include "platform/posix/PrivateFolder.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <random>
-#include <span>
 
 namespace orvana
 {
 
-using platform::Existing;
 using platform::FileProblem;
 
 namespace
@@ -26,8 +24,6 @@ constexpr const char *Events = "events";
 constexpr const char *Wish = "wish";
 constexpr const char *Station = "station";
 constexpr const char *LinesFolder = "/lines";
-constexpr const char *Unfinished = ".new";
-constexpr std::uint32_t OwnerOnly = 0600;
 
 // A line of a thousand disks has some 600 kB of events.
 constexpr std::size_t LargestText = 67'108'864;
@@ -50,52 +46,7 @@ bool isId(std::string_view text)
 
 platform::Expected<std::string> textOfFile(const platform::Folder &folder, const std::string &name)
 {
-    const auto file = folder.openFile(name, platform::Access::Read);
-    if (!file)
-        return tl::unexpected(file.error());
-    const auto attributes = (*file)->attributes();
-    if (!attributes)
-        return tl::unexpected(attributes.error());
-    std::string text(std::min<std::uint64_t>(attributes->size, LargestText), '\0');
-    const auto count = (*file)->read(std::as_writable_bytes(std::span(text)), 0);
-    if (!count)
-        return tl::unexpected(count.error());
-    text.resize(*count);
-    return text;
-}
-
-// Gives the file this content, in one step: after a crash it has the old or the new one.
-platform::Expected<void> replaceFile(platform::Folder &folder, const std::string &name,
-                                     const std::string &text)
-{
-    const auto unfinished = name + Unfinished;
-    (void)folder.remove(unfinished);
-    platform::Attributes like;
-    like.permissions = OwnerOnly;
-    const auto file = folder.createFile(unfinished, like);
-    if (!file)
-        return tl::unexpected(file.error());
-    auto done = (*file)->write(std::as_bytes(std::span(text)), 0);
-    if (done)
-        done = (*file)->sync();
-    if (done)
-        done = (*file)->close();
-    if (done)
-        done = folder.rename(unfinished, name, Existing::Replace);
-    return done ? folder.syncVolume() : done;
-}
-
-platform::Expected<void> appendTo(const platform::Folder &folder, const std::string &name,
-                                  const std::string &text)
-{
-    const auto file = folder.openFile(name, platform::Access::ReadAndWrite);
-    if (!file)
-        return tl::unexpected(file.error());
-    const auto attributes = (*file)->attributes();
-    if (!attributes)
-        return tl::unexpected(attributes.error());
-    const auto written = (*file)->write(std::as_bytes(std::span(text)), attributes->size);
-    return written ? (*file)->sync() : written;
+    return platform::readSmallFile(folder, name, LargestText);
 }
 
 tl::expected<std::unique_ptr<platform::Folder>, std::string> openPrivate(platform::VolumeFiles &files,
@@ -136,7 +87,7 @@ tl::expected<std::string, std::string> stationId(platform::VolumeFiles &files, c
     if (!text && text.error().problem != FileProblem::NotFound)
         return tl::unexpected(displayPath(path) + "/" + Station + ": " + text.error().reason());
     const auto id = randomDigits(IdLength);
-    if (const auto written = replaceFile(**folder, Station, id); !written)
+    if (const auto written = platform::replaceSmallFile(**folder, Station, id); !written)
         return tl::unexpected(displayPath(path) + "/" + Station + ": " + written.error().reason());
     return id;
 }
@@ -158,6 +109,8 @@ tl::expected<LineStore, std::string> LineStore::create(platform::VolumeFiles &fi
     if (const auto made = openPrivate(files, lines); !made)
         return tl::unexpected(made.error());
     const auto path = lines + "/" + head.id;
+    if (head.certificates.empty())
+        head.certificates = path + "/certificates";
     auto own = openPrivate(files, path);
     if (!own)
         return tl::unexpected(own.error());
@@ -175,6 +128,9 @@ tl::expected<LineStore, std::string> LineStore::create(platform::VolumeFiles &fi
         return tl::unexpected(noted.error());
     if (const auto repaired = store.repairLedgers(); !repaired)
         return tl::unexpected(repaired.error());
+    // The folders are to be there after a power cut, too.
+    if (const auto synced = store.m_folder->syncVolume(); !synced)
+        return tl::unexpected(store.failure(Events, synced.error()));
     return store;
 }
 
@@ -287,9 +243,11 @@ tl::expected<void, std::string> LineStore::end(std::int64_t number, const LineRe
     for (const auto &entry : m_entries) {
         if (entry.disk.number != number)
             continue;
-        if (const auto added = appendTo(*m_folder, "ledger.csv", csvRow(m_head, entry)); !added)
+        if (const auto added = platform::appendToSmallFile(*m_folder, "ledger.csv", csvRow(m_head, entry));
+            !added)
             return tl::unexpected(failure("ledger.csv", added.error()));
-        if (const auto added = appendTo(*m_folder, "ledger.jsonl", jsonRow(m_head, entry)); !added)
+        if (const auto added = platform::appendToSmallFile(*m_folder, "ledger.jsonl", jsonRow(m_head, entry));
+            !added)
             return tl::unexpected(failure("ledger.jsonl", added.error()));
     }
     return {};
@@ -332,7 +290,7 @@ tl::expected<void, std::string> LineStore::repairLedgers() const
         const auto present = textOfFile(*m_folder, name);
         if (present && *present == text)
             continue;
-        if (const auto written = replaceFile(*m_folder, name, text); !written)
+        if (const auto written = platform::replaceSmallFile(*m_folder, name, text); !written)
             return tl::unexpected(failure(name, written.error()));
     }
     return {};
@@ -341,7 +299,7 @@ tl::expected<void, std::string> LineStore::repairLedgers() const
 tl::expected<void, std::string> LineStore::wish(LineWish wish) const
 {
     constexpr std::array Words{"", "pause", "resume", "end"};
-    const auto written = replaceFile(*m_folder, Wish, Words[static_cast<std::size_t>(wish)]);
+    const auto written = platform::replaceSmallFile(*m_folder, Wish, Words[static_cast<std::size_t>(wish)]);
     if (!written)
         return tl::unexpected(failure(Wish, written.error()));
     return {};

@@ -63,11 +63,6 @@ public:
     virtual void lineDisarmed(const std::string &reason) = 0;
 };
 
-/// Writes the certificate of a disk into a folder and returns the file's name; an empty text if it could not.
-using CertificateWriter =
-    std::function<std::string(const RunSummary &summary, Bay bay, const RunProblems &problems,
-                              const std::string &folder, const std::string &name)>;
-
 /// Copies the same selection onto disk after disk, as they come into the bays that a person armed.
 ///
 /// A disk is looked at, asked about when it holds anything, counted down for all to see, erased, written,
@@ -89,7 +84,6 @@ public:
         std::string logFolder;
         std::string stateFolder;
         std::chrono::milliseconds patience{0};
-        CertificateWriter writeCertificate; ///< may be empty
     };
 
     static constexpr int Countdown = 10; ///< seconds

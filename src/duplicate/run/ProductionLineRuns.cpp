@@ -1,6 +1,7 @@
 // This file is the part of the production line that starts runs and takes up their results.
 
 #include "duplicate/report/RunReport.h"
+#include "duplicate/run/LineCertificate.h"
 #include "duplicate/run/ProductionLine.h"
 #include "foundation/Clock.h"
 #include "foundation/DisplayPath.h"
@@ -62,6 +63,16 @@ bool isIn(const RunOrder &order, Bay bay)
     return order.choice.erase
                ? order.erase.badNames.empty() && std::any_of(erased.begin(), erased.end(), isOfBay)
                : std::any_of(written.begin(), written.end(), isOfBay);
+}
+
+// The name that the disk's volume will have.
+std::string nameIn(const RunOrder &order, Bay bay)
+{
+    for (const auto &disk : order.erase.disks) {
+        if (disk.bay == bay)
+            return disk.info.diskVolume;
+    }
+    return order.choice.names[bay];
 }
 
 std::string letterOf(Bay bay)
@@ -206,7 +217,7 @@ bool ProductionLine::note(const std::vector<Bay> &bays, const RunOrder &order)
         const auto &shown = (*order.choice.shown)[bay];
         const LineDisk disk{.number = m_store.nextNumber(),
                             .bay = slotNameOf(bay),
-                            .name = order.choice.names[bay],
+                            .name = nameIn(order, bay),
                             .serial = slot.disk->serial.value_or(std::string()),
                             .model = shown ? shown->info.diskModule : std::string(),
                             .size = slot.disk->size.value_or(0),
@@ -265,11 +276,14 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
             entry = known;
     }
     auto result = resultOf(summary, disk.bay, m_store.entries());
-    if (m_surroundings.writeCertificate) {
-        auto name = idOf(m_store.head(), disk.number);
-        std::replace(name.begin(), name.end(), '/', '-');
-        result.certificate = m_surroundings.writeCertificate(summary, disk.bay, run.problems(),
-                                                             m_store.head().certificates, name);
+    const auto certificate =
+        writeLineCertificate(m_surroundings.host.volumeFiles(), m_store.head(), disk.number, result, summary,
+                             disk.bay, run.problems().groups());
+    if (certificate)
+        result.certificate = *certificate;
+    else if (result.verdict == LineVerdict::Passed) {
+        result.verdict = LineVerdict::NotProven;
+        result.reason = certificate.error();
     }
     const auto noted = m_store.end(disk.number, result);
     show(disk.bay, stateOf(result.verdict), result.reason);

@@ -68,6 +68,7 @@ void ProductionLineTest::makeLine(std::int64_t wanted, const std::string &patter
     head.job = textOf(job());
     head.wanted = wanted;
     head.pattern = pattern;
+    head.certificates = m_tree.path("certificates");
     auto store = LineStore::create(m_host->volumeFiles(), statePath(), head);
     ASSERT_TRUE(store) << store.error();
     put(std::move(*store));
@@ -117,8 +118,7 @@ void ProductionLineTest::put(LineStore store)
                                                                       .clock = m_clock,
                                                                       .logFolder = m_tree.folder("logs"),
                                                                       .stateFolder = statePath(),
-                                                                      .patience = std::chrono::seconds(10),
-                                                                      .writeCertificate = {}},
+                                                                      .patience = std::chrono::seconds(10)},
                                          std::move(store), std::move(*work), *this);
 }
 

@@ -39,6 +39,9 @@ TEST_F(ProductionLineTest, BlankDiskIsCountedDownErasedCopiedVerifiedAndEjected)
     EXPECT_EQ(entry.result->verdict, LineVerdict::Passed);
     EXPECT_EQ(entry.result->files, 4);
     EXPECT_EQ(entry.result->bytes, 6120U);
+    const auto page = m_tree.read("certificates/" + entry.result->certificate);
+    EXPECT_NE(page.find("<td>Number</td><td>1 of 2</td>"), std::string::npos);
+    EXPECT_NE(page.find("<td>Serial number</td><td>N1</td>"), std::string::npos);
     ASSERT_EQ(m_toolCommands.size(), 2U);
     EXPECT_TRUE(m_toolCommands[0].starts_with("eraseDisk"));
     EXPECT_TRUE(m_toolCommands[1].starts_with("eject"));

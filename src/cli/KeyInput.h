@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <termios.h>
+
+namespace orvana::cli
+{
+
+/// Single keys of the person at the terminal, without the Return key and without an echo. While it exists,
+/// the terminal shows nothing that is typed.
+class KeyInput
+{
+public:
+    /// `input` is the descriptor of a terminal, or `Terminal::NoInput` for nobody.
+    explicit KeyInput(int input);
+    ~KeyInput() { restore(); }
+    KeyInput(const KeyInput &) = delete;
+    KeyInput &operator=(const KeyInput &) = delete;
+
+    /// Returns a key that was typed meanwhile, or nullopt. Does not wait.
+    std::optional<char> next();
+
+    /// Gives the terminal back. Afterwards there are no more keys.
+    void restore();
+
+private:
+    int m_input;
+    bool m_isSet = false;
+    termios m_before{};
+};
+
+} // namespace orvana::cli
