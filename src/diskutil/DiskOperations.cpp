@@ -1,5 +1,6 @@
 #include "diskutil/DiskOperations.h"
 
+#include "diskutil/CapacityProbe.h"
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
@@ -108,6 +109,29 @@ Outcome<void> makeTable(const Request &request, const Surroundings &with)
                    displayPath(request.node) + ": what it held may be lost: " + made.error().reason);
 }
 
+// Finds out whether the disk holds what it says, after its old table is gone and before it gets the one that
+// stays: until then nothing was written without the right to change the disk. The open disk itself says which
+// arrival it is, so what is written goes to the disk that was looked at. Returns why the disk was not probed;
+// empty if it was.
+Outcome<std::string> probe(const Request &request, const Surroundings &with)
+{
+    const auto disk = with.service.openAlone(request.node);
+    if (!disk)
+        return "its size was not probed: " + disk.error().reason;
+    if (const auto free = lookThatItIsFree(request, with); !free)
+        return trouble(SomethingFailed,
+                       displayPath(request.node) + " was emptied, and then: " + free.error().reason);
+    const auto sequence = (*disk)->sequence();
+    if (!sequence)
+        return "its size was not probed: " + sequence.error().reason;
+    if (*sequence != request.expected.sequence)
+        return trouble(SomethingFailed, displayPath(request.node) + " is another disk by now");
+    if (const auto lie = capacityLieOf(**disk))
+        return trouble(SomethingFailed, displayPath(request.node) +
+                                            " was emptied; it is smaller than it says, or broken: " + *lie);
+    return std::string();
+}
+
 // The disk has been changed by now, so no failure counts as a refusal any more.
 Outcome<std::string> makeVolume(const Request &request, const Surroundings &with, const VolumeFormat &format)
 {
@@ -146,8 +170,19 @@ Outcome<std::string> eraseDisk(const Request &request, const Surroundings &with)
         return tl::unexpected(unmounted.error());
     if (const auto table = makeTable(request, with); !table)
         return tl::unexpected(table.error());
+    const auto unprobed = probe(request, with);
+    if (!unprobed)
+        return tl::unexpected(unprobed.error());
+    if (unprobed->empty()) {
+        if (const auto table = makeTable(request, with); !table)
+            return trouble(SomethingFailed,
+                           displayPath(request.node) +
+                               " was emptied, but has no volume to use: " + table.error().reason);
+    }
     return makeVolume(request, with, *format).map([&](const std::string &point) {
-        return "Finished erase on " + request.node + ": " + format->type + " at " + displayPath(point);
+        const auto remark = unprobed->empty() ? std::string() : "; " + *unprobed;
+        return "Finished erase on " + request.node + ": " + format->type + " at " + displayPath(point) +
+               remark;
     });
 }
 

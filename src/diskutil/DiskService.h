@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diskutil/Outcome.h"
+#include "diskutil/RawDisk.h"
 #include "diskutil/VolumeFormat.h"
 
 #include <vector>
@@ -27,6 +28,10 @@ public:
     /// program. With `Password::IsNotAskedFor` and no permission to open the disk, we cannot tell, and report
     /// it as unused.
     virtual Outcome<void> checkNobodyHas(const std::string &node, Password password) = 0;
+
+    /// Opens the whole disk for nobody else, to be read and written. Asks the user nothing. If a right is
+    /// missing or somebody uses the disk, the trouble has the status Refused.
+    virtual Outcome<std::unique_ptr<RawDisk>> openAlone(const std::string &node) = 0;
 
     /// The rights that the service may require for changing the disk, in the order in which to ask for them.
     virtual std::vector<std::string> rightsToChange(const std::string &node) = 0;

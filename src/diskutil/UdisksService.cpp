@@ -6,6 +6,7 @@
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
+#include <QDBusUnixFileDescriptor>
 #include <cerrno>
 #include <fcntl.h>
 
@@ -87,6 +88,29 @@ Outcome<void> UdisksService::checkNobodyHas(const std::string &node, Password pa
                        displayPath(node) +
                            ": it cannot be checked whether it is in use: " + reply.error().reason);
     return {};
+}
+
+Outcome<std::unique_ptr<RawDisk>> UdisksService::openAlone(const std::string &node)
+{
+    constexpr int Flags = O_EXCL | O_DIRECT | O_NONBLOCK | O_CLOEXEC;
+    const int own = ::open(node.c_str(), O_RDWR | Flags);
+    if (own >= 0)
+        return rawDiskOf(own, node);
+    if (errno == EBUSY)
+        return trouble(Refused, displayPath(node) + " is in use by another program");
+    const auto object = m_bus->objectOf(node);
+    if (!object)
+        return tl::unexpected(object.error());
+    auto options = withoutAsking();
+    options.insert(QStringLiteral("flags"), Flags);
+    const auto reply = m_bus->call(*object, "Block", "OpenDevice", {QStringLiteral("rw"), options}, Refused);
+    if (!reply)
+        return tl::unexpected(reply.error());
+    const auto descriptor = reply->value(0).value<QDBusUnixFileDescriptor>();
+    const int copy = ::fcntl(descriptor.fileDescriptor(), F_DUPFD_CLOEXEC, 0);
+    if (copy < 0)
+        return trouble(Refused, displayPath(node) + " cannot be opened");
+    return rawDiskOf(copy, node);
 }
 
 std::vector<std::string> UdisksService::rightsToChange(const std::string &node)

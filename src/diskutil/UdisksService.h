@@ -22,6 +22,7 @@ public:
     Outcome<void> checkFormat(const VolumeFormat &format) override;
     Outcome<void> unmount(const std::string &node) override;
     Outcome<void> checkNobodyHas(const std::string &node, Password password) override;
+    Outcome<std::unique_ptr<RawDisk>> openAlone(const std::string &node) override;
     std::vector<std::string> rightsToChange(const std::string &node) override;
     Outcome<void> askFor(const std::string &right) override;
     Outcome<void> makeTable(const std::string &node) override;

@@ -15,6 +15,7 @@ TEST_F(DiskUtility, EraseUnmountsChecksAndOnlyThenWrites)
     EXPECT_EQ(*done, "Finished erase on /dev/sdb: ext4 at /media/anna/COPY 11");
     EXPECT_EQ(m_service.calls,
               (Calls{"checkFormat ext4", "unmount /dev/sdb2", "unmount /dev/sdb1", "checkNobodyHas /dev/sdb",
+                     "makeTable /dev/sdb", "openAlone /dev/sdb", "checkNobodyHas /dev/sdb",
                      "makeTable /dev/sdb", "makeVolume /dev/sdb ext4 COPY 1", "mount /dev/sdb1"}));
 }
 
@@ -23,7 +24,7 @@ TEST_F(DiskUtility, SettingDecidesWhatTheJournaledFormatIs)
     m_setting = "exfat";
     ASSERT_TRUE(erase());
     EXPECT_EQ(m_service.calls[2], "makeTable /dev/sdb");
-    EXPECT_EQ(m_service.calls[3], "makeVolume /dev/sdb exfat COPY 1");
+    EXPECT_EQ(m_service.calls[6], "makeVolume /dev/sdb exfat COPY 1");
 }
 
 TEST_F(DiskUtility, DiskThatIsGoneIsNotThere)
@@ -203,7 +204,48 @@ TEST_F(DiskUtility, DiskThatChangesBetweenTheWritesGetsNoVolumeAndFails)
     const auto done = erase();
     ASSERT_FALSE(done);
     EXPECT_EQ(done.error().status, SomethingFailed);
-    EXPECT_EQ(m_service.calls.back(), "makeTable /dev/sdb");
+    EXPECT_EQ(m_service.calls.back(), "openAlone /dev/sdb");
+    EXPECT_EQ(m_service.rawDisk.bytesWritten, 0U);
+}
+
+TEST_F(DiskUtility, DiskThatIsSmallerThanItSaysGetsNoVolumeAndIsNamedSo)
+{
+    m_service.rawDisk.realSize = 256 * 1024;
+    const auto done = erase();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().status, SomethingFailed);
+    EXPECT_TRUE(
+        done.error().reason.starts_with("/dev/sdb was emptied; it is smaller than it says, or broken: at "))
+        << done.error().reason;
+    EXPECT_EQ(m_service.calls.back(), "openAlone /dev/sdb");
+}
+
+TEST_F(DiskUtility, OpenDiskOfAnotherArrivalIsNotWrittenTo)
+{
+    m_service.rawDisk.number = 8;
+    const auto done = erase();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().reason, "/dev/sdb is another disk by now");
+    EXPECT_EQ(m_service.rawDisk.bytesWritten, 0U);
+}
+
+TEST_F(DiskUtility, DiskThatIsMountedWhileItIsOpenedIsNotProbed)
+{
+    m_service.afterOpen = [this] { m_disk->mounted = {{"/dev/sdb1", "/media/A"}}; };
+    const auto done = erase();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().status, SomethingFailed);
+    EXPECT_EQ(m_service.rawDisk.bytesWritten, 0U);
+}
+
+TEST_F(DiskUtility, DiskThatMayNotBeOpenedIsErasedAndTheMessageSaysThatItWasNotProbed)
+{
+    m_service.failing = {{"openAlone", Refused}};
+    const auto done = erase();
+    ASSERT_TRUE(done) << done.error().reason;
+    EXPECT_EQ(
+        *done,
+        "Finished erase on /dev/sdb: ext4 at /media/anna/COPY 11; its size was not probed: played trouble");
 }
 
 TEST_F(DiskUtility, MissingRightIsAskedForAndThenTheDiskIsLookedAtAgain)
@@ -213,6 +255,7 @@ TEST_F(DiskUtility, MissingRightIsAskedForAndThenTheDiskIsLookedAtAgain)
     EXPECT_EQ(m_service.calls, (Calls{"checkFormat ext4", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
                                       "askFor first", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
                                       "askFor second", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
+                                      "openAlone /dev/sdb", "checkNobodyHas /dev/sdb", "makeTable /dev/sdb",
                                       "makeVolume /dev/sdb ext4 COPY 1", "mount /dev/sdb1"}));
 }
 

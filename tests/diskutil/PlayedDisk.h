@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diskutil/DiskOperations.h"
+#include "diskutil/PlayedRawDisk.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -32,6 +33,13 @@ public:
             note((password == Password::IsAskedFor ? "checkNobodyHas " : "checkWithoutAsking ") + node);
         afterCheck();
         return done;
+    }
+    Outcome<std::unique_ptr<RawDisk>> openAlone(const std::string &node) override
+    {
+        if (auto done = note("openAlone " + node); !done)
+            return tl::unexpected(done.error());
+        afterOpen();
+        return std::make_unique<BorrowedRawDisk>(rawDisk);
     }
     std::vector<std::string> rightsToChange(const std::string &) override { return {"first", "second"}; }
     Outcome<void> askFor(const std::string &right) override
@@ -76,6 +84,8 @@ public:
     std::function<void()> afterCheck = [] {};
     std::function<void()> afterTable = [] {};
     std::function<void()> whileAsked = [] {};
+    std::function<void()> afterOpen = [] {};
+    PlayedRawDisk rawDisk{512'000};
     int missingRights = 0; ///< how many times the table is refused
 
 private:
