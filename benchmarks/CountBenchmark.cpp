@@ -135,6 +135,7 @@ public:
     platform::CommandLauncher &launcher() override { return m_host.launcher(); }
     platform::Workspace &workspace() override { return m_host.workspace(); }
     enclosures::EnclosureSetup &enclosureSetup() override { return m_host.enclosureSetup(); }
+    platform::HealthReader &health() override { return m_host.health(); }
 
 private:
     platform::Host &m_host;

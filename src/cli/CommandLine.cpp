@@ -106,6 +106,7 @@ void describeErase(CLI::App &erase, DiskOptions &options)
 void describeDevices(CLI::App &devices, DevicesOptions &options)
 {
     devices.add_flag("--json", options.json, "Print JSON");
+    devices.add_flag("--health", options.health, "Ask each disk how it is");
     devices.add_flag("--watch", options.watch, "Go on to print what comes and goes");
 }
 

@@ -59,10 +59,11 @@ ExitStatus runDevices(platform::Host &host, PlainMainQueue &queue, Terminal &ter
     scanner.scanTBDevice();
     scanner.scanOtherDevice();
     scanner.scanOtherTBDevice();
+    auto *health = options.health ? &host.health() : nullptr;
     if (options.json) {
-        terminal.print(devicesJson(scanner).dump(options.watch ? -1 : 2));
+        terminal.print(devicesJson(scanner, health).dump(options.watch ? -1 : 2));
     } else {
-        for (const auto &line : devicesText(scanner))
+        for (const auto &line : devicesText(scanner, health))
             terminal.print(line);
     }
     if (options.watch)

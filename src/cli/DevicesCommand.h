@@ -21,6 +21,7 @@ struct DevicesOptions
 {
     bool json = false;
     bool watch = false;
+    bool health = false;
 };
 
 /// `plurimoctl devices`: prints the enclosures with their bays, the other disks, and all volumes. With

@@ -5,6 +5,7 @@
 #include "foundation/DeviceBlocks.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/SizeText.h"
+#include "platform/DiskHealth.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +17,7 @@ namespace orvana::cli
 namespace
 {
 
-using Row = std::array<std::string, 5>;
+using Row = std::array<std::string, 6>;
 
 std::string shown(const std::optional<std::string> &text)
 {
@@ -37,17 +38,23 @@ std::string stateOf(const ORVHddInfo &disk)
     return disk.isUnFormated() ? "unformatted" : "";
 }
 
-void addRows(std::vector<Row> &rows, const ORVHddInfo &disk, const std::string &place)
+std::string healthOf(const ORVHddInfo &disk, platform::HealthReader *health)
 {
-    rows.push_back(
-        {place, shown(disk.hddModel()), shown(disk.hddSN()), sizeOf(disk.diskSize()), stateOf(disk)});
+    return health ? platform::textOf(health->healthOf(disk.devPath().value_or(std::string()))) : "";
+}
+
+void addRows(std::vector<Row> &rows, const ORVHddInfo &disk, const std::string &place,
+             platform::HealthReader *health)
+{
+    rows.push_back({place, shown(disk.hddModel()), shown(disk.hddSN()), sizeOf(disk.diskSize()),
+                    stateOf(disk), healthOf(disk, health)});
     for (const auto &volume : disk.bsdPathArray()) {
         if (!volume->mountPoint())
             continue;
         const auto free = volume->availableSize().value_or(0) * DeviceBlockBytes;
         const auto all = volume->capacitySize().value_or(0) * DeviceBlockBytes;
         rows.push_back(
-            {"", "  " + displayPath(*volume->mountPoint()), "", sizeOf(all), sizeOf(free) + " free"});
+            {"", "  " + displayPath(*volume->mountPoint()), "", sizeOf(all), sizeOf(free) + " free", ""});
     }
 }
 
@@ -59,7 +66,7 @@ std::size_t widthOf(const std::string &text)
 
 std::vector<std::string> aligned(const std::vector<Row> &rows)
 {
-    std::array<std::size_t, 5> widths{};
+    std::array<std::size_t, 6> widths{};
     for (const auto &row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i)
             widths[i] = std::max(widths[i], widthOf(row[i]));
@@ -83,7 +90,16 @@ void putText(Json &object, const char *key, const std::optional<std::string> &te
         object[key] = nullptr;
 }
 
-Json diskJson(const ORVHddInfo &disk)
+Json healthJson(const platform::DiskHealth &health)
+{
+    const auto orNull = [](const auto &value) { return value ? Json(*value) : Json(nullptr); };
+    return {{"verdict", wordOf(verdictOf(health))}, {"text", textOf(health)},
+            {"failing", orNull(health.isFailing)},  {"badSectors", orNull(health.badSectors)},
+            {"celsius", orNull(health.celsius)},    {"hours", orNull(health.hours)},
+            {"errors", orNull(health.errors)},      {"link", orNull(health.linkRate)}};
+}
+
+Json diskJson(const ORVHddInfo &disk, platform::HealthReader *health)
 {
     Json json = Json::object();
     putText(json, "bay", disk.slotPath());
@@ -94,6 +110,8 @@ Json diskJson(const ORVHddInfo &disk)
     json["raid"] = disk.isRaidFormated();
     json["unformatted"] = disk.isUnFormated();
     json["startup"] = isStartupDisk(disk);
+    if (health)
+        json["health"] = healthJson(health->healthOf(disk.devPath().value_or(std::string())));
     json["volumes"] = Json::array();
     for (const auto &volume : disk.bsdPathArray()) {
         Json entry = Json::object();
@@ -110,7 +128,7 @@ Json diskJson(const ORVHddInfo &disk)
 
 } // namespace
 
-std::vector<std::string> devicesText(const ORVScanDevice &scanner)
+std::vector<std::string> devicesText(const ORVScanDevice &scanner, platform::HealthReader *health)
 {
     std::vector<std::string> lines;
     const auto append = [&](const std::vector<Row> &rows) {
@@ -122,7 +140,7 @@ std::vector<std::string> devicesText(const ORVScanDevice &scanner)
         lines.push_back("Enclosure " + std::to_string(++number) + ": " + shown(enclosure->moduleName()));
         std::vector<Row> rows;
         for (const auto &disk : enclosure->hddArray())
-            addRows(rows, *disk, disk->slotPath().value_or("no bay"));
+            addRows(rows, *disk, disk->slotPath().value_or("no bay"), health);
         append(rows);
     }
     if (scanner.tbArray().empty())
@@ -131,7 +149,7 @@ std::vector<std::string> devicesText(const ORVScanDevice &scanner)
         lines.emplace_back("Other disks");
     std::vector<Row> rows;
     for (const auto &disk : scanner.otherDiskArray())
-        addRows(rows, *disk, "");
+        addRows(rows, *disk, "", health);
     append(rows);
     const auto remarks = scanner.remarks();
     if (!remarks.empty())
@@ -141,7 +159,7 @@ std::vector<std::string> devicesText(const ORVScanDevice &scanner)
     return lines;
 }
 
-Json devicesJson(const ORVScanDevice &scanner)
+Json devicesJson(const ORVScanDevice &scanner, platform::HealthReader *health)
 {
     Json json = {{"enclosures", Json::array()}, {"otherDisks", Json::array()}};
     for (const auto &enclosure : scanner.tbArray()) {
@@ -150,11 +168,11 @@ Json devicesJson(const ORVScanDevice &scanner)
         entry["uid"] = enclosure->uid() ? Json(std::to_string(*enclosure->uid())) : Json();
         entry["disks"] = Json::array();
         for (const auto &disk : enclosure->hddArray())
-            entry["disks"].push_back(diskJson(*disk));
+            entry["disks"].push_back(diskJson(*disk, health));
         json["enclosures"].push_back(std::move(entry));
     }
     for (const auto &disk : scanner.otherDiskArray())
-        json["otherDisks"].push_back(diskJson(*disk));
+        json["otherDisks"].push_back(diskJson(*disk, health));
     json["remarks"] = scanner.remarks();
     return json;
 }

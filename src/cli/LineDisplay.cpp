@@ -67,6 +67,8 @@ std::string rowOf(Bay bay, const LineBay &shown)
         row += "  number " + std::to_string(*shown.number);
     if (!shown.disk.empty())
         row += "  " + shown.disk;
+    if (!shown.health.empty())
+        row += "  health: " + shown.health;
     if (!shown.text.empty())
         row += "  (" + shown.text + ")";
     return row;
@@ -204,6 +206,7 @@ void LineDisplay::tellChanges()
         Json event{{"event", "bay"}, {"bay", slotNameOf(bay)}, {"state", nameOf(now.state)}};
         event["number"] = now.number ? Json(*now.number) : Json(nullptr);
         event["disk"] = now.disk;
+        event["health"] = now.health;
         event["text"] = now.text;
         m_terminal.print(event.dump());
     }

@@ -11,6 +11,7 @@ namespace orvana::platform
 class Account;
 class CommandLauncher;
 class HardwareRegistry;
+class HealthReader;
 class Places;
 class VolumeEvents;
 class VolumeFiles;
@@ -30,6 +31,7 @@ public:
     virtual CommandLauncher &launcher() = 0;
     virtual Workspace &workspace() = 0;
     virtual enclosures::EnclosureSetup &enclosureSetup() = 0;
+    virtual HealthReader &health() = 0;
 };
 
 } // namespace orvana::platform

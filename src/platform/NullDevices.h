@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DiskHealth.h"
 #include "platform/HardwareRegistry.h"
 #include "platform/VolumeEvents.h"
 #include "platform/Workspace.h"
@@ -23,6 +24,13 @@ class NullVolumeEvents final : public VolumeEvents
 {
 public:
     void subscribe(std::function<void(VolumeChange)>) override {}
+};
+
+/// Knows nothing of any disk.
+class NullHealth final : public HealthReader
+{
+public:
+    DiskHealth healthOf(const std::string &) override { return {}; }
 };
 
 /// A workspace without a desktop. Its functions do nothing.

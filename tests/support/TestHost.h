@@ -43,6 +43,7 @@ public:
     platform::CommandLauncher &launcher() override { return m_launcher; }
     platform::Workspace &workspace() override { return m_workspace; }
     enclosures::EnclosureSetup &enclosureSetup() override { return m_setup; }
+    platform::HealthReader &health() override { return m_health; }
     platform::FaultyVolumeFiles &faults() { return m_faulty; }
     const std::vector<std::string> &openedPages() const { return m_workspace.pages; }
     const std::vector<std::string> &openedFolders() const { return m_workspace.folders; }
@@ -60,6 +61,7 @@ private:
     std::string m_home;
     platform::NullRegistry m_registry;
     enclosures::NullEnclosureSetup m_setup;
+    platform::NullHealth m_health;
     platform::NullVolumeEvents m_events;
     platform::posix::PosixCommandLauncher m_launcher;
     RecordingWorkspace m_workspace;

@@ -36,6 +36,7 @@ public:
     platform::CommandLauncher &launcher() override { return *this; }
     platform::Workspace &workspace() override { return m_host.workspace(); }
     enclosures::EnclosureSetup &enclosureSetup() override { return m_host.enclosureSetup(); }
+    platform::HealthReader &health() override { return m_host.health(); }
 
     Result run(const std::string &path, const Words &arguments) override
     {

@@ -31,6 +31,14 @@ std::string describe(const ORVHddInfo &disk)
     return serial.empty() ? model : model + ", serial number " + serial;
 }
 
+std::string warningText(const platform::DiskHealth &health)
+{
+    const auto verdict = verdictOf(health);
+    const bool isWorthTelling =
+        verdict == platform::HealthVerdict::Warning || verdict == platform::HealthVerdict::Failing;
+    return isWorthTelling ? textOf(health) : std::string();
+}
+
 bool isEnd(LineBayState state)
 {
     return state == LineBayState::Passed || state == LineBayState::NotProven || state == LineBayState::Failed;
@@ -244,6 +252,8 @@ void ProductionLine::begin(Bay bay, const DiskPtr &disk)
         return show(bay, LineBayState::Waiting, "as many disks as are wanted are done or in work");
     slot.disk = disk->fingerprint();
     slot.shown.disk = describe(*disk);
+    slot.health = healthOf(*slot.disk);
+    slot.shown.health = warningText(slot.health);
     slot.survey =
         std::make_shared<DiskSurvey>(m_surroundings.host, std::vector<std::shared_ptr<ORVHddInfo>>{disk});
     show(bay, LineBayState::Looking);
@@ -280,6 +290,8 @@ std::string ProductionLine::questionFor(Bay bay, const ORVHddInfo &disk, const D
     if (const auto *earlier = m_store.entryOf(disk.fingerprint().serial.value_or(std::string())))
         add("it was number " + std::to_string(earlier->disk.number) + " of this line, " +
             (earlier->result ? wordOf(earlier->result->verdict) : "in work"));
+    if (verdictOf(m_slots[bay].health) == platform::HealthVerdict::Failing)
+        add("it " + textOf(m_slots[bay].health));
     if (m_slots[bay].wasThere == disk.fingerprint())
         add("it was in the bay already");
     if (!content.isBlank && m_consent == Consent::AskForContent)
@@ -371,6 +383,7 @@ void ProductionLine::show(Bay bay, LineBayState state, const std::string &text)
     shown.secondsLeft.reset();
     if (state == LineBayState::Waiting || state == LineBayState::Disarmed)
         shown = {.state = state,
+                 .health = {},
                  .text = text,
                  .disk = {},
                  .countdown = 0,

@@ -4,6 +4,7 @@
 #include "duplicate/line/LineStore.h"
 #include "duplicate/run/LineRun.h"
 #include "duplicate/run/LineWork.h"
+#include "platform/DiskHealth.h"
 
 #include <memory>
 #include <optional>
@@ -37,6 +38,7 @@ const char *nameOf(LineBayState state);
 struct LineBay
 {
     LineBayState state = LineBayState::Disarmed;
+    std::string health;                 ///< what there is to be warned of; valid UTF-8
     std::string text;                   ///< the question, or the reason of the state; valid UTF-8
     std::string disk;                   ///< model and serial number; valid UTF-8
     int countdown = 0;                  ///< seconds; 0 while it waits for bays that are to start with it
@@ -154,6 +156,7 @@ private:
     void showRun(LineRun &run);
     void ended(LineRun &run);
     void noteEnd(const LineRun::Disk &disk, const LineRun &run, const RunSummary &summary);
+    platform::DiskHealth healthOf(const DiskFingerprint &disk) const;
     void eject(const LineRun::Disk &disk);
     void show(Bay bay, LineBayState state, const std::string &text = {});
 
@@ -173,6 +176,7 @@ private:
         LineBay shown;
         std::optional<DiskFingerprint> disk;     ///< that `shown` is about
         std::optional<DiskFingerprint> wasThere; ///< when the bay was armed
+        platform::DiskHealth health;             ///< when the disk came
         std::shared_ptr<DiskSurvey> survey;      ///< while it is looked at
         bool isAgreed = false;                   ///< a person has said that the disk may be written
         int waited = 0;                          ///< seconds since its countdown was over

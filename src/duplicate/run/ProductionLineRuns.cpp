@@ -276,6 +276,12 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
             entry = known;
     }
     auto result = resultOf(summary, disk.bay, m_store.entries());
+    const auto health = healthOf(disk.fingerprint);
+    result.health = textOf(health, &slot.health);
+    if (result.verdict == LineVerdict::Passed && verdictOf(health) == platform::HealthVerdict::Failing) {
+        result.verdict = LineVerdict::NotProven;
+        result.reason = "the disk " + textOf(health);
+    }
     const auto certificate =
         writeLineCertificate(m_surroundings.host.volumeFiles(), m_store.head(), disk.number, result, summary,
                              disk.bay, run.problems().groups());
@@ -297,6 +303,12 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
     if (result.verdict == LineVerdict::Passed)
         eject(disk);
     m_view.lineDiskEnded(entry);
+}
+
+// A disk is asked before and after its run, never during it.
+platform::DiskHealth ProductionLine::healthOf(const DiskFingerprint &disk) const
+{
+    return m_surroundings.host.health().healthOf(disk.device);
 }
 
 void ProductionLine::eject(const LineRun::Disk &disk)

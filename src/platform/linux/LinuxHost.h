@@ -3,6 +3,7 @@
 #include "platform/Host.h"
 #include "platform/Workspace.h"
 #include "platform/linux/LinuxEnclosureSetup.h"
+#include "platform/linux/LinuxHealth.h"
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/LinuxVolumes.h"
@@ -32,6 +33,7 @@ public:
     CommandLauncher &launcher() override { return m_launcher; }
     Workspace &workspace() override { return *m_workspace; }
     enclosures::EnclosureSetup &enclosureSetup() override { return m_enclosureSetup; }
+    HealthReader &health() override { return m_health; }
 
 private:
     LinuxMachine m_machine;
@@ -42,6 +44,7 @@ private:
     LinuxVolumeEvents m_events{m_machine};
     LinuxLauncher m_launcher;
     LinuxEnclosureSetup m_enclosureSetup;
+    LinuxHealth m_health{m_machine};
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<MachineWatch> m_watch; // last member: its events need all the others
 };

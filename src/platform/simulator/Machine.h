@@ -1,6 +1,7 @@
 #pragma once
 
 #include "enclosures/BayClaims.h"
+#include "platform/DiskHealth.h"
 #include "platform/EnclosureModels.h"
 
 #include <cstdint>
@@ -51,6 +52,8 @@ struct Disk
     bool isFormatted = true;
     bool isRaid = false;
     bool isAttached = true;
+    std::optional<std::int64_t> realSize; ///< bytes that a fake really holds
+    DiskHealth health;
     std::vector<Volume> volumes;
     std::string where;
 };

@@ -60,6 +60,22 @@ Volume readVolume(const Json &json, const std::string &where)
     return volume;
 }
 
+DiskHealth readHealth(const Json &json, const std::string &where)
+{
+    JsonFields fields(json, where);
+    DiskHealth health;
+    if (fields.value("failing"))
+        health.isFailing = fields.flag("failing", false);
+    health.badSectors = fields.number("badSectors");
+    health.hours = fields.number("hours");
+    health.errors = fields.number("errors");
+    health.linkRate = fields.text("link");
+    if (const auto celsius = fields.number("celsius"))
+        health.celsius = static_cast<double>(*celsius);
+    fields.end();
+    return health;
+}
+
 void readCommon(Disk &disk, JsonFields &fields)
 {
     disk.where = fields.where();
@@ -67,6 +83,9 @@ void readCommon(Disk &disk, JsonFields &fields)
     disk.isAttached = fields.flag("attached", true);
     disk.serial = fields.text("serial");
     disk.wwn = fields.text("wwn");
+    disk.realSize = fields.number("realSize");
+    if (const auto *health = fields.value("health"))
+        disk.health = readHealth(*health, fields.where() + "/health");
     fields.list("volumes", [&](const Json &entry, const std::string &place) {
         disk.volumes.push_back(readVolume(entry, place));
     });

@@ -77,6 +77,19 @@ CommandLauncher::Result SimulatedMachine::eraseDisk(const std::string &name, con
     if (fails("eraseDisk", *disk))
         return failed("Error: the disk could not be erased");
     const auto where = disk->where;
+    if (disk->realSize && *disk->realSize < disk->size) {
+        const auto old = *disk;
+        const auto emptied = change(
+            [&](Json &json) {
+                entryAt(json, where)["formatted"] = false;
+                entryAt(json, where).erase("volumes");
+            },
+            [&] {
+                for (const auto &volume : old.volumes)
+                    m_volumes.remove(old, volume);
+            });
+        return failed(emptied ? device + " was emptied; it is smaller than it says" : emptied.error());
+    }
     const auto capacity = disk->volumes.empty() ? disk->size : disk->volumes.front().capacity;
     const auto old = *disk;
     const auto edit = [&](Json &json) {

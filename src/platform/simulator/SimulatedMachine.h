@@ -66,6 +66,13 @@ public:
     Outcome addDefinition(const enclosures::Definition &definition);
     Outcome removeDefinition(const std::string &id);
 
+    /// Returns the health of the disk at the device node, as the file says it.
+    DiskHealth healthOf(const std::string &device) const
+    {
+        const auto *disk = diskAt(device);
+        return disk ? disk->health : DiskHealth();
+    }
+
 private:
     SimulatedMachine(std::string file, MachineFile content, std::string text);
 

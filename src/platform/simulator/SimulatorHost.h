@@ -50,6 +50,7 @@ public:
     CommandLauncher &launcher() override;
     Workspace &workspace() override { return *m_workspace; }
     enclosures::EnclosureSetup &enclosureSetup() override;
+    HealthReader &health() override;
 
 private:
     class SimulatedAccount;
@@ -57,6 +58,7 @@ private:
     class SimulatedRegistry;
     class SimulatedEvents;
     class SimulatedTools;
+    class SimulatedHealth;
 
     void setUpVolumes();
     void retireDetachedVolumes();
@@ -74,6 +76,7 @@ private:
     std::unique_ptr<SimulatedEvents> m_events;
     std::unique_ptr<SimulatedTools> m_launcher;
     std::unique_ptr<SimulatedSetup> m_setup;
+    std::unique_ptr<SimulatedHealth> m_health;
     std::unique_ptr<Workspace> m_workspace;
     std::shared_ptr<SimulatorHost *> m_self; // waiting work finds the host through it, or null
 };

@@ -176,6 +176,42 @@ TEST_F(ProductionLineTest, DiskThatIsTooSmallIsNotTaken)
     EXPECT_EQ(text(Bay::B), "the selection does not fit");
 }
 
+TEST_F(ProductionLineTest, DiskThatCallsItselfFailingAsks)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", [](Json &entry) { entry["health"] = {{"failing", true}, {"badSectors", 2000}}; });
+    untilState(Bay::B, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::B), "it calls itself failing: 2000 bad sectors");
+    m_line->agree(Bay::B);
+    untilState(Bay::B, LineBayState::NotProven);
+    EXPECT_EQ(entries().front().result->health, "calls itself failing: 2000 bad sectors");
+}
+
+TEST_F(ProductionLineTest, WarningsOfADisksHealthAreInItsRowAndInTheLedger)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", [](Json &entry) {
+        entry["health"] = {{"failing", false}, {"celsius", 71}, {"link", "1.5 Gbps"}, {"hours", 1}};
+    });
+    untilState(Bay::B, LineBayState::CountingDown);
+    EXPECT_EQ(m_line->bay(Bay::B).health, "warning: hot, 71 °C, the link is down to 1.5 Gbps, 1 hour");
+    until([&] { return !m_line->isArmed(); }, "disarmed");
+    EXPECT_EQ(entries().front().result->verdict, LineVerdict::Passed);
+    EXPECT_EQ(entries().front().result->health, "warning: hot, 71 °C, the link is down to 1.5 Gbps, 1 hour");
+}
+
+TEST_F(ProductionLineTest, FakeDiskFailsAndIsNamedSo)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", [](Json &entry) { entry["realSize"] = 500'000; });
+    untilState(Bay::B, LineBayState::Failed);
+    EXPECT_TRUE(text(Bay::B).ends_with("was emptied; it is smaller than it says")) << text(Bay::B);
+    EXPECT_EQ(textOf(m_line->store().counts()), "0 of 2, 1 failed");
+}
+
 TEST_F(ProductionLineTest, MemberOfARaidSetDisarmsTheLine)
 {
     makeLine(1);
