@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace orvana
@@ -15,6 +16,13 @@ namespace platform
 class Host;
 }
 
+/// What a production line does at this moment, for the windows that must not get in its way.
+struct LineActivity
+{
+    bool isArmed = false;
+    bool isAtWork = false;
+};
+
 /// Everything that the windows work with. All of it must outlive the windows.
 struct AppContext
 {
@@ -28,6 +36,8 @@ struct AppContext
     /// the demo.
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::function<bool()> startDemo{};
+    /// Shared by all copies of this context.
+    std::shared_ptr<LineActivity> line = std::make_shared<LineActivity>();
 };
 
 } // namespace orvana

@@ -76,6 +76,7 @@ void MainMenu::makeRunMenu()
     m_setUpBays = add(menu, tr("Set up &bays..."), {}, [this] { m_window.setUpBays(); });
     menu->addSeparator();
     add(menu, tr("Verify dis&ks..."), {}, [this] { m_delegate.showVerifyWindow(); });
+    m_line = add(menu, tr("&Production line..."), {}, [this] { m_delegate.showLineWindow(); });
     m_lastReport = add(menu, tr("&Last Report"), QKeySequence(Qt::CTRL | Qt::Key_R),
                        [this] { m_window.showLastReport(); });
     connect(menu, &QMenu::aboutToShow, this, &MainMenu::update);
@@ -103,6 +104,7 @@ void MainMenu::update()
     for (auto *action : {m_openJob, m_saveJob, m_options})
         action->setEnabled(m_window.mayUseJobs());
     m_goOn->setEnabled(m_window.mayGoOn());
+    m_line->setEnabled(m_window.mayUseJobs() || m_delegate.lineWindow());
     m_lastReport->setEnabled(m_window.hasReport());
 }
 

@@ -44,6 +44,7 @@ private:
     QAction *m_saveJob = nullptr;
     QAction *m_options = nullptr;
     QAction *m_goOn = nullptr;
+    QAction *m_line = nullptr;
     QAction *m_rescan = nullptr;
     QAction *m_mountDisks = nullptr;
     QAction *m_setUpBays = nullptr;

@@ -77,7 +77,6 @@ public:
     /// Moves the focus to the next name field if the key is Tab and an erase is chosen; tells whether it did.
     bool keyUp(int key);
 
-    /// Opens the help page.
     void Help();
 
     // Selection
@@ -138,6 +137,9 @@ public:
     /// Take source, ticks, names and options from a job file, or write them there. Warn on failure.
     void openJob(const QString &path);
     void saveJob(const QString &path);
+
+    tl::expected<Job, std::string> jobNow() const;
+    ChosenEnclosure chosenNow() const;
 
     /// True when a run was broken off whose source and disks are here. `goOn` does what is left of it.
     bool mayGoOn() const { return mayUseJobs() && brokenOffRun().has_value(); }
@@ -205,7 +207,6 @@ private:
 
     // Selection
     UserHome user() const;
-    ChosenEnclosure chosenNow() const;
     ORVThunderboltInfo *selectedEnclosure() const;
     void scanAll();
     bool isPlaceholderSelected() const;
@@ -279,7 +280,6 @@ private:
 
     // Options and jobs
     std::optional<std::string> takeOver(const Job &job);
-    tl::expected<Job, std::string> jobNow() const;
     std::optional<BrokenOffRun> brokenOffRun() const;
     void offerToGoOn();
     void notEjected(const std::vector<DiskResult> &disks) override;

@@ -87,7 +87,7 @@ std::function<void()> MainWindow::logOpener()
 
 bool MainWindow::isBusy() const
 {
-    return m_run && m_run->isAtWork();
+    return m_context.line->isAtWork || (m_run && m_run->isAtWork());
 }
 
 void MainWindow::holdOffSleepWhileBusy()

@@ -21,6 +21,10 @@ void MainWindow::warn(const std::string &text)
 // Repeats the checks that selecting the enclosure made, now with the records of all disks.
 bool MainWindow::isStartRefused()
 {
+    if (m_context.line->isArmed || m_context.line->isAtWork) {
+        warn("A production line is armed. Disarm it first.");
+        return true;
+    }
     const auto found = devices();
     const auto enclosure = chosenEnclosure(found, chosenNow());
     if (!enclosure && enclosure.error() == EnclosureRefusal::NoneChosen)

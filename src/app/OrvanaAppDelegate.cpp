@@ -1,11 +1,16 @@
 #include "app/OrvanaAppDelegate.h"
 
+#include "app/LineWindow.h"
 #include "app/MainMenu.h"
 #include "app/MainWindow.h"
 #include "app/VerifyWindow.h"
+#include "filetree/view/FileListViewController.h"
 #include "foundation/NotificationCenter.h"
 #include "log/view/LogDataWindows.h"
+#include "platform/Account.h"
 #include "platform/Host.h"
+#include "platform/posix/PrivateFolder.h"
+#include "ui/CoreWords.h"
 #include "version/view/VersionWindow.h"
 
 #include <QApplication>
@@ -89,6 +94,35 @@ void OrvanaAppDelegate::showVerifyWindow()
     m_verifyWindow->activateWindow();
 }
 
+// A line goes on with what was ticked when its window was opened.
+void OrvanaAppDelegate::showLineWindow()
+{
+    auto &window = mainWindow();
+    if (!m_lineWindow) {
+        if (!window.mayUseJobs())
+            return;
+        auto &files = window.myFileListViewController();
+        const auto job = window.jobNow();
+        if (!job || !files.waitForCount(std::chrono::milliseconds(0))) {
+            const auto reason =
+                job ? tr("The selected files are still being counted.") : coreWords(job.error());
+            window.sheets().show(
+                {.message = tr("Warning"), .text = reason, .buttons = {tr("OK")}, .completion = {}});
+            return;
+        }
+        m_lineWindow = new LineWindow(m_context, platform::stateFolder(m_context.host.account().homeFolder()),
+                                      {*job, window.chosenNow(), files.totalFiles(), files.totalSize()});
+    }
+    m_lineWindow->show();
+    m_lineWindow->raise();
+    m_lineWindow->activateWindow();
+}
+
+LineWindow *OrvanaAppDelegate::lineWindow() const
+{
+    return m_lineWindow;
+}
+
 void OrvanaAppDelegate::checkForUpdats()
 {
     versionWindow().checkVersion();
@@ -119,6 +153,8 @@ void OrvanaAppDelegate::raiseMainWindow()
 
 void OrvanaAppDelegate::closeOthers()
 {
+    if (m_lineWindow)
+        m_lineWindow->cancel();
     for (auto *window : QApplication::topLevelWidgets()) {
         if (window != m_mainWindow.get())
             window->close();

@@ -14,6 +14,7 @@ namespace orvana
 class LogDataWindows;
 class MainMenu;
 class MainWindow;
+class LineWindow;
 class VerifyWindow;
 class VersionWindow;
 
@@ -38,11 +39,17 @@ public:
 
     /// The open window of `showVerifyWindow`, or null.
     VerifyWindow *verifyWindow() const;
+
+    /// The open window of `showLineWindow`, or null.
+    LineWindow *lineWindow() const;
     VersionWindow &versionWindow();
 
     // The actions of the menu.
     void showLogDataWindows();
     void showVerifyWindow();
+
+    /// Opens the production line for what the main window shows. Says why it cannot.
+    void showLineWindow();
     void checkForUpdats();
     void howToUse();
     void showAbout();
@@ -62,6 +69,7 @@ private:
     std::unique_ptr<LogDataWindows> m_logDataWindow;
     std::unique_ptr<VersionWindow> m_versionWindow;
     QPointer<VerifyWindow> m_verifyWindow;
+    QPointer<LineWindow> m_lineWindow;
 };
 
 } // namespace orvana

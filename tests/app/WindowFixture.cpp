@@ -105,7 +105,8 @@ void WindowTest::start(const std::string &edition)
 
 AppContext WindowTest::context()
 {
-    return {*m_host, m_center, m_volumeCenter, m_queue, m_clock, m_tree.path("logs"), m_startDemo};
+    return {*m_host,     m_center,      m_volumeCenter, m_queue, m_clock, m_tree.path("logs"),
+            m_startDemo, m_lineActivity};
 }
 
 void WindowTest::startWithEnclosure()

@@ -111,6 +111,7 @@ protected:
         [](auto &machine, const auto &definition) { return machine.add(definition); };
     int m_looksAtPorts = 0;
     std::function<bool()> m_startDemo = [] { return true; };
+    std::shared_ptr<LineActivity> m_lineActivity = std::make_shared<LineActivity>();
 
 private:
     class WatchedSetup;
