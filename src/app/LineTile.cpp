@@ -71,7 +71,7 @@ QString wordFor(LineBayState state)
     case LineBayState::Asking:
         return QCoreApplication::translate("orvana::LineTile", "Asking");
     case LineBayState::CountingDown:
-        return QCoreApplication::translate("orvana::LineTile", "Erases in");
+        return QCoreApplication::translate("orvana::LineTile", "Begins in");
     case LineBayState::Erasing:
         return QCoreApplication::translate("orvana::LineTile", "Erasing");
     case LineBayState::Copying:
@@ -139,6 +139,9 @@ LineTile::LineTile(Bay bay, QWidget *parent)
     m_progress->setRange(0, Percent);
     m_progress->setAccessibleName(tr("Progress of bay %1").arg(letter));
     m_yes->setAutoDefault(false);
+    auto font = m_yes->font();
+    font.setPointSize(DiskPoints);
+    m_yes->setFont(font);
     // A key that stops a countdown must not press the button that begins one.
     m_yes->setFocusPolicy(Qt::TabFocus);
     auto *layout = new QVBoxLayout(this);

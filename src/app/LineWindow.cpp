@@ -62,12 +62,12 @@ QWidget *LineWindow::makeForm()
 {
     auto *page = new QWidget(this);
     auto *form = new QFormLayout(page);
-    auto *what = new QLabel(
-        tr("Each disk that comes into an armed bay gets %n file(s), %1, from %2, and is "
-           "verified.",
-           nullptr, static_cast<int>(m_setup.files))
-            .arg(QString::fromStdString(sizeText(m_setup.bytes)), shownText(m_setup.job.sourceName)),
-        page);
+    auto *what =
+        new QLabel(tr("Each disk that comes into an armed bay gets this, and is verified: %1, files: %2, %3")
+                       .arg(isolated(shownText(m_setup.job.sourceName)), QString::number(m_setup.files),
+                            isolated(QString::fromStdString(sizeText(m_setup.bytes)))),
+                   page);
+    what->setTextFormat(Qt::PlainText);
     what->setWordWrap(true);
     form->addRow(what);
     m_lines = new QuietComboBox(page);
@@ -94,7 +94,7 @@ QWidget *LineWindow::makeForm()
     form->addRow(tr("Armed bays:"), bays);
     m_consent = new QLineEdit(page);
     m_consent->setPlaceholderText(ConsentWords);
-    form->addRow(tr("To be &asked about no disk's content, type \"%1\":").arg(ConsentWords), m_consent);
+    form->addRow(tr("To be as&ked about no disk's content, type \"%1\":").arg(ConsentWords), m_consent);
     m_trouble = new QLabel(page);
     m_trouble->setWordWrap(true);
     m_trouble->setTextFormat(Qt::PlainText);

@@ -168,6 +168,8 @@ QString RunWords::sentenceOf(const RunSetting &setting)
         return tr("Cut longer files that are there already to the length of their source");
     if (key == "repair")
         return tr("When verifying, write blocks that differ once more");
+    if (key == "health")
+        return tr("Ask each disk how it is, and leave out one that calls itself failing");
     if (key == "ejectAtEnd")
         return tr("Eject each disk that holds every file at the end");
     return QString::fromLatin1(setting.help);
@@ -206,6 +208,8 @@ QString RunWords::summaryOf(const RunSettings &settings)
         parts += tr("Exact lengths");
     if (settings.manner.repair)
         parts += tr("Repair");
+    if (settings.health)
+        parts += tr("Health");
     if (settings.ejectAtEnd)
         parts += tr("Eject at the end");
     for (const auto &setting : AllListedRunSettings) {

@@ -65,11 +65,17 @@ void describeDuplicate(CLI::App &duplicate, DuplicateOptions &options)
         ->allow_extra_args(false);
     duplicate.add_flag("--verify", options.verify, "Read every copy back and compare it with its source");
     describeSettings(duplicate, options.settings, CopiesTo::Disks);
+    auto *insist = duplicate
+                       .add_option("--insist", options.insisted,
+                                   "Use the disk with this serial number although it calls itself failing")
+                       ->type_name("SERIAL")
+                       ->allow_extra_args(false);
     auto *job =
         duplicate.add_option("--job", options.jobFile, "Do what this job file says")->type_name("FILE");
     for (auto *option : duplicate.get_options()) {
         const auto name = option->get_name();
-        if (option != job && name != "--enclosure" && !option->get_lnames().empty() && name != "--help")
+        if (option != job && option != insist && name != "--enclosure" && !option->get_lnames().empty() &&
+            name != "--help")
             job->excludes(option);
     }
     duplicate.add_flag("--yes", options.yes, "Do not ask");
@@ -243,8 +249,8 @@ void takeLiterally(CommandLineOptions &options)
         takeLiterally(*text);
     for (auto *texts :
          {&options.copy.sources, &options.copy.destinations, &options.duplicate.selection,
-          &options.duplicate.names, &options.disks.bays, &options.disks.names, &options.logs.names,
-          &options.verify.folders, &options.verify.bays, &options.line.words})
+          &options.duplicate.names, &options.duplicate.insisted, &options.disks.bays, &options.disks.names,
+          &options.logs.names, &options.verify.folders, &options.verify.bays, &options.line.words})
         takeLiterally(*texts);
     for (auto *text : {&options.simulator.target, &options.simulator.newName, &options.bays.name})
         takeLiterally(*text);

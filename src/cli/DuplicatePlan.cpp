@@ -2,6 +2,7 @@
 
 #include "cli/CopyPlan.h"
 #include "duplicate/job/JobSource.h"
+#include "duplicate/plan/HealthGate.h"
 #include "duplicate/plan/RunPlan.h"
 #include "foundation/DisplayPath.h"
 #include "foundation/Paths.h"
@@ -135,6 +136,7 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
     choice.verify = options.verify;
     choice.settings = options.settings;
     choice.shown = shownDisks(**enclosure);
+    choice.insisted = options.insisted;
     plan.present = choice.names = volumeNamesOf(**enclosure, scan.user());
     if (const auto refusal = chooseSource(choice, options, **enclosure, scan))
         return tl::unexpected(*refusal);
@@ -151,6 +153,8 @@ tl::expected<Duplication, Refusal> planDuplication(platform::Host &host, const D
     const auto folder = attributesOf(host, choice.sourceRoot);
     if (!folder || folder->type != FileType::Folder)
         return tl::unexpected(Refusal{NotThere, displayPath(choice.sourceRoot) + ": no such folder"});
+    if (choice.settings.health)
+        markFailing(host, scan.devices(), choice);
     plan.source = rememberSource(host, scan.devices(), choice.sourceRoot);
     choice.sourceDisks = plan.source.disks;
     addDisksOf(host, scan.devices(), plan.job.SrcFileArray, choice.sourceDisks);

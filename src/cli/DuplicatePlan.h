@@ -19,6 +19,8 @@ struct DuplicateOptions
     bool erase = false;
     bool verify = false;
     RunSettings settings;
+    std::vector<std::string>
+        insisted; ///< serial numbers of disks that are used even if they call themselves failing
     std::optional<std::string> jobFile; ///< instead of source, selection, names, erase, verify and settings
     std::optional<Job> job;             ///< what `withJob` has read from that file
     bool yes = false;

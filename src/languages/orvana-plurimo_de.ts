@@ -313,6 +313,58 @@
         <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
         <translation>Ein Lauf, der den letzten fortsetzt, löscht keine Disk. Schalten Sie eines von beiden aus.</translation>
     </message>
+    <message>
+        <source>A production line is armed. Disarm it first.</source>
+        <translation>Eine Fertigungslinie ist scharf. Schalten Sie sie zuerst ab.</translation>
+    </message>
+    <message>
+        <source>it was in the bay already</source>
+        <translation>sie war schon im Schacht</translation>
+    </message>
+    <message>
+        <source>its countdown was stopped</source>
+        <translation>ihr Countdown wurde angehalten</translation>
+    </message>
+    <message>
+        <source>it has no serial number</source>
+        <translation>sie hat keine Seriennummer</translation>
+    </message>
+    <message>
+        <source>a disk with its serial number is in another bay</source>
+        <translation>eine Disk mit ihrer Seriennummer ist in einem anderen Schacht</translation>
+    </message>
+    <message>
+        <source>as many disks as are wanted are done or in work</source>
+        <translation>so viele Disks wie gewünscht sind fertig oder in Arbeit</translation>
+    </message>
+    <message>
+        <source>the line is paused</source>
+        <translation>die Linie pausiert</translation>
+    </message>
+    <message>
+        <source>the line has ended</source>
+        <translation>die Linie ist beendet</translation>
+    </message>
+    <message>
+        <source>no more disks were wanted for now</source>
+        <translation>vorerst wurden keine Disks mehr gewünscht</translation>
+    </message>
+    <message>
+        <source>a line counts only disks that were verified; the job does not verify</source>
+        <translation>eine Linie zählt nur geprüfte Disks; der Auftrag prüft nicht</translation>
+    </message>
+    <message>
+        <source>a line begins each disk anew; the job goes on with the last run</source>
+        <translation>eine Linie beginnt jede Disk neu; der Auftrag setzt den letzten Lauf fort</translation>
+    </message>
+    <message>
+        <source>the names of disks in two bays would be the same; put {n} or {bay} into the pattern</source>
+        <translation>die Namen der Disks in zwei Schächten wären gleich; setzen Sie {n} oder {bay} in das Muster</translation>
+    </message>
+    <message>
+        <source>it calls itself failing</source>
+        <translation>sie meldet sich selbst defekt</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -908,6 +960,172 @@
     </message>
 </context>
 <context>
+    <name>orvana::LineTile</name>
+    <message>
+        <source>Not armed</source>
+        <translation>Nicht scharf</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>Wartet</translation>
+    </message>
+    <message>
+        <source>Looking</source>
+        <translation>Sieht nach</translation>
+    </message>
+    <message>
+        <source>Not taken</source>
+        <translation>Nicht genommen</translation>
+    </message>
+    <message>
+        <source>Asking</source>
+        <translation>Fragt</translation>
+    </message>
+    <message>
+        <source>Begins in</source>
+        <translation>Beginnt in</translation>
+    </message>
+    <message>
+        <source>Erasing</source>
+        <translation>Löscht</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>Prüft</translation>
+    </message>
+    <message>
+        <source>Ejecting</source>
+        <translation>Wirft aus</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>Bestanden</translation>
+    </message>
+    <message>
+        <source>Not proven</source>
+        <translation>Nicht belegt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Yes, write this disk</source>
+        <translation>Ja, diese Disk beschreiben</translation>
+    </message>
+    <message>
+        <source>State of bay %1</source>
+        <translation>Zustand von Schacht %1</translation>
+    </message>
+    <message>
+        <source>Progress of bay %1</source>
+        <translation>Fortschritt von Schacht %1</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::LineWindow</name>
+    <message>
+        <source>Production Line</source>
+        <translation>Fertigungslinie</translation>
+    </message>
+    <message>
+        <source>Each disk that comes into an armed bay gets this, and is verified: %1, files: %2, %3</source>
+        <translation>Jede Disk, die in einen scharfen Schacht kommt, erhält dies und wird geprüft: %1, Dateien: %2, %3</translation>
+    </message>
+    <message>
+        <source>&amp;Line:</source>
+        <translation>&amp;Linie:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>&amp;Number of disks:</source>
+        <translation>A&amp;nzahl der Disks:</translation>
+    </message>
+    <message>
+        <source>May hold {n:03} for the number, {serial}, {bay} and {date}</source>
+        <translation>Kann {n:03} für die Nummer, {serial}, {bay} und {date} enthalten</translation>
+    </message>
+    <message>
+        <source>N&amp;ames of the disks:</source>
+        <translation>N&amp;amen der Disks:</translation>
+    </message>
+    <message>
+        <source>Bay &amp;%1</source>
+        <translation>Schacht &amp;%1</translation>
+    </message>
+    <message>
+        <source>Armed bays:</source>
+        <translation>Scharfe Schächte:</translation>
+    </message>
+    <message>
+        <source>A&amp;rm</source>
+        <translation>Scha&amp;rf schalten</translation>
+    </message>
+    <message>
+        <source>Disks made</source>
+        <translation>Fertige Disks</translation>
+    </message>
+    <message>
+        <source>No &amp;more disks</source>
+        <translation>Keine &amp;weiteren Disks</translation>
+    </message>
+    <message>
+        <source>New line</source>
+        <translation>Neue Linie</translation>
+    </message>
+    <message>
+        <source>Disks are still in work.</source>
+        <translation>Es sind noch Disks in Arbeit.</translation>
+    </message>
+    <message>
+        <source>The words are &quot;%1&quot;.</source>
+        <translation>Die Worte sind „%1“.</translation>
+    </message>
+    <message>
+        <source>No bay is ticked.</source>
+        <translation>Kein Schacht ist angekreuzt.</translation>
+    </message>
+    <message>
+        <source>Any key, and any click beside a button, stops a countdown.</source>
+        <translation>Jede Taste und jeder Klick neben einen Knopf hält einen Countdown an.</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>Weiterma&amp;chen</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>No more disks are taken: %1</source>
+        <translation>Es werden keine Disks mehr genommen: %1</translation>
+    </message>
+    <message>
+        <source>The window closes when the disks in work are done.</source>
+        <translation>Das Fenster schließt sich, wenn die Disks in Arbeit fertig sind.</translation>
+    </message>
+    <message>
+        <source>To be as&amp;ked about no disk&apos;s content, type &quot;%1&quot;:</source>
+        <translation>Um bei &amp;keiner Disk nach ihrem Inhalt gefragt zu werden, „%1“ eintippen:</translation>
+    </message>
+</context>
+<context>
     <name>orvana::LogDataWindows</name>
     <message>
         <source>This log is long. Only its end is shown, at most the last 10 MB.</source>
@@ -1003,6 +1221,10 @@
     <message>
         <source>&amp;Go on with the last run</source>
         <translation>Letzten Lauf &amp;fortsetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Production line...</source>
+        <translation>Fertig&amp;ungslinie...</translation>
     </message>
 </context>
 <context>
@@ -1244,6 +1466,18 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message>
         <source>Duplicates disks: one read, many writes, verified.</source>
         <translation>Dupliziert Disks: einmal lesen, vielfach schreiben, geprüft.</translation>
+    </message>
+    <message>
+        <source>The selected files are still being counted.</source>
+        <translation>Die ausgewählten Dateien werden noch gezählt.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -1520,6 +1754,14 @@ Mit OK wird auf die übrigen Laufwerke dupliziert.</translation>
     <message>
         <source>&amp;Where a disk cannot hold all:</source>
         <translation>&amp;Wo eine Disk nicht alles fasst:</translation>
+    </message>
+    <message>
+        <source>Ask each disk how it is, and leave out one that calls itself failing</source>
+        <translation>Jede Disk nach ihrem Zustand fragen und eine auslassen, die sich selbst defekt meldet</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Zustand</translation>
     </message>
 </context>
 <context>

@@ -313,6 +313,58 @@
         <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
         <translation>Una duplicación que continúa la última no borra ningún disco. Desactive una de las dos opciones.</translation>
     </message>
+    <message>
+        <source>A production line is armed. Disarm it first.</source>
+        <translation>Hay una línea de producción armada. Desármela primero.</translation>
+    </message>
+    <message>
+        <source>it was in the bay already</source>
+        <translation>ya estaba en la bahía</translation>
+    </message>
+    <message>
+        <source>its countdown was stopped</source>
+        <translation>se detuvo su cuenta atrás</translation>
+    </message>
+    <message>
+        <source>it has no serial number</source>
+        <translation>no tiene número de serie</translation>
+    </message>
+    <message>
+        <source>a disk with its serial number is in another bay</source>
+        <translation>hay un disco con su número de serie en otra bahía</translation>
+    </message>
+    <message>
+        <source>as many disks as are wanted are done or in work</source>
+        <translation>ya hay tantos discos hechos o en proceso como se desean</translation>
+    </message>
+    <message>
+        <source>the line is paused</source>
+        <translation>la línea está en pausa</translation>
+    </message>
+    <message>
+        <source>the line has ended</source>
+        <translation>la línea ha terminado</translation>
+    </message>
+    <message>
+        <source>no more disks were wanted for now</source>
+        <translation>por ahora no se quisieron más discos</translation>
+    </message>
+    <message>
+        <source>a line counts only disks that were verified; the job does not verify</source>
+        <translation>una línea solo cuenta discos verificados; el trabajo no verifica</translation>
+    </message>
+    <message>
+        <source>a line begins each disk anew; the job goes on with the last run</source>
+        <translation>una línea empieza cada disco de nuevo; el trabajo continúa la última duplicación</translation>
+    </message>
+    <message>
+        <source>the names of disks in two bays would be the same; put {n} or {bay} into the pattern</source>
+        <translation>los nombres de los discos de dos bahías serían iguales; ponga {n} o {bay} en el patrón</translation>
+    </message>
+    <message>
+        <source>it calls itself failing</source>
+        <translation>se declara defectuoso</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -908,6 +960,172 @@
     </message>
 </context>
 <context>
+    <name>orvana::LineTile</name>
+    <message>
+        <source>Not armed</source>
+        <translation>No armada</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>Esperando</translation>
+    </message>
+    <message>
+        <source>Looking</source>
+        <translation>Examinando</translation>
+    </message>
+    <message>
+        <source>Not taken</source>
+        <translation>No aceptado</translation>
+    </message>
+    <message>
+        <source>Asking</source>
+        <translation>Pregunta</translation>
+    </message>
+    <message>
+        <source>Begins in</source>
+        <translation>Empieza en</translation>
+    </message>
+    <message>
+        <source>Erasing</source>
+        <translation>Borrando</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>Copiando</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>Verificando</translation>
+    </message>
+    <message>
+        <source>Ejecting</source>
+        <translation>Expulsando</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>Aprobado</translation>
+    </message>
+    <message>
+        <source>Not proven</source>
+        <translation>No probado</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fallido</translation>
+    </message>
+    <message>
+        <source>Yes, write this disk</source>
+        <translation>Sí, escribir este disco</translation>
+    </message>
+    <message>
+        <source>State of bay %1</source>
+        <translation>Estado de la bahía %1</translation>
+    </message>
+    <message>
+        <source>Progress of bay %1</source>
+        <translation>Progreso de la bahía %1</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Origen</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::LineWindow</name>
+    <message>
+        <source>Production Line</source>
+        <translation>Línea de producción</translation>
+    </message>
+    <message>
+        <source>Each disk that comes into an armed bay gets this, and is verified: %1, files: %2, %3</source>
+        <translation>Cada disco que entra en una bahía armada recibe esto y se verifica: %1, archivos: %2, %3</translation>
+    </message>
+    <message>
+        <source>&amp;Line:</source>
+        <translation>&amp;Línea:</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Título:</translation>
+    </message>
+    <message>
+        <source>&amp;Number of disks:</source>
+        <translation>&amp;Número de discos:</translation>
+    </message>
+    <message>
+        <source>May hold {n:03} for the number, {serial}, {bay} and {date}</source>
+        <translation>Puede contener {n:03} para el número, {serial}, {bay} y {date}</translation>
+    </message>
+    <message>
+        <source>N&amp;ames of the disks:</source>
+        <translation>N&amp;ombres de los discos:</translation>
+    </message>
+    <message>
+        <source>Bay &amp;%1</source>
+        <translation>Bahía &amp;%1</translation>
+    </message>
+    <message>
+        <source>Armed bays:</source>
+        <translation>Bahías armadas:</translation>
+    </message>
+    <message>
+        <source>A&amp;rm</source>
+        <translation>A&amp;rmar</translation>
+    </message>
+    <message>
+        <source>Disks made</source>
+        <translation>Discos hechos</translation>
+    </message>
+    <message>
+        <source>No &amp;more disks</source>
+        <translation>No &amp;más discos</translation>
+    </message>
+    <message>
+        <source>New line</source>
+        <translation>Línea nueva</translation>
+    </message>
+    <message>
+        <source>Disks are still in work.</source>
+        <translation>Aún hay discos en proceso.</translation>
+    </message>
+    <message>
+        <source>The words are &quot;%1&quot;.</source>
+        <translation>Las palabras son «%1».</translation>
+    </message>
+    <message>
+        <source>No bay is ticked.</source>
+        <translation>No hay ninguna bahía marcada.</translation>
+    </message>
+    <message>
+        <source>Any key, and any click beside a button, stops a countdown.</source>
+        <translation>Cualquier tecla, o un clic fuera de los botones, detiene una cuenta atrás.</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>&amp;Continuar</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pausa</translation>
+    </message>
+    <message>
+        <source>No more disks are taken: %1</source>
+        <translation>No se aceptan más discos: %1</translation>
+    </message>
+    <message>
+        <source>The window closes when the disks in work are done.</source>
+        <translation>La ventana se cierra cuando terminen los discos en proceso.</translation>
+    </message>
+    <message>
+        <source>To be as&amp;ked about no disk&apos;s content, type &quot;%1&quot;:</source>
+        <translation>Para que no se &amp;pregunte por el contenido de ningún disco, escriba «%1»:</translation>
+    </message>
+</context>
+<context>
     <name>orvana::LogDataWindows</name>
     <message>
         <source>This log is long. Only its end is shown, at most the last 10 MB.</source>
@@ -1003,6 +1221,10 @@
     <message>
         <source>&amp;Go on with the last run</source>
         <translation>Con&amp;tinuar la última duplicación</translation>
+    </message>
+    <message>
+        <source>&amp;Production line...</source>
+        <translation>Línea de &amp;producción...</translation>
     </message>
 </context>
 <context>
@@ -1244,6 +1466,18 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message>
         <source>Duplicates disks: one read, many writes, verified.</source>
         <translation>Duplica discos: una lectura, muchas escrituras, verificadas.</translation>
+    </message>
+    <message>
+        <source>The selected files are still being counted.</source>
+        <translation>Todavía se están contando los archivos seleccionados.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Advertencia</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>
@@ -1520,6 +1754,14 @@ Pulse Aceptar para duplicar en los demás discos.</translation>
     <message>
         <source>&amp;Where a disk cannot hold all:</source>
         <translation>Donde un disco no pue&amp;da con todo:</translation>
+    </message>
+    <message>
+        <source>Ask each disk how it is, and leave out one that calls itself failing</source>
+        <translation>Preguntar a cada disco por su estado y omitir el que se declare defectuoso</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Estado</translation>
     </message>
 </context>
 <context>

@@ -313,6 +313,58 @@
         <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
         <translation>Une duplication qui reprend la dernière n&apos;efface aucun disque. Désactivez l&apos;une des deux options.</translation>
     </message>
+    <message>
+        <source>A production line is armed. Disarm it first.</source>
+        <translation>Une chaîne de production est armée. Désarmez-la d’abord.</translation>
+    </message>
+    <message>
+        <source>it was in the bay already</source>
+        <translation>il était déjà dans la baie</translation>
+    </message>
+    <message>
+        <source>its countdown was stopped</source>
+        <translation>son compte à rebours a été arrêté</translation>
+    </message>
+    <message>
+        <source>it has no serial number</source>
+        <translation>il n’a pas de numéro de série</translation>
+    </message>
+    <message>
+        <source>a disk with its serial number is in another bay</source>
+        <translation>un disque portant son numéro de série est dans une autre baie</translation>
+    </message>
+    <message>
+        <source>as many disks as are wanted are done or in work</source>
+        <translation>autant de disques que voulu sont faits ou en cours</translation>
+    </message>
+    <message>
+        <source>the line is paused</source>
+        <translation>la ligne est en pause</translation>
+    </message>
+    <message>
+        <source>the line has ended</source>
+        <translation>la ligne est terminée</translation>
+    </message>
+    <message>
+        <source>no more disks were wanted for now</source>
+        <translation>plus aucun disque n’était voulu pour l’instant</translation>
+    </message>
+    <message>
+        <source>a line counts only disks that were verified; the job does not verify</source>
+        <translation>une ligne ne compte que les disques vérifiés ; la tâche ne vérifie pas</translation>
+    </message>
+    <message>
+        <source>a line begins each disk anew; the job goes on with the last run</source>
+        <translation>une ligne recommence chaque disque ; la tâche continue la dernière duplication</translation>
+    </message>
+    <message>
+        <source>the names of disks in two bays would be the same; put {n} or {bay} into the pattern</source>
+        <translation>les noms des disques de deux baies seraient les mêmes ; mettez {n} ou {bay} dans le modèle</translation>
+    </message>
+    <message>
+        <source>it calls itself failing</source>
+        <translation>il se déclare défaillant</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -908,6 +960,172 @@
     </message>
 </context>
 <context>
+    <name>orvana::LineTile</name>
+    <message>
+        <source>Not armed</source>
+        <translation>Non armée</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>Looking</source>
+        <translation>Examen</translation>
+    </message>
+    <message>
+        <source>Not taken</source>
+        <translation>Non pris</translation>
+    </message>
+    <message>
+        <source>Asking</source>
+        <translation>Demande</translation>
+    </message>
+    <message>
+        <source>Begins in</source>
+        <translation>Commence dans</translation>
+    </message>
+    <message>
+        <source>Erasing</source>
+        <translation>Effacement</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>Copie</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>Vérification</translation>
+    </message>
+    <message>
+        <source>Ejecting</source>
+        <translation>Éjection</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>Réussi</translation>
+    </message>
+    <message>
+        <source>Not proven</source>
+        <translation>Non prouvé</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Échec</translation>
+    </message>
+    <message>
+        <source>Yes, write this disk</source>
+        <translation>Oui, écrire ce disque</translation>
+    </message>
+    <message>
+        <source>State of bay %1</source>
+        <translation>État de la baie %1</translation>
+    </message>
+    <message>
+        <source>Progress of bay %1</source>
+        <translation>Progression de la baie %1</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Source</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::LineWindow</name>
+    <message>
+        <source>Production Line</source>
+        <translation>Chaîne de production</translation>
+    </message>
+    <message>
+        <source>Each disk that comes into an armed bay gets this, and is verified: %1, files: %2, %3</source>
+        <translation>Chaque disque qui arrive dans une baie armée reçoit ceci et est vérifié : %1, fichiers : %2, %3</translation>
+    </message>
+    <message>
+        <source>&amp;Line:</source>
+        <translation>&amp;Ligne :</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titre :</translation>
+    </message>
+    <message>
+        <source>&amp;Number of disks:</source>
+        <translation>&amp;Nombre de disques :</translation>
+    </message>
+    <message>
+        <source>May hold {n:03} for the number, {serial}, {bay} and {date}</source>
+        <translation>Peut contenir {n:03} pour le numéro, {serial}, {bay} et {date}</translation>
+    </message>
+    <message>
+        <source>N&amp;ames of the disks:</source>
+        <translation>N&amp;oms des disques :</translation>
+    </message>
+    <message>
+        <source>Bay &amp;%1</source>
+        <translation>Baie &amp;%1</translation>
+    </message>
+    <message>
+        <source>Armed bays:</source>
+        <translation>Baies armées :</translation>
+    </message>
+    <message>
+        <source>A&amp;rm</source>
+        <translation>A&amp;rmer</translation>
+    </message>
+    <message>
+        <source>Disks made</source>
+        <translation>Disques faits</translation>
+    </message>
+    <message>
+        <source>No &amp;more disks</source>
+        <translation>P&amp;lus de disques</translation>
+    </message>
+    <message>
+        <source>New line</source>
+        <translation>Nouvelle ligne</translation>
+    </message>
+    <message>
+        <source>Disks are still in work.</source>
+        <translation>Des disques sont encore en cours.</translation>
+    </message>
+    <message>
+        <source>The words are &quot;%1&quot;.</source>
+        <translation>Les mots sont « %1 ».</translation>
+    </message>
+    <message>
+        <source>No bay is ticked.</source>
+        <translation>Aucune baie n’est cochée.</translation>
+    </message>
+    <message>
+        <source>Any key, and any click beside a button, stops a countdown.</source>
+        <translation>Toute touche, ou tout clic hors d’un bouton, arrête un compte à rebours.</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>&amp;Continuer</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>No more disks are taken: %1</source>
+        <translation>Plus aucun disque n’est pris : %1</translation>
+    </message>
+    <message>
+        <source>The window closes when the disks in work are done.</source>
+        <translation>La fenêtre se fermera quand les disques en cours seront terminés.</translation>
+    </message>
+    <message>
+        <source>To be as&amp;ked about no disk&apos;s content, type &quot;%1&quot;:</source>
+        <translation>Pour qu’aucun contenu de dis&amp;que ne soit demandé, tapez « %1 » :</translation>
+    </message>
+</context>
+<context>
     <name>orvana::LogDataWindows</name>
     <message>
         <source>This log is long. Only its end is shown, at most the last 10 MB.</source>
@@ -1003,6 +1221,10 @@
     <message>
         <source>&amp;Go on with the last run</source>
         <translation>Re&amp;prendre la dernière duplication</translation>
+    </message>
+    <message>
+        <source>&amp;Production line...</source>
+        <translation>C&amp;haîne de production...</translation>
     </message>
 </context>
 <context>
@@ -1244,6 +1466,18 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message>
         <source>Duplicates disks: one read, many writes, verified.</source>
         <translation>Duplique des disques : une lecture, plusieurs écritures, vérifiées.</translation>
+    </message>
+    <message>
+        <source>The selected files are still being counted.</source>
+        <translation>Les fichiers sélectionnés sont encore en cours de comptage.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Avertissement</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -1520,6 +1754,14 @@ Appuyez sur OK pour dupliquer sur les autres disques.</translation>
     <message>
         <source>&amp;Where a disk cannot hold all:</source>
         <translation>Là où un disque ne peut tout conteni&amp;r :</translation>
+    </message>
+    <message>
+        <source>Ask each disk how it is, and leave out one that calls itself failing</source>
+        <translation>Demander à chaque disque son état et écarter celui qui se déclare défaillant</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>État</translation>
     </message>
 </context>
 <context>

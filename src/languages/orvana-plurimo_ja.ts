@@ -313,6 +313,58 @@
         <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
         <translation>前回の実行を続ける場合、ディスクは消去されません。どちらか一方をオフにしてください。</translation>
     </message>
+    <message>
+        <source>A production line is armed. Disarm it first.</source>
+        <translation>生産ラインが待機中です。先に解除してください。</translation>
+    </message>
+    <message>
+        <source>it was in the bay already</source>
+        <translation>すでにベイに入っていました</translation>
+    </message>
+    <message>
+        <source>its countdown was stopped</source>
+        <translation>カウントダウンが止められました</translation>
+    </message>
+    <message>
+        <source>it has no serial number</source>
+        <translation>シリアル番号がありません</translation>
+    </message>
+    <message>
+        <source>a disk with its serial number is in another bay</source>
+        <translation>同じシリアル番号のディスクが別のベイにあります</translation>
+    </message>
+    <message>
+        <source>as many disks as are wanted are done or in work</source>
+        <translation>必要な数のディスクが完了または作業中です</translation>
+    </message>
+    <message>
+        <source>the line is paused</source>
+        <translation>ラインは一時停止中です</translation>
+    </message>
+    <message>
+        <source>the line has ended</source>
+        <translation>ラインは終了しました</translation>
+    </message>
+    <message>
+        <source>no more disks were wanted for now</source>
+        <translation>今はこれ以上必要ありません</translation>
+    </message>
+    <message>
+        <source>a line counts only disks that were verified; the job does not verify</source>
+        <translation>ラインは検証されたディスクだけを数えます。このジョブは検証しません</translation>
+    </message>
+    <message>
+        <source>a line begins each disk anew; the job goes on with the last run</source>
+        <translation>ラインは各ディスクを最初から始めます。このジョブは前回の続きを行います</translation>
+    </message>
+    <message>
+        <source>the names of disks in two bays would be the same; put {n} or {bay} into the pattern</source>
+        <translation>2つのベイのディスク名が同じになります。{n}または{bay}を入れてください</translation>
+    </message>
+    <message>
+        <source>it calls itself failing</source>
+        <translation>自ら故障を告げています</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -908,6 +960,172 @@
     </message>
 </context>
 <context>
+    <name>orvana::LineTile</name>
+    <message>
+        <source>Not armed</source>
+        <translation>待機解除</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Looking</source>
+        <translation>確認中</translation>
+    </message>
+    <message>
+        <source>Not taken</source>
+        <translation>対象外</translation>
+    </message>
+    <message>
+        <source>Asking</source>
+        <translation>確認待ち</translation>
+    </message>
+    <message>
+        <source>Begins in</source>
+        <translation>開始まで</translation>
+    </message>
+    <message>
+        <source>Erasing</source>
+        <translation>消去中</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>コピー中</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>検証中</translation>
+    </message>
+    <message>
+        <source>Ejecting</source>
+        <translation>取り出し中</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>合格</translation>
+    </message>
+    <message>
+        <source>Not proven</source>
+        <translation>未証明</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>Yes, write this disk</source>
+        <translation>はい、このディスクに書き込む</translation>
+    </message>
+    <message>
+        <source>State of bay %1</source>
+        <translation>ベイ%1の状態</translation>
+    </message>
+    <message>
+        <source>Progress of bay %1</source>
+        <translation>ベイ%1の進行状況</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>コピー元</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::LineWindow</name>
+    <message>
+        <source>Production Line</source>
+        <translation>生産ライン</translation>
+    </message>
+    <message>
+        <source>Each disk that comes into an armed bay gets this, and is verified: %1, files: %2, %3</source>
+        <translation>待機中のベイに入った各ディスクに次の内容を書き込み、検証します: %1、ファイル数: %2、%3</translation>
+    </message>
+    <message>
+        <source>&amp;Line:</source>
+        <translation>ライン(&amp;L):</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>名前(&amp;T):</translation>
+    </message>
+    <message>
+        <source>&amp;Number of disks:</source>
+        <translation>ディスクの数(&amp;N):</translation>
+    </message>
+    <message>
+        <source>May hold {n:03} for the number, {serial}, {bay} and {date}</source>
+        <translation>番号の{n:03}、{serial}、{bay}、{date}を使えます</translation>
+    </message>
+    <message>
+        <source>N&amp;ames of the disks:</source>
+        <translation>ディスク名(&amp;A):</translation>
+    </message>
+    <message>
+        <source>Bay &amp;%1</source>
+        <translation>ベイ &amp;%1</translation>
+    </message>
+    <message>
+        <source>Armed bays:</source>
+        <translation>待機するベイ:</translation>
+    </message>
+    <message>
+        <source>A&amp;rm</source>
+        <translation>待機を開始(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Disks made</source>
+        <translation>完成したディスク</translation>
+    </message>
+    <message>
+        <source>No &amp;more disks</source>
+        <translation>これ以上受け付けない(&amp;M)</translation>
+    </message>
+    <message>
+        <source>New line</source>
+        <translation>新しいライン</translation>
+    </message>
+    <message>
+        <source>Disks are still in work.</source>
+        <translation>まだ作業中のディスクがあります。</translation>
+    </message>
+    <message>
+        <source>The words are &quot;%1&quot;.</source>
+        <translation>入力する言葉は「%1」です。</translation>
+    </message>
+    <message>
+        <source>No bay is ticked.</source>
+        <translation>ベイが選ばれていません。</translation>
+    </message>
+    <message>
+        <source>Any key, and any click beside a button, stops a countdown.</source>
+        <translation>どのキーでも、ボタン以外のクリックでも、カウントダウンが止まります。</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2中%1</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>続行(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>一時停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>No more disks are taken: %1</source>
+        <translation>これ以上ディスクを受け付けません: %1</translation>
+    </message>
+    <message>
+        <source>The window closes when the disks in work are done.</source>
+        <translation>作業中のディスクが終わるとウィンドウが閉じます。</translation>
+    </message>
+    <message>
+        <source>To be as&amp;ked about no disk&apos;s content, type &quot;%1&quot;:</source>
+        <translation>ディスクの内容を確認しない場合は「%1」と入力(&amp;K):</translation>
+    </message>
+</context>
+<context>
     <name>orvana::LogDataWindows</name>
     <message>
         <source>This log is long. Only its end is shown, at most the last 10 MB.</source>
@@ -1003,6 +1221,10 @@
     <message>
         <source>&amp;Go on with the last run</source>
         <translation>前回の実行を続ける(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Production line...</source>
+        <translation>生産ライン(&amp;P)...</translation>
     </message>
 </context>
 <context>
@@ -1244,6 +1466,18 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message>
         <source>Duplicates disks: one read, many writes, verified.</source>
         <translation>ディスクを複製します: 読み込み一回、書き込み多数、検証つき。</translation>
+    </message>
+    <message>
+        <source>The selected files are still being counted.</source>
+        <translation>選択したファイルをまだ数えています。</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -1515,6 +1749,14 @@ OK を押すと、残りのドライブへ複製を続けます。</translation>
     <message>
         <source>&amp;Where a disk cannot hold all:</source>
         <translation>全部は入らないディスクがあるとき(&amp;W):</translation>
+    </message>
+    <message>
+        <source>Ask each disk how it is, and leave out one that calls itself failing</source>
+        <translation>各ディスクの状態を調べ、自ら故障を告げるものを除く</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>状態</translation>
     </message>
 </context>
 <context>

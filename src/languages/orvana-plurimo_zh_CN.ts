@@ -313,6 +313,58 @@
         <source>A run that goes on with the last one erases no disk. Switch one of the two off.</source>
         <translation>继续上次运行时不会抹掉磁盘。请关闭其中一项。</translation>
     </message>
+    <message>
+        <source>A production line is armed. Disarm it first.</source>
+        <translation>生产线已布防。请先解除。</translation>
+    </message>
+    <message>
+        <source>it was in the bay already</source>
+        <translation>它早已在托架中</translation>
+    </message>
+    <message>
+        <source>its countdown was stopped</source>
+        <translation>其倒数已被停止</translation>
+    </message>
+    <message>
+        <source>it has no serial number</source>
+        <translation>它没有序列号</translation>
+    </message>
+    <message>
+        <source>a disk with its serial number is in another bay</source>
+        <translation>另一托架中有相同序列号的磁盘</translation>
+    </message>
+    <message>
+        <source>as many disks as are wanted are done or in work</source>
+        <translation>所需数量的磁盘已完成或在处理中</translation>
+    </message>
+    <message>
+        <source>the line is paused</source>
+        <translation>生产线已暂停</translation>
+    </message>
+    <message>
+        <source>the line has ended</source>
+        <translation>生产线已结束</translation>
+    </message>
+    <message>
+        <source>no more disks were wanted for now</source>
+        <translation>暂时不再需要磁盘</translation>
+    </message>
+    <message>
+        <source>a line counts only disks that were verified; the job does not verify</source>
+        <translation>生产线只计入已校验的磁盘；该任务不校验</translation>
+    </message>
+    <message>
+        <source>a line begins each disk anew; the job goes on with the last run</source>
+        <translation>生产线对每个磁盘从头开始；该任务会接续上次运行</translation>
+    </message>
+    <message>
+        <source>the names of disks in two bays would be the same; put {n} or {bay} into the pattern</source>
+        <translation>两个托架的磁盘名称会相同；请在模式中加入 {n} 或 {bay}</translation>
+    </message>
+    <message>
+        <source>it calls itself failing</source>
+        <translation>它自报故障</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>
@@ -908,6 +960,172 @@
     </message>
 </context>
 <context>
+    <name>orvana::LineTile</name>
+    <message>
+        <source>Not armed</source>
+        <translation>未布防</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>Looking</source>
+        <translation>检查中</translation>
+    </message>
+    <message>
+        <source>Not taken</source>
+        <translation>未采用</translation>
+    </message>
+    <message>
+        <source>Asking</source>
+        <translation>等待确认</translation>
+    </message>
+    <message>
+        <source>Begins in</source>
+        <translation>开始倒数</translation>
+    </message>
+    <message>
+        <source>Erasing</source>
+        <translation>抹掉中</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>复制中</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>校验中</translation>
+    </message>
+    <message>
+        <source>Ejecting</source>
+        <translation>弹出中</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>合格</translation>
+    </message>
+    <message>
+        <source>Not proven</source>
+        <translation>未证实</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>Yes, write this disk</source>
+        <translation>是，写入此磁盘</translation>
+    </message>
+    <message>
+        <source>State of bay %1</source>
+        <translation>托架 %1 的状态</translation>
+    </message>
+    <message>
+        <source>Progress of bay %1</source>
+        <translation>托架 %1 的进度</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>源</translation>
+    </message>
+</context>
+<context>
+    <name>orvana::LineWindow</name>
+    <message>
+        <source>Production Line</source>
+        <translation>生产线</translation>
+    </message>
+    <message>
+        <source>Each disk that comes into an armed bay gets this, and is verified: %1, files: %2, %3</source>
+        <translation>进入已布防托架的每个磁盘都会写入以下内容并校验：%1，文件数：%2，%3</translation>
+    </message>
+    <message>
+        <source>&amp;Line:</source>
+        <translation>生产线(&amp;L)：</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>标题(&amp;T)：</translation>
+    </message>
+    <message>
+        <source>&amp;Number of disks:</source>
+        <translation>磁盘数量(&amp;N)：</translation>
+    </message>
+    <message>
+        <source>May hold {n:03} for the number, {serial}, {bay} and {date}</source>
+        <translation>可包含编号 {n:03}、{serial}、{bay} 和 {date}</translation>
+    </message>
+    <message>
+        <source>N&amp;ames of the disks:</source>
+        <translation>磁盘名称(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>Bay &amp;%1</source>
+        <translation>托架 &amp;%1</translation>
+    </message>
+    <message>
+        <source>Armed bays:</source>
+        <translation>布防的托架：</translation>
+    </message>
+    <message>
+        <source>A&amp;rm</source>
+        <translation>布防(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Disks made</source>
+        <translation>已完成的磁盘</translation>
+    </message>
+    <message>
+        <source>No &amp;more disks</source>
+        <translation>不再接受磁盘(&amp;M)</translation>
+    </message>
+    <message>
+        <source>New line</source>
+        <translation>新生产线</translation>
+    </message>
+    <message>
+        <source>Disks are still in work.</source>
+        <translation>仍有磁盘在处理中。</translation>
+    </message>
+    <message>
+        <source>The words are &quot;%1&quot;.</source>
+        <translation>需输入的文字是“%1”。</translation>
+    </message>
+    <message>
+        <source>No bay is ticked.</source>
+        <translation>没有勾选任何托架。</translation>
+    </message>
+    <message>
+        <source>Any key, and any click beside a button, stops a countdown.</source>
+        <translation>按任意键或点击按钮以外的地方可停止倒数。</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>继续(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>No more disks are taken: %1</source>
+        <translation>不再接受磁盘：%1</translation>
+    </message>
+    <message>
+        <source>The window closes when the disks in work are done.</source>
+        <translation>处理中的磁盘完成后窗口将关闭。</translation>
+    </message>
+    <message>
+        <source>To be as&amp;ked about no disk&apos;s content, type &quot;%1&quot;:</source>
+        <translation>如不需询问磁盘内容，请输入“%1”(&amp;K)：</translation>
+    </message>
+</context>
+<context>
     <name>orvana::LogDataWindows</name>
     <message>
         <source>This log is long. Only its end is shown, at most the last 10 MB.</source>
@@ -1003,6 +1221,10 @@
     <message>
         <source>&amp;Go on with the last run</source>
         <translation>继续上次运行(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Production line...</source>
+        <translation>生产线(&amp;P)...</translation>
     </message>
 </context>
 <context>
@@ -1244,6 +1466,18 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message>
         <source>Duplicates disks: one read, many writes, verified.</source>
         <translation>复制磁盘：一次读取，多处写入，逐一校验。</translation>
+    </message>
+    <message>
+        <source>The selected files are still being counted.</source>
+        <translation>仍在统计所选文件。</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>好</translation>
     </message>
 </context>
 <context>
@@ -1515,6 +1749,14 @@ Press OK to continue duplicating to the remaining drive(s).</source>
     <message>
         <source>&amp;Where a disk cannot hold all:</source>
         <translation>磁盘无法容纳全部时(&amp;W)：</translation>
+    </message>
+    <message>
+        <source>Ask each disk how it is, and leave out one that calls itself failing</source>
+        <translation>询问每个磁盘的状况，略过自报故障的磁盘</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>健康状况</translation>
     </message>
 </context>
 <context>

@@ -75,7 +75,10 @@ struct RunChoice
     PerBay<std::string> names; ///< the bays' name fields; with erase on, the new names
     PerBay<bool> isOverSize;   ///< the bay is shown as too small for the selection
     PerBay<bool> isLeftAlone;  ///< the run has nothing to do with the bay, whatever is in it
-    PerBay<bool> isNotErased;  ///< the run had to erase the bay's disk first, but did not
+    PerBay<bool> isFailing;    ///< the bay's disk calls itself failing, and must not be used
+    std::vector<std::string>
+        insisted;             ///< serial numbers of disks that are used although they call themselves failing
+    PerBay<bool> isNotErased; ///< the run had to erase the bay's disk first, but did not
     /// The disks that the bays showed. A bay that holds another disk at the time of the run is left out.
     /// Without a value the disks are not compared.
     std::optional<ShownDisks> shown;

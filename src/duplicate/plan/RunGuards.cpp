@@ -160,6 +160,8 @@ std::string reasonText(RefusalReason reason)
         return "its volume is mounted read-only";
     case RefusalReason::TooSmall:
         return "the selection does not fit";
+    case RefusalReason::Failing:
+        return "it calls itself failing";
     case RefusalReason::SameName:
         return "a bay before it shows the same name";
     }
@@ -212,7 +214,8 @@ std::optional<RefusalReason> refusalOfTarget(const ORVHddInfo &disk, const ORVTh
         return RefusalReason::NotCertain;
     if (!isAsShown(disk, choice))
         return RefusalReason::OtherDisk;
-    return std::nullopt;
+    const auto bay = bayOfDisk(disk);
+    return bay && choice.isFailing[*bay] ? std::optional(RefusalReason::Failing) : std::nullopt;
 }
 
 std::string refusalText(const NameRefusal &refusal)

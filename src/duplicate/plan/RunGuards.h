@@ -50,6 +50,7 @@ enum class RefusalReason {
     InUse,         ///< another run works on its volume
     ReadOnly,      ///< its volume is mounted read-only, and the run does not erase it first
     TooSmall,      ///< it was to be erased, and the counted selection does not fit into it
+    Failing,       ///< it calls itself failing, and the run goes by that
     SameName,      ///< an earlier bay shows the same name, or its volume has the same mount point
 };
 
@@ -78,8 +79,8 @@ std::optional<RefusalReason> refusalOf(const ORVHddInfo &disk, const ScannedDevi
                                        const RunChoice &choice, const UserHome &user);
 
 /// Returns why a disk in a bay of the chosen enclosure may not be erased or written to, or nullopt. The
-/// reasons are those of `refusalOf` and three more: the disk belongs to a RAID set, another disk claims its
-/// place, or it is not the disk that was shown.
+/// reasons are those of `refusalOf` and four more: the disk belongs to a RAID set, another disk claims its
+/// place, it is not the disk that was shown, or it calls itself failing.
 std::optional<RefusalReason> refusalOfTarget(const ORVHddInfo &disk, const ORVThunderboltInfo &enclosure,
                                              const ScannedDevices &devices, const RunChoice &choice,
                                              const UserHome &user);

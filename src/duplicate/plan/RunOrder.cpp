@@ -1,5 +1,6 @@
 #include "duplicate/plan/RunOrder.h"
 
+#include "duplicate/plan/HealthGate.h"
 #include "foundation/DisplayPath.h"
 
 #include <algorithm>
@@ -46,6 +47,8 @@ tl::expected<RunOrder, OrderRefusal> decideOrder(platform::Host &host, const Sca
                    .destinations = {}};
     order.choice.sourceDisks = source.disks;
     addDisksOf(host, devices, selection, order.choice.sourceDisks);
+    if (choice.settings.health)
+        markFailing(host, devices, order.choice);
     const auto user = userHomeOf(host);
     if (choice.erase) {
         if (auto plan = planErase(devices, order.choice, user, eraseFormat()))

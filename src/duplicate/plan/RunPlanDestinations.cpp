@@ -38,7 +38,8 @@ public:
     {
         for (const auto bay : AllBays) {
             const auto &name = m_choice.names[bay];
-            if (!m_choice.isSourceBay(bay) && !m_choice.isLeftAlone[bay] && name != NoVolume && name != UnformattedDisk)
+            if (!m_choice.isSourceBay(bay) && !m_choice.isLeftAlone[bay] && name != NoVolume &&
+                name != UnformattedDisk)
                 add(bay, name);
         }
         return std::move(m_plan);

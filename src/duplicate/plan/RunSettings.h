@@ -18,6 +18,7 @@ namespace orvana
 struct RunSettings
 {
     bool ejectAtEnd = false;                    ///< eject each disk that holds every file
+    bool health = false;                        ///< leave out disks that call themselves failing
     bool resume = false;                        ///< go on with the last run
     CopyManner manner;                          ///< how files are treated that are on a destination already
     ManifestKind manifest = ManifestKind::None; ///< what list of its files each copy gets
@@ -43,6 +44,8 @@ struct RunSetting
 inline constexpr std::array AllRunSettings{
     RunSetting{[](RunSettings &settings) -> bool & { return settings.ejectAtEnd; }, "ejectAtEnd", "--eject",
                "Eject each disk that holds every file at the end", true},
+    RunSetting{[](RunSettings &settings) -> bool & { return settings.health; }, "health", "--health",
+               "Ask each disk how it is, and leave out one that calls itself failing", true},
     RunSetting{[](RunSettings &settings) -> bool & { return settings.resume; }, "resume", "--resume",
                "Go on with the last run: what it has brought to the disks is not copied again", false},
     RunSetting{[](RunSettings &settings) -> bool & { return settings.manner.update; }, "update", "--update",

@@ -89,6 +89,7 @@ std::string placeRows(const DestinationSummary &destination)
         return row("Folder", escaped(destination.path));
     return row("Disk", escaped(disk.name)) + row("Model", escaped(disk.model)) +
            row("Serial number", escaped(disk.serial)) +
+           (disk.health.empty() ? std::string() : row("Health before the run", escaped(disk.health))) +
            row("Size", disk.size ? sizeOf(*disk.size) : std::string()) + row("Bay", escaped(disk.bay));
 }
 

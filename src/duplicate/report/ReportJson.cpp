@@ -58,6 +58,8 @@ Json destinationJson(const DestinationSummary &destination)
         putPath(json, "name", disk.name);
         putPath(json, "model", disk.model);
         putPath(json, "serial", disk.serial);
+        if (!disk.health.empty())
+            json["health"] = disk.health;
         json["diskSize"] = disk.size ? Json(*disk.size) : Json(nullptr);
     }
     json["copied"] = destination.copied;

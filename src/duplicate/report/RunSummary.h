@@ -70,6 +70,8 @@ struct DestinationDisk
     std::string model;
     std::string serial;
     std::optional<std::uint64_t> size; ///< bytes; nullopt when it is not known
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::string health{}; ///< before the run; empty if it was not asked
 
     bool operator==(const DestinationDisk &) const = default;
 };

@@ -1,6 +1,7 @@
 #include "duplicate/run/DiskReport.h"
 
 #include "duplicate/report/RunReport.h"
+#include "platform/DiskHealth.h"
 
 namespace orvana
 {
@@ -52,7 +53,8 @@ void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<Dis
     reportRefusals(report, plan.refusals);
 }
 
-std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations)
+std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations,
+                                     platform::HealthReader *health)
 {
     std::vector<DestinationDisk> disks;
     for (const auto &destination : destinations) {
@@ -60,6 +62,8 @@ std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &dest
         disks.push_back({slotNameOf(destination.bay), destination.name, destination.disk.diskModule,
                          destination.disk.diskSN,
                          size && *size > 0 ? std::optional<std::uint64_t>(*size) : std::nullopt});
+        if (health)
+            disks.back().health = textOf(health->healthOf(destination.disk.diskPath));
     }
     return disks;
 }

@@ -4,6 +4,11 @@
 #include "duplicate/plan/RunPlan.h"
 #include "duplicate/report/RunSummary.h"
 
+namespace orvana::platform
+{
+class HealthReader;
+}
+
 namespace orvana
 {
 
@@ -17,8 +22,9 @@ PerBay<bool> baysNotErased(const ErasePlan &plan, const std::vector<DiskResult> 
 /// the tool did not reach counts as failed.
 void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<DiskResult> &results);
 
-/// Returns the disks of the destinations as the report shows them.
-std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations);
+/// Returns the disks of the destinations as the report shows them. With `health`, each is asked how it is.
+std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations,
+                                     platform::HealthReader *health = nullptr);
 
 /// Puts the bays that get no copy into the report. For a run without any destination, adds a remark that says
 /// so.

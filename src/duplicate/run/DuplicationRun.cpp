@@ -206,7 +206,7 @@ void DuplicationRun::CopyFile()
     if (plan->destinations.empty())
         return end(RunEnding::NoDestination);
     m_destinations = plan->destinations;
-    m_report->describe(disksOf(m_destinations));
+    m_report->describe(disksOf(m_destinations, choice.settings.health ? &m_host.health() : nullptr));
     copyTo({boundToFolders(m_host, {m_order.selection, choice.sourceRoot, plan->roots(), {}, 0}), nullptr});
 }
 

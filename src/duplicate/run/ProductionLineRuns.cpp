@@ -104,6 +104,7 @@ tl::expected<RunOrder, std::string> ProductionLine::orderFor(const std::vector<B
         const auto &shown = (*choice.shown)[bay];
         values.serial = shown ? shown->fingerprint.serial.value_or(std::string()) : std::string();
         values.bay = letterOf(bay);
+        choice.insisted.push_back(values.serial); // one that calls itself failing was asked about
         choice.names[bay] = nameOn(m_work, bay, values, choice.names[bay]);
         ++values.number;
     }

@@ -140,12 +140,12 @@ void addServiceFacts(DiskHealth &health, const std::string &name, const std::str
                            .toStdString();
     if (known != serial)
         return;
-    const auto sata = Service + QStringLiteral(".Drive.Ata");
+    const QString sata = Service + QStringLiteral(".Drive.Ata");
     if (!service.properties(drive, sata).isEmpty()) {
         service.update(drive, sata);
         addSata(health, service.properties(drive, sata));
     }
-    const auto nvme = Service + QStringLiteral(".NVMe.Controller");
+    const QString nvme = Service + QStringLiteral(".NVMe.Controller");
     if (!service.properties(drive, nvme).isEmpty()) {
         service.update(drive, nvme);
         addNvme(health, service.properties(drive, nvme));
