@@ -4,11 +4,11 @@ _plurimoctl() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
     if [ "$COMP_CWORD" = 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject mount verify bays devices logs simulator --help --version" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "copy duplicate erase eject mount verify line bays devices logs simulator --help --version" -- "$word")
         return
     fi
     case $before in
-    --to | --root | --log-dir | --demo-folder)
+    --to | --root | --log-dir | --demo-folder | --certificates)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$word")
         return
@@ -47,13 +47,14 @@ _plurimoctl() {
     local options="--simulator --demo --demo-folder --log-dir --help"
     case $command in
     copy) options+=" --to --root --verify --repair --resume --update --exact --manifest --digest --keep --preflight --json" ;;
-    duplicate) options+=" --enclosure --source --select --erase --name --verify --repair --resume --update --exact --eject --manifest --digest --keep --preflight --job --yes --json" ;;
+    duplicate) options+=" --enclosure --source --select --erase --name --verify --repair --resume --update --exact --eject --health --insist --manifest --digest --keep --preflight --job --yes --json" ;;
     erase) options+=" --enclosure --bay --name --yes" ;;
     eject) options+=" --enclosure --bay --yes" ;;
     mount) options+=" --enclosure --bay" ;;
     verify) options+=" --enclosure --bay --manifest --record --json" ;;
+    line) options+=" start resume status pause end collect --count --title --names --certificates --without-serial --arm --consent --enclosure --json" ;;
     bays) options+=" list learn check forget --bays --json" ;;
-    devices) options+=" --json --watch" ;;
+    devices) options+=" --json --health --watch" ;;
     logs) options+=" list show delete clear --yes --json" ;;
     simulator) options+=" attach detach mount unmount rename show" ;;
     esac

@@ -76,7 +76,10 @@ private:
         return (std::uint64_t{random()} << 32U) | random();
     }
 
-    static std::string textOf(std::uint64_t block) { return sizeText(block * BlockBytes); }
+    static std::string textOf(std::uint64_t block)
+    {
+        return block == 0 ? "its beginning" : sizeText(block * BlockBytes);
+    }
 
     // A smaller disk inside begins again, or ends, at a power of two or at a fraction of what the disk says:
     // a chip's addresses lack their highest bits.

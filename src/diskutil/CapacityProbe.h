@@ -15,8 +15,8 @@ namespace orvana::diskutil
 /// Returns nullopt for a disk that keeps everything, or what it does wrong: "what was written at 512.00 MB is
 /// not there". Takes less than a second, and the time for 64 MiB.
 ///
-/// A fake is found that loses what is written beyond its end, gives errors there, or wraps around at a power of
-/// two or at a half, a quarter and so on of its size, if its own memory is smaller than 64 MiB.
+/// A fake is found that loses what is written beyond its end, gives errors there, or wraps around at a power
+/// of two or at a half, a quarter and so on of its size, if its own memory is smaller than 64 MiB.
 std::optional<std::string> capacityLieOf(RawDisk &disk);
 
 } // namespace orvana::diskutil

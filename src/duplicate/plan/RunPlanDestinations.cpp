@@ -16,15 +16,6 @@ namespace orvana
 namespace
 {
 
-const ORVHddInfo *diskIn(Bay bay, const ORVThunderboltInfo &enclosure)
-{
-    for (const auto &disk : enclosure.hddArray()) {
-        if (bayOfDisk(*disk) == bay)
-            return disk.get();
-    }
-    return nullptr;
-}
-
 class DestinationPlanner
 {
 public:
@@ -48,7 +39,7 @@ public:
 private:
     void add(Bay bay, const std::string &name)
     {
-        const auto *disk = diskIn(bay, m_enclosure);
+        const auto disk = diskInBay(bay, m_enclosure);
         if (const auto reason = disk ? refusalOfBay(*disk, bay, name) : RefusalReason::OtherDisk)
             m_plan.refusals.push_back({slotNameOf(bay), name, *reason});
         else if (m_choice.isOverSize[bay])

@@ -101,6 +101,15 @@ std::optional<Bay> bayOfDisk(const ORVHddInfo &disk)
     return disk.slotPath() ? bayNamed(*disk.slotPath()) : std::nullopt;
 }
 
+std::shared_ptr<ORVHddInfo> diskInBay(Bay bay, const ORVThunderboltInfo &enclosure)
+{
+    for (const auto &disk : enclosure.hddArray()) {
+        if (bayOfDisk(*disk) == bay)
+            return disk;
+    }
+    return nullptr;
+}
+
 DiskUtilInfo diskUtilInfo(const ORVHddInfo &disk, const std::string &volume)
 {
     return {disk.hddSN().value_or(std::string()), disk.hddModel().value_or(std::string()),

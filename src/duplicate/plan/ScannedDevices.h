@@ -71,6 +71,9 @@ bool isStartupDisk(const ORVHddInfo &disk);
 /// Returns the bay that a disk sits in, or nullopt outside the bays of an enclosure.
 std::optional<Bay> bayOfDisk(const ORVHddInfo &disk);
 
+/// Returns the disk in the bay of the enclosure, or null. If several disks claim the bay, the first one.
+std::shared_ptr<ORVHddInfo> diskInBay(Bay bay, const ORVThunderboltInfo &enclosure);
+
 /// Returns the disk as the disk tool takes it, with `volume` as the name of its volume.
 DiskUtilInfo diskUtilInfo(const ORVHddInfo &disk, const std::string &volume);
 

@@ -15,15 +15,6 @@ namespace
 
 constexpr std::chrono::seconds BetweenLooks{1};
 
-std::shared_ptr<ORVHddInfo> diskIn(Bay bay, const ORVThunderboltInfo &enclosure)
-{
-    for (const auto &disk : enclosure.hddArray()) {
-        if (bayOfDisk(*disk) == bay)
-            return disk;
-    }
-    return nullptr;
-}
-
 std::string describe(const ORVHddInfo &disk)
 {
     const auto model = displayPath(disk.hddModel().value_or(std::string()));
@@ -39,45 +30,7 @@ std::string warningText(const platform::DiskHealth &health)
     return isWorthTelling ? textOf(health) : std::string();
 }
 
-bool isEnd(LineBayState state)
-{
-    return state == LineBayState::Passed || state == LineBayState::NotProven || state == LineBayState::Failed;
-}
-
 } // namespace
-
-const char *nameOf(LineBayState state)
-{
-    switch (state) {
-    case LineBayState::Disarmed:
-        return "not armed";
-    case LineBayState::Waiting:
-        return "waiting";
-    case LineBayState::Looking:
-        return "looking";
-    case LineBayState::NotTaken:
-        return "not taken";
-    case LineBayState::Asking:
-        return "asking";
-    case LineBayState::CountingDown:
-        return "counting down";
-    case LineBayState::Erasing:
-        return "erasing";
-    case LineBayState::Copying:
-        return "copying";
-    case LineBayState::Verifying:
-        return "verifying";
-    case LineBayState::Ejecting:
-        return "ejecting";
-    case LineBayState::Passed:
-        return "passed";
-    case LineBayState::NotProven:
-        return "done, not proven";
-    case LineBayState::Failed:
-        return "failed";
-    }
-    return "";
-}
 
 ProductionLine::ProductionLine(const Surroundings &surroundings, LineStore store, LineWork work,
                                LineView &view)
@@ -97,50 +50,6 @@ ScannedDevices ProductionLine::look()
 {
     m_scanner.scanEverything();
     return scannedDevices(m_scanner);
-}
-
-tl::expected<void, Refusal> ProductionLine::arm(const std::vector<Bay> &bays, Consent consent)
-{
-    const auto devices = look();
-    if (m_store.state() == LineState::Ended)
-        return tl::unexpected(Refusal{Refused, "the line has ended"});
-    if (const auto reason = reasonToDisarm(devices))
-        return tl::unexpected(Refusal{Refused, *reason});
-    const auto enclosure = chosenEnclosure(devices, whereItIsNow(devices, m_work.choice.enclosure));
-    for (const auto bay : bays) {
-        if (m_work.choice.isSourceBay(bay))
-            return tl::unexpected(Refusal{Refused, slotNameOf(bay) + " holds the source"});
-    }
-    m_isArmed = true;
-    m_consent = consent;
-    for (const auto bay : bays) {
-        auto &slot = m_slots[bay];
-        if (slot.isInRun)
-            continue;
-        slot = {};
-        slot.isArmed = true;
-        if (const auto disk = diskIn(bay, **enclosure))
-            slot.wasThere = disk->fingerprint();
-        show(bay, LineBayState::Waiting);
-    }
-    schedule();
-    return {};
-}
-
-void ProductionLine::disarm(const std::string &reason)
-{
-    if (!m_isArmed)
-        return;
-    m_isArmed = false;
-    for (const auto bay : AllBays) {
-        auto &slot = m_slots[bay];
-        slot.isArmed = false;
-        slot.survey.reset();
-        if (!slot.isInRun && !isEnd(slot.shown.state))
-            show(bay, LineBayState::Disarmed);
-    }
-    m_view.lineDisarmed(reason);
-    m_view.lineChanged();
 }
 
 void ProductionLine::schedule()
@@ -218,10 +127,10 @@ void ProductionLine::step(Bay bay, const ScannedDevices &devices)
 {
     auto &slot = m_slots[bay];
     const auto enclosure = chosenEnclosure(devices, whereItIsNow(devices, m_work.choice.enclosure));
-    const auto disk = enclosure ? diskIn(bay, **enclosure) : nullptr;
+    const auto disk = enclosure ? diskInBay(bay, **enclosure) : nullptr;
     if (!disk) {
         // What became of the last disk stays to be read until the next one comes.
-        if (slot.disk && !isEnd(slot.shown.state))
+        if (slot.disk && !isEndOfDisk(slot.shown.state))
             show(bay, LineBayState::Waiting);
         slot.disk.reset();
         slot.survey.reset();
@@ -311,67 +220,6 @@ void ProductionLine::decide(Bay bay, const DiskPtr &disk, const ScannedDevices &
         return show(bay, LineBayState::Asking, question);
     show(bay, LineBayState::CountingDown);
     slot.shown.countdown = Countdown;
-}
-
-void ProductionLine::agree(Bay bay)
-{
-    auto &slot = m_slots[bay];
-    if (slot.shown.state != LineBayState::Asking || !slot.isArmed || m_store.state() != LineState::Open)
-        return;
-    slot.isAgreed = true;
-    slot.waited = 0;
-    show(bay, LineBayState::CountingDown);
-    slot.shown.countdown = Countdown;
-    m_view.lineChanged();
-}
-
-bool ProductionLine::stopCountdowns()
-{
-    bool hasStopped = false;
-    for (const auto bay : AllBays) {
-        if (m_slots[bay].shown.state != LineBayState::CountingDown)
-            continue;
-        m_slots[bay].isAgreed = false;
-        show(bay, LineBayState::Asking, "its countdown was stopped");
-        hasStopped = true;
-    }
-    if (hasStopped)
-        m_view.lineChanged();
-    return hasStopped;
-}
-
-void ProductionLine::pause()
-{
-    (void)stopCountdowns();
-    if (m_store.state() != LineState::Open)
-        return;
-    if (const auto noted = m_store.setState(LineState::Paused); !noted)
-        disarm(noted.error());
-    m_view.lineChanged();
-}
-
-void ProductionLine::resume()
-{
-    if (m_store.state() != LineState::Paused)
-        return;
-    if (const auto noted = m_store.setState(LineState::Open); !noted)
-        disarm(noted.error());
-    m_view.lineChanged();
-}
-
-void ProductionLine::end()
-{
-    if (m_store.state() != LineState::Ended) {
-        if (const auto noted = m_store.setState(LineState::Ended); !noted)
-            return disarm(noted.error());
-    }
-    disarm("the line has ended");
-}
-
-void ProductionLine::cancelRuns()
-{
-    for (const auto &run : m_runs)
-        run->cancel();
 }
 
 void ProductionLine::show(Bay bay, LineBayState state, const std::string &text)

@@ -34,6 +34,9 @@ enum class LineBayState {
 /// "waiting", "counting down"; in English, for the terminal.
 const char *nameOf(LineBayState state);
 
+/// True when the disk in the bay has come to its end on the line.
+bool isEndOfDisk(LineBayState state);
+
 /// A bay of a line as it is shown.
 struct LineBay
 {

@@ -69,17 +69,6 @@ private:
     const std::string m_home;
 };
 
-class SimulatorHost::SimulatedHealth final : public HealthReader
-{
-public:
-    explicit SimulatedHealth(const SimulatedMachine &machine) : m_machine(machine) {}
-
-    DiskHealth healthOf(const std::string &device) override { return m_machine.healthOf(device); }
-
-private:
-    const SimulatedMachine &m_machine;
-};
-
 class SimulatorHost::SimulatedRegistry final : public HardwareRegistry
 {
 public:
@@ -293,8 +282,7 @@ SimulatorHost::SimulatorHost(std::unique_ptr<SimulatedMachine> machine, MainQueu
       m_registry(std::make_unique<SimulatedRegistry>(*m_machine)),
       m_events(std::make_unique<SimulatedEvents>(*m_machine)),
       m_launcher(std::make_unique<SimulatedTools>(*m_machine, [this] { setUpVolumes(); })),
-      m_setup(std::make_unique<SimulatedSetup>(*m_machine)),
-      m_health(std::make_unique<SimulatedHealth>(*m_machine)), m_workspace(std::move(workspace)),
+      m_setup(std::make_unique<SimulatedSetup>(*m_machine)), m_workspace(std::move(workspace)),
       m_self(std::make_shared<SimulatorHost *>(this))
 {
     setUpVolumes();
@@ -327,11 +315,6 @@ VolumeEvents &SimulatorHost::volumeEvents()
 CommandLauncher &SimulatorHost::launcher()
 {
     return *m_launcher;
-}
-
-HealthReader &SimulatorHost::health()
-{
-    return *m_health;
 }
 
 enclosures::EnclosureSetup &SimulatorHost::enclosureSetup()

@@ -9,6 +9,7 @@
 #include "platform/Places.h"
 #include "platform/VolumeEvents.h"
 #include "platform/posix/PosixVolumeFiles.h"
+#include "platform/simulator/SimulatedHealth.h"
 #include "platform/simulator/SimulatedMachine.h"
 
 #include <map>
@@ -50,7 +51,7 @@ public:
     CommandLauncher &launcher() override;
     Workspace &workspace() override { return *m_workspace; }
     enclosures::EnclosureSetup &enclosureSetup() override;
-    HealthReader &health() override;
+    HealthReader &health() override { return m_health; }
 
 private:
     class SimulatedAccount;
@@ -58,7 +59,6 @@ private:
     class SimulatedRegistry;
     class SimulatedEvents;
     class SimulatedTools;
-    class SimulatedHealth;
 
     void setUpVolumes();
     void retireDetachedVolumes();
@@ -76,7 +76,7 @@ private:
     std::unique_ptr<SimulatedEvents> m_events;
     std::unique_ptr<SimulatedTools> m_launcher;
     std::unique_ptr<SimulatedSetup> m_setup;
-    std::unique_ptr<SimulatedHealth> m_health;
+    SimulatedHealth m_health{*m_machine};
     std::unique_ptr<Workspace> m_workspace;
     std::shared_ptr<SimulatorHost *> m_self; // waiting work finds the host through it, or null
 };
