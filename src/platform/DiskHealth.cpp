@@ -52,7 +52,7 @@ std::vector<std::string> warningsOf(const DiskHealth &health, const DiskHealth *
     if (health.celsius && *health.celsius >= health.criticalCelsius.value_or(UsualCritical))
         warnings.push_back("hot, " + degrees(*health.celsius));
     if (health.linkRate == SlowLink)
-        warnings.push_back(std::string("the link is down to ") + SlowLink);
+        warnings.emplace_back("the link is down to 1.5 Gbps");
     return warnings;
 }
 

@@ -18,9 +18,9 @@ protected:
         m_tree.folder("block/sda");
         m_tree.folder("class/hwmon");
         m_tree.folder("class/ata_link");
-        m_tree.link("block/sda/device", m_tree.path(Device));
-        m_tree.link("class/hwmon/hwmon1", m_tree.path(std::string(Device) + "/hwmon/hwmon1"));
-        m_tree.link(std::string(Device) + "/hwmon/hwmon1/device", m_tree.path(Device));
+        m_tree.link("block/sda/device", m_tree.path(m_device));
+        m_tree.link("class/hwmon/hwmon1", m_tree.path(m_device + "/hwmon/hwmon1"));
+        m_tree.link(m_device + "/hwmon/hwmon1/device", m_tree.path(m_device));
         m_tree.link("class/ata_link/link3", m_tree.path("devices/pci/ata3/link3/ata_link/link3"));
     }
 
@@ -31,15 +31,15 @@ protected:
         return health;
     }
 
-    static constexpr const char *Device = "devices/pci/ata3/host2/0:0:0:0";
+    const std::string m_device = "devices/pci/ata3/host2/0:0:0:0";
     test::TemporaryTree m_tree;
 };
 
 TEST_F(KernelHealth, TemperatureErrorsAndRateOfTheLinkAreRead)
 {
-    m_tree.file(std::string(Device) + "/hwmon/hwmon1/temp1_input", "36000\n");
-    m_tree.file(std::string(Device) + "/hwmon/hwmon1/temp1_crit", "70000\n");
-    m_tree.file(std::string(Device) + "/ioerr_cnt", "0x1f\n");
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_input", "36000\n");
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_crit", "70000\n");
+    m_tree.file(m_device + "/ioerr_cnt", "0x1f\n");
     m_tree.file("devices/pci/ata3/link3/ata_link/link3/sata_spd", "6.0 Gbps\n");
     const auto found = health();
     EXPECT_EQ(found.celsius, 36.0);
@@ -51,8 +51,8 @@ TEST_F(KernelHealth, TemperatureErrorsAndRateOfTheLinkAreRead)
 
 TEST_F(KernelHealth, WhatIsMissingOrNoNumberIsNotKnown)
 {
-    m_tree.file(std::string(Device) + "/hwmon/hwmon1/temp1_input", "");
-    m_tree.file(std::string(Device) + "/ioerr_cnt", "many\n");
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_input", "");
+    m_tree.file(m_device + "/ioerr_cnt", "many\n");
     m_tree.file("devices/pci/ata3/link3/ata_link/link3/sata_spd", "<unknown>\n");
     EXPECT_EQ(health(), DiskHealth());
 }
@@ -62,7 +62,7 @@ TEST_F(KernelHealth, SensorOfAnotherDiskIsNotTaken)
     m_tree.folder("devices/pci/ata4/host3/0:0:0:0");
     m_tree.folder("block/sdb");
     m_tree.link("block/sdb/device", m_tree.path("devices/pci/ata4/host3/0:0:0:0"));
-    m_tree.file(std::string(Device) + "/hwmon/hwmon1/temp1_input", "36000\n");
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_input", "36000\n");
     EXPECT_EQ(health("sdb"), DiskHealth());
 }
 
