@@ -23,6 +23,7 @@ constexpr int StatePoints = 28;
 constexpr int DiskPoints = 14;
 constexpr int LeastWidth = 260;
 constexpr int Percent = 100;
+constexpr int TooSoon = 700; // milliseconds
 
 /// Colours of a state's band. The words stand on it in white or black with a contrast of at least 4.5.
 struct Band
@@ -151,7 +152,11 @@ LineTile::LineTile(Bay bay, QWidget *parent)
         layout->addWidget(part);
     layout->addStretch();
     layout->addWidget(m_yes);
-    connect(m_yes, &QPushButton::clicked, this, &LineTile::agreed);
+    // The second half of a double click that stopped a countdown is no answer.
+    connect(m_yes, &QPushButton::clicked, this, [this] {
+        if (m_sinceAsked.hasExpired(TooSoon))
+            Q_EMIT agreed();
+    });
 }
 
 void LineTile::show(const LineBay &bay, bool isSource)
@@ -168,7 +173,10 @@ void LineTile::show(const LineBay &bay, bool isSource)
     const bool isAtWork = bay.state == LineBayState::Copying || bay.state == LineBayState::Verifying;
     m_progress->setVisible(isAtWork);
     m_progress->setValue(static_cast<int>(std::lround(bay.fraction * Percent)));
-    m_yes->setVisible(bay.state == LineBayState::Asking);
+    const bool isAsking = bay.state == LineBayState::Asking;
+    if (isAsking && m_yes->isHidden())
+        m_sinceAsked.start();
+    m_yes->setVisible(isAsking);
 }
 
 } // namespace orvana

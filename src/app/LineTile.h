@@ -2,6 +2,7 @@
 
 #include "duplicate/run/ProductionLine.h"
 
+#include <QElapsedTimer>
 #include <QFrame>
 
 class QLabel;
@@ -33,6 +34,7 @@ private:
     QLabel *m_text;
     QProgressBar *m_progress;
     QPushButton *m_yes;
+    QElapsedTimer m_sinceAsked;
 };
 
 /// "Counting down 7", with the sign of the state before it.

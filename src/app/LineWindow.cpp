@@ -51,6 +51,9 @@ LineWindow::LineWindow(const AppContext &context, std::string stateFolder, LineS
     m_pages->addWidget(makeForm());
     m_pages->addWidget(makeBoard());
     fillLines();
+    installEventFilter(this);
+    for (auto *widget : findChildren<QWidget *>())
+        widget->installEventFilter(this);
 }
 
 LineWindow::~LineWindow()
@@ -123,7 +126,10 @@ QWidget *LineWindow::makeBoard()
         auto *tile = new LineTile(bay, page);
         m_tiles[static_cast<std::size_t>(bay)] = tile;
         tiles->addWidget(tile, 1);
-        connect(tile, &LineTile::agreed, this, [this, bay] { m_line->agree(bay); });
+        connect(tile, &LineTile::agreed, this, [this, bay] {
+            m_line->agree(bay);
+            setFocus(); // and not on another bay's button
+        });
     }
     layout->addLayout(tiles, 1);
     m_message = new QLabel(page);
@@ -208,6 +214,8 @@ void LineWindow::tell(const QString &text)
 void LineWindow::arm()
 {
     if (m_line && m_line->isAtWork())
+        return tell(tr("Disks are still in work."));
+    if (m_setup.isRunOn && m_setup.isRunOn())
         return tell(tr("Disks are still in work."));
     const auto typed = m_consent->text().trimmed();
     if (!typed.isEmpty() && typed != ConsentWords)
@@ -308,18 +316,16 @@ void LineWindow::lineDisarmed(const std::string &reason)
     m_message->setText(tr("No more disks are taken: %1").arg(coreWords(reason)));
 }
 
-void LineWindow::keyPressEvent(QKeyEvent *event)
+// Every widget of the window passes here first, so a key or a click stops a countdown before it does anything
+// else.
+bool LineWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_line && m_line->stopCountdowns())
-        return;
-    QWidget::keyPressEvent(event);
-}
-
-void LineWindow::mousePressEvent(QMouseEvent *event)
-{
-    if (m_line && m_line->stopCountdowns())
-        return;
-    QWidget::mousePressEvent(event);
+    const auto type = event->type();
+    const bool isTouch = type == QEvent::KeyPress || type == QEvent::ShortcutOverride ||
+                         type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (isTouch && m_line && m_line->stopCountdowns())
+        return true;
+    return QWidget::eventFilter(watched, event);
 }
 
 // Disks in work go on to their end, and the window closes then.

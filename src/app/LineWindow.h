@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -30,6 +31,8 @@ struct LineSetup
     ChosenEnclosure enclosure;
     std::int64_t files = 0;
     std::uint64_t bytes = 0;
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::function<bool()> isRunOn{}; ///< whether the main window has disks in work
 };
 
 /// The production line: a page on which a line is chosen and armed, and a page that can be read from two
@@ -53,8 +56,7 @@ public:
     const ProductionLine *line() const { return m_line.get(); }
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

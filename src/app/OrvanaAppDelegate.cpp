@@ -111,7 +111,8 @@ void OrvanaAppDelegate::showLineWindow()
             return;
         }
         m_lineWindow = new LineWindow(m_context, platform::stateFolder(m_context.host.account().homeFolder()),
-                                      {*job, window.chosenNow(), files.totalFiles(), files.totalSize()});
+                                      {*job, window.chosenNow(), files.totalFiles(), files.totalSize(),
+                                       [&window] { return window.isBusy(); }});
     }
     m_lineWindow->show();
     m_lineWindow->raise();

@@ -1,6 +1,7 @@
 #include "cli/KeyInput.h"
 
 #include "cli/Terminal.h"
+#include "platform/posix/CancelRequest.h"
 
 #include <poll.h>
 #include <unistd.h>
@@ -8,7 +9,21 @@
 namespace orvana::cli
 {
 
-KeyInput::KeyInput(int input) : m_input(input)
+namespace
+{
+
+// For a program that leaves at once, from the thread that hears signals.
+int terminalInput = Terminal::NoInput;
+termios terminalBefore{};
+
+void giveTerminalBack()
+{
+    (void)::tcsetattr(terminalInput, TCSANOW, &terminalBefore);
+}
+
+} // namespace
+
+KeyInput::KeyInput(int input) : m_input(input), m_terminal(input)
 {
     if (m_input == Terminal::NoInput || ::tcgetattr(m_input, &m_before) != 0)
         return;
@@ -17,6 +32,11 @@ KeyInput::KeyInput(int input) : m_input(input)
     single.c_cc[VMIN] = 1;
     single.c_cc[VTIME] = 0;
     m_isSet = ::tcsetattr(m_input, TCSANOW, &single) == 0;
+    if (!m_isSet)
+        return;
+    terminalInput = m_input;
+    terminalBefore = m_before;
+    platform::posix::CancelRequest::beforeLeavingAtOnce(giveTerminalBack);
 }
 
 std::optional<char> KeyInput::next()
@@ -27,14 +47,17 @@ std::optional<char> KeyInput::next()
         return std::nullopt;
     if (::read(m_input, &key, 1) == 1)
         return key;
-    m_input = Terminal::NoInput; // the terminal is gone
+    m_input = Terminal::NoInput;
+    m_isGone = true;
     return std::nullopt;
 }
 
 void KeyInput::restore()
 {
-    if (m_isSet)
-        (void)::tcsetattr(m_input, TCSANOW, &m_before);
+    if (m_isSet) {
+        platform::posix::CancelRequest::beforeLeavingAtOnce(nullptr);
+        (void)::tcsetattr(m_terminal, TCSANOW, &m_before);
+    }
     m_isSet = false;
     m_input = Terminal::NoInput;
 }

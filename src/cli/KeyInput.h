@@ -20,12 +20,17 @@ public:
     /// Returns a key that was typed meanwhile, or nullopt. Does not wait.
     std::optional<char> next();
 
+    /// True once the terminal that was there is gone.
+    bool isGone() const { return m_isGone; }
+
     /// Gives the terminal back. Afterwards there are no more keys.
     void restore();
 
 private:
     int m_input;
+    const int m_terminal;
     bool m_isSet = false;
+    bool m_isGone = false;
     termios m_before{};
 };
 

@@ -82,7 +82,7 @@ bool isNews(const LineBay &before, const LineBay &now)
 
 } // namespace
 
-std::string lineBlock(const ProductionLine &line, std::size_t width)
+std::string lineBlock(const ProductionLine &line, std::size_t width, bool hasKeys)
 {
     const auto &head = line.store().head();
     auto title = displayPath(head.name) + ": " + textOf(line.store().counts());
@@ -95,25 +95,28 @@ std::string lineBlock(const ProductionLine &line, std::size_t width)
         const auto row = isSource ? letterOf(bay) + "  source" : rowOf(bay, shown);
         block += fitted(row, width) + "\n";
     }
-    const auto *keys =
-        line.isArmed() ? "Any key stops a countdown; B, C, D (capital): yes to the question; q: no more disks"
-                       : "No more disks are taken";
+    const auto *keys = "No more disks are taken";
+    if (line.isArmed())
+        keys = hasKeys ? "Any key stops a countdown; B, C, D (capital): yes to the question; q: no more disks"
+                       : "No keys are heard here; \"plurimoctl line pause\" stops a countdown";
     return block + fitted(keys, width) + "\n";
 }
 
 LineDisplay::LineDisplay(Terminal &terminal, PlainMainQueue &queue, bool json)
-    : m_terminal(terminal), m_queue(queue), m_json(json), m_keys(terminal.input())
+    : m_terminal(terminal), m_queue(queue), m_json(json), m_keys(terminal.keys())
 {
 }
 
 ExitStatus LineDisplay::run(ProductionLine &line)
 {
     m_line = &line;
+    m_lineAtWork = &line;
     if (m_isCancelled)
         line.disarm("cancelled");
     lineChanged();
     hearKeys();
     m_queue.run();
+    m_lineAtWork = nullptr;
     m_keys.restore();
     if (m_terminal.isScreen() && !m_json)
         m_terminal.showBlock({});
@@ -139,6 +142,9 @@ ExitStatus LineDisplay::run(ProductionLine &line)
 
 void LineDisplay::requestCancel()
 {
+    // The main thread may be within an erase, which goes on to the next disk otherwise.
+    if (auto *line = m_lineAtWork.load())
+        line->requestStop();
     m_queue.async([this] {
         m_isCancelled = true;
         if (!m_line)
@@ -151,22 +157,29 @@ void LineDisplay::requestCancel()
 
 void LineDisplay::hearKeys()
 {
+    std::string typed;
     while (const auto key = m_keys.next())
-        handle(*key);
+        typed += *key;
+    if (!typed.empty())
+        handle(typed);
+    if (m_keys.isGone())
+        m_line->disarm("the terminal is gone, so nobody can stop a countdown");
     leaveWhenDone();
     m_queue.after(BetweenKeys, [this] { hearKeys(); });
 }
 
-void LineDisplay::handle(char key)
+// Only a single key is an answer. Some keys send several characters, the cursor keys with capital letters
+// among them, and so does what is pasted, or was typed while the program did not listen.
+void LineDisplay::handle(const std::string &typed)
 {
-    if (m_line->stopCountdowns())
+    if (m_line->stopCountdowns() || typed.size() != 1)
         return;
-    if (key == 'q') {
+    if (typed == "q") {
         m_isLeaving = true;
         m_line->disarm("no more disks were wanted for now");
         return;
     }
-    if (const auto bay = bayNamed(std::string("Slot-") + key))
+    if (const auto bay = bayNamed("Slot-" + typed))
         m_line->agree(*bay);
 }
 
@@ -187,7 +200,7 @@ void LineDisplay::lineChanged()
     if (!m_line)
         return;
     if (m_terminal.isScreen() && !m_json)
-        m_terminal.showBlock(lineBlock(*m_line, m_terminal.width()));
+        m_terminal.showBlock(lineBlock(*m_line, m_terminal.width(), m_terminal.keys() != Terminal::NoInput));
     else
         tellChanges();
 }

@@ -4,7 +4,9 @@
 #include "duplicate/run/ProductionLine.h"
 #include "foundation/ExitStatus.h"
 
+#include <atomic>
 #include <functional>
+#include <string>
 
 namespace orvana
 {
@@ -18,7 +20,7 @@ class Terminal;
 
 /// Returns the rows of a line as a block of text for a screen of this width: its counts, each bay's big
 /// state, and what the keys do.
-std::string lineBlock(const ProductionLine &line, std::size_t width);
+std::string lineBlock(const ProductionLine &line, std::size_t width, bool hasKeys);
 
 /// Shows a line in the terminal and hears its keys. Any key stops countdowns; a bay's capital letter agrees
 /// to what the bay asks; q takes no more disks and leaves when those in work are done.
@@ -39,7 +41,7 @@ private:
     void lineDisarmed(const std::string &reason) override;
 
     void hearKeys();
-    void handle(char key);
+    void handle(const std::string &typed);
     void tellChanges();
     void leaveWhenDone();
 
@@ -48,6 +50,7 @@ private:
     const bool m_json;
     KeyInput m_keys;
     ProductionLine *m_line = nullptr;
+    std::atomic<ProductionLine *> m_lineAtWork{nullptr}; ///< for the thread of signals
     PerBay<LineBay> m_told;
     bool m_isCancelled = false;
     bool m_isLeaving = false;

@@ -12,7 +12,8 @@ namespace orvana::cli
 Terminal Terminal::ofProcess()
 {
     const bool canAsk = ::isatty(STDIN_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1;
-    return {stdout, stderr, ::isatty(STDOUT_FILENO) == 1, canAsk ? STDIN_FILENO : NoInput};
+    return {stdout, stderr, ::isatty(STDOUT_FILENO) == 1, canAsk ? STDIN_FILENO : NoInput,
+            ::isatty(STDIN_FILENO) == 1 ? STDIN_FILENO : NoInput};
 }
 
 // Reads byte by byte: the bytes after the line are no answer to this question.

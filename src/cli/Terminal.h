@@ -19,9 +19,9 @@ public:
     static constexpr int NoInput = -1;
 
     /// `isScreen` is true if a person watches `out`; only then lines may change. `input` is the descriptor
-    /// from which that person's answers come.
-    Terminal(std::FILE *out, std::FILE *err, bool isScreen, int input = NoInput)
-        : m_out(out), m_err(err), m_isScreen(isScreen), m_input(input)
+    /// from which that person's answers come, `keys` that from which single keys come.
+    Terminal(std::FILE *out, std::FILE *err, bool isScreen, int input = NoInput, int keys = NoInput)
+        : m_out(out), m_err(err), m_isScreen(isScreen), m_input(input), m_keys(keys)
     {
     }
 
@@ -39,8 +39,8 @@ public:
     /// line.
     std::optional<std::string> lineIfAny() const;
 
-    /// Returns the descriptor from which answers come, or `NoInput`.
-    int input() const { return m_input; }
+    /// Returns the descriptor from which single keys come, or `NoInput`. They need no standard error.
+    int keys() const { return m_keys; }
 
     bool isScreen() const { return m_isScreen; }
 
@@ -64,6 +64,7 @@ private:
     std::FILE *m_err;
     bool m_isScreen;
     int m_input;
+    int m_keys;
     std::mutex m_mutex;
     std::string m_block;
 };

@@ -26,8 +26,12 @@ DiskResult resultOf(const DiskUtilInfo &disk, const platform::CommandLauncher::R
 {
     if (!result.status)
         return {disk, false, "the disk utility could not be started"};
-    if (*result.status == 0)
-        return {disk, true, {}};
+    if (*result.status == 0) {
+        // What was done, but not all of it: "its size was not probed".
+        const auto remark = result.output.find("; ");
+        return {disk, true,
+                remark == std::string::npos ? std::string() : firstLineOf(result.output.substr(remark + 2))};
+    }
     const auto line = firstLineOf(result.output);
     return {disk, false,
             line.empty() ? "the disk utility ended with status " + std::to_string(*result.status) : line};

@@ -23,7 +23,7 @@ struct DiskResult
 {
     DiskUtilInfo disk;
     bool succeeded = false;
-    std::string reason; ///< why it failed: first output line or our own words; valid UTF-8; empty on success
+    std::string reason; ///< why it failed, or a remark on a success; valid UTF-8
 };
 
 /// Erases, ejects and mounts disks one after the other, with one run of the system's disk utility for each

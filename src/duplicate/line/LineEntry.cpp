@@ -1,5 +1,6 @@
 #include "duplicate/line/LineEntry.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -35,11 +36,26 @@ std::string idOf(const LineHead &head, std::int64_t number)
     return head.station + "/" + head.id + "/" + digits.data();
 }
 
+std::string certificateNameOf(const LineHead &head, std::int64_t number)
+{
+    auto name = idOf(head, number);
+    std::replace(name.begin(), name.end(), '/', '-');
+    return name;
+}
+
 LineCounts countsOf(std::int64_t wanted, const std::vector<LineEntry> &entries)
 {
     LineCounts counts;
     counts.wanted = wanted;
-    for (const auto &entry : entries) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const auto &entry = entries[i];
+        // A disk that is written once more no longer holds what it passed with.
+        const bool isOverwritten =
+            !entry.disk.serial.empty() &&
+            std::any_of(entries.begin() + static_cast<std::ptrdiff_t>(i) + 1, entries.end(),
+                        [&](const LineEntry &later) { return later.disk.serial == entry.disk.serial; });
+        if (isOverwritten && entry.result && entry.result->verdict == LineVerdict::Passed)
+            continue;
         if (!entry.result)
             ++counts.inWork;
         else if (entry.result->verdict == LineVerdict::Passed)

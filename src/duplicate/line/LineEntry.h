@@ -78,7 +78,10 @@ struct LineEntry
 /// Returns the id of a disk that no other station, line or disk has: "3f9a01c2/20261123-141530-7c1e/0007".
 std::string idOf(const LineHead &head, std::int64_t number);
 
-/// The counts of a line.
+/// Returns the name of a disk's certificate in the line's folder of certificates, without its ending.
+std::string certificateNameOf(const LineHead &head, std::int64_t number);
+
+/// The counts of a line. A disk that passed and was written once more counts as what it became then.
 struct LineCounts
 {
     std::int64_t wanted = 0;

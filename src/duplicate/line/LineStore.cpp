@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <random>
 
 namespace orvana
@@ -86,7 +87,7 @@ tl::expected<std::string, std::string> stationId(platform::VolumeFiles &files, c
     // An id is never replaced because its file cannot be read: rows of two stations would look like one's.
     if (!text && text.error().problem != FileProblem::NotFound)
         return tl::unexpected(displayPath(path) + "/" + Station + ": " + text.error().reason());
-    const auto id = randomDigits(IdLength);
+    auto id = randomDigits(IdLength);
     if (const auto written = platform::replaceSmallFile(**folder, Station, id); !written)
         return tl::unexpected(displayPath(path) + "/" + Station + ": " + written.error().reason());
     return id;
@@ -152,6 +153,8 @@ tl::expected<LineStore, std::string> LineStore::open(platform::VolumeFiles &file
     }
     if (const auto loaded = store.load(use); !loaded)
         return tl::unexpected(loaded.error());
+    if (use == Use::Run)
+        (void)store.takeWish(); // it was meant for the program that ran the line before
     return store;
 }
 
@@ -267,6 +270,12 @@ tl::expected<void, std::string> LineStore::endDisksInWork()
     for (const auto &entry : std::vector(m_entries)) {
         if (entry.result)
             continue;
+        // A certificate may have been written just before the end.
+        for (const char *ending : {".html", ".json"}) {
+            std::error_code ignored;
+            std::filesystem::remove(
+                m_head.certificates + "/" + certificateNameOf(m_head, entry.disk.number) + ending, ignored);
+        }
         if (auto noted = note(textOfEvent(LineEnd{entry.disk.number, result})); !noted)
             return noted;
     }

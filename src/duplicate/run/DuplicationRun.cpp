@@ -35,7 +35,11 @@ DuplicationRun::DuplicationRun(const Surroundings &surroundings, RunView &view)
       m_view(view), m_relay(m_log, view), m_diskTool(m_host.launcher(), surroundings.center),
       m_fileCopy(m_host, surroundings.center)
 {
-    m_diskTool.setGoesOn([this] { return !m_isCancelWanted; });
+    m_diskTool.setGoesOn([this, stop = surroundings.isStopWanted] {
+        if (stop && *stop)
+            m_isCancelWanted = true;
+        return !m_isCancelWanted;
+    });
 }
 
 DuplicationRun::~DuplicationRun()

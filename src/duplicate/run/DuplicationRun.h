@@ -86,6 +86,10 @@ public:
         std::chrono::milliseconds patience{0};
         // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
         std::string stateFolder{}; ///< gets the journals of runs; empty for none
+        /// Once true, the erase stops before its next disk, even while it holds up the main thread. May be
+        /// null.
+        // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+        std::shared_ptr<const std::atomic<bool>> isStopWanted{};
     };
 
     DuplicationRun(const Surroundings &surroundings, RunView &view);

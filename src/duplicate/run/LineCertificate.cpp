@@ -17,14 +17,6 @@ namespace
 
 constexpr std::uint32_t ReadableByAll = 0644;
 
-// The id without the characters that file names have no use for.
-std::string fileNameOf(const LineHead &head, std::int64_t number)
-{
-    auto name = idOf(head, number);
-    std::replace(name.begin(), name.end(), '/', '-');
-    return name;
-}
-
 Json jsonOf(const LineHead &head, std::int64_t number, const LineResult &result, const RunSummary &summary,
             std::size_t destination)
 {
@@ -46,6 +38,14 @@ Json jsonOf(const LineHead &head, std::int64_t number, const LineResult &result,
 
 } // namespace
 
+void removeLineCertificate(const LineHead &head, std::int64_t number)
+{
+    for (const char *ending : {".html", ".json"}) {
+        std::error_code ignored;
+        std::filesystem::remove(head.certificates + "/" + certificateNameOf(head, number) + ending, ignored);
+    }
+}
+
 tl::expected<std::string, std::string> writeLineCertificate(platform::VolumeFiles &files,
                                                             const LineHead &head, std::int64_t number,
                                                             const LineResult &result,
@@ -66,7 +66,7 @@ tl::expected<std::string, std::string> writeLineCertificate(platform::VolumeFile
     const auto folder = files.openFolder(head.certificates, platform::Reach::Beneath);
     if (!folder)
         return failed(head.certificates, folder.error().reason());
-    const auto name = fileNameOf(head, number);
+    const auto name = certificateNameOf(head, number);
     auto verdict = std::string(wordOf(result.verdict));
     if (!result.reason.empty())
         verdict += ": " + result.reason;
@@ -80,8 +80,10 @@ tl::expected<std::string, std::string> writeLineCertificate(platform::VolumeFile
     const auto json = jsonOf(head, number, result, summary, static_cast<std::size_t>(found - all.begin()));
     for (const auto &[file, text] :
          {std::pair(name + ".html", html), std::pair(name + ".json", json.dump(2) + "\n")}) {
-        if (const auto written = platform::replaceSmallFile(**folder, file, text, ReadableByAll); !written)
+        if (const auto written = platform::replaceSmallFile(**folder, file, text, ReadableByAll); !written) {
+            removeLineCertificate(head, number);
             return failed(head.certificates + "/" + file, written.error().reason());
+        }
     }
     return name + ".html";
 }

@@ -112,7 +112,8 @@ LineRun::LineRun(const Surroundings &surroundings, std::vector<Disk> disks,
                                                                 .clock = surroundings.clock,
                                                                 .log = m_log,
                                                                 .patience = surroundings.patience,
-                                                                .stateFolder = surroundings.stateFolder},
+                                                                .stateFolder = surroundings.stateFolder,
+                                                                .isStopWanted = surroundings.isStopWanted},
                                                                *this)
 {
     for (const char *name :

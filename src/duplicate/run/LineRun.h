@@ -37,8 +37,9 @@ public:
         std::string logFolder;
         std::string stateFolder;
         std::chrono::milliseconds patience{0};
-        std::function<ScannedDevices()> look;    ///< scans the machine anew
-        std::function<ScannedDevices()> devices; ///< what the last scan found
+        std::shared_ptr<const std::atomic<bool>> isStopWanted; ///< read by the disk utility's loop
+        std::function<ScannedDevices()> look;                  ///< scans the machine anew
+        std::function<ScannedDevices()> devices;               ///< what the last scan found
     };
 
     /// `ended` is called once, from the queue, and may destroy this object.

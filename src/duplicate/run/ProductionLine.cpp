@@ -13,7 +13,7 @@ namespace orvana
 namespace
 {
 
-constexpr std::chrono::seconds BetweenLooks{1};
+constexpr std::chrono::milliseconds BetweenLooks{1000};
 
 std::string describe(const ORVHddInfo &disk)
 {
@@ -41,9 +41,19 @@ ProductionLine::ProductionLine(const Surroundings &surroundings, LineStore store
     m_scanner.setDetectOption("Orvana");
 }
 
+void ProductionLine::remember(Bay bay, const char *reason)
+{
+    if (m_slots[bay].disk)
+        m_remembered.push_back({*m_slots[bay].disk, reason});
+}
+
 ProductionLine::~ProductionLine()
 {
     *m_isAlive = false;
+    // The thread of a run whose disk does not answer uses the run for as long as the process lives.
+    static auto &left = *new std::vector<std::unique_ptr<LineRun>>;
+    for (auto &run : m_hanging)
+        left.push_back(std::move(run));
 }
 
 ScannedDevices ProductionLine::look()
@@ -57,6 +67,7 @@ void ProductionLine::schedule()
     if (m_isScheduled)
         return;
     m_isScheduled = true;
+    m_nextLook = std::chrono::steady_clock::now() + BetweenLooks;
     m_surroundings.queue.after(BetweenLooks, [this, isAlive = m_isAlive] {
         if (!*isAlive)
             return;
@@ -65,12 +76,16 @@ void ProductionLine::schedule()
     });
 }
 
-// Each second of a countdown is a turn of the main queue of its own. So a key that was pressed while an erase
-// held up the main thread is heard before the countdown is over.
+// A countdown stands still in the first look after the main thread was held up, as by an erase. So a key that
+// was typed meanwhile is heard before the countdown is over.
 void ProductionLine::tick()
 {
+    const bool wasLate = m_isLate;
+    m_isLate = !wasLate && std::chrono::steady_clock::now() > m_nextLook + BetweenLooks / 2;
     for (const auto &run : m_runs)
         showRun(*run);
+    if (!m_isArmed && isAtWork())
+        takeWishes();
     if (m_isArmed) {
         const auto devices = look();
         for (const auto &run : m_runs)
@@ -130,6 +145,8 @@ void ProductionLine::step(Bay bay, const ScannedDevices &devices)
     const auto disk = enclosure ? diskInBay(bay, **enclosure) : nullptr;
     if (!disk) {
         // What became of the last disk stays to be read until the next one comes.
+        if (slot.shown.state == LineBayState::CountingDown)
+            remember(bay, "its countdown was stopped");
         if (slot.disk && !isEndOfDisk(slot.shown.state))
             show(bay, LineBayState::Waiting);
         slot.disk.reset();
@@ -138,9 +155,14 @@ void ProductionLine::step(Bay bay, const ScannedDevices &devices)
     }
     if (slot.disk != disk->fingerprint())
         return begin(bay, disk);
+    if (slot.shown.state == LineBayState::Looking && m_store.state() != LineState::Open) {
+        slot.disk.reset();
+        slot.survey.reset();
+        return show(bay, LineBayState::Waiting, "the line is paused");
+    }
     if (slot.shown.state == LineBayState::Looking && slot.survey && slot.survey->isOver())
         return decide(bay, disk, devices);
-    if (slot.shown.state != LineBayState::CountingDown)
+    if (slot.shown.state != LineBayState::CountingDown || m_isLate)
         return;
     if (slot.shown.countdown > 0)
         --slot.shown.countdown;
@@ -201,8 +223,11 @@ std::string ProductionLine::questionFor(Bay bay, const ORVHddInfo &disk, const D
             (earlier->result ? wordOf(earlier->result->verdict) : "in work"));
     if (verdictOf(m_slots[bay].health) == platform::HealthVerdict::Failing)
         add("it " + textOf(m_slots[bay].health));
-    if (m_slots[bay].wasThere == disk.fingerprint())
-        add("it was in the bay already");
+    // A disk that lost its contact for a moment comes back as a new one. One mark that agrees is enough.
+    for (const auto &[known, reason] : m_remembered) {
+        if (mayBeTheSame(known, disk.fingerprint()) && question.find(reason) == std::string::npos)
+            add(reason);
+    }
     if (!content.isBlank && m_consent == Consent::AskForContent)
         add("it holds " + contentText(content));
     return question;
@@ -215,9 +240,10 @@ void ProductionLine::decide(Bay bay, const DiskPtr &disk, const ScannedDevices &
     slot.survey.reset();
     if (const auto reason = reasonNotToTake(bay, *disk, devices))
         return show(bay, LineBayState::NotTaken, *reason);
-    const auto question = slot.isAgreed ? std::string() : questionFor(bay, *disk, content);
-    if (!question.empty())
-        return show(bay, LineBayState::Asking, question);
+    slot.wasBlank = content.isBlank;
+    slot.question = questionFor(bay, *disk, content);
+    if (!slot.question.empty())
+        return show(bay, LineBayState::Asking, slot.question);
     show(bay, LineBayState::CountingDown);
     slot.shown.countdown = Countdown;
 }

@@ -6,6 +6,8 @@
 #include "duplicate/run/LineWork.h"
 #include "platform/DiskHealth.h"
 
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -124,6 +126,10 @@ public:
     /// Cancels the runs that are on. Their disks fail.
     void cancelRuns();
 
+    /// Makes the disk utility stop before its next disk, even while it holds up the main thread. `cancelRuns`
+    /// is to follow. Callable from any thread.
+    void requestStop() { *m_isStopWanted = true; }
+
     bool isAtWork() const { return !m_runs.empty(); }
 
     /// True when a disk does not answer. Then the program should leave with `std::quick_exit`.
@@ -150,6 +156,9 @@ private:
     std::string questionFor(Bay bay, const ORVHddInfo &disk, const DiskContent &content) const;
     bool isSerialInWork(Bay bay, const std::string &serial) const;
     std::int64_t missing() const;
+    tl::expected<void, Refusal> lockBays(const std::vector<Bay> &bays);
+    void releaseLocks();
+    void remember(Bay bay, const char *reason);
     void startWhatIsReady();
     void start(std::vector<Bay> bays);
     bool isStillBlank(Bay bay, const DiskPtr &disk) const;
@@ -177,16 +186,29 @@ private:
     {
         bool isArmed = false;
         LineBay shown;
-        std::optional<DiskFingerprint> disk;     ///< that `shown` is about
-        std::optional<DiskFingerprint> wasThere; ///< when the bay was armed
-        platform::DiskHealth health;             ///< when the disk came
-        std::shared_ptr<DiskSurvey> survey;      ///< while it is looked at
-        bool isAgreed = false;                   ///< a person has said that the disk may be written
-        int waited = 0;                          ///< seconds since its countdown was over
+        std::optional<DiskFingerprint> disk; ///< that `shown` is about
+        std::string question;                ///< that was asked about it, or would have been
+        bool wasBlank = false;
+        platform::DiskHealth health;        ///< when the disk came
+        std::shared_ptr<DiskSurvey> survey; ///< while it is looked at
+        bool isAgreed = false;              ///< a person has said that the disk may be written
+        int waited = 0;                     ///< seconds since its countdown was over
         bool isInRun = false;
     };
 
+    /// A disk that always asks while the line is armed, and why.
+    struct Remembered
+    {
+        DiskFingerprint disk;
+        const char *reason;
+    };
+
     PerBay<Slot> m_slots;
+    std::vector<Remembered> m_remembered;
+    PerBay<std::unique_ptr<platform::FolderLock>> m_locks; ///< on the bays, against other lines
+    std::shared_ptr<std::atomic<bool>> m_isStopWanted = std::make_shared<std::atomic<bool>>(false);
+    std::chrono::steady_clock::time_point m_nextLook;
+    bool m_isLate = false; ///< the main thread was held up, so keys that were typed come first
     std::vector<std::unique_ptr<LineRun>> m_runs;
     std::vector<std::unique_ptr<LineRun>> m_hanging;
     const std::shared_ptr<bool> m_isAlive = std::make_shared<bool>(true);

@@ -3,6 +3,7 @@
 #include "duplicate/run/ProductionLine.h"
 
 #include "platform/Host.h"
+#include "platform/posix/PrivateFolder.h"
 
 #include <algorithm>
 
@@ -47,6 +48,37 @@ bool isEndOfDisk(LineBayState state)
     return state == LineBayState::Passed || state == LineBayState::NotProven || state == LineBayState::Failed;
 }
 
+// Two lines must not write to one bay, whichever programs of this user run them.
+tl::expected<void, Refusal> ProductionLine::lockBays(const std::vector<Bay> &bays)
+{
+    const auto folder = m_surroundings.stateFolder + "/bays";
+    const auto enclosure = std::to_string(m_work.choice.enclosure.uid.value_or(0));
+    for (const auto bay : bays) {
+        const auto path = folder + "/" + enclosure + "-" + slotNameOf(bay);
+        for (const auto &made : {platform::makePrivateFolder(folder), platform::makePrivateFolder(path)}) {
+            if (!made)
+                return tl::unexpected(Refusal{Refused, made.error()});
+        }
+        if (m_locks[bay])
+            continue;
+        auto lock = m_surroundings.host.volumeFiles().lockFolder(path, platform::Sharing::Exclusive);
+        if (!lock) {
+            releaseLocks();
+            return tl::unexpected(Refusal{Refused, slotNameOf(bay) + " is armed for another line"});
+        }
+        m_locks[bay] = std::move(*lock);
+    }
+    return {};
+}
+
+void ProductionLine::releaseLocks()
+{
+    for (const auto bay : AllBays) {
+        if (!m_slots[bay].isInRun && !m_slots[bay].isArmed)
+            m_locks[bay].reset();
+    }
+}
+
 tl::expected<void, Refusal> ProductionLine::arm(const std::vector<Bay> &bays, Consent consent)
 {
     const auto devices = look();
@@ -59,8 +91,12 @@ tl::expected<void, Refusal> ProductionLine::arm(const std::vector<Bay> &bays, Co
         if (m_work.choice.isSourceBay(bay))
             return tl::unexpected(Refusal{Refused, slotNameOf(bay) + " holds the source"});
     }
+    if (auto locked = lockBays(bays); !locked)
+        return locked;
     m_isArmed = true;
+    *m_isStopWanted = false;
     m_consent = consent;
+    m_remembered.clear();
     for (const auto bay : bays) {
         auto &slot = m_slots[bay];
         if (slot.isInRun)
@@ -68,7 +104,7 @@ tl::expected<void, Refusal> ProductionLine::arm(const std::vector<Bay> &bays, Co
         slot = {};
         slot.isArmed = true;
         if (const auto disk = diskInBay(bay, **enclosure))
-            slot.wasThere = disk->fingerprint();
+            m_remembered.push_back({disk->fingerprint(), "it was in the bay already"});
         show(bay, LineBayState::Waiting);
     }
     schedule();
@@ -87,6 +123,7 @@ void ProductionLine::disarm(const std::string &reason)
         if (!slot.isInRun && !isEndOfDisk(slot.shown.state))
             show(bay, LineBayState::Disarmed);
     }
+    releaseLocks();
     m_view.lineDisarmed(reason);
     m_view.lineChanged();
 }
@@ -95,6 +132,8 @@ void ProductionLine::agree(Bay bay)
 {
     auto &slot = m_slots[bay];
     if (slot.shown.state != LineBayState::Asking || !slot.isArmed || m_store.state() != LineState::Open)
+        return;
+    if (isSerialInWork(bay, slot.disk ? slot.disk->serial.value_or(std::string()) : std::string()))
         return;
     slot.isAgreed = true;
     slot.waited = 0;
@@ -109,8 +148,13 @@ bool ProductionLine::stopCountdowns()
     for (const auto bay : AllBays) {
         if (m_slots[bay].shown.state != LineBayState::CountingDown)
             continue;
-        m_slots[bay].isAgreed = false;
-        show(bay, LineBayState::Asking, "its countdown was stopped");
+        auto &slot = m_slots[bay];
+        constexpr const char *Stopped = "its countdown was stopped";
+        slot.isAgreed = false;
+        remember(bay, Stopped);
+        if (slot.question.find(Stopped) == std::string::npos)
+            slot.question += (slot.question.empty() ? "" : "; ") + std::string(Stopped);
+        show(bay, LineBayState::Asking, slot.question);
         hasStopped = true;
     }
     if (hasStopped)

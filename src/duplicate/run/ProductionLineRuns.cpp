@@ -129,13 +129,17 @@ tl::expected<RunOrder, std::string> ProductionLine::orderFor(const std::vector<B
 // of the source.
 void ProductionLine::startWhatIsReady()
 {
+    if (m_isLate || m_store.state() != LineState::Open)
+        return;
     std::vector<Bay> ready;
     bool isWorthWaiting = false;
     bool hasWaitedEnough = false;
     for (const auto bay : AllBays) {
         const auto &slot = m_slots[bay];
         const auto state = slot.shown.state;
-        const bool isReady = state == LineBayState::CountingDown && slot.shown.countdown == 0;
+        // A person may have agreed just before a look, so the whole of the last second counts as well.
+        const bool isReady =
+            state == LineBayState::CountingDown && slot.shown.countdown == 0 && slot.waited > 0;
         if (isReady)
             ready.push_back(bay);
         isWorthWaiting = isWorthWaiting || state == LineBayState::Looking ||
@@ -153,10 +157,12 @@ void ProductionLine::startWhatIsReady()
         start(std::move(ready));
 }
 
-// Another program may have written to a disk that was blank when it was looked at.
+// Another program may have written to a disk that was blank when it was looked at. Who agreed to it then did
+// not agree to lose that.
 bool ProductionLine::isStillBlank(Bay bay, const DiskPtr &disk) const
 {
-    if (m_slots[bay].isAgreed || m_consent == Consent::EraseWhateverComes)
+    const auto &slot = m_slots[bay];
+    if (m_consent == Consent::EraseWhateverComes || (slot.isAgreed && !slot.wasBlank))
         return true;
     const DiskSurvey survey(m_surroundings.host, {disk});
     return survey.waitUntilOver(DiskSurvey::TimeToCount) && survey.results().front().isBlank;
@@ -202,6 +208,7 @@ void ProductionLine::start(std::vector<Bay> bays)
                                              .logFolder = m_surroundings.logFolder,
                                              .stateFolder = m_surroundings.stateFolder,
                                              .patience = m_surroundings.patience,
+                                             .isStopWanted = m_isStopWanted,
                                              .look = [this] { return look(); },
                                              .devices = [this] { return scannedDevices(m_scanner); }};
     m_runs.push_back(
@@ -271,6 +278,7 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
 {
     auto &slot = m_slots[disk.bay];
     slot.isInRun = false;
+    releaseLocks();
     LineEntry entry;
     for (const auto &known : m_store.entries()) {
         if (known.disk.number == disk.number)
@@ -279,6 +287,11 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
     auto result = resultOf(summary, disk.bay, m_store.entries());
     const auto health = healthOf(disk.fingerprint);
     result.health = textOf(health, &slot.health);
+    for (const auto &erased : summary.disks) {
+        if (erased.bay == slotNameOf(disk.bay) && erased.outcome == DiskOutcome::Erased &&
+            !erased.reason.empty())
+            result.health += "; " + erased.reason; // its size was not probed
+    }
     if (result.verdict == LineVerdict::Passed && verdictOf(health) == platform::HealthVerdict::Failing) {
         result.verdict = LineVerdict::NotProven;
         result.reason = "the disk " + textOf(health);
@@ -296,7 +309,8 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
     show(disk.bay, stateOf(result.verdict), result.reason);
     slot.shown.number = disk.number;
     if (!noted) {
-        show(disk.bay, LineBayState::Failed, noted.error());
+        removeLineCertificate(m_store.head(), disk.number); // it may say more than the ledger
+        show(disk.bay, LineBayState::NotProven, noted.error());
         return disarm(noted.error());
     }
     entry.result = result;

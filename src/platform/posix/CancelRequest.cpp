@@ -29,6 +29,15 @@ constexpr timespec AMoment{0, 50'000'000};
 // The number of requests that wait at this moment.
 std::atomic<int> waiting{0};
 
+std::atomic<void (*)()> tidyUp{nullptr};
+
+[[noreturn]] void leaveAtOnce()
+{
+    if (auto *tidy = tidyUp.load())
+        tidy();
+    ::_exit(130);
+}
+
 } // namespace
 
 void CancelRequest::endWhileNobodyWaits()
@@ -39,9 +48,14 @@ void CancelRequest::endWhileNobodyWaits()
             if (waiting > 0)
                 std::this_thread::sleep_for(std::chrono::nanoseconds(AMoment.tv_nsec));
             else if (sigtimedwait(&signals, nullptr, &AMoment) >= 0)
-                ::_exit(130);
+                leaveAtOnce();
         }
     }).detach();
+}
+
+void CancelRequest::beforeLeavingAtOnce(void (*tidy)())
+{
+    tidyUp = tidy;
 }
 
 void CancelRequest::blockSignals()
@@ -66,7 +80,7 @@ CancelRequest::CancelRequest(std::function<void()> onSignal)
                   constexpr std::string_view Left =
                       "plurimoctl: left at once; an erase that was begun goes on by itself\n";
                   [[maybe_unused]] const auto written = ::write(STDERR_FILENO, Left.data(), Left.size());
-                  ::_exit(130);
+                  leaveAtOnce();
               }
               onSignal();
           }

@@ -19,6 +19,10 @@ public:
     /// has been touched then. Call this once, at the start of a program.
     static void endWhileNobodyWaits();
 
+    /// Sets a function that is called right before a signal ends the process at once, on another thread; null
+    /// for none. It may call only what a signal handler may.
+    static void beforeLeavingAtOnce(void (*tidy)());
+
     /// `onSignal` is called on a thread of its own.
     explicit CancelRequest(std::function<void()> onSignal);
     ~CancelRequest();

@@ -38,6 +38,8 @@ void ProductionLineTest::makeHost()
     m_simulator = platform::makeSimulatorHost(m_tree.path("machine.json"), &m_queue).value();
     m_host = std::make_unique<test::WatchedHost>(*m_simulator);
     m_host->beforeDiskUtility = [this](const test::WatchedHost::Words &words) {
+        if (m_onTool)
+            m_onTool();
         if (words.front() == m_crashCommand) {
             std::filesystem::copy(statePath(), m_tree.path("state-then"),
                                   std::filesystem::copy_options::recursive);

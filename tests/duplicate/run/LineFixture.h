@@ -69,7 +69,8 @@ protected:
     std::unique_ptr<platform::Host> m_simulator;
     std::unique_ptr<test::WatchedHost> m_host;
     std::vector<std::string> m_toolCommands;
-    std::string m_crashCommand; ///< at which the state folder is kept as it is
+    std::function<void()> m_onTool; ///< called before each command of the disk utility
+    std::string m_crashCommand;     ///< at which the state folder is kept as it is
     std::unique_ptr<ProductionLine> m_line;
     std::vector<LineEntry> m_ended;
     std::vector<std::string> m_disarmed;

@@ -75,7 +75,7 @@ TEST_F(ProductionLineTest, KeyStopsTheCountdownAndTheDiskAsks)
     untilState(Bay::B, LineBayState::Passed);
 }
 
-TEST_F(ProductionLineTest, DiskThatIsPulledInItsCountdownIsForgotten)
+TEST_F(ProductionLineTest, DiskThatIsPulledInItsCountdownAsksWhenItComesBack)
 {
     makeLine(1);
     ASSERT_TRUE(arm());
@@ -84,8 +84,8 @@ TEST_F(ProductionLineTest, DiskThatIsPulledInItsCountdownIsForgotten)
     pull(Bay::B);
     untilState(Bay::B, LineBayState::Waiting);
     insert(Bay::B, "N1");
-    untilState(Bay::B, LineBayState::CountingDown);
-    EXPECT_EQ(m_line->bay(Bay::B).countdown, 10) << "the countdown begins anew";
+    untilState(Bay::B, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::B), "its countdown was stopped");
 }
 
 TEST_F(ProductionLineTest, DiskThatTakesThePlaceOfAnotherInItsCountdownIsLookedAtAnew)
@@ -319,6 +319,108 @@ TEST_F(ProductionLineTest, PausedLineTakesNoDisk)
     EXPECT_TRUE(m_toolCommands.empty());
     m_line->resume();
     untilState(Bay::C, LineBayState::Passed);
+}
+
+TEST_F(ProductionLineTest, DiskThatIsLookedAtWhenTheLineIsPausedIsNotTaken)
+{
+    makeLine(2);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::Looking);
+    m_line->pause();
+    seconds(60);
+    EXPECT_EQ(state(Bay::B), LineBayState::Waiting);
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, YesToABlankDiskIsNoneToWhatCameOntoItMeanwhile)
+{
+    m_machine["enclosures"][0]["bays"][3]["attached"] = true;
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    untilState(Bay::D, LineBayState::Asking);
+    m_line->agree(Bay::D);
+    changeMachine([](Json &machine) { withContent(machine["enclosures"][0]["bays"][3]); });
+    untilState(Bay::D, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::D), "it was in the bay already; it holds 1 file");
+    EXPECT_TRUE(m_toolCommands.empty());
+}
+
+TEST_F(ProductionLineTest, QuestionStandsWhenACountdownIsStopped)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", withContent);
+    untilState(Bay::B, LineBayState::Asking);
+    m_line->agree(Bay::B);
+    ASSERT_TRUE(m_line->stopCountdowns());
+    EXPECT_EQ(text(Bay::B), "it holds 1 file; its countdown was stopped");
+}
+
+TEST_F(ProductionLineTest, DiskThatWasThereAndLostItsContactStillAsks)
+{
+    m_machine["enclosures"][0]["bays"][3]["attached"] = true;
+    makeLine(1);
+    ASSERT_TRUE(arm({Bay::D}, ProductionLine::Consent::EraseWhateverComes));
+    pull(Bay::D);
+    changeMachine([](Json &machine) { machine["enclosures"][0]["bays"][3]["attached"] = true; });
+    untilState(Bay::D, LineBayState::Asking);
+    EXPECT_EQ(text(Bay::D), "it was in the bay already");
+}
+
+TEST_F(ProductionLineTest, DiskThatIsMadeTwiceCountsOnce)
+{
+    makeLine(3);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::Passed);
+    insert(Bay::B, "N1");
+    untilState(Bay::B, LineBayState::Asking);
+    m_line->agree(Bay::B);
+    untilState(Bay::B, LineBayState::Passed);
+    EXPECT_EQ(entries().size(), 2U);
+    EXPECT_EQ(textOf(m_line->store().counts()), "1 of 3");
+}
+
+TEST_F(ProductionLineTest, StopKeepsTheDiskUtilityFromItsNextDisk)
+{
+    makeLine(3);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    insert(Bay::C, "N2");
+    m_onTool = [this] { m_line->requestStop(); }; // as a signal does in mid-erase
+    until([this] { return !m_ended.empty(); }, "the run ends");
+    EXPECT_EQ(m_toolCommands.size(), 1U);
+    EXPECT_EQ(m_line->store().counts().failed, 2);
+}
+
+TEST_F(ProductionLineTest, BayIsArmedForOneLineOnly)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm({Bay::B, Bay::C}));
+    auto first = std::move(m_line);
+    makeLine(1);
+    const auto refused = arm({Bay::C, Bay::D});
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().reason, "Slot-C is armed for another line");
+    EXPECT_TRUE(arm({Bay::D}));
+    first->disarm("enough");
+    EXPECT_TRUE(arm({Bay::C}));
+    first.reset();
+}
+
+TEST_F(ProductionLineTest, CountdownAfterAYesIsWhole)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1", withContent);
+    untilState(Bay::B, LineBayState::Asking);
+    m_queue.advance(std::chrono::milliseconds(900)); // just before the next look
+    m_line->agree(Bay::B);
+    for (int tenths = 0; tenths < 99; ++tenths)
+        m_queue.advance(std::chrono::milliseconds(100));
+    EXPECT_TRUE(m_toolCommands.empty());
+    EXPECT_EQ(state(Bay::B), LineBayState::CountingDown);
 }
 
 TEST_F(ProductionLineTest, WishOfAnotherProgramIsGranted)
