@@ -51,9 +51,8 @@ ProductionLine::~ProductionLine()
 {
     *m_isAlive = false;
     // The thread of a run whose disk does not answer uses the run for as long as the process lives.
-    static auto &left = *new std::vector<std::unique_ptr<LineRun>>;
     for (auto &run : m_hanging)
-        left.push_back(std::move(run));
+        (void)run.release();
 }
 
 ScannedDevices ProductionLine::look()

@@ -54,7 +54,8 @@ tl::expected<void, Refusal> ProductionLine::lockBays(const std::vector<Bay> &bay
     const auto folder = m_surroundings.stateFolder + "/bays";
     const auto enclosure = std::to_string(m_work.choice.enclosure.uid.value_or(0));
     for (const auto bay : bays) {
-        const auto path = folder + "/" + enclosure + "-" + slotNameOf(bay);
+        auto path = folder;
+        path.append("/").append(enclosure).append("-").append(slotNameOf(bay));
         for (const auto &made : {platform::makePrivateFolder(folder), platform::makePrivateFolder(path)}) {
             if (!made)
                 return tl::unexpected(Refusal{Refused, made.error()});

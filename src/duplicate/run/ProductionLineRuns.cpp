@@ -75,11 +75,6 @@ std::string nameIn(const RunOrder &order, Bay bay)
     return order.choice.names[bay];
 }
 
-std::string letterOf(Bay bay)
-{
-    return slotNameOf(bay).substr(5);
-}
-
 } // namespace
 
 // The numbers are those that the disks will get when all of them are begun in this order.
@@ -103,7 +98,7 @@ tl::expected<RunOrder, std::string> ProductionLine::orderFor(const std::vector<B
     for (const auto bay : bays) {
         const auto &shown = (*choice.shown)[bay];
         values.serial = shown ? shown->fingerprint.serial.value_or(std::string()) : std::string();
-        values.bay = letterOf(bay);
+        values.bay = slotNameOf(bay).substr(5);
         choice.insisted.push_back(values.serial); // one that calls itself failing was asked about
         choice.names[bay] = nameOn(m_work, bay, values, choice.names[bay]);
         ++values.number;
