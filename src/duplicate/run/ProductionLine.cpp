@@ -51,8 +51,8 @@ ProductionLine::~ProductionLine()
 {
     *m_isAlive = false;
     // The thread of a run whose disk does not answer uses the run for as long as the process lives.
-    for (auto &run : m_hanging)
-        (void)run.release();
+    for (auto &run : m_hanging) [[maybe_unused]]
+        const auto *left = run.release();
 }
 
 ScannedDevices ProductionLine::look()
