@@ -1,5 +1,6 @@
 #include "platform/FaultyFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <thread>
@@ -25,10 +26,18 @@ bool spend(std::atomic<std::int64_t> &allowance, std::size_t bytes)
     return true;
 }
 
-void wait(int milliseconds)
+// A delay that is changed while it lasts counts at once, and a volume that goes away keeps nobody waiting.
+void waitAsAsked(const VolumeFaults &faults)
 {
-    if (milliseconds > 0)
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    const auto start = std::chrono::steady_clock::now();
+    while (!faults.gone) {
+        const auto left = start + std::chrono::milliseconds(faults.delayMilliseconds.load()) -
+                          std::chrono::steady_clock::now();
+        if (left <= left.zero())
+            return;
+        std::this_thread::sleep_for(
+            std::min<std::chrono::steady_clock::duration>(left, std::chrono::milliseconds(20)));
+    }
 }
 
 } // namespace
@@ -40,7 +49,7 @@ Expected<Attributes> FaultyFile::attributes() const
 
 Expected<std::size_t> FaultyFile::read(std::span<std::byte> into, std::uint64_t offset)
 {
-    wait(m_faults.delayMilliseconds);
+    waitAsAsked(m_faults);
     if (m_faults.gone)
         return failure(ENODEV);
     auto count = m_real->read(into, offset);
@@ -60,7 +69,7 @@ void FaultyFile::willRead(std::uint64_t offset, std::uint64_t length)
 
 Expected<void> FaultyFile::write(std::span<const std::byte> bytes, std::uint64_t offset)
 {
-    wait(m_faults.delayMilliseconds);
+    waitAsAsked(m_faults);
     if (m_faults.gone)
         return failure(ENODEV);
     if (!spend(m_faults.goneAfter, bytes.size())) {

@@ -170,7 +170,7 @@ TEST_F(GuardsTest, RaidSetThatCameWhileAQuestionStoodRefusesTheStart)
 
 TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
 {
-    cancelARunThatReadsFor(std::chrono::seconds(10));
+    cancelARunThatReadsFor(std::chrono::seconds(60)); // until the disk is pulled, below
     setErase(true);
     pressStart();
     pressSheet("Erase");
@@ -186,6 +186,8 @@ TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
     EXPECT_FALSE(wasAnythingErased());
     EXPECT_FALSE(actions().isErasing());
     EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
+    move("detach", "1/A"); // ends the read, and with it the cancelled run
+    pass(std::chrono::seconds(1));
 }
 
 TEST_F(GuardsTest, EraseWaitsForTheLastBlockOfACancelledRun)
