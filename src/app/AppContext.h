@@ -16,7 +16,7 @@ namespace platform
 class Host;
 }
 
-/// What a production line does at this moment, for the windows that must not get in its way.
+/// The work of a production line at this moment, for the windows that must not get in its way.
 struct LineActivity
 {
     bool isArmed = false;

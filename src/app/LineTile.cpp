@@ -91,17 +91,6 @@ QString wordFor(LineBayState state)
     return {};
 }
 
-QString signFor(LineBayState state)
-{
-    if (state == LineBayState::Passed)
-        return QStringLiteral("\u2713 ");
-    if (state == LineBayState::Failed || state == LineBayState::NotProven)
-        return QStringLiteral("\u2717 ");
-    if (state == LineBayState::Asking)
-        return QStringLiteral("? ");
-    return state == LineBayState::CountingDown ? QStringLiteral("! ") : QString();
-}
-
 QLabel *labelOf(int points, QWidget *parent)
 {
     auto *label = new QLabel(parent);
@@ -117,7 +106,7 @@ QLabel *labelOf(int points, QWidget *parent)
 
 QString stateText(const LineBay &bay)
 {
-    QString text = signFor(bay.state) + wordFor(bay.state);
+    QString text = QString::fromUtf8(signOf(bay.state)) + wordFor(bay.state);
     if (bay.state == LineBayState::CountingDown)
         text += QStringLiteral(" ") +
                 (bay.countdown > 0 ? QString::number(bay.countdown) : QStringLiteral("\u2026"));

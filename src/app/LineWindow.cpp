@@ -35,8 +35,7 @@ constexpr int MostDisks = 100'000;
 constexpr int UsualNumber = 10;
 constexpr int CountPoints = 48;
 
-// Typed as it stands in every language: who types it knows what it means.
-const auto ConsentWords = QStringLiteral("erase whatever comes");
+const auto ConsentWords = QString::fromLatin1(EraseConsentWords);
 
 } // namespace
 

@@ -24,7 +24,7 @@ namespace orvana
 
 class LineTile;
 
-/// What a new line would copy, as the main window shows it.
+/// The files that a new line would copy, as the main window shows them.
 struct LineSetup
 {
     Job job;

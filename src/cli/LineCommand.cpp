@@ -281,13 +281,18 @@ OrRefusal<ExitStatus> LineCommand::status()
 {
     auto ids = m_options.words;
     const bool isAll = ids.empty();
-    if (isAll)
-        ids = LineStore::idsIn(m_host.volumeFiles(), m_folder);
+    ids = isAll ? LineStore::idsIn(m_host.volumeFiles(), m_folder) : ids;
     Json all = Json::array();
+    ExitStatus end = AllDone;
     for (const auto &id : ids) {
         const auto store = LineStore::open(m_host.volumeFiles(), m_folder, id, LineStore::Use::Look);
-        if (!store)
+        if (!store && !isAll)
             return refusal(NotThere, store.error());
+        if (!store) {
+            m_terminal.printError("plurimoctl: " + store.error()); // the other lines are told all the same
+            end = NotThere;
+            continue;
+        }
         if (m_options.json) {
             all.push_back(jsonOf(*store));
             continue;
@@ -308,7 +313,7 @@ OrRefusal<ExitStatus> LineCommand::status()
         m_terminal.print(all.dump(2));
     else if (ids.empty())
         m_terminal.print("There is no line.");
-    return AllDone;
+    return end;
 }
 
 OrRefusal<ExitStatus> LineCommand::collect()

@@ -21,9 +21,6 @@ namespace orvana::cli
 
 class Terminal;
 
-/// The words by which a person lets a line erase disks that hold something without a question.
-inline constexpr const char *EraseConsentWords = "erase whatever comes";
-
 /// The options of `plurimoctl line`.
 struct LineOptions
 {

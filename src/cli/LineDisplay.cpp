@@ -22,31 +22,6 @@ std::string letterOf(Bay bay)
     return slotNameOf(bay).substr(5);
 }
 
-const char *signOf(LineBayState state)
-{
-    switch (state) {
-    case LineBayState::Passed:
-        return "\u2713 ";
-    case LineBayState::Failed:
-    case LineBayState::NotProven:
-        return "\u2717 ";
-    case LineBayState::Asking:
-        return "? ";
-    case LineBayState::CountingDown:
-        return "! ";
-    case LineBayState::Disarmed:
-    case LineBayState::Waiting:
-    case LineBayState::Looking:
-    case LineBayState::NotTaken:
-    case LineBayState::Erasing:
-    case LineBayState::Copying:
-    case LineBayState::Verifying:
-    case LineBayState::Ejecting:
-        return "";
-    }
-    return "";
-}
-
 std::string stateText(const LineBay &bay)
 {
     auto text = std::string(signOf(bay.state)) + nameOf(bay.state);

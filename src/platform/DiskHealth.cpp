@@ -8,7 +8,7 @@ namespace orvana::platform
 namespace
 {
 
-// Where the disk names no limit of its own. Makers of disks give 60 to 70 °C as the highest for work.
+// The limit for a disk that names none of its own. Makers of disks give 60 to 70 °C as the highest for work.
 constexpr double UsualCritical = 65.0;
 
 // A SATA disk that runs at the lowest rate has a bad contact: even disks of 2005 run at 3.0 Gbps.

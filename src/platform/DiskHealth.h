@@ -8,8 +8,8 @@
 namespace orvana::platform
 {
 
-/// What a disk says of itself, and what the kernel knows of it without asking the disk. Nullopt for what is
-/// not known.
+/// The health of a disk: its own words, and the facts that the kernel knows without asking it. Nullopt for
+/// what is not known.
 struct DiskHealth
 {
     std::optional<bool> isFailing;     ///< what the disk's own self-assessment says

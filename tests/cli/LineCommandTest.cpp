@@ -4,6 +4,8 @@
 #include "platform/posix/PosixCommandLauncher.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 namespace orvana::cli
 {
@@ -105,6 +107,23 @@ TEST_F(LineCommandTest, UnknownLinesAreNotThere)
 {
     expectError({"line", "status", "20260101-000000-abcd"}, NotThere, "no line of this station");
     expectError({"line", "end", "../.."}, NotThere, "no line of this station");
+}
+
+TEST_F(LineCommandTest, LineWhoseFilesAreDamagedDoesNotHideTheOthers)
+{
+    EXPECT_EQ(program({"line", "start", job(), "--count", "40"}), AllDone);
+    const auto damaged = onlyLine();
+    EXPECT_EQ(program({"line", "status", "--json"}), AllDone);
+    const std::string ledger = Json::parse(m_out)[0]["ledger"];
+    EXPECT_EQ(program({"line", "end", damaged}), AllDone);
+    EXPECT_EQ(program({"line", "start", job(), "--count", "7"}), AllDone);
+    const auto events = ledger.substr(0, ledger.rfind('/')) + "/events";
+    ASSERT_TRUE(std::filesystem::exists(events)) << events;
+    std::ofstream(events) << "no events\n\n";
+
+    EXPECT_EQ(program({"line", "status"}), NotThere);
+    EXPECT_NE(m_out.find("0 of 7, open"), std::string::npos) << m_out;
+    EXPECT_EQ(m_out.find("0 of 40"), std::string::npos) << m_out;
 }
 
 TEST_F(LineCommandTest, LedgersAreCollected)

@@ -27,7 +27,7 @@ DiskResult resultOf(const DiskUtilInfo &disk, const platform::CommandLauncher::R
     if (!result.status)
         return {disk, false, "the disk utility could not be started"};
     if (*result.status == 0) {
-        // What was done, but not all of it: "its size was not probed".
+        // The message of a success ends with what was left out: "its size was not probed".
         const auto remark = result.output.find("; ");
         return {disk, true,
                 remark == std::string::npos ? std::string() : firstLineOf(result.output.substr(remark + 2))};

@@ -248,7 +248,7 @@ void RunJournal::write(const std::string &lines)
 
 void RunJournal::end(bool isWhole)
 {
-    // What is left on volumes without a disk; the others were synced before.
+    // Only volumes without a disk have records left; the others were synced before.
     for (auto &lane : m_lanes) {
         if (lane && !isWhole) {
             lane->syncStarts();

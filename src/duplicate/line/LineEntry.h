@@ -9,7 +9,8 @@
 namespace orvana
 {
 
-/// What a line makes, and how many of it. It never holds the user's consent to an erase.
+/// The order for a line: the disks that it makes, and how many. It never holds the user's consent to an
+/// erase.
 struct LineHead
 {
     std::string id;      ///< of the line, unique on its station: "20261123-141530-7c1e"

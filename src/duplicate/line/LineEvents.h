@@ -9,7 +9,7 @@
 namespace orvana
 {
 
-// What a line's folder keeps of its past: one JSON object an event.
+// The past of a line, as its folder keeps it: one JSON object an event.
 
 struct LineEnd
 {

@@ -93,6 +93,14 @@ tl::expected<std::string, std::string> stationId(platform::VolumeFiles &files, c
     return id;
 }
 
+void removeCertificate(const LineHead &head, std::int64_t number)
+{
+    for (const char *ending : {".html", ".json"}) {
+        std::error_code ignored;
+        std::filesystem::remove(head.certificates + "/" + certificateNameOf(head, number) + ending, ignored);
+    }
+}
+
 std::string LineStore::failure(const std::string &name, const platform::FileError &error) const
 {
     return displayPath(m_path) + "/" + name + ": " + error.reason();
@@ -270,12 +278,7 @@ tl::expected<void, std::string> LineStore::endDisksInWork()
     for (const auto &entry : std::vector(m_entries)) {
         if (entry.result)
             continue;
-        // A certificate may have been written just before the end.
-        for (const char *ending : {".html", ".json"}) {
-            std::error_code ignored;
-            std::filesystem::remove(
-                m_head.certificates + "/" + certificateNameOf(m_head, entry.disk.number) + ending, ignored);
-        }
+        removeCertificate(m_head, entry.disk.number); // it may have been written just before the end
         if (auto noted = note(textOfEvent(LineEnd{entry.disk.number, result})); !noted)
             return noted;
     }

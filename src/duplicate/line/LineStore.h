@@ -23,7 +23,7 @@ enum class LineState {
 /// "open", "paused", "ended"
 const char *wordOf(LineState state);
 
-/// What another program asks the program that runs a line to do.
+/// The wish of another program to the program that runs a line.
 enum class LineWish { None, Pause, Resume, End };
 
 /// A line on the station's disk: a folder of its own with what happened so far and the ledger in both
@@ -77,7 +77,6 @@ public:
     /// The line's own folder, and the ledgers in it.
     const std::string &path() const { return m_path; }
     std::string csvPath() const { return m_path + "/ledger.csv"; }
-    std::string jsonPath() const { return m_path + "/ledger.jsonl"; }
 
     /// True when another program runs the line. Only for a line that was opened with Use::Look.
     bool isRunning(platform::VolumeFiles &files) const;
@@ -104,6 +103,9 @@ private:
     LineState m_state = LineState::Open;
     std::int64_t m_nextNumber = 1;
 };
+
+/// Removes the certificate of a disk from the line's folder of certificates, if there is one.
+void removeCertificate(const LineHead &head, std::int64_t number);
 
 /// Returns the id of this station: eight hexadecimal digits that were drawn once and are kept in its state
 /// folder.

@@ -1,5 +1,6 @@
 #include "duplicate/run/LineCertificate.h"
 
+#include "duplicate/line/LineStore.h"
 #include "duplicate/report/CertificatePage.h"
 #include "duplicate/report/ReportJson.h"
 #include "foundation/DisplayPath.h"
@@ -38,14 +39,6 @@ Json jsonOf(const LineHead &head, std::int64_t number, const LineResult &result,
 
 } // namespace
 
-void removeLineCertificate(const LineHead &head, std::int64_t number)
-{
-    for (const char *ending : {".html", ".json"}) {
-        std::error_code ignored;
-        std::filesystem::remove(head.certificates + "/" + certificateNameOf(head, number) + ending, ignored);
-    }
-}
-
 tl::expected<std::string, std::string> writeLineCertificate(platform::VolumeFiles &files,
                                                             const LineHead &head, std::int64_t number,
                                                             const LineResult &result,
@@ -81,7 +74,7 @@ tl::expected<std::string, std::string> writeLineCertificate(platform::VolumeFile
     for (const auto &[file, text] :
          {std::pair(name + ".html", html), std::pair(name + ".json", json.dump(2) + "\n")}) {
         if (const auto written = platform::replaceSmallFile(**folder, file, text, ReadableByAll); !written) {
-            removeLineCertificate(head, number);
+            removeCertificate(head, number);
             return failed(head.certificates + "/" + file, written.error().reason());
         }
     }

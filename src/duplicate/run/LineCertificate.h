@@ -25,7 +25,4 @@ tl::expected<std::string, std::string> writeLineCertificate(platform::VolumeFile
                                                             const RunSummary &summary, Bay bay,
                                                             const std::vector<ProblemGroup> &problems);
 
-/// Removes the certificate of a disk, if there is one.
-void removeLineCertificate(const LineHead &head, std::int64_t number);
-
 } // namespace orvana

@@ -19,7 +19,7 @@ Refusal wrong(const std::string &reason)
     return {WrongUsage, reason};
 }
 
-// What is not known yet is put in as it will look like.
+// Values that are not known yet are put in as they will look.
 std::optional<Refusal> refusalOfPattern(const NamePattern &pattern, std::int64_t wanted)
 {
     if (!pattern.tellsBaysApart())

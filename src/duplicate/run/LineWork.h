@@ -13,7 +13,7 @@
 namespace orvana
 {
 
-/// What every disk of a line gets, and in which enclosure.
+/// The content that every disk of a line gets, and the enclosure that it is in.
 struct LineWork
 {
     Job job;

@@ -143,7 +143,7 @@ void ProductionLine::step(Bay bay, const ScannedDevices &devices)
     const auto enclosure = chosenEnclosure(devices, whereItIsNow(devices, m_work.choice.enclosure));
     const auto disk = enclosure ? diskInBay(bay, **enclosure) : nullptr;
     if (!disk) {
-        // What became of the last disk stays to be read until the next one comes.
+        // The end of the last disk stays to be read until the next disk comes.
         if (slot.shown.state == LineBayState::CountingDown)
             remember(bay, "its countdown was stopped");
         if (slot.disk && !isEndOfDisk(slot.shown.state))

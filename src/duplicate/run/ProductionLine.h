@@ -36,6 +36,10 @@ enum class LineBayState {
 /// "waiting", "counting down"; in English, for the terminal.
 const char *nameOf(LineBayState state);
 
+/// Returns the sign of the state with a blank behind it, as UTF-8: a tick, a cross, "?" or "!"; empty for
+/// none. It tells good from bad without a colour.
+const char *signOf(LineBayState state);
+
 /// True when the disk in the bay has come to its end on the line.
 bool isEndOfDisk(LineBayState state);
 
@@ -53,6 +57,10 @@ struct LineBay
 
     bool operator==(const LineBay &) const = default;
 };
+
+/// The words by which a person lets a line erase disks that hold something without a question. They are typed
+/// as they stand in every language: who types them knows what they mean.
+inline constexpr const char *EraseConsentWords = "erase whatever comes";
 
 /// Shows a line. All functions are called on the main thread.
 class LineView
@@ -105,7 +113,7 @@ public:
     ProductionLine &operator=(const ProductionLine &) = delete;
 
     /// Arms bays of the work's enclosure, until `disarm`, the end of the line, or anything that goes wrong.
-    /// What is in the bays now always asks. Fails with the reason when the enclosure may not be used.
+    /// A disk that is in a bay now always asks. Fails with the reason when the enclosure may not be used.
     tl::expected<void, Refusal> arm(const std::vector<Bay> &bays, Consent consent);
     void disarm(const std::string &reason);
     bool isArmed() const { return m_isArmed; }

@@ -43,6 +43,31 @@ const char *nameOf(LineBayState state)
     return "";
 }
 
+const char *signOf(LineBayState state)
+{
+    switch (state) {
+    case LineBayState::Passed:
+        return "\u2713 ";
+    case LineBayState::Failed:
+    case LineBayState::NotProven:
+        return "\u2717 ";
+    case LineBayState::Asking:
+        return "? ";
+    case LineBayState::CountingDown:
+        return "! ";
+    case LineBayState::Disarmed:
+    case LineBayState::Waiting:
+    case LineBayState::Looking:
+    case LineBayState::NotTaken:
+    case LineBayState::Erasing:
+    case LineBayState::Copying:
+    case LineBayState::Verifying:
+    case LineBayState::Ejecting:
+        return "";
+    }
+    return "";
+}
+
 bool isEndOfDisk(LineBayState state)
 {
     return state == LineBayState::Passed || state == LineBayState::NotProven || state == LineBayState::Failed;

@@ -304,7 +304,7 @@ void ProductionLine::noteEnd(const LineRun::Disk &disk, const LineRun &run, cons
     show(disk.bay, stateOf(result.verdict), result.reason);
     slot.shown.number = disk.number;
     if (!noted) {
-        removeLineCertificate(m_store.head(), disk.number); // it may say more than the ledger
+        removeCertificate(m_store.head(), disk.number); // it may say more than the ledger
         show(disk.bay, LineBayState::NotProven, noted.error());
         return disarm(noted.error());
     }

@@ -1,4 +1,4 @@
-// What the kernel's own files say of a disk.
+// This file reads what the kernel's own files say of a disk.
 
 #include "platform/linux/LinuxHealth.h"
 

@@ -155,15 +155,12 @@ void addServiceFacts(DiskHealth &health, const std::string &name, const std::str
 DiskHealth LinuxHealth::healthOf(const std::string &device)
 {
     const auto snapshot = m_machine.snapshot();
-    const auto found = std::find_if(snapshot->disks.begin(), snapshot->disks.end(), [&](const Disk &disk) {
-        const auto number = m_machine.names().numberOf(disk);
-        return number && "/dev/" + DiskNames::nameOf(*number) == device;
-    });
+    const auto *disk = diskCalled(*snapshot, m_machine.names(), device);
     DiskHealth health;
-    if (found == snapshot->disks.end())
+    if (!disk)
         return health;
-    const auto &name = found->device->name;
-    addServiceFacts(health, name, identityOf(*found).serial.value_or(std::string()));
+    const auto &name = disk->device->name;
+    addServiceFacts(health, name, identityOf(*disk).serial.value_or(std::string()));
     addKernelFacts(health, "/sys", name);
     return health;
 }

@@ -3,24 +3,8 @@
 #include "foundation/DisplayPath.h"
 #include "foundation/ExitStatus.h"
 
-#include <algorithm>
-
 namespace orvana::platform::linux_host
 {
-
-namespace
-{
-
-const Disk *diskCalled(const MachineSnapshot &snapshot, const DiskNames &names, const std::string &node)
-{
-    const auto found = std::find_if(snapshot.disks.begin(), snapshot.disks.end(), [&](const Disk &disk) {
-        const auto number = names.numberOf(disk);
-        return number && "/dev/" + DiskNames::nameOf(*number) == node;
-    });
-    return found == snapshot.disks.end() ? nullptr : &*found;
-}
-
-} // namespace
 
 CommandLauncher::Result LinuxLauncher::run(const std::string &path, const std::vector<std::string> &arguments)
 {

@@ -4,8 +4,19 @@
 #include "foundation/SystemLog.h"
 #include "platform/linux/ThunderboltRouters.h"
 
+#include <algorithm>
+
 namespace orvana::platform::linux_host
 {
+
+const Disk *diskCalled(const MachineSnapshot &snapshot, const DiskNames &names, const std::string &node)
+{
+    const auto found = std::find_if(snapshot.disks.begin(), snapshot.disks.end(), [&](const Disk &disk) {
+        const auto number = names.numberOf(disk);
+        return number && "/dev/" + DiskNames::nameOf(*number) == node;
+    });
+    return found == snapshot.disks.end() ? nullptr : &*found;
+}
 
 std::shared_ptr<const MachineSnapshot> LinuxMachine::snapshot()
 {

@@ -19,6 +19,9 @@ struct MachineSnapshot
     std::vector<ListedVolume> volumes;
 };
 
+/// Returns the disk that has this node in the program, "/dev/disk3", or null.
+const Disk *diskCalled(const MachineSnapshot &snapshot, const DiskNames &names, const std::string &node);
+
 /// The machine as it is now. Each snapshot is read again; only the names of the disks and the remarks are
 /// kept. Main thread only.
 class LinuxMachine
