@@ -31,9 +31,10 @@ target_compile_definitions(plurimo_common INTERFACE
 # the product, and in the long functions that the test library makes they take more than half of the compiler's time.
 define_property(TARGET PROPERTY PLURIMO_IS_TEST BRIEF_DOCS "Whether the target is a test program")
 if(PLURIMO_SANITIZE)
-  string(REPLACE ",undefined" "" sanitizers_of_tests "${PLURIMO_SANITIZE}")
+  string(REPLACE ",undefined" "" of_tests "${PLURIMO_SANITIZE}")
+  string(REPLACE "," "$<COMMA>" of_product "${PLURIMO_SANITIZE}")
   target_compile_options(plurimo_common INTERFACE
-    -fsanitize=$<IF:$<BOOL:$<TARGET_PROPERTY:PLURIMO_IS_TEST>>,${sanitizers_of_tests},${PLURIMO_SANITIZE}>
+    -fsanitize=$<IF:$<BOOL:$<TARGET_PROPERTY:PLURIMO_IS_TEST>>,${of_tests},${of_product}>
     -fno-omit-frame-pointer -fno-sanitize-recover=all)
   target_link_options(plurimo_common INTERFACE -fsanitize=${PLURIMO_SANITIZE})
 endif()
