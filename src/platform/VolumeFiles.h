@@ -54,24 +54,34 @@ enum class Want { Basics, HiddenExtension };
 enum class Access { Read, Write, ReadAndWrite };
 enum class Existing { Keep, Replace };
 
-/// Names of a folder's entries, in the order of the file system, kept in one block of memory.
+/// Names of a folder's entries, in the order of the file system. They are kept in pieces of memory, each of
+/// which is given back once its names were taken: a folder may have a million entries.
 class NameList
 {
 public:
     void add(std::string_view name);
-    bool empty() const { return m_next >= m_bytes.size(); }
+    bool empty() const { return m_pieces.empty() || (isPieceTaken() && m_piece + 1 == m_pieces.size()); }
 
-    /// Takes the next name. The list must not be empty. The view lives as long as the list.
+    /// Takes the next name. The list must not be empty. The view is valid until the next call.
     std::string_view takeNext();
+
+    /// Returns the name that `takeNext` would take. The list must not be empty.
+    std::string_view next() const
+    {
+        return isPieceTaken() ? m_pieces[m_piece + 1].c_str() : m_pieces[m_piece].c_str() + m_next;
+    }
 
     /// The reason why the listing broke off after the last of these names; nullopt for a complete listing.
     const std::optional<FileError> &error() const { return m_error; }
     void breakOff(const FileError &error) { m_error = error; }
 
 private:
-    std::string m_bytes; // each name ends with a NUL, which no name contains
+    bool isPieceTaken() const { return m_next >= m_pieces[m_piece].size(); }
+
+    std::vector<std::string> m_pieces; // each name ends with a NUL, which no name contains
     std::optional<FileError> m_error;
-    std::size_t m_next = 0;
+    std::size_t m_piece = 0;
+    std::size_t m_next = 0; // offset in the piece
 };
 
 /// A part of a file.

@@ -26,7 +26,18 @@ constexpr std::uint64_t LargeFile = 64 * BlockSize;
 // A source may grow while it is read. It is copied at most this far beyond the length that it had.
 constexpr std::uint64_t MostGrowth = 64 * BlockSize;
 
+bool isStill(const File &source, const Attributes &before)
+{
+    const auto now = source.attributes();
+    return now && isUnchanged(before, *now);
+}
+
 } // namespace
+
+FileDuplicator::FileDuplicator(RunContext &run, FileComparer &comparer)
+    : m_run(run), m_comparer(comparer), m_outputs(run), m_readAhead(run.sources())
+{
+}
 
 int FileDuplicator::copy(const std::string &source, const OutArray &copies, const Attributes &like)
 {
@@ -34,14 +45,15 @@ int FileDuplicator::copy(const std::string &source, const OutArray &copies, cons
     m_outputs.start(source);
     createParents(copies, like);
     m_run.postMessage("Duplicating " + displayPath(source));
-    const auto from = m_run.sources().openFile(source, Access::Read);
+    auto ahead = m_readAhead.take(source);
+    const auto from = ahead ? std::move(ahead->file) : m_run.sources().openFile(source, Access::Read);
     if (!from) {
         systemLog("Open of " + displayPath(source) + " for reading failed");
         failForAll(source, copies, from.error());
         noteEvidence(copies, false);
         return -1;
     }
-    copyContent(**from, copies, like);
+    copyContent(**from, ahead ? &*ahead : nullptr, copies, like);
     m_outputs.closeAll();
     if (auto *evidence = m_run.evidence()) {
         evidence->endFile();
@@ -180,9 +192,13 @@ void FileDuplicator::failForAll(const std::string &source, const OutArray &copie
     });
 }
 
-void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attributes &like)
+void FileDuplicator::copyContent(File &from, const ReadAhead::Source *ahead, const OutArray &copies,
+                                 const Attributes &like)
 {
-    const auto attributes = attributesOnceOldEnough(from);
+    // A file that was written to since it was read ahead is read again.
+    if (ahead && !isStill(from, ahead->opened))
+        ahead = nullptr;
+    const auto attributes = ahead ? ahead->opened : attributesOnceOldEnough(from);
     m_mayChangeUnseen = attributes && mayChangeUnseen(*attributes);
     const std::uint64_t size = attributes ? attributes->size : 0;
     if (attributes) {
@@ -197,6 +213,8 @@ void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attri
             m_run.postFileProgress(size, size);
         return;
     }
+    if (ahead)
+        return copyAtOnce(from, ahead->content, size, copies, like);
     const auto count = from.read(m_run.block(0), 0);
     if (!count || *count == BlockSize) {
         openOutputs(copies, like, nullptr);
@@ -204,15 +222,21 @@ void FileDuplicator::copyContent(File &from, const OutArray &copies, const Attri
         copyBlocks(from, size, count);
         return;
     }
-    // A read of less than a block is the whole file. It is created, written and closed in one go.
-    const Block block = m_run.block(0).first(*count);
+    // A read of less than a block is the whole file.
+    copyAtOnce(from, m_run.block(0).first(*count), size, copies, like);
+}
+
+// Creates, writes and closes the copies of a small file in one go.
+void FileDuplicator::copyAtOnce(File &from, Block block, std::uint64_t size, const OutArray &copies,
+                                const Attributes &like)
+{
     readBlockFacts(from, block, 0);
-    m_outputs.noteRead(*count);
-    m_outputs.noteSource(hasSourceChanged(from, *count));
+    m_outputs.noteRead(block.size());
+    m_outputs.noteSource(hasSourceChanged(from, block.size()));
     openOutputs(copies, like, &block);
     m_outputs.tellNewErrors();
-    if (*count > 0)
-        m_run.postFileProgress(*count, size);
+    if (!block.empty())
+        m_run.postFileProgress(block.size(), size);
     m_outputs.noteInMemory(0, false);
 }
 
@@ -270,7 +294,10 @@ void FileDuplicator::openOutputs(const OutArray &copies, const Attributes &like,
             m_outputs.write(target, *wholeFile, 0);
         m_outputs.close(target);
     };
-    m_run.shareBlock(wholeFile ? *wholeFile : Block(), work);
+    if (wholeFile && m_readAhead.isPlanned())
+        m_run.shareBlockAnd(*wholeFile, work, [this] { m_readAhead.read(); });
+    else
+        m_run.shareBlock(wholeFile ? *wholeFile : Block(), work);
 }
 
 Expected<std::size_t> FileDuplicator::writeAndReadAhead(File &from, Block block, std::uint64_t offset,

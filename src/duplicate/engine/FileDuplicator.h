@@ -2,6 +2,7 @@
 
 #include "duplicate/engine/CopyJob.h"
 #include "duplicate/engine/OutputFiles.h"
+#include "duplicate/engine/ReadAhead.h"
 #include "platform/VolumeFiles.h"
 
 #include <cstdint>
@@ -18,13 +19,14 @@ struct Target;
 class FileDuplicator
 {
 public:
-    FileDuplicator(RunContext &run, FileComparer &comparer) : m_run(run), m_comparer(comparer), m_outputs(run)
-    {
-    }
+    FileDuplicator(RunContext &run, FileComparer &comparer);
 
     /// Copies one file. New copies, and missing folders above them, get the attributes `like`. Returns 1, or
     /// -1 when the source cannot be opened. Ends the thread when it is cancelled.
     int copy(const std::string &source, const OutArray &copies, const platform::Attributes &like);
+
+    /// The file of the source that comes after the one in hand.
+    ReadAhead &readAhead() { return m_readAhead; }
 
     /// Makes the folders that are to hold the copies. Missing ones get the attributes `like`.
     void createParents(const OutArray &copies, const platform::Attributes &like);
@@ -39,7 +41,10 @@ private:
     void noteJournal(const OutArray &copies, bool isVerified);
     void noteEvidence(const OutArray &copies, bool isVerified);
     void failForAll(const std::string &source, const OutArray &copies, const platform::FileError &error);
-    void copyContent(platform::File &from, const OutArray &copies, const platform::Attributes &like);
+    void copyContent(platform::File &from, const ReadAhead::Source *ahead, const OutArray &copies,
+                     const platform::Attributes &like);
+    void copyAtOnce(platform::File &from, Block block, std::uint64_t size, const OutArray &copies,
+                    const platform::Attributes &like);
     void copyBlocks(platform::File &from, std::uint64_t size, platform::Expected<std::size_t> count);
     void openOutputs(const OutArray &copies, const platform::Attributes &like, const Block *wholeFile);
     void readBlockFacts(const platform::File &from, Block block, std::uint64_t offset);
@@ -50,6 +55,7 @@ private:
     RunContext &m_run;
     FileComparer &m_comparer;
     OutputFiles m_outputs;
+    ReadAhead m_readAhead;
     std::string m_digestBefore;     ///< of a file of which nothing is left to be done; "xxh128:..."
     bool m_mayChangeUnseen = false; ///< a write to the current source may leave its time unchanged
 };

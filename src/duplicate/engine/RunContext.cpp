@@ -120,6 +120,22 @@ void RunContext::shareBlock(std::span<const std::byte> block, const std::functio
     workers().share([&](std::size_t piece) { doPiece(piece, block, work); }, piecesOfABlock(), m_helpers);
 }
 
+void RunContext::shareBlockAnd(std::span<const std::byte> block, const std::function<void(Target &)> &work,
+                               const std::function<void()> &more)
+{
+    if (m_helpers == 0)
+        return shareBlock(block, work);
+    const auto piecesOfBlock = piecesOfABlock();
+    workers().share(
+        [&](std::size_t piece) {
+            if (piece < piecesOfBlock)
+                doPiece(piece, block, work);
+            else
+                more();
+        },
+        piecesOfBlock + 1, m_helpers);
+}
+
 void RunContext::shareBlockBeside(std::span<const std::byte> block, const std::function<void(Target &)> &work,
                                   const std::function<void()> &meanwhile)
 {

@@ -123,6 +123,10 @@ public:
     /// share the pieces.
     void shareBlock(std::span<const std::byte> block, const std::function<void(Target &)> &work);
 
+    /// As `shareBlock`, with one piece more. Without workers the caller does not do this piece.
+    void shareBlockAnd(std::span<const std::byte> block, const std::function<void(Target &)> &work,
+                       const std::function<void()> &more);
+
     /// As `shareBlock`, but the workers do all of it while the caller runs `meanwhile`.
     void shareBlockBeside(std::span<const std::byte> block, const std::function<void(Target &)> &work,
                           const std::function<void()> &meanwhile);

@@ -20,16 +20,22 @@ SkipRules::SkipRules(platform::Host &host, bool includeHidden, bool keepsLinks)
 
 SkipRules::Verdict SkipRules::examine(const std::string &pathOrName) const
 {
+    const auto read = m_files.attributes(pathOrName, Links::DoNotFollow, Want::HiddenExtension);
+    return examine(pathOrName, read ? std::optional(*read) : std::nullopt);
+}
+
+SkipRules::Verdict SkipRules::examine(const std::string &path,
+                                      const std::optional<Attributes> &attributes) const
+{
     Verdict verdict;
-    if (auto read = m_files.attributes(pathOrName, Links::DoNotFollow, Want::HiddenExtension))
-        verdict.attributes = *read;
+    verdict.attributes = attributes;
     const bool isLink = verdict.attributes && verdict.attributes->type == FileType::SymbolicLink;
     const bool isHidden = verdict.attributes && verdict.attributes->hiddenExtension;
     if (isLink && !m_keepsLinks)
         verdict.rule = "it is a symbolic link";
-    else if (!belongsToPackage(pathOrName) && isHidden && !m_includeHidden)
+    else if (!belongsToPackage(path) && isHidden && !m_includeHidden)
         verdict.rule = "its extension is hidden";
-    else if (m_reserved.contains(pathOrName))
+    else if (m_reserved.contains(path))
         verdict.rule = "its place is one that is never copied";
     else
         return verdict;

@@ -240,7 +240,8 @@ void TreeWalk::copyTree(const std::string &folder, const OutArray &copies, const
 void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
 {
     FolderStack::Entry entry(stack, name);
-    const auto verdict = m_rules.examine(stack.source());
+    const auto ahead = m_duplicator.readAhead().entryAt(stack.source());
+    const auto verdict = ahead ? m_rules.examine(stack.source(), ahead) : m_rules.examine(stack.source());
     const auto attributes = verdict.attributes.value_or(Attributes());
     const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
     const char *rule = verdict.skip ? verdict.rule
@@ -251,10 +252,21 @@ void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
     } else if (attributes.type == FileType::SymbolicLink) {
         m_run.keeper().copyLink(stack.source(), stack.copies());
     } else if (!isFolder) {
+        planNext(stack, name.size());
         m_duplicator.copy(stack.source(), stack.copies(), attributes);
     } else {
         entry.enter(attributes);
     }
+}
+
+// A run that goes on copies few files, and reads no others.
+void TreeWalk::planNext(FolderStack &stack, std::size_t nameLength)
+{
+    const auto &journal = m_run.setup().journal;
+    if (stack.names().empty() || (journal && journal->resume))
+        return m_duplicator.readAhead().plan({});
+    const auto &path = stack.source();
+    m_duplicator.readAhead().plan(path.substr(0, path.size() - nameLength).append(stack.names().next()));
 }
 
 NameList TreeWalk::listOf(const std::string &folder, const OutArray &copies)

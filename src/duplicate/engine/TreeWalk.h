@@ -42,6 +42,7 @@ private:
     int copyItem(const std::string &source, const OutArray &copies, const platform::Attributes &attributes);
     void copyTree(const std::string &folder, const OutArray &copies, const platform::Attributes &like);
     void copyEntry(FolderStack &stack, std::string_view name);
+    void planNext(FolderStack &stack, std::size_t nameLength);
     void copyListedEntries(const std::string &folder, const OutArray &copies);
     platform::NameList listOf(const std::string &folder, const OutArray &copies);
     std::vector<bool> makeFolders(const std::string &source, const OutArray &copies,

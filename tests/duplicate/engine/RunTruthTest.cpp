@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -145,6 +146,41 @@ TEST_F(RunTruth, SourceWrittenToBetweenCopyAndComparisonHasChanged)
     EXPECT_EQ(destination()["copied"], 0);
     EXPECT_EQ(destination()["verified"], 0);
     EXPECT_EQ(destination()["mismatched"], 0);
+}
+
+TEST_F(RunTruth, SourceWrittenToJustBeforeItsTurnIsCopiedAsItIsThen)
+{
+    for (const char *name : {"a", "b", "c", "d"})
+        m_tree.file(std::string("source/docs/") + name, "old");
+    m_recorder.onEach([](const std::string &line) {
+        const std::string start = "FileCopyMessage Duplicating ";
+        if (line.starts_with(start))
+            std::ofstream(line.substr(start.size())) << "new and longer";
+    });
+    runJob({"docs"});
+    for (const char *name : {"a", "b", "c", "d"})
+        EXPECT_EQ(m_tree.read(std::string("a/docs/") + name), "new and longer");
+    EXPECT_TRUE(isAllDone(m_report->summary()));
+}
+
+TEST_F(RunTruth, SourceThatGoesAwayBeforeItsTurnIsCopiedWholeOrTold)
+{
+    for (const char *name : {"a", "b", "c", "d"})
+        m_tree.file(std::string("source/docs/") + name, "content");
+    std::size_t turns = 0;
+    m_recorder.onEach([&](const std::string &line) {
+        if (line.starts_with("FileCopyMessage Duplicating ") && ++turns > 1)
+            std::filesystem::remove(line.substr(std::string("FileCopyMessage Duplicating ").size()));
+    });
+    runJob({"docs"});
+    const auto copied = destination()["copied"].get<int>();
+    const auto failed = destination()["failed"].get<int>();
+    EXPECT_EQ(copied + failed, 4);
+    int whole = 0;
+    for (const char *name : {"a", "b", "c", "d"})
+        whole += m_tree.exists(std::string("a/docs/") + name) &&
+                 m_tree.read(std::string("a/docs/") + name) == "content";
+    EXPECT_EQ(whole, copied);
 }
 
 TEST_F(RunTruth, SourceThatGrowsWithoutEndIsCopiedToABound)
