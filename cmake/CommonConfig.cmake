@@ -1,13 +1,16 @@
 # One interface target holds what every target of the project shares: the language standard, the
-# warnings (all of them errors), the strict Qt settings and the sanitizers of the chosen preset.
+# warnings (all of them errors for developers), the strict Qt settings and the sanitizers of the chosen preset.
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+option(PLURIMO_DEVELOPER "Make warnings errors, and use ccache if it is there; the presets set it" OFF)
+if(PLURIMO_DEVELOPER)
+  find_program(CCACHE_PROGRAM ccache)
+  if(CCACHE_PROGRAM)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  endif()
 endif()
 
 set(PLURIMO_SANITIZE "" CACHE STRING "Sanitizers of this build, as the compiler's -fsanitize takes them")
@@ -15,7 +18,7 @@ set(PLURIMO_SANITIZE "" CACHE STRING "Sanitizers of this build, as the compiler'
 add_library(plurimo_common INTERFACE)
 target_compile_features(plurimo_common INTERFACE cxx_std_20)
 target_compile_options(plurimo_common INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wall -Wextra -Wpedantic $<$<BOOL:${PLURIMO_DEVELOPER}>:-Werror> -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wsuggest-override)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
