@@ -1,10 +1,12 @@
 #include "platform/linux/MadeUpMachine.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <thread>
 #include <umockdev.h>
 #include <unistd.h>
 
@@ -71,6 +73,7 @@ std::string MadeUpMachine::add(const std::string &path, const std::string &subsy
     GError *error = nullptr;
     if (!umockdev_testbed_add_from_string(m_testbed->bed, text.c_str(), &error))
         throw std::runtime_error(error->message);
+    letReadersKeepUp();
     m_paths.push_back(path);
     return path;
 }
@@ -267,6 +270,7 @@ void MadeUpMachine::pull(const std::string &path)
         const auto gone = m_paths[i];
         m_paths.erase(m_paths.begin() + static_cast<std::ptrdiff_t>(i));
         umockdev_testbed_uevent(m_testbed->bed, gone.c_str(), "remove");
+        letReadersKeepUp();
         umockdev_testbed_remove_device(m_testbed->bed, gone.c_str());
         // The testbed does not remove these files.
         if (gone.find("/block/") != std::string::npos) {
@@ -279,6 +283,17 @@ void MadeUpMachine::pull(const std::string &path)
 void MadeUpMachine::tell(const std::string &path, const std::string &action)
 {
     umockdev_testbed_uevent(m_testbed->bed, path.c_str(), action.c_str());
+    letReadersKeepUp();
+}
+
+// The socket of a reader holds ten events (net.unix.max_dgram_qlen). With one more the test bed ends the
+// program. Each reader has a socket in the test bed's folder.
+void MadeUpMachine::letReadersKeepUp() const
+{
+    for (const auto &entry : std::filesystem::directory_iterator(rootFolder())) {
+        if (entry.path().filename().string().starts_with("event"))
+            return std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
 }
 
 void MadeUpMachine::makeFolder(const std::string &path) const

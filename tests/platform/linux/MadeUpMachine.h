@@ -122,6 +122,7 @@ private:
     struct Testbed;
 
     std::string rootFolder() const;
+    void letReadersKeepUp() const;
     void writeMounts() const;
 
     std::unique_ptr<Testbed> m_testbed;
