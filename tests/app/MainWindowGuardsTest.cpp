@@ -24,15 +24,22 @@ protected:
 
     bool wasAnythingErased() const { return !tools().empty(); }
 
-    /// Cancels a run whose worker goes on reading for this long in real time.
-    void cancelARunThatReadsFor(std::chrono::milliseconds time)
+    /// Cancels a run whose worker goes on reading until `endTheReading`.
+    void cancelARunThatReads()
     {
         bay(3)["attached"] = false;
-        bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", time.count()}};
+        bay(0)["volumes"][0]["faults"] = {{"delayMilliseconds", 60'000}};
         startWithEnclosure();
         pressStart();
         ASSERT_TRUE(window().isBusy());
         pressStart();
+    }
+
+    void endTheReading()
+    {
+        bay(0)["volumes"][0].erase("faults");
+        m_tree.file("machine.json", m_machine.dump());
+        pass(std::chrono::seconds(1)); // the machine looks at its file
     }
 
     void makeSourceSlow()
@@ -138,9 +145,10 @@ TEST_F(GuardsTest, QuestionThatStoodThroughARescanStartsNothing)
 
 TEST_F(GuardsTest, EjectThatWaitedIsDroppedWhenANewRunBegan)
 {
-    cancelARunThatReadsFor(std::chrono::seconds(1));
+    cancelARunThatReads();
     QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
     pressStart();
+    endTheReading();
     pass(std::chrono::seconds(2));
     pressStart();
     until([this] { return !window().isBusy(); });
@@ -170,7 +178,7 @@ TEST_F(GuardsTest, RaidSetThatCameWhileAQuestionStoodRefusesTheStart)
 
 TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
 {
-    cancelARunThatReadsFor(std::chrono::seconds(60)); // until the disk is pulled, below
+    cancelARunThatReads();
     setErase(true);
     pressStart();
     pressSheet("Erase");
@@ -186,18 +194,18 @@ TEST_F(GuardsTest, EraseThatWaitsInVainForACancelledRunIsToldAndErasesNothing)
     EXPECT_FALSE(wasAnythingErased());
     EXPECT_FALSE(actions().isErasing());
     EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
-    move("detach", "1/A"); // ends the read, and with it the cancelled run
-    pass(std::chrono::seconds(1));
+    endTheReading();
 }
 
 TEST_F(GuardsTest, EraseWaitsForTheLastBlockOfACancelledRun)
 {
-    cancelARunThatReadsFor(std::chrono::seconds(2));
+    cancelARunThatReads();
     setErase(true);
     pressStart();
     pressSheet("Erase");
     pass(std::chrono::seconds(1)); // in the window's time; almost no real time
     EXPECT_FALSE(wasAnythingErased());
+    endTheReading();
     // The cancelled run writes its report when its worker ends. Meanwhile the window's time stands still.
     const auto isReported = [this] {
         const auto names = test::treeOf(m_tree.path("logs"));
