@@ -36,7 +36,7 @@ public:
     /// against the working folder, so for a bare name a link or a hidden extension is not recognised.
     Verdict examine(const std::string &pathOrName) const;
 
-    /// The same for a path whose attributes were read with Want::HiddenExtension before.
+    /// Tests a full path whose attributes were read before, with Want::HiddenExtension.
     Verdict examine(const std::string &path, const std::optional<platform::Attributes> &attributes) const;
 
     /// Counts the files under `path`. Anything that is no folder counts as 1. A folder counts as the sum of
