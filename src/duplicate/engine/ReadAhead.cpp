@@ -18,7 +18,7 @@ namespace
 
 // Of larger files, opening and reading the first bytes is a small part of the work. A file of a whole block
 // is not small: it is copied block by block.
-constexpr std::size_t Room = std::min<std::size_t>(256 * 1024, BlockSize);
+constexpr std::size_t Room = std::min(std::size_t{256} * 1024, BlockSize);
 
 } // namespace
 
