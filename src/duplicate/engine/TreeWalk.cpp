@@ -240,7 +240,7 @@ void TreeWalk::copyTree(const std::string &folder, const OutArray &copies, const
 void TreeWalk::copyEntry(FolderStack &stack, std::string_view name)
 {
     FolderStack::Entry entry(stack, name);
-    const auto ahead = m_duplicator.readAhead().entryAt(stack.source());
+    const auto ahead = m_duplicator.readAhead().entryAt(stack.source()); // spares asking again
     const auto verdict = ahead ? m_rules.examine(stack.source(), ahead) : m_rules.examine(stack.source());
     const auto attributes = verdict.attributes.value_or(Attributes());
     const bool isFolder = verdict.attributes && attributes.type == FileType::Folder;
