@@ -1,6 +1,6 @@
 // The steps between the click on Start and the first erased disk.
 
-#include "app/WindowFixture.h"
+#include "app/StartFixture.h"
 
 #include "foundation/NotificationNames.h"
 #include "ui/SystemColor.h"
@@ -18,224 +18,23 @@ namespace orvana
 namespace
 {
 
-class StartTest : public WindowTest
+/// Holds a count until `letGo` is called.
+class HeldCount
 {
-protected:
-    /// Two volumes on the disk in bay A.
-    void putTwoVolumesInBayA()
+public:
+    explicit HeldCount(NotificationCenter &center)
+        : m_subscription(center.subscribe(notification::FileSizeChange,
+                                          [go = m_go.get_future().share()](const auto &) { go.wait(); }))
     {
-        bay(0)["volumes"] = Json::array();
-        for (const char *name : {"One", "Two"})
-            bay(0)["volumes"].push_back(
-                {{"name", name}, {"capacity", 400000}, {"content", {{{"path", "film"}, {"bytes", 5000}}}}});
     }
+    void letGo() const { m_go.set_value(); }
 
-    /// Expects that no command was run on the disk that was in bay A, and that bay A still has two volumes.
-    void expectBayAIsWhole()
-    {
-        const auto machine = Json::parse(m_tree.read("machine.json"));
-        const auto &disk = machine["enclosures"][0]["bays"][0];
-        EXPECT_EQ(disk["volumes"].size(), 2U) << disk.dump();
-        for (const auto &tool : tools())
-            EXPECT_NE(tool.back(), m_bayA) << "a command was run on the source's disk";
-    }
-
-    void startWithSource(const std::string &title)
-    {
-        startWithEnclosure();
-        chooseSource(title);
-        setErase(true);
-        m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
-    }
-
-    void answerEverySheet()
-    {
-        for (int i = 0; i < 200; ++i) {
-            pass(std::chrono::milliseconds(50));
-            const auto message = sheetMessage();
-            if (!message.empty())
-                pressSheet(message == "Erase" ? "Erase" : message == "File Copy Completed" ? "Done" : "OK");
-            if (!window().isBusy() && message.empty() && i > 40)
-                return;
-        }
-    }
-
-    /// Holds a count until `letGo` is called.
-    class HeldCount
-    {
-    public:
-        explicit HeldCount(NotificationCenter &center)
-            : m_subscription(center.subscribe(notification::FileSizeChange,
-                                              [go = m_go.get_future().share()](const auto &) { go.wait(); }))
-        {
-        }
-        void letGo() const { m_go.set_value(); }
-
-    private:
-        mutable std::promise<void> m_go;
-        NotificationCenter::Subscription m_subscription;
-    };
-
-    bool nothingHappened() const { return tools().empty() && !hasLog() && title() == "Start"; }
-
-    std::string m_bayA;
+private:
+    mutable std::promise<void> m_go;
+    NotificationCenter::Subscription m_subscription;
 };
 
 } // namespace
-
-TEST_F(StartTest, SourceThatIsUnmountedRightBeforeStartIsNotErased)
-{
-    putTwoVolumesInBayA();
-    startWithSource("Two");
-    move("unmount", "Two");
-    m_queue.advance(std::chrono::milliseconds(150)); // the machine has changed, the window has not rescanned
-    pressStart();
-    answerEverySheet();
-    expectBayAIsWhole();
-    EXPECT_TRUE(tools().empty()) << "nothing is erased for a source that is gone";
-}
-
-TEST_F(StartTest, SourceThatIsUnmountedInMidRunIsNotErasedByTheNextRun)
-{
-    putTwoVolumesInBayA();
-    bay(3)["attached"] = false; // a blank disk switches erase on again
-    bay(0)["volumes"][1]["faults"] = {{"delayMilliseconds", 20}};
-    startWithEnclosure();
-    chooseSource("Two");
-    setErase(false);
-    m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
-    pressStart();
-    pressSheet("OK"); // the source's disk takes no part
-    move("unmount", "Two");
-    untilSheet("File Copy Completed");
-    pressSheet("Done");
-    setErase(true);
-    pressStart();
-    EXPECT_EQ(sheetMessage(), "Warning");
-    answerEverySheet();
-    expectBayAIsWhole();
-    EXPECT_TRUE(tools().empty());
-}
-
-TEST_F(StartTest, SourceChosenAgainAfterANameWasTypedForItsBayIsNotErased)
-{
-    startWithEnclosure();
-    m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
-    setErase(true);
-    chooseSource("STICK");
-    typeName(slots().SlotAVolume, "NEW");
-    chooseSource("Master");
-    move("unmount", "Master");
-    m_queue.advance(std::chrono::milliseconds(150));
-    pressStart();
-    answerEverySheet();
-    EXPECT_TRUE(tools().empty());
-}
-
-TEST_F(StartTest, SourceRenamedInMidRunIsNotEjectedWithTheDestinations)
-{
-    putTwoVolumesInBayA();
-    bay(3)["attached"] = false; // a blank disk switches erase on again
-    bay(0)["volumes"][1]["faults"] = {{"delayMilliseconds", 20}};
-    startWithEnclosure();
-    chooseSource("Two");
-    setErase(false);
-    m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
-    pressStart();
-    pressSheet("OK");
-    move("rename", "Two", "Other");
-    untilSheet("File Copy Completed");
-    pressSheet("Done");
-    QMetaObject::invokeMethod(slots().EjectTargetDiskBtn, "click");
-    pass(std::chrono::seconds(2));
-    EXPECT_FALSE(isMounted("COPY1"));
-    for (const auto &tool : tools())
-        EXPECT_NE(tool.back(), m_bayA);
-    EXPECT_TRUE(isMounted("One"));
-}
-
-TEST_F(StartTest, LinkInATickedFolderProtectsTheDiskThatItLeadsTo)
-{
-    startWithEnclosure();
-    m_tree.link("machine.json.volumes/Volumes/Master/Footage/elsewhere",
-                m_tree.path("machine.json.volumes/Volumes/COPY1"));
-    chooseSource("Master");
-    untick("Read me.txt"); // the folder is a ticked item of its own now
-    setErase(true);
-    pressStart();
-    EXPECT_EQ(sheetMessage(), "Warning");
-    EXPECT_EQ(sheetText(), "Slot-B (COPY1): it carries the source");
-    answerEverySheet();
-    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
-}
-
-TEST_F(StartTest, DiskWithTheSourcesSerialNumberAndSizeIsNotErased)
-{
-    bay(1)["serial"] = "SA";
-    for (const std::size_t other : {2U, 3U})
-        bay(other)["size"] = 2000000;
-    startWithEnclosure();
-    setErase(true);
-    pressStart();
-    EXPECT_EQ(sheetText(), "Slot-B (COPY1): it cannot be told from a disk of the source");
-    answerEverySheet();
-    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
-}
-
-TEST_F(StartTest, SourceWithoutASerialNumberProtectsEveryDiskOfItsSize)
-{
-    m_machine["usbDisks"][0]["size"] = 1000000;
-    startWithEnclosure();
-    chooseSource("STICK");
-    setErase(true);
-    pressStart();
-    answerEverySheet();
-    EXPECT_TRUE(tools().empty());
-    EXPECT_EQ(filesOn("COPY1"), Files{"old1"});
-}
-
-TEST_F(StartTest, EraseForASourceThatIsGoneIsRefused)
-{
-    startWithSource("STICK");
-    move("unmount", "STICK");
-    m_queue.advance(std::chrono::milliseconds(150));
-    pressStart();
-    EXPECT_EQ(sheetMessage(), "Warning");
-    EXPECT_NE(sheetText().find("The source is not there any more"), std::string::npos) << sheetText();
-    pressSheet("OK");
-    EXPECT_TRUE(nothingHappened());
-}
-
-TEST_F(StartTest, CopyFromASourceThatIsGoneIsRefusedToo)
-{
-    bay(3)["attached"] = false;
-    startWithEnclosure();
-    chooseSource("STICK");
-    setErase(false);
-    move("detach", "usb/1");
-    m_queue.advance(std::chrono::milliseconds(150));
-    pressStart();
-    EXPECT_EQ(sheetMessage(), "Warning");
-    pressSheet("OK");
-    EXPECT_TRUE(nothingHappened());
-}
-
-TEST_F(StartTest, SourceThatIsLostDuringTheEraseIsNotSaidToHaveLeftAllUntouched)
-{
-    startWithSource("STICK");
-    bool isPulled = false;
-    const auto pull = m_center.subscribe(notification::DiskMessage, [&](const auto &) {
-        if (!std::exchange(isPulled, true))
-            move("detach", "usb/1");
-    });
-    pressStart();
-    pressSheet("Erase");
-    until([this] { return sheetMessage() == "Warning"; });
-    EXPECT_EQ(sheetText().find("Nothing was touched"), std::string::npos) << sheetText();
-    EXPECT_NE(sheetText().find("Nothing was copied; the report says which disks were erased."),
-              std::string::npos)
-        << sheetText();
-}
 
 TEST_F(StartTest, NothingTickedErasesNothing)
 {

@@ -1,83 +1,11 @@
 // Runs that keep dates, or all that a source has besides its content.
 
-#include "duplicate/engine/ResumeFixture.h"
+#include "duplicate/engine/KeepFixture.h"
 
 #include <sys/xattr.h>
 
 namespace orvana
 {
-
-using platform::Keep;
-
-class KeepTest : public ResumeTest
-{
-protected:
-    static constexpr std::int64_t OldDate = 1'000'000'000;
-
-    void keep(Keep what, const std::vector<std::string> &items = {""},
-              const std::vector<std::string> &destinations = {"a"}, CopyManner manner = {})
-    {
-        manner.keep = what;
-        setJob(items, destinations, 1);
-        useReport();
-        m_engine.setManner(manner);
-        m_engine.StartBackup();
-    }
-
-    void keepAll(const std::vector<std::string> &items = {""},
-                 const std::vector<std::string> &destinations = {"a"})
-    {
-        keep(Keep::All, items, destinations);
-    }
-
-    /// Makes a file of the source with an old date.
-    void oldFile(const std::string &name, const std::string &content = "content") const
-    {
-        m_tree.file("source/" + name, content);
-        setDate(source(name));
-    }
-
-    static void setDate(const std::string &path, std::int64_t seconds = OldDate)
-    {
-        const timespec times[] = {{0, UTIME_OMIT}, {seconds, 123'456'789}};
-        ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
-    }
-
-    static struct stat statusOf(const std::string &path)
-    {
-        struct stat status{};
-        EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
-        return status;
-    }
-
-    static bool hasOldDate(const std::string &path)
-    {
-        const auto status = statusOf(path);
-        return status.st_mtim.tv_sec == OldDate && status.st_mtim.tv_nsec == 123'456'789;
-    }
-
-    std::string textOf(const std::string &link) const
-    {
-        return std::filesystem::read_symlink(m_tree.path(link)).string();
-    }
-
-    bool isOneFile(const std::string &a, const std::string &b) const
-    {
-        return statusOf(m_tree.path(a)).st_ino == statusOf(m_tree.path(b)).st_ino;
-    }
-
-    /// A file of `blocks` blocks, of which only the one at `data` holds something.
-    void sparseFile(const std::string &name, std::size_t blocks, std::size_t data) const
-    {
-        m_tree.file("source/" + name, "");
-        const int file = ::open(source(name).c_str(), O_WRONLY | O_CLOEXEC);
-        const std::string content(BlockSize, 'd');
-        EXPECT_EQ(::pwrite(file, content.data(), content.size(), static_cast<off_t>(data * BlockSize)),
-                  static_cast<ssize_t>(BlockSize));
-        EXPECT_EQ(::ftruncate(file, static_cast<off_t>(blocks * BlockSize)), 0);
-        ::close(file);
-    }
-};
 
 TEST_F(KeepTest, CopyHasItsOwnDateWithoutTheOption)
 {
@@ -259,37 +187,6 @@ TEST_F(KeepTest, FileThatChangedBetweenItsNamesIsNotJoined)
     keepAll({"a-first", "z-last"});
     EXPECT_EQ(m_tree.read("a/z-last"), "new content");
     EXPECT_EQ(m_tree.read("a/a-first"), "old");
-}
-
-TEST_F(KeepTest, HolesStayHoles)
-{
-    sparseFile("sparse", 16, 5);
-    keepAll({""}, {"a", "b"});
-    for (const auto *name : {"a", "b"}) {
-        EXPECT_EQ(m_tree.read(std::string(name) + "/sparse"), m_tree.read("source/sparse"));
-        EXPECT_LE(statusOf(copy(name, "sparse")).st_blocks * 512, 3 * static_cast<off_t>(BlockSize));
-    }
-    EXPECT_EQ(destination()["blocksWritten"], 1);
-    EXPECT_EQ(destination()["bytes"], BlockSize);
-    EXPECT_EQ(destination()["copied"], 1);
-}
-
-TEST_F(KeepTest, HoleIsEmptyAlsoWhereTheOldCopyHeldSomething)
-{
-    sparseFile("sparse", 4, 1);
-    m_tree.file("a/sparse", std::string(4 * BlockSize, 'o'));
-    keepAll();
-    EXPECT_EQ(m_tree.read("a/sparse"), m_tree.read("source/sparse"));
-}
-
-TEST_F(KeepTest, FileOfNothingButAHoleHasItsLength)
-{
-    m_tree.file("source/hole", "");
-    ASSERT_EQ(::truncate(source("hole").c_str(), 5000), 0);
-    m_engine.setBVerifyFiles(true);
-    keepAll();
-    EXPECT_EQ(statusOf(copy("a", "hole")).st_size, 5000);
-    EXPECT_EQ(destination()["verified"], 1);
 }
 
 TEST_F(KeepTest, PermissionsOfExistingFilesAndFoldersAreKept)
