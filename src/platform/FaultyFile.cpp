@@ -27,17 +27,21 @@ bool spend(std::atomic<std::int64_t> &allowance, std::size_t bytes)
 }
 
 // A delay that is changed while it lasts counts at once, and a volume that goes away keeps nobody waiting.
-void waitAsAsked(const VolumeFaults &faults)
+void waitAsAsked(VolumeFaults &faults)
 {
+    if (faults.delayMilliseconds <= 0)
+        return;
+    ++faults.waiting;
     const auto start = std::chrono::steady_clock::now();
     while (!faults.gone) {
         const auto left = start + std::chrono::milliseconds(faults.delayMilliseconds.load()) -
                           std::chrono::steady_clock::now();
         if (left <= left.zero())
-            return;
+            break;
         std::this_thread::sleep_for(
             std::min<std::chrono::steady_clock::duration>(left, std::chrono::milliseconds(20)));
     }
+    --faults.waiting;
 }
 
 } // namespace

@@ -29,6 +29,8 @@ struct VolumeFaults
     std::atomic<VolumeFamily> family{VolumeFamily::Unix}; ///< another than Unix is told as the volume's own
     std::atomic<std::int64_t> freeBytes{-1};              ///< told as the free space; -1 for the real one
     std::atomic<bool> isPlain{false}; ///< holds no links, owners or extended attributes, as FAT
+
+    std::atomic<int> waiting{0}; ///< told to tests: the reads and writes that are held by the delay now
 };
 
 /// Forwards all calls to real files and adds the faults of each volume. Callable from any thread.

@@ -32,6 +32,8 @@ protected:
         startWithEnclosure();
         pressStart();
         ASSERT_TRUE(window().isBusy());
+        // A worker that is cancelled before its first read ends at once.
+        until([this] { return isWaitingFor("Master"); });
         pressStart();
     }
 

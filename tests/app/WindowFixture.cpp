@@ -4,6 +4,7 @@
 #include "app/VolumeNotifications.h"
 #include "filetree/view/FileTreeView.h"
 #include "filetree/view/OutlineViewDataSource.h"
+#include "platform/FaultyVolumeFiles.h"
 #include "platform/hosts/HostFactory.h"
 #include "support/SmallMachine.h"
 #include "support/WatchedHost.h"
@@ -270,6 +271,13 @@ WindowTest::Files WindowTest::filesOn(const std::string &volume) const
             files.push_back(path);
     }
     return files;
+}
+
+bool WindowTest::isWaitingFor(const std::string &volume) const
+{
+    const auto &files = dynamic_cast<const platform::FaultyVolumeFiles &>(m_simulator->volumeFiles());
+    const auto *faults = files.faultsAt(m_tree.path("machine.json.volumes/Volumes/" + volume));
+    return faults && faults->waiting > 0;
 }
 
 bool WindowTest::isMounted(const std::string &volume) const

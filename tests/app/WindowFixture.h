@@ -83,6 +83,10 @@ protected:
 
     Files filesOn(const std::string &volume) const;
     bool isMounted(const std::string &volume) const;
+
+    /// Whether a read or a write of the volume is held by its "delayMilliseconds" at the moment.
+    bool isWaitingFor(const std::string &volume) const;
+
     std::string log() const { return m_tree.read("logs/" + nameEndingWith("-Log.txt")); }
     Json report() const { return Json::parse(m_tree.read("logs/" + nameEndingWith("-Report.json"))); }
     bool hasLog() const { return !nameEndingWith("-Log.txt").empty(); }
