@@ -4,6 +4,7 @@
 #include "app/OrvanaAppDelegate.h"
 #include "panels/CopyActionViewController.h"
 #include "panels/DiskInfoViewController.h"
+#include "version/view/WebFetch.h"
 
 #include <QAbstractButton>
 #include <QMenuBar>
@@ -86,7 +87,8 @@ void MainMenu::makeHelpMenu()
 {
     auto *menu = m_window.menuBar()->addMenu(tr("&Help"));
     add(menu, tr("&How to Use"), QKeySequence::HelpContents, [this] { m_delegate.howToUse(); });
-    add(menu, tr("&Check for Updates"), {}, [this] { m_delegate.checkForUpdats(); });
+    if (mayFetchFromWeb())
+        add(menu, tr("&Check for Updates"), {}, [this] { m_delegate.checkForUpdats(); });
     menu->addSeparator();
     add(menu, tr("&About Orvana Plurimo"), {}, [this] { m_delegate.showAbout(); });
 }

@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "cli/Completion.h"
 #include "foundation/LiteralWords.h"
 
 #include <CLI/CLI.hpp>
@@ -36,7 +37,7 @@ void describeSettings(CLI::App &command, RunSettings &settings, CopiesTo destina
 
 void describeCopy(CLI::App &copy, CopyOptions &options)
 {
-    copy.add_option("SOURCE", options.sources, "Files and folders to copy")->required();
+    copy.add_option("SOURCE", options.sources, "Files and folders to copy")->required()->type_name("FILE");
     copy.add_option("--to", options.destinations, "Folders that each get a copy of everything")
         ->required()
         ->type_name("FOLDER...");
@@ -132,8 +133,9 @@ void describeLine(CLI::App &line, LineOptions &options)
     line.add_option("ACTION", options.action, "start, resume, status (without one), pause, end or collect")
         ->check(CLI::IsMember({"start", "resume", "status", "pause", "end", "collect"}));
     line.add_option(
-        "WORD", options.words,
-        "With start: the job file. With collect: ledgers. Otherwise: the line, as status names it");
+            "WORD", options.words,
+            "With start: the job file. With collect: ledgers. Otherwise: the line, as status names it")
+        ->type_name("FILE");
     line.add_option("--count", options.count,
                     "With start: number of disks to make instead of the job's wanted number")
         ->check(CLI::Range(1, 1'000'000));
@@ -225,6 +227,8 @@ void describe(CLI::App &app, CommandLineOptions &options)
     auto *devices = app.add_subcommand("devices", "List enclosures, disks and volumes");
     auto *logs = app.add_subcommand("logs", "List, print and remove the logs of earlier runs");
     auto *simulator = app.add_subcommand("simulator", "Change the simulated machine");
+    auto *completion =
+        app.add_subcommand("completion", "Print a script that completes these commands in a shell");
     describeCopy(*copy, options.copy);
     describeDuplicate(*duplicate, options.duplicate);
     describeErase(*erase, options.disks);
@@ -236,6 +240,9 @@ void describe(CLI::App &app, CommandLineOptions &options)
     describeLine(*line, options.line);
     describeLogs(*logs, options.logs);
     describeSimulator(*simulator, options.simulator);
+    completion->add_option("SHELL", options.completedShell, "bash, zsh or fish")
+        ->required()
+        ->check(CLI::IsMember(CompletedShells));
     for (auto *command : {copy, duplicate, erase, eject, mount, verify, line, bays, devices, logs, simulator})
         describeCommon(*command, options);
 }

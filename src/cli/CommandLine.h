@@ -36,6 +36,7 @@ struct CommandLineOptions
     LogsOptions logs;
     SimulatorOptions simulator;
     VerifyCommandOptions verify;
+    std::string completedShell;
 };
 
 /// Describes all commands and their options to the parser, which fills in `options`.

@@ -1,4 +1,5 @@
 #include "cli/CommandLine.h"
+#include "cli/Completion.h"
 #include "cli/Terminal.h"
 #include "foundation/LiteralWords.h"
 #include "foundation/PlainMainQueue.h"
@@ -86,11 +87,15 @@ int runMain(int argc, char **argv)
         std::fputs(shownLiteral(complaint.str()).c_str(), stderr);
         return status == 0 ? AllDone : WrongUsage;
     }
+    const auto command = app.get_subcommands().front()->get_name();
+    if (command == "completion") {
+        std::fputs(cli::completionFor(options.completedShell, app).c_str(), stdout);
+        return AllDone;
+    }
     cli::takeLiterally(options);
     cli::makeAbsolute(options);
     platform::posix::enterEmptyFolder();
     auto terminal = cli::Terminal::ofProcess();
-    const auto command = app.get_subcommands().front()->get_name();
     if (command == "simulator")
         return onSimulator(options, terminal);
     return onHost(options, terminal, command);

@@ -1,6 +1,6 @@
 // Signals, closed standard files and languages: the program from outside.
 
-#include "cli/MachineFixture.h"
+#include "cli/ProcessFixture.h"
 #include "foundation/SizeText.h"
 
 #include <array>
@@ -16,58 +16,6 @@
 
 namespace orvana::cli
 {
-
-class Process : public SimulatedMachineTest
-{
-protected:
-    /// Starts the program with these words. If `isClosed`, closes its standard files first.
-    pid_t startProgram(const Files &words, bool isClosed = false, const char *name = PLURIMOCTL)
-    {
-        ::unlink(m_tree.path("said").c_str());
-        std::vector<std::string> all{name};
-        all.insert(all.end(), words.begin(), words.end());
-        std::vector<char *> arguments;
-        for (auto &word : all)
-            arguments.push_back(word.data());
-        arguments.push_back(nullptr);
-        const pid_t child = ::fork();
-        if (child != 0)
-            return child;
-        for (const int number : {0, 1, 2}) {
-            if (isClosed)
-                ::close(number);
-        }
-        if (!isClosed)
-            (void)!::freopen(m_tree.path("said").c_str(), "w", stdout);
-        ::execv(name, arguments.data());
-        ::_exit(99);
-    }
-
-    static int statusOf(pid_t child)
-    {
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
-    }
-
-    static bool waitFor(const std::function<bool()> &condition)
-    {
-        for (int i = 0; i < 4000; ++i) {
-            if (condition())
-                return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-        return false;
-    }
-
-    void untilSaid(const std::string &text)
-    {
-        EXPECT_TRUE(waitFor([&] {
-            return m_tree.exists("said") && m_tree.read("said").find(text) != std::string::npos;
-        })) << "never said "
-            << text;
-    }
-};
 
 TEST_F(Process, EverySignalEndsAWatchInOrder)
 {
@@ -93,31 +41,6 @@ TEST_F(Process, SignalBeforeAnythingIsTouchedEndsTheProgram)
         EXPECT_EQ(statusOf(child), Cancelled) << signal;
     }
 }
-
-// Left out of the thread checks, like the window's own suites: Qt's libraries are not built for these checks.
-#ifndef __SANITIZE_THREAD__
-TEST_F(Process, SignalEndsTheWindowsRunAsCancelDoes)
-{
-    bay(0)["volumes"][0]["content"] = {{{"path", "Many"}, {"bytes", 60'000}, {"files", 300}}};
-    bay(1)["volumes"][0]["faults"] = {{"delayMilliseconds", 100}};
-    bay(3)["attached"] = false; // a blank disk would switch the erase on
-    ASSERT_EQ(program({"devices"}), AllDone) << "writes the machine's file";
-    m_tree.file("script", "select-enclosure 1\nwait-count\nclick start\nwait-idle\n");
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        std::filesystem::remove_all(m_tree.path("logs"));
-        m_tree.folder("logs");
-        const auto window = startProgram({"--simulator", m_tree.path("machine.json"), "--script",
-                                          m_tree.path("script"), "--log-dir", m_tree.path("logs")},
-                                         false, ORVANA_PLURIMO);
-        EXPECT_TRUE(waitFor([this] { return hasLog() && log().find("Duplicating") != std::string::npos; }));
-        ::kill(window, signal);
-        EXPECT_EQ(statusOf(window), 0) << signal;
-        EXPECT_EQ(report()["outcome"], "cancelled");
-        EXPECT_NE(log().find("User Cancel"), std::string::npos);
-    }
-}
-#endif
 
 TEST_F(Process, ReportIsWholeThoughStandardFilesAreClosed)
 {

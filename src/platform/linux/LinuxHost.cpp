@@ -1,26 +1,32 @@
 #include "platform/linux/LinuxHost.h"
 
-#include <filesystem>
-
 namespace orvana::platform::linux_host
 {
 
 namespace
 {
 
-// The disk utility lies beside the program that uses it.
-std::string pathOfDiskUtility()
+std::string ownDiskUtility()
 {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path() / "orvana-diskutil").native();
+    return diskUtilityOf(std::filesystem::read_symlink("/proc/self/exe", error));
 }
 
 } // namespace
 
+std::string diskUtilityOf(const std::filesystem::path &program)
+{
+    const auto folder = program.parent_path();
+    const auto installed = folder.parent_path() / "libexec/orvana-plurimo/orvana-diskutil";
+    std::error_code error;
+    if (std::filesystem::exists(installed, error))
+        return installed.native();
+    return (folder / "orvana-diskutil").native();
+}
+
 LinuxHost::LinuxHost(std::unique_ptr<Workspace> workspace, MainQueue *queue, const SystemFiles &files,
                      const SetupPrograms &programs)
-    : m_machine(files), m_launcher(m_machine, pathOfDiskUtility()), m_enclosureSetup(m_machine, programs),
+    : m_machine(files), m_launcher(m_machine, ownDiskUtility()), m_enclosureSetup(m_machine, programs),
       m_workspace(std::move(workspace))
 {
     if (queue)

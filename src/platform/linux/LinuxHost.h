@@ -10,8 +10,14 @@
 #include "platform/posix/PosixAccount.h"
 #include "platform/posix/PosixVolumeFiles.h"
 
+#include <filesystem>
+
 namespace orvana::platform::linux_host
 {
+
+/// Returns where the disk utility of `program` lies: in the libexec folder of an installed program, beside a
+/// program that was built and not installed.
+std::string diskUtilityOf(const std::filesystem::path &program);
 
 /// The Linux machine that the program runs on. Main thread only, except for its files.
 class LinuxHost final : public Host

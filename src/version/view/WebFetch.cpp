@@ -74,6 +74,11 @@ private:
 
 } // namespace
 
+bool mayFetchFromWeb()
+{
+    return true;
+}
+
 std::optional<std::string> fetchFromWeb(const QUrl &address)
 {
     if (!isWeb(address))

@@ -11,6 +11,9 @@ namespace orvana
 /// At most this many bytes of an answer are read. The rest is ignored.
 inline constexpr qint64 MostOfAnAnswer = 65536;
 
+/// Whether this program was built with the check for a newer version. Without it nothing is ever fetched.
+bool mayFetchFromWeb();
+
 /// Reads a small file from a web server, over HTTP or HTTPS. The calling thread only waits; another thread
 /// does the work.
 ///

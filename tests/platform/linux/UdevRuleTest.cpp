@@ -49,7 +49,7 @@ protected:
         const auto utility = m_tree.file("orvana-diskutil", text);
         std::filesystem::permissions(utility, std::filesystem::perms::all);
         auto rule = contentOf(UDEV_RULE);
-        const std::string installed = "/usr/bin/orvana-diskutil";
+        const std::string installed = "/usr/libexec/orvana-plurimo/orvana-diskutil";
         rule.replace(rule.find(installed), installed.size(), utility);
         m_tree.file("60-orvana-plurimo.rules", rule);
     }
