@@ -49,7 +49,7 @@ plurimo_folder(log/view WIDGETS
     LogFileDataSource.cpp)
 
 plurimo_folder(version/view WIDGETS
-  LINKS Qt6::Widgets $<$<BOOL:${PLURIMO_VERSION_CHECK}>:Qt6::Network> Qt6::Svg
+  LINKS Qt6::Widgets Qt6::Network Qt6::Svg
   SOURCES Banner.cpp
     Hyperlink.cpp
     $<IF:$<BOOL:${PLURIMO_VERSION_CHECK}>,WebFetch.cpp,NoWebFetch.cpp>
@@ -68,7 +68,7 @@ plurimo_folder(panels WIDGETS
     VolumeNameField.cpp)
 
 plurimo_folder(app WIDGETS
-  LINKS Qt6::Widgets
+  LINKS Qt6::Widgets Qt6::Network
   SOURCES BaySetupSheet.cpp
     Certificate.cpp
     LineTile.cpp

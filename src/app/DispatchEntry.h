@@ -7,7 +7,7 @@
 namespace orvana
 {
 
-class Notification;
+struct Notification;
 
 /// An action of the window, and the notifications that call for it.
 struct DispatchEntry

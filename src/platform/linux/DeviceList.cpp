@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <sstream>
+#include <utility>
 
 namespace orvana::platform::linux_host
 {
@@ -128,9 +129,11 @@ std::vector<const Device *> DeviceList::partitionsOf(const Device &disk) const
 {
     auto found = childrenOf(disk);
     std::erase_if(found, [](const Device *device) { return device->type != "partition"; });
-    std::stable_sort(found.begin(), found.end(), [](const Device *a, const Device *b) {
-        return decimalNumber(a->attribute("partition")) < decimalNumber(b->attribute("partition"));
-    });
+    const auto place = [](const Device *device) {
+        return std::pair(decimalNumber(device->attribute("partition")), device->path);
+    };
+    std::sort(found.begin(), found.end(),
+              [&](const Device *a, const Device *b) { return place(a) < place(b); });
     return found;
 }
 
