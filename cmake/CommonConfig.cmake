@@ -35,6 +35,7 @@ target_compile_definitions(plurimo_common INTERFACE
 define_property(TARGET PROPERTY PLURIMO_IS_TEST BRIEF_DOCS "Whether the target is a test program")
 if(PLURIMO_SANITIZE)
   string(REPLACE ",undefined" "" of_tests "${PLURIMO_SANITIZE}")
+  string(REPLACE "," "$<COMMA>" of_tests "${of_tests}")
   string(REPLACE "," "$<COMMA>" of_product "${PLURIMO_SANITIZE}")
   target_compile_options(plurimo_common INTERFACE
     -fsanitize=$<IF:$<BOOL:$<TARGET_PROPERTY:PLURIMO_IS_TEST>>,${of_tests},${of_product}>
