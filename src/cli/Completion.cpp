@@ -112,7 +112,7 @@ Words namesOf(const std::vector<Command> &commands)
     return names;
 }
 
-// What bash does for a value: it sets the words or the kind of file names to choose from.
+// For a value, bash sets the words or the kind of file names to choose from.
 std::string bashValues(const Entry &entry)
 {
     switch (entry.values) {
