@@ -21,6 +21,8 @@ target_compile_options(plurimo_common INTERFACE
   -Wall -Wextra -Wpedantic $<$<BOOL:${PLURIMO_DEVELOPER}>:-Werror> -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wsuggest-override)
+# Programs lie at another address each time they start. Compilers do that by default; said aloud, it can be checked.
+target_link_options(plurimo_common INTERFACE $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-fPIE$<SEMICOLON>-pie>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # GCC 12 sees overlaps in std::string's operator+ that cannot be (GCC bug 105651).
   target_compile_options(plurimo_common INTERFACE -Wno-restrict)
