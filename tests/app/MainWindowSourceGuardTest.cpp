@@ -21,15 +21,7 @@ TEST_F(StartTest, SourceThatIsUnmountedRightBeforeStartIsNotErased)
 
 TEST_F(StartTest, SourceThatIsUnmountedInMidRunIsNotErasedByTheNextRun)
 {
-    putTwoVolumesInBayA();
-    bay(3)["attached"] = false; // a blank disk switches erase on again
-    bay(0)["volumes"][1]["faults"] = {{"delayMilliseconds", 20}};
-    startWithEnclosure();
-    chooseSource("Two");
-    setErase(false);
-    m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
-    pressStart();
-    pressSheet("OK"); // the source's disk takes no part
+    startSlowCopyOfTwo();
     move("unmount", "Two");
     untilSheet("File Copy Completed");
     pressSheet("Done");
@@ -58,15 +50,7 @@ TEST_F(StartTest, SourceChosenAgainAfterANameWasTypedForItsBayIsNotErased)
 
 TEST_F(StartTest, SourceRenamedInMidRunIsNotEjectedWithTheDestinations)
 {
-    putTwoVolumesInBayA();
-    bay(3)["attached"] = false; // a blank disk switches erase on again
-    bay(0)["volumes"][1]["faults"] = {{"delayMilliseconds", 20}};
-    startWithEnclosure();
-    chooseSource("Two");
-    setErase(false);
-    m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
-    pressStart();
-    pressSheet("OK");
+    startSlowCopyOfTwo();
     move("rename", "Two", "Other");
     untilSheet("File Copy Completed");
     pressSheet("Done");

@@ -36,6 +36,20 @@ protected:
         m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
     }
 
+    /// Starts a run without an erase whose source is the second volume of the disk in bay A, and is slow.
+    void startSlowCopyOfTwo()
+    {
+        putTwoVolumesInBayA();
+        bay(3)["attached"] = false; // a blank disk switches erase on again
+        bay(0)["volumes"][1]["faults"] = {{"delayMilliseconds", 20}};
+        startWithEnclosure();
+        chooseSource("Two");
+        setErase(false);
+        m_bayA = window().ScanDevice().tbArray()[0]->hddArray()[0]->devPath().value();
+        pressStart();
+        pressSheet("OK"); // the source's disk takes no part
+    }
+
     void answerEverySheet()
     {
         for (int i = 0; i < 200; ++i) {

@@ -1,4 +1,4 @@
-// What the kernel's files say of the disks of a machine that is made up below the C library.
+// The kernel's files tell the health of disks; here on a machine that is made up below the C library.
 
 #include "platform/linux/LinuxFixture.h"
 
