@@ -16,6 +16,15 @@
 namespace orvana
 {
 
+/// Makes the entry one of a disk with a volume that holds a file.
+inline void withContent(Json &entry)
+{
+    entry["formatted"] = true;
+    entry["volumes"] = Json::array({Json{{"name", "OLD"},
+                                         {"capacity", 900'000},
+                                         {"content", Json::array({Json{{"path", "old"}, {"bytes", 10}}})}}});
+}
+
 /// A production line on the simulated machine: "Master" in bay A is copied onto whatever comes into bays B, C
 /// and D. Time is that of the queue, so a countdown takes no time.
 class ProductionLineTest : public testing::Test, public LineView

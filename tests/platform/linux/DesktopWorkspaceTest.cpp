@@ -2,6 +2,7 @@
 
 #include "platform/linux/DesktopWorkspace.h"
 #include "platform/linux/BusProbe.h"
+#include "platform/linux/PlayedService.h"
 #include "platform/posix/Descriptor.h"
 #include "support/Recorder.h"
 #include "support/TemporaryTree.h"
@@ -9,8 +10,6 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusUnixFileDescriptor>
-#include <QDBusVirtualObject>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
@@ -20,7 +19,6 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <mutex>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -49,39 +47,6 @@ constexpr const char *BusSettings = R"(<busconfig><type>session</type><listen>AD
 <auth>EXTERNAL</auth><policy context="default"><allow user="*"/><allow own="*"/>
 <allow send_type="method_call"/><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
 </policy></busconfig>)";
-
-/// Answers every call to the services that it plays, on a thread of its own.
-class PlayedService final : public QDBusVirtualObject
-{
-public:
-    QString introspect(const QString &) const override { return {}; }
-
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
-    {
-        const std::lock_guard lock(m_mutex);
-        m_calls.push_back(message);
-        const auto what = message.arguments().value(0).toString();
-        if (message.member() == QStringLiteral("Inhibit")) {
-            if (isLidForbidden && what.contains(QStringLiteral("lid")))
-                return connection.send(message.createErrorReply(QDBusError::AccessDenied, {}));
-            return connection.send(message.createReply(QVariant::fromValue(QDBusUnixFileDescriptor(held))));
-        }
-        return connection.send(message.createReply(QVariant(1U)));
-    }
-
-    std::vector<QDBusMessage> calls()
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_calls;
-    }
-
-    bool isLidForbidden = false;
-    int held = -1;
-
-private:
-    std::mutex m_mutex;
-    std::vector<QDBusMessage> m_calls;
-};
 
 /// Receives the reported progress, as a dock does.
 class Dock : public QObject

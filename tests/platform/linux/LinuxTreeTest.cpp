@@ -3,8 +3,6 @@
 #include "platform/hosts/HostFactory.h"
 #include "platform/linux/LinuxFixture.h"
 
-#include <filesystem>
-
 namespace orvana::test
 {
 
@@ -181,83 +179,6 @@ TEST_F(LinuxScan, InternalDisksAreListedWithModelAndSerialNumber)
     EXPECT_TRUE(m_scanner->tbArray().empty());
 }
 
-class ExternalDisks : public LinuxFixture
-{
-protected:
-    std::string addUsb(const std::string &removable, const MadeUpDisk &disk)
-    {
-        const auto controller = m_machine.addPci({}, "0000:00:14.0", "0x8086", "0xa36d", "0x0c0330");
-        const auto usb = m_machine.add(controller + "/usb1/1-1", "usb",
-                                       {"E: DEVTYPE=usb_device", "A: removable=" + removable});
-        return m_machine.addBlock(usb + "/1-1:1.0/host9/target9:0:0/9:0:0:0", disk);
-    }
-
-    static MadeUpDisk stick()
-    {
-        return {.node = "sdu",
-                .model = "Ultra",
-                .serial = "U1",
-                .properties = {"ID_BUS=usb", "ID_VENDOR_ENC=\\x20SanDisk\\x20", "ID_MODEL_ENC=Ultra\\x20"}};
-    }
-};
-
-TEST_F(ExternalDisks, UsbDiskIsListedByVendorAndProduct)
-{
-    addUsb("removable", stick());
-    ASSERT_EQ(scan().otherDiskArray().size(), 1U);
-    EXPECT_EQ(m_scanner->otherDiskArray()[0]->hddModel(), "SanDisk Ultra");
-    EXPECT_EQ(m_scanner->otherDiskArray()[0]->hddSN(), std::nullopt);
-}
-
-TEST_F(ExternalDisks, BuiltInCardReaderIsNotListed)
-{
-    addUsb("fixed", stick());
-    EXPECT_TRUE(scan().otherDiskArray().empty());
-}
-
-TEST_F(ExternalDisks, DiskBehindABuiltInHubIsListed)
-{
-    const auto controller = m_machine.addPci({}, "0000:00:15.0", "0x8086", "0xa12f", "0x0c0330");
-    const auto hub =
-        m_machine.add(controller + "/usb3/3-1", "usb", {"E: DEVTYPE=usb_device", "A: removable=fixed"});
-    const auto device =
-        m_machine.add(hub + "/3-1.2", "usb", {"E: DEVTYPE=usb_device", "A: removable=removable"});
-    m_machine.addBlock(device + "/3-1.2:1.0/host9/target9:0:0/9:0:0:0", stick());
-    EXPECT_EQ(scan().otherDiskArray().size(), 1U);
-}
-
-TEST_F(ExternalDisks, DiskWithAVolumeGroupInUseKeepsItsOwnDevice)
-{
-    auto disk = stick();
-    disk.properties.push_back("ID_PART_TABLE_TYPE=gpt");
-    const auto path = addUsb("removable", disk);
-    const auto partition = m_machine.addPartition(path, 1, {"ID_FS_USAGE=raid", "ID_FS_TYPE=LVM2_member"});
-    m_machine.makeFolder(partition + "/holders/dm-0");
-    ASSERT_EQ(scan().otherDiskArray().size(), 1U);
-    EXPECT_EQ(m_scanner->otherDiskArray()[0]->devPath(), "/dev/disk0");
-}
-
-TEST_F(ExternalDisks, CardReaderOnACableIsNotListed)
-{
-    auto reader = stick();
-    reader.properties.push_back("ID_DRIVE_FLASH_SD=1");
-    addUsb("removable", reader);
-    EXPECT_TRUE(scan().otherDiskArray().empty());
-}
-
-TEST_F(ExternalDisks, FireWireDiskIsListedAfterTheInternalOnes)
-{
-    const auto controller = m_machine.addPci({}, "0000:00:10.0", "0x11c1", "0x5901", "0x0c0010");
-    const auto unit = m_machine.add(controller + "/fw1/fw1.0", "firewire");
-    m_machine.addBlock(unit + "/host8/target8:0:0/8:0:0:0",
-                       {.node = "sdf", .properties = {"ID_VENDOR=LaCie", "ID_MODEL_ENC=Rugged"}});
-    m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
-    const auto &disks = scan().otherDiskArray();
-    ASSERT_EQ(disks.size(), 2U);
-    EXPECT_EQ(disks[0]->hddModel(), "WD Red");
-    EXPECT_EQ(disks[1]->hddModel(), "LaCie Rugged");
-}
-
 TEST_F(LinuxScan, MemberOfASetIsMarkedAndOfferedAsOneVolume)
 {
     const auto upper = addEnclosure();
@@ -357,53 +278,6 @@ TEST_F(LinuxScan, FileSystemOnAWholeDiskIsAVolume)
     ASSERT_EQ(disk.bsdPathArray().size(), 1U);
     EXPECT_EQ(disk.bsdPathArray()[0]->devPath(), "/dev/disk0s0");
     EXPECT_EQ(*disk.bsdPathArray()[0]->mountPoint(), place.root());
-}
-
-class DiskUtilityCalls : public LinuxFixture
-{
-protected:
-    /// Runs a program in place of the disk utility; the program prints its arguments.
-    platform::CommandLauncher::Result run(const std::vector<std::string> &arguments)
-    {
-        const auto program = m_tree.file("utility", "#!/bin/sh\nprintf '%s|' \"$@\" >&2\nexit 3\n");
-        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-        platform::linux_host::LinuxLauncher launcher(m_linux, program);
-        return launcher.run("/usr/sbin/diskutil", arguments);
-    }
-
-    TemporaryTree m_tree;
-    platform::linux_host::LinuxMachine m_linux{{m_machine.mountFile(), m_machine.swapFile(), "/none"}};
-};
-
-TEST_F(DiskUtilityCalls, CarryTheKernelsNameAndWhatIsKnownOfTheDisk)
-{
-    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure("625"), 3), 1, {.node = "sdq"});
-    const auto snapshot = m_linux.snapshot();
-    const auto result = run({"eraseDisk", "JHFS+", "COPY 1", "/dev/disk0"});
-    EXPECT_EQ(result.status, 3);
-    EXPECT_EQ(result.output, "eraseDisk|JHFS+|COPY 1|/dev/sdq|--expect-sequence=" +
-                                 std::to_string(snapshot->disks.at(0).sequence.value()) +
-                                 "|--expect-serial=SN1|--expect-size=4000787030016|"
-                                 "--expect-bay=e6d5c4b3-a201-3412-ffff-0000000001/03.0/0x1b21:0x0625/1/0|")
-        << "the reason that it gives is the answer";
-}
-
-TEST_F(DiskUtilityCalls, LeaveOutWhatIsNotKnown)
-{
-    m_machine.addSataDisk(m_machine.controllerOf(addEnclosure("625"), 3), 1, {.node = "sdq", .serial = ""});
-    m_linux.snapshot();
-    EXPECT_EQ(run({"eject", "/dev/disk0"}).output.find("--expect-serial"), std::string::npos);
-}
-
-TEST_F(DiskUtilityCalls, AreNotMadeForADiskThatIsGone)
-{
-    const auto disk = m_machine.addSataDisk(m_internal, 0, {.node = "sda"});
-    m_linux.snapshot();
-    m_machine.pull(disk);
-    m_machine.addSataDisk(m_internal, 1, {.node = "sda", .serial = "OTHER"});
-    const auto result = run({"eject", "/dev/disk0"});
-    EXPECT_EQ(result.status, 4);
-    EXPECT_EQ(result.output, "/dev/disk0: this disk is not there any more\n");
 }
 
 } // namespace orvana::test

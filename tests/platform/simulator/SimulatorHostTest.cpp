@@ -1,11 +1,11 @@
 // The simulated machine: its file, its volumes, its tools, its levers, and the scans on top of it.
 
-#include "platform/simulator/SimulatorHost.h"
 #include "discovery/ORVScanDevice.h"
 #include "discovery/ThunderBoltMonitor.h"
 #include "foundation/NotificationCenter.h"
 #include "platform/hosts/HostFactory.h"
 #include "platform/simulator/MachineReader.h"
+#include "platform/simulator/SimulatorFixture.h"
 #include "support/ManualMainQueue.h"
 #include "support/Recorder.h"
 #include "support/TemporaryTree.h"
@@ -19,78 +19,7 @@
 namespace orvana::platform::simulator
 {
 
-using Lines = std::vector<std::string>;
 using std::chrono::milliseconds;
-
-namespace
-{
-
-constexpr const char *Small = R"({
-  "login": "anna",
-  "internalDisks": [ { "model": "SSD", "serial": "I1", "size": 1000000,
-    "volumes": [ { "name": "System", "startup": true, "capacity": 900000, "content": [ { "path": "a.txt", "bytes": 10 } ] } ] } ],
-  "usbDisks": [ { "vendor": "V", "product": "P", "size": 5000, "volumes": [ { "name": "STICK", "capacity": 4096 } ] } ],
-  "enclosures": [ { "uid": 1, "controller": "625", "bays": [
-    { "bay": "A", "model": "M1", "serial": "S1", "size": 100000, "volumes": [ { "name": "Master", "capacity": 51200,
-      "content": [ { "path": "files", "bytes": 1000, "files": 10 } ] } ] },
-    { "bay": "C", "size": 200000, "formatted": false },
-    { "bay": "D", "size": 300000, "raid": true } ] } ]
-})";
-
-} // namespace
-
-class Simulator : public testing::Test
-{
-protected:
-    void SetUp() override { open(Small); }
-
-    void open(const std::string &text)
-    {
-        m_host.reset();
-        m_file = m_tree.file("machine.json", text);
-        auto machine = SimulatedMachine::open(m_file);
-        ASSERT_TRUE(machine) << machine.error();
-        m_host = std::make_unique<SimulatorHost>(std::move(*machine), &m_queue);
-        m_scanner = std::make_unique<ORVScanDevice>(m_host->registry(), m_host->launcher());
-    }
-
-    void scan()
-    {
-        m_scanner->resetArray("All");
-        m_scanner->scanTBDevice();
-        m_scanner->scanOtherDevice();
-    }
-
-    std::string volumesFolder() const { return m_file + ".volumes/Volumes"; }
-
-    Lines mounted() const
-    {
-        auto names = test::treeOf(volumesFolder());
-        std::erase_if(names, [](const auto &name) { return name.find('/') != std::string::npos; });
-        return names;
-    }
-
-    CommandLauncher::Result diskutil(const std::vector<std::string> &words)
-    {
-        return m_host->launcher().run("/usr/sbin/diskutil", words);
-    }
-
-    const ORVHddInfo *disk(const std::string &slot) const
-    {
-        for (const auto &found : m_scanner->tbArray().at(0)->hddArray()) {
-            if (found->slotPath() == slot)
-                return found.get();
-        }
-        return nullptr;
-    }
-
-    test::TemporaryTree m_tree;
-    test::ManualMainQueue m_queue;
-    test::LogLines m_log;
-    std::string m_file;
-    std::unique_ptr<SimulatorHost> m_host;
-    std::unique_ptr<ORVScanDevice> m_scanner;
-};
 
 TEST_F(Simulator, MachineIsScannedAsTheFileHasIt)
 {
@@ -159,106 +88,12 @@ TEST_F(Simulator, CapacityIsEnforced)
 
 TEST_F(Simulator, FaultsOfAVolumeAreEntriesOfTheFile)
 {
-    auto json = Json::parse(Small);
+    auto json = Json::parse(SmallSimulator);
     json["usbDisks"][0]["volumes"][0]["faults"] = {{"readOnly", 1}};
     m_tree.file("machine.json", json.dump());
     m_queue.advance(milliseconds(200));
     const auto stick = m_host->volumeFiles().openFolder(volumesFolder() + "/STICK", Reach::Beneath).value();
     EXPECT_EQ(stick->createFile("file", {}).error().reason(), "Read-only file system");
-}
-
-TEST_F(Simulator, EraseLeavesOneEmptyVolumeOfTheSameCapacity)
-{
-    scan();
-    const auto device = *disk("Slot-A")->devPath();
-    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", device}).status, 0);
-    scan();
-    ASSERT_EQ(disk("Slot-A")->bsdPathArray().size(), 1U);
-    EXPECT_EQ(*disk("Slot-A")->bsdPathArray()[0]->mountPoint(), volumesFolder() + "/NEW");
-    EXPECT_EQ(disk("Slot-A")->bsdPathArray()[0]->availableSize(), 100);
-    EXPECT_TRUE(test::treeOf(volumesFolder() + "/NEW").empty());
-    EXPECT_EQ(mounted(), (Lines{"NEW", "STICK"}));
-}
-
-TEST_F(Simulator, EraseGivesABlankDiskAVolumeAndATakenNameANumber)
-{
-    scan();
-    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "Master", *disk("Slot-C")->devPath()}).status, 0);
-    EXPECT_EQ(mounted(), (Lines{"Master", "Master 1", "STICK"}));
-    scan();
-    EXPECT_FALSE(disk("Slot-C")->isUnFormated());
-    EXPECT_EQ(*disk("Slot-C")->bsdPathArray().at(0)->mountPoint(), volumesFolder() + "/Master 1");
-}
-
-TEST_F(Simulator, WrongCommandsChangeNothing)
-{
-    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", "/dev/disk99"}).status, 4);
-    EXPECT_EQ(diskutil({"format", "c:"}).status, 2);
-    scan();
-    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "a/b", *disk("Slot-A")->devPath()}).status, 1);
-    EXPECT_EQ(mounted(), (Lines{"Master", "STICK"}));
-    EXPECT_EQ(test::treeOf(volumesFolder() + "/Master").size(), 12U);
-    const auto none = m_host->launcher().run("/bin/true", {});
-    EXPECT_EQ(none.status, std::nullopt);
-    EXPECT_EQ(m_log.all().back(), "/bin/true cannot be started: not on the simulated machine");
-}
-
-TEST_F(Simulator, EjectLeavesADiskInItsBayWithItsVolumesUnmounted)
-{
-    scan();
-    const auto device = *disk("Slot-A")->devPath();
-    EXPECT_EQ(diskutil({"eject", device}).status, 0);
-    scan();
-    ASSERT_NE(disk("Slot-A"), nullptr);
-    EXPECT_EQ(mounted(), (Lines{"STICK"}));
-    ASSERT_TRUE(m_host->machine().setAttached("1/A", false));
-    ASSERT_TRUE(m_host->machine().setAttached("1/A", true));
-    scan();
-    EXPECT_EQ(test::treeOf(volumesFolder() + "/Master").size(), 12U) << "a disk that is put in is mounted";
-    EXPECT_NE(*disk("Slot-A")->devPath(), device) << "a number is never handed out twice";
-}
-
-TEST_F(Simulator, EjectTakesAUsbDiskAway)
-{
-    scan();
-    EXPECT_EQ(diskutil({"eject", *m_scanner->otherDiskArray()[1]->devPath()}).status, 0);
-    scan();
-    EXPECT_EQ(m_scanner->otherDiskArray().size(), 1U);
-    EXPECT_EQ(mounted(), (Lines{"Master"}));
-}
-
-TEST_F(Simulator, DiskWithAVolumeThatARunHoldsIsNeitherErasedNorEjected)
-{
-    scan();
-    const auto device = *disk("Slot-A")->devPath();
-    {
-        const auto lock = m_host->volumeFiles().lockFolder(volumesFolder() + "/Master", Sharing::Shared);
-        ASSERT_TRUE(lock);
-        EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", device}).output, "Error: the disk is in use\n");
-        EXPECT_EQ(diskutil({"eject", device}).output, "Error: the disk is in use\n");
-    }
-    EXPECT_EQ(mounted(), (Lines{"Master", "STICK"}));
-    EXPECT_EQ(diskutil({"eraseDisk", "JHFS+", "NEW", device}).status, 0);
-}
-
-TEST_F(Simulator, WhatIsOpenOnADiskThatWasPulledFails)
-{
-    const auto root = volumesFolder() + "/STICK";
-    const auto open = [&] { return m_host->volumeFiles().openFolder(root, Reach::Beneath).value(); };
-    const auto stick = open();
-    const auto file = stick->createFile("file", {.permissions = 0644}).value();
-    const std::string text = "content";
-    const auto write = [&] { return file->write(std::as_bytes(std::span(text)), 0); };
-    ASSERT_TRUE(write());
-    for (const bool isThere : {false, true}) {
-        ASSERT_TRUE(SimulatedMachine::open(m_file).value()->setAttached("usb/1", isThere));
-        m_host->lookForChanges();
-        EXPECT_EQ(write().error().reason(), "No such device");
-        EXPECT_FALSE(file->sync());
-        EXPECT_FALSE(stick->createFile(isThere ? "later" : "gone", {}));
-        EXPECT_FALSE(stick->syncVolume());
-    }
-    EXPECT_TRUE(open()->createFile("new", {.permissions = 0644}));
 }
 
 TEST_F(Simulator, FullDiskDoesNotCostTheMachinesFile)
@@ -281,7 +116,7 @@ TEST_F(Simulator, FullDiskDoesNotCostTheMachinesFile)
 TEST_F(Simulator, VolumesThatCannotBeMadeAreAnError)
 {
     m_host.reset();
-    m_tree.file("other.json", Small);
+    m_tree.file("other.json", SmallSimulator);
     m_tree.file("other.json.volumes", "a file");
     const auto machine = SimulatedMachine::open(m_tree.path("other.json"));
     ASSERT_FALSE(machine);
@@ -290,7 +125,7 @@ TEST_F(Simulator, VolumesThatCannotBeMadeAreAnError)
 
 TEST_F(Simulator, FailingCommandFails)
 {
-    auto json = Json::parse(Small);
+    auto json = Json::parse(SmallSimulator);
     json["failing"] = {"eraseDisk A"};
     open(json.dump());
     scan();
@@ -302,7 +137,7 @@ TEST_F(Simulator, EditOfTheFileIsSeenWithinTwoTenthsOfASecond)
 {
     std::vector<VolumeChange> changes;
     m_host->volumeEvents().subscribe([&](VolumeChange change) { changes.push_back(change); });
-    auto json = Json::parse(Small);
+    auto json = Json::parse(SmallSimulator);
     json["usbDisks"][0]["volumes"][0]["mounted"] = false;
     json["enclosures"][0]["bays"][0]["volumes"][0]["name"] = "Renamed";
     m_tree.file("machine.json", json.dump());
@@ -330,7 +165,7 @@ TEST_F(Simulator, BrokenEditKeepsTheLastGoodStateAndIsToldOnce)
 TEST_F(Simulator, OnePlugInGivesAsManyNotificationsAsControllers)
 {
     for (const auto &[controller, count] : {std::pair("612", 4), std::pair("625", 2)}) {
-        auto json = Json::parse(Small);
+        auto json = Json::parse(SmallSimulator);
         json["enclosures"][0]["controller"] = controller;
         open(json.dump());
         NotificationCenter center;
