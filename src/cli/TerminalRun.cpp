@@ -165,7 +165,7 @@ void TerminalRun::ended(const RunSummary &summary)
         m_terminal.printError("plurimoctl: no destination");
     m_status = statusOf(summary);
     m_display->ended(*m_status, m_run.progress(), *m_run.report(), m_log.logFilePath());
-    for (const auto &lines : {diskLines(summary), notOnDiskLines(summary)}) {
+    for (const auto &lines : {diskLines(summary), notOnDiskLines(summary), healthLines(summary)}) {
         for (const auto &line : lines)
             m_terminal.printError(line);
     }

@@ -51,6 +51,8 @@ std::vector<std::string> warningsOf(const DiskHealth &health, const DiskHealth *
         warnings.push_back(counted(grown(health.errors, before->errors), "new error"));
     if (health.celsius && *health.celsius >= health.criticalCelsius.value_or(UsualCritical))
         warnings.push_back("hot, " + degrees(*health.celsius));
+    else if (health.hasHeatAlarm)
+        warnings.emplace_back("its temperature is out of its own limits");
     if (health.linkRate == SlowLink)
         warnings.emplace_back("the link is down to 1.5 Gbps");
     return warnings;

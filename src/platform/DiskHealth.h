@@ -17,6 +17,7 @@ struct DiskHealth
     std::optional<std::int64_t> badSectors;
     std::optional<double> celsius;
     std::optional<double> criticalCelsius;
+    bool hasHeatAlarm = false;           ///< the disk itself says that it is too hot, or too cold
     std::optional<std::int64_t> hours;   ///< powered on
     std::optional<std::int64_t> errors;  ///< that the kernel has counted since the disk came
     std::optional<std::string> linkRate; ///< of SATA: "6.0 Gbps"

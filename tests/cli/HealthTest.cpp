@@ -31,6 +31,9 @@ TEST_F(DiskHealthOption, FailingDiskIsLeftOutAndTheOthersAreCopiedTo)
     EXPECT_EQ(filesOn("COPY2").size(), 5U);
     EXPECT_NE(m_err.find("Slot-B (COPY1): it calls itself failing"), std::string::npos) << m_err;
     EXPECT_EQ(report()["destinations"][0]["health"], "good, 31 °C");
+    EXPECT_EQ(report()["destinations"][0]["healthAfter"], "good, 31 °C");
+    EXPECT_NE(m_err.find("Slot-C (COPY2): good, 31 °C\n"), std::string::npos) << m_err;
+    EXPECT_EQ(report()["problems"].size(), 0U);
 }
 
 TEST_F(DiskHealthOption, FailingDiskIsNotErased)

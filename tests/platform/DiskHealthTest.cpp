@@ -47,6 +47,16 @@ TEST(DiskHealth, DisksOwnLimitOfHeatCounts)
     EXPECT_EQ(textOf(health), "warning: hot, 85 °C");
 }
 
+TEST(DiskHealth, AlarmOfTheDiskItselfIsAWarning)
+{
+    DiskHealth health;
+    health.celsius = 50;
+    health.hasHeatAlarm = true;
+    EXPECT_EQ(textOf(health), "warning: its temperature is out of its own limits, 50 °C");
+    health.celsius = 70;
+    EXPECT_EQ(textOf(health), "warning: hot, 70 °C");
+}
+
 TEST(DiskHealth, FailingDiskNamesItsReasons)
 {
     DiskHealth health;

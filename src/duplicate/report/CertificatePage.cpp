@@ -90,6 +90,8 @@ std::string placeRows(const DestinationSummary &destination)
     return row("Disk", escaped(disk.name)) + row("Model", escaped(disk.model)) +
            row("Serial number", escaped(disk.serial)) +
            (disk.health.empty() ? std::string() : row("Health before the run", escaped(disk.health))) +
+           (disk.healthAfter.empty() ? std::string()
+                                     : row("Health after the run", escaped(disk.healthAfter))) +
            row("Size", disk.size ? sizeOf(*disk.size) : std::string()) + row("Bay", escaped(disk.bay));
 }
 

@@ -117,4 +117,13 @@ std::string ReportFile::write(const Json &summary, ReportFile &leftOut, const st
     return path;
 }
 
+void ReportFile::replace(const Json &summary, ReportFile &leftOut, const std::string &path)
+{
+    const std::string unfinished = path + "." + std::to_string(::getpid()) + ".part";
+    if (writeAll(summary, leftOut, unfinished) && ::rename(unfinished.c_str(), path.c_str()) == 0)
+        return;
+    systemLog("The run report could not be completed: " + std::generic_category().message(errno));
+    ::unlink(unfinished.c_str());
+}
+
 } // namespace orvana

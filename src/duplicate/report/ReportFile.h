@@ -28,6 +28,10 @@ public:
     /// name from `number` on. Returns the path, or an empty text when the report could not be written.
     std::string write(const Json &summary, ReportFile &leftOut, const std::string &stamp, int number = 1);
 
+    /// Replaces the report at `path` by one with this summary and the same problems. The old one stays when
+    /// that cannot be done.
+    void replace(const Json &summary, ReportFile &leftOut, const std::string &path);
+
 private:
     struct CloseFile
     {

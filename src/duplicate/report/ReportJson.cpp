@@ -60,6 +60,8 @@ Json destinationJson(const DestinationSummary &destination)
         putPath(json, "serial", disk.serial);
         if (!disk.health.empty())
             json["health"] = disk.health;
+        if (!disk.healthAfter.empty())
+            json["healthAfter"] = disk.healthAfter;
         json["diskSize"] = disk.size ? Json(*disk.size) : Json(nullptr);
     }
     json["copied"] = destination.copied;

@@ -80,6 +80,9 @@ std::vector<std::string> detailsOf(const DestinationSummary &destination, const 
                         " repaired: blocks that differed were written again, and are right now");
     if (const auto notKept = notKeptText(destination); !notKept.empty())
         lines.push_back("not kept: " + notKept);
+    if (const auto &disk = destination.disk; !disk.health.empty())
+        lines.push_back("health before the run: " + disk.health +
+                        (disk.healthAfter.empty() ? "" : "; after it: " + disk.healthAfter));
     for (const auto &manifest : manifestLines(destination))
         lines.push_back("manifest " + manifest);
     for (const auto &group : problems) {

@@ -288,4 +288,17 @@ void RunReport::finish(RunOutcome outcome)
     }
 }
 
+void RunReport::healthAfter(const std::vector<std::string> &texts)
+{
+    const std::lock_guard lock(m_mutex);
+    for (std::size_t i = 0; i < std::min(texts.size(), m_destinations.size()); ++i)
+        m_destinations[i].disk.healthAfter = texts[i];
+    try {
+        if (!m_path.empty())
+            m_file.replace(reportJson(summaryNow(m_outcome)), m_leftOutFile, m_path);
+    } catch (const std::bad_alloc &) {
+        return; // the report stays as it is
+    }
+}
+
 } // namespace orvana

@@ -146,6 +146,10 @@ public:
     /// Writes the report, once; later calls change nothing.
     void finish(RunOutcome outcome);
 
+    /// Sets what the disks say of their health after the run, in the order of the destinations. A report that
+    /// is written already is replaced.
+    void healthAfter(const std::vector<std::string> &texts);
+
     /// Returns the path of the written report. It is empty before `finish`, and when the report could not be
     /// written.
     std::string path() const;

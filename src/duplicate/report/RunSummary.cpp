@@ -106,6 +106,17 @@ std::vector<std::string> notOnDiskLines(const RunSummary &summary)
     return lines;
 }
 
+std::vector<std::string> healthLines(const RunSummary &summary)
+{
+    std::vector<std::string> lines;
+    for (const auto &destination : summary.destinations) {
+        const auto &disk = destination.disk;
+        if (!disk.healthAfter.empty())
+            lines.push_back(disk.bay + " (" + displayPath(disk.name) + "): " + disk.healthAfter);
+    }
+    return lines;
+}
+
 std::vector<std::string> manifestLines(const DestinationSummary &destination)
 {
     std::vector<std::string> lines;

@@ -72,6 +72,8 @@ struct DestinationDisk
     std::optional<std::uint64_t> size; ///< bytes; nullopt when it is not known
     // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
     std::string health{}; ///< before the run; empty if it was not asked
+    // NOLINTNEXTLINE(readability-redundant-member-init): lets an aggregate leave it out.
+    std::string healthAfter{}; ///< after the run, with what is new; empty if it was not asked
 
     bool operator==(const DestinationDisk &) const = default;
 };
@@ -160,6 +162,10 @@ std::vector<std::string> diskLines(const RunSummary &summary);
 
 /// Returns a readable line for each destination whose data is not known to be on its disk.
 std::vector<std::string> notOnDiskLines(const RunSummary &summary);
+
+/// Returns a readable line for each disk that was asked how it is after the run: "Slot-B (COPY1): good, 31
+/// °C".
+std::vector<std::string> healthLines(const RunSummary &summary);
 
 /// Returns a readable line for each manifest of the destination: its path, the number of its files, and its
 /// own digest.

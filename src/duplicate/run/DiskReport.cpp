@@ -1,7 +1,8 @@
 #include "duplicate/run/DiskReport.h"
 
 #include "duplicate/report/RunReport.h"
-#include "platform/DiskHealth.h"
+
+#include <algorithm>
 
 namespace orvana
 {
@@ -53,17 +54,48 @@ void reportErase(RunReport &report, const ErasePlan &plan, const std::vector<Dis
     reportRefusals(report, plan.refusals);
 }
 
+std::vector<platform::DiskHealth> healthOf(const std::vector<PlannedDestination> &destinations,
+                                           platform::HealthReader &reader)
+{
+    std::vector<platform::DiskHealth> health;
+    for (const auto &destination : destinations)
+        health.push_back(reader.healthOf(destination.disk.diskPath));
+    return health;
+}
+
 std::vector<DestinationDisk> disksOf(const std::vector<PlannedDestination> &destinations,
-                                     platform::HealthReader *health)
+                                     const std::vector<platform::DiskHealth> &health)
 {
     std::vector<DestinationDisk> disks;
     for (const auto &destination : destinations) {
         const auto &size = destination.fingerprint.size;
+        const auto index = disks.size();
         disks.push_back({slotNameOf(destination.bay), destination.name, destination.disk.diskModule,
                          destination.disk.diskSN,
                          size && *size > 0 ? std::optional<std::uint64_t>(*size) : std::nullopt});
-        if (health)
-            disks.back().health = textOf(health->healthOf(destination.disk.diskPath));
+        if (index < health.size())
+            disks.back().health = textOf(health[index]);
+    }
+    return disks;
+}
+
+void reportHealthAfter(RunReport &report, const std::vector<PlannedDestination> &destinations,
+                       const std::vector<platform::DiskHealth> &before, platform::HealthReader &reader)
+{
+    std::vector<std::string> texts;
+    const auto after = healthOf(destinations, reader);
+    for (std::size_t i = 0; i < after.size(); ++i)
+        texts.push_back(textOf(after[i], i < before.size() ? &before[i] : nullptr));
+    report.healthAfter(texts);
+}
+
+std::vector<DiskUtilInfo> wholeDisks(const std::vector<PlannedDestination> &destinations,
+                                     const RunSummary &summary)
+{
+    std::vector<DiskUtilInfo> disks;
+    for (std::size_t i = 0; i < std::min(destinations.size(), summary.destinations.size()); ++i) {
+        if (isWhole(summary.destinations[i]))
+            disks.push_back(destinations[i].disk);
     }
     return disks;
 }

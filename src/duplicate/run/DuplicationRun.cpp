@@ -72,6 +72,7 @@ void DuplicationRun::start(RunOrder order)
     m_erasePlan.reset();
     m_isNotErased.reset();
     m_destinations.clear();
+    m_healthBefore.clear();
     m_phase = m_order.choice.erase ? RunPhase::Erasing : RunPhase::Looking;
     m_fileCopy.setBVerifyFiles(m_order.choice.verify);
     m_relay.runStarts();
@@ -210,7 +211,9 @@ void DuplicationRun::CopyFile()
     if (plan->destinations.empty())
         return end(RunEnding::NoDestination);
     m_destinations = plan->destinations;
-    m_report->describe(disksOf(m_destinations, choice.settings.health ? &m_host.health() : nullptr));
+    if (choice.settings.health)
+        m_healthBefore = healthOf(m_destinations, m_host.health());
+    m_report->describe(disksOf(m_destinations, m_healthBefore));
     copyTo({boundToFolders(m_host, {m_order.selection, choice.sourceRoot, plan->roots(), {}, 0}), nullptr});
 }
 
@@ -310,6 +313,8 @@ void DuplicationRun::end(RunEnding ending)
     if (ending == RunEnding::Copied)
         m_relay.runFinished();
     m_ending = ending;
+    if (hasCopied && m_order.choice.settings.health && !m_fileCopy.isRunning())
+        reportHealthAfter(*m_report, m_destinations, m_healthBefore, m_host.health());
     if (ending == RunEnding::Copied && m_order.choice.settings.ejectAtEnd)
         ejectWholeDisks();
     m_view.ended(summary());
@@ -318,14 +323,8 @@ void DuplicationRun::end(RunEnding ending)
 // A disk that lacks something stays, so that one sees it.
 void DuplicationRun::ejectWholeDisks()
 {
-    const auto result = summary();
-    std::vector<DiskUtilInfo> disks;
-    for (std::size_t i = 0; i < std::min(m_destinations.size(), result.destinations.size()); ++i) {
-        if (isWhole(result.destinations[i]))
-            disks.push_back(m_destinations[i].disk);
-    }
     m_diskTool.setSparedDisks(m_order.choice.sourceDisks);
-    m_diskTool.setDiskArray(std::move(disks));
+    m_diskTool.setDiskArray(wholeDisks(m_destinations, summary()));
     m_diskTool.EjectDisks();
     m_diskTool.setDiskArray({});
     std::vector<DiskResult> failed;

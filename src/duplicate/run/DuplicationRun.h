@@ -6,6 +6,7 @@
 #include "duplicate/report/RunProblems.h"
 #include "duplicate/run/RunProgress.h"
 #include "duplicate/run/RunRelay.h"
+#include "platform/DiskHealth.h"
 
 #include <atomic>
 #include <chrono>
@@ -196,6 +197,7 @@ private:
     std::optional<ErasePlan> m_erasePlan;      ///< while the disk tool is at work
     std::optional<PerBay<bool>> m_isNotErased; ///< set once the run has erased
     std::vector<PlannedDestination> m_destinations;
+    std::vector<platform::DiskHealth> m_healthBefore; ///< by destination; empty if they are not asked
     std::shared_ptr<RunReport> m_report;
     std::shared_ptr<RunProblems> m_problems;
     std::optional<RunProgress> m_progress;

@@ -55,6 +55,8 @@ void addTemperature(DiskHealth &health, const fs::path &sys, const fs::path &dev
             health.celsius = static_cast<double>(*value) / Thousandths;
         if (const auto value = numberIn(sensor / "temp1_crit"))
             health.criticalCelsius = static_cast<double>(*value) / Thousandths;
+        // NVMe disks: the bit "temperature" of what they call their critical warnings.
+        health.hasHeatAlarm = numberIn(sensor / "temp1_alarm").value_or(0) != 0;
     }
 }
 

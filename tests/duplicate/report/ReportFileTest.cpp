@@ -28,6 +28,22 @@ TEST(ReportFile, SummaryIsWrittenWithItsProblemsAndWhatWasLeftOut)
     EXPECT_FALSE(problems.hasLostProblems());
 }
 
+TEST(ReportFile, ReplacedReportKeepsItsNameAndItsProblems)
+{
+    const test::TemporaryTree tree;
+    ReportFile problems(tree.root());
+    ReportFile leftOut(tree.root());
+    problems.addProblem({{"file", "/a"}});
+    leftOut.addProblem({{"file", "/c"}});
+    const auto path = problems.write({{"version", 2}}, leftOut, "stamp");
+    problems.replace({{"version", 2}, {"more", true}}, leftOut, path);
+    const auto json = Json::parse(test::contentOf(path));
+    EXPECT_EQ(json["more"], true);
+    EXPECT_EQ(json["problems"].size(), 1U);
+    EXPECT_EQ(json["leftOutItems"].size(), 1U);
+    EXPECT_EQ(test::treeOf(tree.root()), (std::vector<std::string>{"stamp-Report.json"}));
+}
+
 TEST(ReportFile, TakenNameGetsTheNextNumberFromTheOneGiven)
 {
     const test::TemporaryTree tree;

@@ -32,6 +32,46 @@ protected:
                       .badNames = {}};
 };
 
+/// Disks that get new errors each time that they are asked.
+class WearingDisks final : public platform::HealthReader
+{
+public:
+    platform::DiskHealth healthOf(const std::string &device) override
+    {
+        platform::DiskHealth health;
+        health.isFailing = false;
+        health.errors = device == "/dev/disk2" ? m_errors += 3 : 0;
+        return health;
+    }
+
+private:
+    std::int64_t m_errors = 0;
+};
+
+TEST_F(DiskReport, WhatIsNewOfADisksHealthAfterTheRunIsTold)
+{
+    std::vector<PlannedDestination> destinations(2);
+    destinations[0].bay = Bay::B;
+    destinations[0].name = "COPY1";
+    destinations[0].disk = {"SN2", "Model 2", "/dev/disk2", "COPY1"};
+    destinations[1].bay = Bay::C;
+    destinations[1].name = "COPY2";
+    destinations[1].disk = {"SN3", "Model 3", "/dev/disk3", "COPY2"};
+    WearingDisks reader;
+    const auto before = healthOf(destinations, reader);
+    m_report.describe(disksOf(destinations, before));
+    m_report.begin("/Volumes/Master", {"/Volumes/COPY1", "/Volumes/COPY2"}, false);
+    m_report.failed(0, "/Volumes/Master/a", "Input/output error");
+    m_report.finish(RunOutcome::Finished);
+    reportHealthAfter(m_report, destinations, before, reader);
+    EXPECT_EQ(healthLines(m_report.summary()),
+              (Lines{"Slot-B (COPY1): warning: 3 new errors", "Slot-C (COPY2): good"}));
+    const auto report = Json::parse(test::contentOf(m_report.path()));
+    EXPECT_EQ(report["destinations"][0]["health"], "good");
+    EXPECT_EQ(report["destinations"][0]["healthAfter"], "warning: 3 new errors");
+    EXPECT_EQ(report["problems"].size(), 1U);
+}
+
 TEST_F(DiskReport, NamesEachErasedDisk)
 {
     reportErase(m_report, m_erase, {{m_erase.disks[0].info, true, {}}, {m_erase.disks[1].info, true, {}}});

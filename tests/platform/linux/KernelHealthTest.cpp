@@ -57,6 +57,16 @@ TEST_F(KernelHealth, WhatIsMissingOrNoNumberIsNotKnown)
     EXPECT_EQ(health(), DiskHealth());
 }
 
+TEST_F(KernelHealth, AlarmOfTheSensorIsRead)
+{
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_input", "50000\n");
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_alarm", "0\n");
+    EXPECT_FALSE(health().hasHeatAlarm);
+    m_tree.file(m_device + "/hwmon/hwmon1/temp1_alarm", "1\n");
+    EXPECT_TRUE(health().hasHeatAlarm);
+    EXPECT_EQ(verdictOf(health()), HealthVerdict::Warning);
+}
+
 TEST_F(KernelHealth, SensorOfAnotherDiskIsNotTaken)
 {
     m_tree.folder("devices/pci/ata4/host3/0:0:0:0");
