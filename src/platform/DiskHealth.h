@@ -19,7 +19,7 @@ struct DiskHealth
     std::optional<double> criticalCelsius;
     bool hasHeatAlarm = false;           ///< the disk itself says that it is too hot, or too cold
     std::optional<std::int64_t> hours;   ///< powered on
-    std::optional<std::int64_t> errors;  ///< that the kernel has counted since the disk came
+    std::optional<std::int64_t> errors;  ///< that the kernel knows of since the disk came, the last 32 at most
     std::optional<std::string> linkRate; ///< of SATA: "6.0 Gbps"
 
     bool operator==(const DiskHealth &) const = default;

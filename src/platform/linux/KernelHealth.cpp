@@ -2,9 +2,11 @@
 
 #include "platform/linux/LinuxHealth.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace orvana::platform::linux_host
 {
@@ -60,18 +62,40 @@ void addTemperature(DiskHealth &health, const fs::path &sys, const fs::path &dev
     }
 }
 
-// The disk's path holds the controller's port ("ata3"), and the port has a link of the same number.
-void addLink(DiskHealth &health, const fs::path &sys, const fs::path &device)
+// Returns the number of the controller's port, which the disk's path holds ("ata3"); empty for a disk on
+// none.
+std::string ataPortOf(const fs::path &device)
 {
+    std::string port;
     for (const auto &part : device) {
         const auto name = part.string();
-        if (!name.starts_with("ata") || name.size() == 3 ||
-            name.find_first_not_of("0123456789", 3) != std::string::npos)
-            continue;
-        const auto rate = firstLineOf(sys / "class/ata_link" / ("link" + name.substr(3)) / "sata_spd");
-        if (rate.ends_with("Gbps"))
-            health.linkRate = rate;
+        if (name.starts_with("ata") && name.size() > 3 &&
+            name.find_first_not_of("0123456789", 3) == std::string::npos)
+            port = name.substr(3);
     }
+    return port;
+}
+
+void addLink(DiskHealth &health, const fs::path &sys, const std::string &port)
+{
+    const auto rate = firstLineOf(sys / "class/ata_link" / ("link" + port) / "sata_spd");
+    if (rate.ends_with("Gbps"))
+        health.linkRate = rate;
+}
+
+// Returns how many errors stand in the ring of a disk on an ATA port, "[  812.370000000]timeout[...". The
+// third number of the disk's name ("2:0:0:0") tells it from the other disk on an old port's cable.
+std::optional<std::int64_t> errorsInRing(const fs::path &sys, const std::string &port, const fs::path &device)
+{
+    const auto name = device.filename().string();
+    const auto second = name.find(':', name.find(':') + 1);
+    if (second == std::string::npos)
+        return std::nullopt;
+    const auto number = name.substr(second + 1, name.find(':', second + 1) - second - 1);
+    std::ifstream file(sys / "class/ata_device" / ("dev" + port + "." + number) / "ering");
+    if (!file)
+        return std::nullopt;
+    return std::count(std::istreambuf_iterator<char>(file), {}, '[');
 }
 
 } // namespace
@@ -83,8 +107,15 @@ void addKernelFacts(DiskHealth &health, const std::string &sys, const std::strin
     if (error)
         return;
     addTemperature(health, sys, device);
-    addLink(health, sys, device);
-    health.errors = numberIn(device / "ioerr_cnt");
+    const auto port = ataPortOf(device);
+    if (!port.empty()) {
+        addLink(health, sys, port);
+        health.errors = errorsInRing(sys, port, device);
+    } else if (!health.isFailing) {
+        // The plain count takes the answer to each question about the health for an error. So it counts only
+        // for a disk that the disk service does not ask.
+        health.errors = numberIn(device / "ioerr_cnt");
+    }
 }
 
 } // namespace orvana::platform::linux_host

@@ -9,7 +9,8 @@ namespace orvana::platform::linux_host
 {
 
 /// Adds what the kernel's own files say of the disk with this name ("sda"): temperature, errors, rate of the
-/// link. No right is needed. `sys` is the folder of the system's devices, "/sys".
+/// link. Call it after what the disk service says was added. No right is needed. `sys` is the folder of the
+/// system's devices, "/sys".
 void addKernelFacts(DiskHealth &health, const std::string &sys, const std::string &name);
 
 /// Adds what the desktop's disk service says of the disk with this name and serial number; nothing when the

@@ -40,11 +40,12 @@ TEST_F(KernelHealth, TemperatureErrorsAndRateOfTheLinkAreRead)
     m_tree.file(m_device + "/hwmon/hwmon1/temp1_input", "36000\n");
     m_tree.file(m_device + "/hwmon/hwmon1/temp1_crit", "70000\n");
     m_tree.file(m_device + "/ioerr_cnt", "0x1f\n");
+    m_tree.file("class/ata_device/dev3.0/ering", "[  812.370000000]timeout[  815.120000000]UNC\n");
     m_tree.file("devices/pci/ata3/link3/ata_link/link3/sata_spd", "6.0 Gbps\n");
     const auto found = health();
     EXPECT_EQ(found.celsius, 36.0);
     EXPECT_EQ(found.criticalCelsius, 70.0);
-    EXPECT_EQ(found.errors, 31);
+    EXPECT_EQ(found.errors, 2) << "the plain count grows with each question about the health";
     EXPECT_EQ(found.linkRate, "6.0 Gbps");
     EXPECT_EQ(verdictOf(found), HealthVerdict::NotKnown) << "the disk itself has said nothing";
 }
@@ -55,6 +56,20 @@ TEST_F(KernelHealth, WhatIsMissingOrNoNumberIsNotKnown)
     m_tree.file(m_device + "/ioerr_cnt", "many\n");
     m_tree.file("devices/pci/ata3/link3/ata_link/link3/sata_spd", "<unknown>\n");
     EXPECT_EQ(health(), DiskHealth());
+}
+
+TEST_F(KernelHealth, DiskOnNoAtaPortHasThePlainCountOfErrors)
+{
+    m_tree.folder("devices/pci/usb1/1-2/host3/3:0:0:0");
+    m_tree.folder("block/sdc");
+    m_tree.link("block/sdc/device", m_tree.path("devices/pci/usb1/1-2/host3/3:0:0:0"));
+    m_tree.file("devices/pci/usb1/1-2/host3/3:0:0:0/ioerr_cnt", "0x1f\n");
+    EXPECT_EQ(health("sdc").errors, 31);
+    EXPECT_EQ(health().errors, std::nullopt) << "no ring to be read";
+    DiskHealth asked;
+    asked.isFailing = false;
+    addKernelFacts(asked, m_tree.root(), "sdc");
+    EXPECT_EQ(asked.errors, std::nullopt) << "each question counts as an error";
 }
 
 TEST_F(KernelHealth, AlarmOfTheSensorIsRead)
