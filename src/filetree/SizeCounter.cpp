@@ -16,17 +16,17 @@ using platform::Links;
 using platform::Want;
 
 SizeCounter::SizeCounter(platform::Host &host, CountTotals &totals, std::function<void()> fileCounted)
-    : m_files(host.volumeFiles()), m_reserved(host), m_totals(totals), m_fileCounted(std::move(fileCounted))
+    : m_folder(host.volumeFiles().workingFolder()), m_reserved(host), m_totals(totals),
+      m_fileCounted(std::move(fileCounted))
 {
 }
 
 void SizeCounter::sizeOfFolder(const std::string &path)
 {
     WorkerThread::exitIfCancelled();
-    auto &files = m_files.workingFolder();
-    const auto target = files.attributes(path, Links::Follow, Want::Basics);
+    const auto target = m_folder.attributes(path, Links::Follow, Want::Basics);
     if (!target || target->type != FileType::Folder) {
-        countFile(files.attributes(path, Links::DoNotFollow, Want::HiddenExtension));
+        countFile(m_folder.attributes(path, Links::DoNotFollow, Want::HiddenExtension));
         return;
     }
     // A list of folders to visit, and not a recursion: a tree may be deeper than a stack.
@@ -43,7 +43,7 @@ void SizeCounter::countEntries(const std::string &path, std::vector<std::string>
     // If the path of a folder holds a reserved word, everything in the folder is reserved.
     if (ReservedPaths::holdsReservedWord(path))
         return;
-    const auto folder = m_files.workingFolder().openFolder(path);
+    const auto folder = m_folder.openFolder(path);
     auto names = folder ? (*folder)->list("") : tl::unexpected(folder.error());
     while (names && !names->empty()) {
         WorkerThread::exitIfCancelled();

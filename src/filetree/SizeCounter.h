@@ -1,7 +1,7 @@
 #pragma once
 
 #include "filetree/ReservedPaths.h"
-#include "platform/VolumeFiles.h"
+#include "platform/DeepFolder.h"
 
 #include <atomic>
 #include <cstdint>
@@ -37,7 +37,7 @@ private:
     void countEntries(const std::string &path, std::vector<std::string> &folders);
     void countFile(const platform::Expected<platform::Attributes> &read);
 
-    platform::VolumeFiles &m_files;
+    const platform::DeepFolder m_folder; ///< the working folder
     ReservedPaths m_reserved;
     CountTotals &m_totals;
     std::function<void()> m_fileCounted;

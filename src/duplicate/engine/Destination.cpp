@@ -50,7 +50,7 @@ Destination::Destination(platform::VolumeFiles &files, std::string root) : m_roo
         m_openError = opened.error();
         return;
     }
-    m_volume = std::move(*opened);
+    m_volume = std::make_unique<platform::DeepFolder>(std::move(*opened));
     m_traits = m_volume->traits();
     if (const auto own = m_volume->attributes(".", platform::Links::Follow, platform::Want::Basics))
         m_rootAttributes = *own;
@@ -108,6 +108,8 @@ std::optional<std::string> Destination::movedFolder(Folder &anywhere)
     if (!m_volume)
         return std::nullopt;
     checkHolder();
+    if (const auto deep = m_volume->movedFolder(); deep && !m_moved)
+        m_moved = m_root + "/" + *deep;
     const auto there = anywhere.attributes(m_root, platform::Links::Follow, platform::Want::Basics);
     if (!there || !isRoot(*there))
         return m_root;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "duplicate/engine/CopyJob.h"
-#include "platform/VolumeFiles.h"
+#include "platform/DeepFolder.h"
 
 #include <memory>
 #include <optional>
@@ -132,7 +132,7 @@ private:
 
     std::string m_root;
     platform::FileError m_openError;
-    std::unique_ptr<platform::Folder> m_volume;
+    std::unique_ptr<platform::DeepFolder> m_volume;
     platform::VolumeTraits m_traits;
     platform::Attributes m_rootAttributes;
 

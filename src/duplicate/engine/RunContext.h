@@ -11,6 +11,7 @@
 #include "duplicate/engine/Workers.h"
 #include "duplicate/report/RunReport.h"
 #include "foundation/NotificationCenter.h"
+#include "platform/DeepFolder.h"
 
 #include <chrono>
 #include <deque>
@@ -189,7 +190,7 @@ private:
     std::shared_ptr<RunLocks> m_locks; // the first member, so that the locks end after everything else
     RunSetup m_setup;
     CopyJob m_job;
-    platform::Folder &m_sources;
+    platform::DeepFolder m_sources;
     SourceFiles m_sourceFiles;
     std::int64_t m_indexOfBackup = 0;
     std::optional<FolderIdentity> m_folderOfJournals;

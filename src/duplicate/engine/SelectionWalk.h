@@ -2,7 +2,7 @@
 
 #include "duplicate/engine/CopyJob.h"
 #include "duplicate/engine/SkipRules.h"
-#include "platform/VolumeFiles.h"
+#include "platform/DeepFolder.h"
 
 #include <functional>
 #include <string>
@@ -31,7 +31,7 @@ private:
     void visitTree(const std::string &folder);
     void visitEntry(const std::string &path);
 
-    platform::Folder &m_files;
+    platform::DeepFolder m_files;
     SkipRules m_rules;
     Visitor m_visitor;
     std::function<bool()> m_isCancelled;

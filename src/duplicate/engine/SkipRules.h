@@ -1,7 +1,7 @@
 #pragma once
 
 #include "filetree/ReservedPaths.h"
-#include "platform/VolumeFiles.h"
+#include "platform/DeepFolder.h"
 
 #include <cstdint>
 #include <optional>
@@ -50,7 +50,7 @@ private:
     bool isFolderToEnter(const std::string &path, const std::optional<platform::Attributes> &own,
                          std::set<FolderIdentity> &linked) const;
 
-    platform::Folder &m_files;
+    platform::DeepFolder m_files;
     ReservedPaths m_reserved;
     bool m_includeHidden;
     bool m_keepsLinks;
