@@ -3,13 +3,16 @@
 
 #include "foundation/NotificationCenter.h"
 #include "foundation/NotificationNames.h"
+#include "foundation/WorkerThread.h"
 #include "support/TemporaryTree.h"
 #include "support/TestHost.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <random>
+#include <thread>
 
 namespace orvana
 {
@@ -45,6 +48,63 @@ TEST_F(Counting, FoldersAddNothingAndEveryFileIsToldOnce)
     tree.folder("A/empty");
     EXPECT_EQ(count(tree.path("A")), Totals(2, 8));
     EXPECT_EQ(told, 2);
+}
+
+TEST_F(Counting, LargeTreeIsCountedByTwoAndToldByOne)
+{
+    std::uint64_t size = 0;
+    for (int folder = 0; folder < 60; ++folder) {
+        for (int file = 0; file < 50; ++file) {
+            const auto path =
+                "A/" + std::to_string(folder % 7) + "/" + std::to_string(folder) + "/" + std::to_string(file);
+            tree.file(path, std::string(static_cast<std::size_t>(file), 'x'));
+            size += static_cast<std::uint64_t>(file);
+        }
+    }
+    for (int round = 0; round < 20; ++round) {
+        CountTotals totals;
+        std::int64_t calls = 0;
+        const auto here = std::this_thread::get_id();
+        SizeCounter(host, totals, [&] {
+            EXPECT_EQ(std::this_thread::get_id(), here);
+            EXPECT_GE(totals.totalFiles, ++calls) << "the totals grow first";
+        }).sizeOfFolder(tree.path("A"));
+        ASSERT_EQ(calls, 3000);
+        ASSERT_EQ(totals.totalFiles, 3000);
+        ASSERT_EQ(totals.totalSize, size);
+    }
+}
+
+TEST_F(Counting, CancelledCountOfALargeTreeEndsWithItsHelper)
+{
+    for (int folder = 0; folder < 60; ++folder) {
+        for (int file = 0; file < 50; ++file)
+            tree.file("A/" + std::to_string(folder) + "/" + std::to_string(file), "x");
+    }
+    CountTotals totals;
+    std::atomic<std::int64_t> calls{0};
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool mayGoOn = false;
+    WorkerThread counting([&] {
+        SizeCounter(host, totals, [&] {
+            if (++calls < 1500)
+                return;
+            std::unique_lock lock(mutex);
+            changed.notify_all();
+            changed.wait(lock, [&] { return mayGoOn; });
+        }).sizeOfFolder(tree.path("A"));
+    });
+    {
+        std::unique_lock lock(mutex);
+        changed.wait(lock, [&] { return calls >= 1500; });
+        counting.requestCancel();
+        mayGoOn = true;
+        changed.notify_all();
+    }
+    ASSERT_TRUE(counting.waitForEnd(std::chrono::seconds(30)));
+    EXPECT_LE(calls, 3000);
+    EXPECT_LE(totals.totalFiles, 3000);
 }
 
 TEST_F(Counting, SingleFileCountsAsItself)
