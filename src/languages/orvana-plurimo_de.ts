@@ -365,6 +365,70 @@
         <source>it calls itself failing</source>
         <translation>sie meldet sich selbst defekt</translation>
     </message>
+    <message>
+        <source>good</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>nicht bekannt</translation>
+    </message>
+    <message>
+        <source>calls itself failing</source>
+        <translation>meldet sich selbst defekt</translation>
+    </message>
+    <message>
+        <source>1 bad sector</source>
+        <translation>1 defekter Sektor</translation>
+    </message>
+    <message>
+        <source>%1 bad sectors</source>
+        <translation>%1 defekte Sektoren</translation>
+    </message>
+    <message>
+        <source>%1 of them new</source>
+        <translation>%1 davon neu</translation>
+    </message>
+    <message>
+        <source>1 new error</source>
+        <translation>1 neuer Fehler</translation>
+    </message>
+    <message>
+        <source>%1 new errors</source>
+        <translation>%1 neue Fehler</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>heiß</translation>
+    </message>
+    <message>
+        <source>its temperature is out of its own limits</source>
+        <translation>die Temperatur liegt außerhalb der eigenen Grenzen</translation>
+    </message>
+    <message>
+        <source>the link is down to 1.5 Gbps</source>
+        <translation>die Verbindung läuft nur mit 1.5 Gbps</translation>
+    </message>
+    <message>
+        <source>1 value at its limit</source>
+        <translation>1 Wert am Grenzwert</translation>
+    </message>
+    <message>
+        <source>%1 values at its limit</source>
+        <translation>%1 Werte am Grenzwert</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 Stunde</translation>
+    </message>
+    <message>
+        <source>%1 hours</source>
+        <translation>%1 Stunden</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>

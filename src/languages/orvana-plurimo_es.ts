@@ -365,6 +365,70 @@
         <source>it calls itself failing</source>
         <translation>se declara defectuoso</translation>
     </message>
+    <message>
+        <source>good</source>
+        <translation>bueno</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>advertencia</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>no se sabe</translation>
+    </message>
+    <message>
+        <source>calls itself failing</source>
+        <translation>se declara defectuoso</translation>
+    </message>
+    <message>
+        <source>1 bad sector</source>
+        <translation>1 sector defectuoso</translation>
+    </message>
+    <message>
+        <source>%1 bad sectors</source>
+        <translation>%1 sectores defectuosos</translation>
+    </message>
+    <message>
+        <source>%1 of them new</source>
+        <translation>%1 de ellos nuevos</translation>
+    </message>
+    <message>
+        <source>1 new error</source>
+        <translation>1 error nuevo</translation>
+    </message>
+    <message>
+        <source>%1 new errors</source>
+        <translation>%1 errores nuevos</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>caliente</translation>
+    </message>
+    <message>
+        <source>its temperature is out of its own limits</source>
+        <translation>su temperatura está fuera de sus propios límites</translation>
+    </message>
+    <message>
+        <source>the link is down to 1.5 Gbps</source>
+        <translation>el enlace ha bajado a 1.5 Gbps</translation>
+    </message>
+    <message>
+        <source>1 value at its limit</source>
+        <translation>1 valor en su límite</translation>
+    </message>
+    <message>
+        <source>%1 values at its limit</source>
+        <translation>%1 valores en su límite</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 hora</translation>
+    </message>
+    <message>
+        <source>%1 hours</source>
+        <translation>%1 horas</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>

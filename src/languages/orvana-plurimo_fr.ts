@@ -365,6 +365,70 @@
         <source>it calls itself failing</source>
         <translation>il se déclare défaillant</translation>
     </message>
+    <message>
+        <source>good</source>
+        <translation>bon</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>avertissement</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>inconnu</translation>
+    </message>
+    <message>
+        <source>calls itself failing</source>
+        <translation>se déclare défaillant</translation>
+    </message>
+    <message>
+        <source>1 bad sector</source>
+        <translation>1 secteur défectueux</translation>
+    </message>
+    <message>
+        <source>%1 bad sectors</source>
+        <translation>%1 secteurs défectueux</translation>
+    </message>
+    <message>
+        <source>%1 of them new</source>
+        <translation>dont %1 nouveaux</translation>
+    </message>
+    <message>
+        <source>1 new error</source>
+        <translation>1 nouvelle erreur</translation>
+    </message>
+    <message>
+        <source>%1 new errors</source>
+        <translation>%1 nouvelles erreurs</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>chaud</translation>
+    </message>
+    <message>
+        <source>its temperature is out of its own limits</source>
+        <translation>sa température est hors de ses propres limites</translation>
+    </message>
+    <message>
+        <source>the link is down to 1.5 Gbps</source>
+        <translation>la liaison est réduite à 1.5 Gbps</translation>
+    </message>
+    <message>
+        <source>1 value at its limit</source>
+        <translation>1 valeur à sa limite</translation>
+    </message>
+    <message>
+        <source>%1 values at its limit</source>
+        <translation>%1 valeurs à leur limite</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 heure</translation>
+    </message>
+    <message>
+        <source>%1 hours</source>
+        <translation>%1 heures</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>

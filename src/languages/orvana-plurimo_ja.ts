@@ -365,6 +365,70 @@
         <source>it calls itself failing</source>
         <translation>自ら故障を告げています</translation>
     </message>
+    <message>
+        <source>good</source>
+        <translation>良好</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>calls itself failing</source>
+        <translation>ディスク自身が故障を報告しています</translation>
+    </message>
+    <message>
+        <source>1 bad sector</source>
+        <translation>不良セクタ 1 個</translation>
+    </message>
+    <message>
+        <source>%1 bad sectors</source>
+        <translation>不良セクタ %1 個</translation>
+    </message>
+    <message>
+        <source>%1 of them new</source>
+        <translation>うち新規 %1 個</translation>
+    </message>
+    <message>
+        <source>1 new error</source>
+        <translation>新しいエラー 1 件</translation>
+    </message>
+    <message>
+        <source>%1 new errors</source>
+        <translation>新しいエラー %1 件</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>高温</translation>
+    </message>
+    <message>
+        <source>its temperature is out of its own limits</source>
+        <translation>温度がディスク自身の限度を超えています</translation>
+    </message>
+    <message>
+        <source>the link is down to 1.5 Gbps</source>
+        <translation>接続が 1.5 Gbps に低下しています</translation>
+    </message>
+    <message>
+        <source>1 value at its limit</source>
+        <translation>限度に達した値 1 個</translation>
+    </message>
+    <message>
+        <source>%1 values at its limit</source>
+        <translation>限度に達した値 %1 個</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 時間</translation>
+    </message>
+    <message>
+        <source>%1 hours</source>
+        <translation>%1 時間</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>

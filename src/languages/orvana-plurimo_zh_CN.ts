@@ -365,6 +365,70 @@
         <source>it calls itself failing</source>
         <translation>它自报故障</translation>
     </message>
+    <message>
+        <source>good</source>
+        <translation>良好</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>calls itself failing</source>
+        <translation>自身报告故障</translation>
+    </message>
+    <message>
+        <source>1 bad sector</source>
+        <translation>1 个坏扇区</translation>
+    </message>
+    <message>
+        <source>%1 bad sectors</source>
+        <translation>%1 个坏扇区</translation>
+    </message>
+    <message>
+        <source>%1 of them new</source>
+        <translation>其中 %1 个为新增</translation>
+    </message>
+    <message>
+        <source>1 new error</source>
+        <translation>1 个新错误</translation>
+    </message>
+    <message>
+        <source>%1 new errors</source>
+        <translation>%1 个新错误</translation>
+    </message>
+    <message>
+        <source>hot</source>
+        <translation>过热</translation>
+    </message>
+    <message>
+        <source>its temperature is out of its own limits</source>
+        <translation>温度超出其自身限制</translation>
+    </message>
+    <message>
+        <source>the link is down to 1.5 Gbps</source>
+        <translation>链路已降至 1.5 Gbps</translation>
+    </message>
+    <message>
+        <source>1 value at its limit</source>
+        <translation>1 个值达到极限</translation>
+    </message>
+    <message>
+        <source>%1 values at its limit</source>
+        <translation>%1 个值达到极限</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 小时</translation>
+    </message>
+    <message>
+        <source>%1 hours</source>
+        <translation>%1 小时</translation>
+    </message>
 </context>
 <context>
     <name>DiskInfoViewController</name>

@@ -20,7 +20,8 @@ namespace
 
 constexpr const char *Context = "Core";
 
-// Texts of the core that the window shows. "%1" at the end stands for any text.
+// Texts of the core that the window shows. "%1" at the end stands for any text, and at the beginning for a
+// number.
 constexpr std::array Texts{
     // names in the pop-ups and the slot panel
     QT_TRANSLATE_NOOP("Core", "None"),
@@ -112,6 +113,23 @@ constexpr std::array Texts{
     QT_TRANSLATE_NOOP("Core", "The demo cannot be started."),
     QT_TRANSLATE_NOOP("Core", "Disks are at work. Bays can be set up when that has ended."),
     QT_TRANSLATE_NOOP("Core", "an enclosure needs two to four bays"),
+    // how a disk is
+    QT_TRANSLATE_NOOP("Core", "good"),
+    QT_TRANSLATE_NOOP("Core", "warning"),
+    QT_TRANSLATE_NOOP("Core", "not known"),
+    QT_TRANSLATE_NOOP("Core", "calls itself failing"),
+    QT_TRANSLATE_NOOP("Core", "1 bad sector"),
+    QT_TRANSLATE_NOOP("Core", "%1 bad sectors"),
+    QT_TRANSLATE_NOOP("Core", "%1 of them new"),
+    QT_TRANSLATE_NOOP("Core", "1 new error"),
+    QT_TRANSLATE_NOOP("Core", "%1 new errors"),
+    QT_TRANSLATE_NOOP("Core", "hot"),
+    QT_TRANSLATE_NOOP("Core", "its temperature is out of its own limits"),
+    QT_TRANSLATE_NOOP("Core", "the link is down to 1.5 Gbps"),
+    QT_TRANSLATE_NOOP("Core", "1 value at its limit"),
+    QT_TRANSLATE_NOOP("Core", "%1 values at its limit"),
+    QT_TRANSLATE_NOOP("Core", "1 hour"),
+    QT_TRANSLATE_NOOP("Core", "%1 hours"),
 };
 
 bool isListed(const QString &text)
@@ -132,10 +150,40 @@ std::optional<QString> exactly(const QString &text)
     return translated(text.toLatin1().constData());
 }
 
+// Translates a text that is listed, or that begins with a number and is listed with "%1" for it.
+std::optional<QString> phraseInWords(const QString &phrase)
+{
+    if (const auto whole = exactly(phrase))
+        return whole;
+    qsizetype digits = 0;
+    while (digits < phrase.size() && phrase.at(digits).isDigit())
+        ++digits;
+    const auto words = digits > 0 ? exactly(QStringLiteral("%1") + phrase.mid(digits)) : std::nullopt;
+    return words ? std::optional(words->arg(phrase.left(digits))) : std::nullopt;
+}
+
+// Translates what a disk says of itself, phrase by phrase: "warning: 12 bad sectors, hot, 71 °C". Nullopt if
+// the first phrase is not listed. Others that are not listed stay as they are.
+std::optional<QString> phrasesInWords(const QString &line)
+{
+    const auto colon = line.indexOf(QStringLiteral(": "));
+    const auto comma = line.indexOf(QStringLiteral(", "));
+    const auto end = colon < 0 ? comma : comma < 0 ? colon : std::min(colon, comma);
+    const auto first = end < 0 ? std::nullopt : phraseInWords(line.left(end));
+    if (!first)
+        return std::nullopt;
+    QStringList phrases;
+    for (const auto &phrase : line.mid(end + 2).split(QStringLiteral(", ")))
+        phrases += phraseInWords(phrase).value_or(phrase);
+    return *first + line.mid(end, 2) + phrases.join(QStringLiteral(", "));
+}
+
 QString lineInWords(const QString &line)
 {
     if (const auto whole = exactly(line))
         return *whole;
+    if (const auto phrases = phrasesInWords(line))
+        return *phrases;
     const auto reason = line.lastIndexOf(QStringLiteral(": "));
     const auto words = reason < 0 ? std::nullopt : exactly(line.mid(reason + 2));
     return words ? isolated(line.left(reason)) + QStringLiteral(": ") + *words : isolated(line);

@@ -64,6 +64,20 @@ TEST(Languages, TextsAreInTheLanguageWhileItsObjectLives)
     EXPECT_EQ(verifying(), "Verifying");
 }
 
+TEST(Languages, WhatADiskSaysOfItselfIsTranslatedPhraseByPhrase)
+{
+    EXPECT_EQ(words("warning: 12 bad sectors, 71 °C"), "warning: 12 bad sectors, 71 °C");
+    const WindowLanguage german(QStringLiteral("de"));
+    EXPECT_EQ(words("not known"), "nicht bekannt");
+    EXPECT_EQ(words("good, 31 °C, 1200 hours"), "gut, 31 °C, 1200 Stunden");
+    EXPECT_EQ(words("warning: 12 bad sectors, hot, 71 °C, the link is down to 1.5 Gbps, 1 hour"),
+              "Warnung: 12 defekte Sektoren, heiß, 71 °C, die Verbindung läuft nur mit 1.5 Gbps, 1 Stunde");
+    EXPECT_EQ(words("it calls itself failing: 2000 bad sectors"),
+              "sie meldet sich selbst defekt: 2000 defekte Sektoren");
+    EXPECT_EQ(words("calls itself failing: reliability degraded, 1 new error"),
+              "meldet sich selbst defekt: reliability degraded, 1 neuer Fehler");
+}
+
 TEST(Languages, UnknownLanguageIsEnglish)
 {
     const WindowLanguage unknown(QStringLiteral("tlh"));

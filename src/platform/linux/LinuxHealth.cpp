@@ -104,8 +104,8 @@ void addSata(DiskHealth &health, const QVariantMap &facts)
     if (const auto seconds = facts.value(QStringLiteral("SmartPowerOnSeconds")).toLongLong(); seconds > 0)
         health.hours = seconds / SecondsOfAnHour;
     if (const auto failing = facts.value(QStringLiteral("SmartNumAttributesFailing")).toInt(); failing > 0)
-        health.failings.push_back(std::to_string(failing) + (failing == 1 ? " value" : " values") +
-                                  " at its limit");
+        health.failings.push_back(std::to_string(failing) +
+                                  (failing == 1 ? " value at its limit" : " values at its limit"));
 }
 
 void addNvme(DiskHealth &health, const QVariantMap &facts)
