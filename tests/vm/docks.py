@@ -4,15 +4,13 @@ A hub with USB disks, a SATA backplane and NVMe disks; learned, erased, duplicat
 mid-run and put into another bay, ejected; and definitions that must not count. FOLDER is where tools/test-vm puts kernel,
 memory disk and the system disk "docks/system"."""
 
-import glob
 import hashlib
 import json
 import os
 import sys
-import tempfile
 import time
 
-from machine import MEBIBYTE, Machine, until
+from machine import MEBIBYTE, Machine, run_checks, until
 
 DISK_MEBIBYTES = 32
 FOLDER = "/etc/orvana-plurimo/enclosures.d"
@@ -307,27 +305,11 @@ def check_definitions_that_do_not_count(machine):
     assert digest(machine, "sata1") != before
 
 
-def main(place, wanted):
-    with tempfile.TemporaryDirectory(prefix="orvana-docks-") as folder:
-        machine = DockMachine(folder, glob.glob(f"{place}/kernel/boot/vmlinuz-*")[0], f"{place}/memory.gz",
-                              f"{place}/docks/system", 0)
-        try:
-            for check in (check_hub_is_learned_disk_by_disk, check_udev_agrees,
-                          check_each_kind_is_erased_duplicated_to_and_ejected,
-                          check_disk_that_is_pulled_in_mid_run_and_put_into_another_bay,
-                          check_definitions_that_do_not_count):
-                if wanted and check.__name__ not in wanted:
-                    continue
-                start = time.monotonic()
-                check(machine)
-                print(f"passed: {check.__name__} ({time.monotonic() - start:.0f} s)", flush=True)
-        except AssertionError:
-            print(machine.try_to_run("dmesg | tail -20; cat /tmp/learn /tmp/reasons /run/udisksd.log; "
-                                     "plurimoctl devices; plurimoctl bays check; lsblk 2>/dev/null")[1])
-            raise
-        finally:
-            machine.end()
-
+CHECKS = [check_hub_is_learned_disk_by_disk, check_udev_agrees, check_each_kind_is_erased_duplicated_to_and_ejected,
+          check_disk_that_is_pulled_in_mid_run_and_put_into_another_bay, check_definitions_that_do_not_count]
 
 if __name__ == "__main__":
-    main(sys.argv[1], sys.argv[2:])
+    run_checks(DockMachine, sys.argv[1], "docks/system", 0,
+               [check for check in CHECKS if not sys.argv[2:] or check.__name__ in sys.argv[2:]],
+               "dmesg | tail -20; cat /tmp/learn /tmp/reasons /run/udisksd.log; plurimoctl devices; plurimoctl bays check; "
+               "lsblk 2>/dev/null")

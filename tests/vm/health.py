@@ -3,17 +3,15 @@
 A SATA disk and an NVMe disk that tell how they are, and a backplane whose disks hold less than they say. FOLDER is where
 tools/test-vm puts kernel, memory disk and the system disk "docks/system"."""
 
-import glob
 import hashlib
 import json
 import os
 import subprocess
 import sys
-import tempfile
 import time
 
 from docks import bays, devices, is_copied_to, node_of, number_of, write_definition
-from machine import MEBIBYTE, Machine, until
+from machine import MEBIBYTE, Machine, run_checks, until
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SERIALS = {"A": "PLANEA", "B": "PLANEB", "C": "PLANEC", "D": "PLANED"}
@@ -211,25 +209,9 @@ def check_run_goes_on_without_the_disk_that_lies(machine):
     assert is_copied_to(machine, "Plane", "BC")
 
 
-def main(place):
-    with tempfile.TemporaryDirectory(prefix="orvana-health-") as folder:
-        machine = HealthMachine(folder, glob.glob(f"{place}/kernel/boot/vmlinuz-*")[0], f"{place}/memory.gz",
-                                f"{place}/docks/system", 0)
-        try:
-            for check in (check_disks_say_how_they_are, check_questions_are_no_errors,
-                          check_critical_warnings_of_an_nvme_disk,
-                          check_genuine_disk_is_let_through, check_each_kind_of_lie_is_found,
-                          check_run_goes_on_without_the_disk_that_lies):
-                start = time.monotonic()
-                check(machine)
-                print(f"passed: {check.__name__} ({time.monotonic() - start:.0f} s)", flush=True)
-        except BaseException:
-            print(machine.try_to_run("dmesg | tail -20; cat /run/udisksd.log; plurimoctl devices --health; "
-                                     "cat /tmp/reasons; ls /sys/class/hwmon")[1])
-            raise
-        finally:
-            machine.end()
-
-
 if __name__ == "__main__":
-    main(sys.argv[1])
+    run_checks(HealthMachine, sys.argv[1], "docks/system", 0,
+               [check_disks_say_how_they_are, check_questions_are_no_errors, check_critical_warnings_of_an_nvme_disk,
+                check_genuine_disk_is_let_through, check_each_kind_of_lie_is_found,
+                check_run_goes_on_without_the_disk_that_lies],
+               "dmesg | tail -20; cat /run/udisksd.log; plurimoctl devices --health; cat /tmp/reasons; ls /sys/class/hwmon")

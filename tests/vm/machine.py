@@ -1,8 +1,10 @@
 """A virtual machine with a four-bay switch, and a shell in it."""
 
+import glob
 import json
 import socket
 import subprocess
+import tempfile
 import time
 
 PATIENCE = 240  # seconds; enough for a busy machine that emulates every instruction
@@ -127,3 +129,21 @@ class FormattedDisks(Machine):
         for bay, command in self.commands.items():
             subprocess.run([*command, f"{self.folder}/disk{bay}"], check=True, stdout=subprocess.DEVNULL)
         return words
+
+
+def run_checks(kind, place, system, disk_mebibytes, checks, last_words):
+    """Starts a machine of this kind from the files that tools/test-vm puts into `place`, and runs the checks on it. When one
+    fails, prints what the guest answers to `last_words`."""
+    with tempfile.TemporaryDirectory(prefix="orvana-vm-") as folder:
+        machine = kind(folder, glob.glob(f"{place}/kernel/boot/vmlinuz-*")[0], f"{place}/memory.gz",
+                       f"{place}/{system}", disk_mebibytes)
+        try:
+            for check in checks:
+                start = time.monotonic()
+                check(machine)
+                print(f"passed: {check.__name__} ({time.monotonic() - start:.0f} s)", flush=True)
+        except AssertionError:
+            print(machine.try_to_run(last_words)[1])
+            raise
+        finally:
+            machine.end()

@@ -4,14 +4,11 @@ FOLDER is where tools/test-vm puts kernel, memory disk and system disk.
 Nothing here waits for a fixed time: what is to come is asked for until it is there, or until time is up."""
 
 import base64
-import glob
 import json
 import os
 import sys
-import tempfile
-import time
 
-from machine import BAYS, MEBIBYTE, Machine, until
+from machine import BAYS, MEBIBYTE, Machine, run_checks, until
 
 SOURCE = "/media/SOURCE"
 SOURCE_MEBIBYTES = 48
@@ -166,23 +163,9 @@ def check_mounted_disk_that_is_pulled(machine):
     until("the pulled disk", lambda: "B" not in disks_by_bay(machine))
 
 
-def main(place):
-    with tempfile.TemporaryDirectory(prefix="orvana-vm-") as folder:
-        machine = Machine(folder, glob.glob(f"{place}/kernel/boot/vmlinuz-*")[0], f"{place}/memory.gz",
-                          f"{place}/system", 256)
-        try:
-            for check in (check_bays, check_mark_of_udev, check_erase_and_duplicate,
-                          check_disk_that_is_pulled_in_mid_run, check_disk_that_is_put_back, check_eject,
-                          check_refused_member_of_a_set, check_mounted_disk_that_is_pulled):
-                start = time.monotonic()
-                check(machine)
-                print(f"passed: {check.__name__} ({time.monotonic() - start:.0f} s)", flush=True)
-        except AssertionError:
-            print(machine.try_to_run("dmesg | tail -20; cat /tmp/reasons")[1])
-            raise
-        finally:
-            machine.end()
-
-
 if __name__ == "__main__":
-    main(sys.argv[1])
+    run_checks(Machine, sys.argv[1], "system", 256,
+               [check_bays, check_mark_of_udev, check_erase_and_duplicate, check_disk_that_is_pulled_in_mid_run,
+                check_disk_that_is_put_back, check_eject, check_refused_member_of_a_set,
+                check_mounted_disk_that_is_pulled],
+               "dmesg | tail -20; cat /tmp/reasons")
