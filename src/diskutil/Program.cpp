@@ -60,7 +60,7 @@ Outcome<std::string> isInBay(const std::string &node, const std::optional<DiskFa
 // udev asks about every disk. On a machine without any enclosure the answer needs no look at its devices.
 bool canHaveBays(const platform::linux_host::SystemFiles &files)
 {
-    return !platform::linux_host::namesIn("/sys/bus/thunderbolt/devices").empty() ||
+    return !platform::linux_host::namesIn(files.thunderbolt).empty() ||
            !files.definitions().definitions.empty();
 }
 

@@ -21,6 +21,8 @@ struct SystemFiles
     /// Holds one folder for each file system, and in each of these a folder "devices".
     std::string btrfs = "/sys/fs/btrfs";
     std::function<DeviceList()> devices = readDevices;
+    /// Holds an entry for each Thunderbolt device, and none on a machine without Thunderbolt.
+    std::string thunderbolt = "/sys/bus/thunderbolt/devices";
     /// Holds the enclosure definitions, and who may have written them.
     std::string definitionFolder = enclosures::SystemFolder;
     enclosures::Trust trust = enclosures::Trust::Root;
