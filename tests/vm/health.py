@@ -68,7 +68,7 @@ class HealthMachine(Machine):
         return found
 
     def requests(self, bay):
-        """What the disk was asked since it was last looked at: seconds, "read" or "write", place, length."""
+        """Returns the requests to the disk since the last call: seconds, "read" or "write", place, length."""
         path = f"{self.folder}/log{bay}"
         with open(path) as file:
             lines = [line.split() for line in file]
@@ -110,7 +110,7 @@ def check_questions_are_no_errors(machine):
 
 
 def check_critical_warnings_of_an_nvme_disk(machine):
-    """What the disk service of this system does not tell is not known; it is never "good"."""
+    """A warning of which the disk service of this system tells nothing is "not known", never "good"."""
     for warning, wanted in ((HOT, ("warning", "failing")), (UNRELIABLE, ("not known", "failing"))):
         answer = machine.ask_control("qom-set", path="/machine/peripheral/nvme0", property="smart_critical_warning",
                                      value=warning)

@@ -40,7 +40,7 @@ def get_size(handle):
 
 
 def place_of(verb, place, length):
-    """Where the image has the bytes; None for those that are lost."""
+    """Returns the place of the bytes in the image; None for those that are lost."""
     print(f"{time.monotonic():.6f} {verb} {place} {length}", file=files["log"])
     half = get_size(None) // 2
     with builtins.open(names["mode"]) as file:

@@ -20,7 +20,8 @@ def disks_by_bay(machine):
     """Of the only enclosure: "A" and so on, each with what "devices" tells of the disk."""
     enclosures = json.loads(machine.run("plurimoctl devices --json"))["enclosures"]
     assert len(enclosures) == 1, enclosures
-    return {disk["bay"].removeprefix("Slot-"): disk for disk in enclosures[0]["disks"]}
+    # The bays of an enclosure that lacks a controller are not known.
+    return {disk["bay"].removeprefix("Slot-"): disk for disk in enclosures[0]["disks"] if disk["bay"]}
 
 
 def mount_point(disk):
@@ -30,12 +31,6 @@ def mount_point(disk):
 
 def node_of(machine, bay):
     return machine.run(f"readlink -f /dev/disk/by-id/ata-*SN{bay}")
-
-
-def bridge_and_controller(machine, bay):
-    path = machine.run(f"readlink -f /sys/block/$(basename {node_of(machine, bay)})/device")
-    controller = path[:path.index("/ata")]
-    return os.path.dirname(controller), controller
 
 
 def is_same_as_source(machine, point):
@@ -87,7 +82,7 @@ def check_erase_and_duplicate(machine):
 
 def check_disk_that_is_pulled_in_mid_run(machine):
     """The others get everything; the one that is gone is named."""
-    bridge, controller = bridge_and_controller(machine, "D")
+    disk = machine.run(f"readlink -f /sys/block/$(basename {node_of(machine, 'D')})/device")
     for bay in "BCD":
         machine.limit_writes(bay, 8)  # so that the run lasts long enough
     machine.run(f"(cd {SOURCE} && for i in 1 2 3 4; do mv file$i again$i; done)")
@@ -98,7 +93,7 @@ def check_disk_that_is_pulled_in_mid_run(machine):
         return progress and progress[-1]["destinations"][2]["bytes"] > SOURCE_MEBIBYTES * MEBIBYTE // 4
     until("the middle of the run", is_in_the_middle)
     assert machine.try_to_run("cat /tmp/status")[0] != 0, "the run was over too soon"
-    machine.run(f"(echo 1 >{controller}/remove) >/dev/null 2>&1 &")
+    machine.run(f"(echo 1 >{disk}/delete) >/dev/null 2>&1 &")
     until("the end of the run", lambda: machine.try_to_run("cat /tmp/status")[0] == 0)
     assert machine.run("cat /tmp/status") == "1", machine.run("cat /tmp/second /tmp/reasons")
     end = events(machine, "/tmp/second")[-1]
@@ -113,11 +108,12 @@ def check_disk_that_is_pulled_in_mid_run(machine):
     disks = disks_by_bay(machine)
     for bay in "BC":
         assert is_same_as_source(machine, mount_point(disks[bay])), bay
-    machine.run(f"echo {bridge} >/tmp/bridge")  # the controller is put back at this place
+    host = next(part for part in disk.split("/") if part.startswith("host"))
+    machine.run(f"echo {host} >/tmp/host")  # the disk is put back at this port
 
 
 def check_disk_that_is_put_back(machine):
-    machine.run("echo 1 >$(cat /tmp/bridge)/rescan; udevadm settle")
+    machine.run("echo '- - -' >/sys/class/scsi_host/$(cat /tmp/host)/scan; udevadm settle")
     until("the disk that is put back", lambda: "D" in disks_by_bay(machine))
     assert disks_by_bay(machine)["D"]["serial"] == "SND"
     machine.run(f"{DUPLICATE} {ERASE} >/tmp/third")
