@@ -166,7 +166,7 @@ def lines_of_production(runs, machine):
 
 
 def armed_line(runs):
-    """What a line tells until one disk has come and has passed. Its countdown takes ten seconds."""
+    """Returns the events of a line until one disk has come and has passed. Its countdown takes ten seconds."""
     def blank(made):
         made["enclosures"][0]["bays"][3] = {"bay": "D", "model": "M", "serial": "X", "size": 1000000000, "attached": False}
 

@@ -9,7 +9,7 @@
 namespace orvana::platform
 {
 
-/// The same folder twice: as it is, and as a deep one.
+/// One folder, opened twice: as it is, and as a deep one.
 class DeepFolderTest : public testing::Test
 {
 protected:

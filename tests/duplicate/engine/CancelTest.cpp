@@ -1,4 +1,4 @@
-// What a run leaves on its destinations when it is cancelled, at any moment.
+// A run that is cancelled, at any moment, leaves on its destinations only what is allowed.
 
 #include "duplicate/engine/EngineFixture.h"
 
