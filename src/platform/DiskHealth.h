@@ -17,9 +17,9 @@ struct DiskHealth
     std::optional<std::int64_t> badSectors;
     std::optional<double> celsius;
     std::optional<double> criticalCelsius;
-    bool hasHeatAlarm = false;           ///< the disk itself says that it is too hot, or too cold
-    std::optional<std::int64_t> hours;   ///< powered on
-    std::optional<std::int64_t> errors;  ///< that the kernel knows of since the disk came, the last 32 at most
+    bool hasHeatAlarm = false;          ///< the disk itself says that it is too hot, or too cold
+    std::optional<std::int64_t> hours;  ///< powered on
+    std::optional<std::int64_t> errors; ///< that the kernel knows of since the disk came, the last 32 at most
     std::optional<std::string> linkRate; ///< of SATA: "6.0 Gbps"
 
     bool operator==(const DiskHealth &) const = default;

@@ -11,6 +11,7 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     platform::linux_host::SystemFiles files;
     files.devices = test::readEmulatedEnclosure;
-    files.thunderbolt = "/sys/bus/pci/devices"; // the emulated machine has a switch in the place of Thunderbolt
+    files.thunderbolt =
+        "/sys/bus/pci/devices"; // the emulated machine has a switch in the place of Thunderbolt
     diskutil::leave(diskutil::runProgram({argv + 1, argv + argc}, diskutil::knownDisk, files));
 }
