@@ -58,6 +58,7 @@ std::vector<platform::DiskHealth> healthOf(const std::vector<PlannedDestination>
                                            platform::HealthReader &reader)
 {
     std::vector<platform::DiskHealth> health;
+    health.reserve(destinations.size());
     for (const auto &destination : destinations)
         health.push_back(reader.healthOf(destination.disk.diskPath));
     return health;
@@ -84,6 +85,7 @@ void reportHealthAfter(RunReport &report, const std::vector<PlannedDestination> 
 {
     std::vector<std::string> texts;
     const auto after = healthOf(destinations, reader);
+    texts.reserve(after.size());
     for (std::size_t i = 0; i < after.size(); ++i)
         texts.push_back(textOf(after[i], i < before.size() ? &before[i] : nullptr));
     report.healthAfter(texts);
