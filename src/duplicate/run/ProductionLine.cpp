@@ -93,6 +93,9 @@ void ProductionLine::tick()
             disarm(*reason);
         else
             takeWishes();
+        // The program may have ended between the last disk's row in the ledger and the end of the line.
+        if (m_isArmed && !isAtWork() && m_store.counts().passed >= m_store.head().wanted)
+            end();
         for (const auto bay : AllBays) {
             if (m_isArmed && m_slots[bay].isArmed && !m_slots[bay].isInRun)
                 step(bay, devices);

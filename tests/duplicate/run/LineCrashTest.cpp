@@ -59,6 +59,20 @@ TEST_F(ProductionLineTest, DiskThatWasNotedBeforeACrashCountsAlthoughItWasNotEje
     EXPECT_EQ(m_line->store().nextNumber(), 2);
 }
 
+TEST_F(ProductionLineTest, LineWhoseLastDiskWasNotedBeforeACrashEndsWhenItIsArmed)
+{
+    makeLine(1);
+    ASSERT_TRUE(arm());
+    insert(Bay::B, "N1");
+    crashAt("eject");
+    EXPECT_EQ(textOf(m_line->store().counts()), "1 of 1");
+    ASSERT_NE(m_line->store().state(), LineState::Ended);
+    ASSERT_TRUE(arm());
+    seconds(2);
+    EXPECT_FALSE(m_line->isArmed());
+    EXPECT_EQ(m_line->store().state(), LineState::Ended);
+}
+
 TEST_F(ProductionLineTest, SourceThatChangedBetweenTwoDisksIsNotPassedOverInSilence)
 {
     makeLine(2);
